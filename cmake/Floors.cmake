@@ -1,0 +1,16 @@
+# kestrun_floor(NAME [DEPENDS floor...]): the object library of one floor, from all sources in its folder.
+# Object libraries, so that windows which register themselves are never dropped by the linker.
+function(kestrun_floor name)
+  cmake_parse_arguments(FLOOR "" "" "DEPENDS;LIBRARIES" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(NOT sources)
+    add_library(kestrun_${name} INTERFACE)
+    target_link_libraries(kestrun_${name} INTERFACE kestrun_options)
+    return()
+  endif()
+  add_library(kestrun_${name}_objects OBJECT ${sources})
+  target_link_libraries(kestrun_${name}_objects PUBLIC kestrun_options)
+  add_library(kestrun_${name} INTERFACE)
+  target_sources(kestrun_${name} INTERFACE $<TARGET_OBJECTS:kestrun_${name}_objects>)
+  target_link_libraries(kestrun_${name} INTERFACE kestrun_options ${FLOOR_LIBRARIES})
+endfunction()

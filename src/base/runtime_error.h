@@ -1,0 +1,79 @@
+// The one exception type of the program's logic, with the platform's standard error numbers and texts.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace kestrun {
+
+// Numbers of the standard run-time errors that the program raises itself. Their texts stand in StandardErrorText.
+namespace error {
+inline constexpr int kInvalidProcedureCall = 5;
+inline constexpr int kOverflow = 6;
+inline constexpr int kOutOfMemory = 7;
+inline constexpr int kSubscriptOutOfRange = 9;
+inline constexpr int kDivisionByZero = 11;
+inline constexpr int kTypeMismatch = 13;
+inline constexpr int kOutOfStringSpace = 14;
+inline constexpr int kOutOfStackSpace = 28;
+inline constexpr int kBadFileName = 52;
+inline constexpr int kFileNotFound = 53;
+inline constexpr int kFileAlreadyOpen = 55;
+inline constexpr int kDeviceIo = 57;
+inline constexpr int kFileAlreadyExists = 58;
+inline constexpr int kDiskFull = 61;
+inline constexpr int kInputPastEnd = 62;
+inline constexpr int kTooManyFiles = 67;
+inline constexpr int kPermissionDenied = 70;
+inline constexpr int kDiskNotReady = 71;
+inline constexpr int kPathFileAccess = 75;
+inline constexpr int kPathNotFound = 76;
+inline constexpr int kObjectNotSet = 91;
+inline constexpr int kInvalidUseOfNull = 94;
+inline constexpr int kInvalidFileFormat = 321;
+inline constexpr int kPropertyReadOnly = 383;
+inline constexpr int kObjectRequired = 424;
+inline constexpr int kCannotCreateObject = 429;
+inline constexpr int kMemberNotFound = 438;
+inline constexpr int kAutomationError = 440;
+inline constexpr int kWrongArgumentCount = 450;
+}  // namespace error
+
+// The platform's text for a standard number; "Application-defined or object-defined error" for any other.
+[[nodiscard]] std::string_view StandardErrorText(int number);
+
+// A run-time failure that a handler can catch: number and description, both meant for the user's eyes.
+class RuntimeError : public std::runtime_error {
+ public:
+  // A standard error with its standard text.
+  explicit RuntimeError(int number);
+  RuntimeError(int number, const std::string& description);
+
+  [[nodiscard]] int number() const noexcept { return number_; }
+  [[nodiscard]] std::string description() const { return what(); }
+
+ private:
+  int number_;
+};
+
+[[noreturn]] void Raise(int number);
+[[noreturn]] void Raise(int number, const std::string& description);
+
+// The failure in flight, seen from inside a catch block: a RuntimeError as it is, std::bad_alloc as error 7,
+// anything else as error 440 with its text.
+[[nodiscard]] RuntimeError CurrentError();
+
+// Runs one statement and skips it when it fails: the counterpart of a handler that goes on with the next statement.
+// Gives true when the statement ran through.
+template <class Statement>
+bool Attempt(Statement&& statement) {
+  try {
+    statement();
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+}  // namespace kestrun

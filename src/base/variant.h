@@ -1,0 +1,174 @@
+// The value that late-bound members take and give, and that the script engine computes with: 16 bytes, the types and
+// type numbers of automation variants. Texts, objects and arrays are shared by reference count; a text or an array that
+// is shared is copied before it is changed, so that both behave as values.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/ref.h"
+
+namespace kestrun {
+
+class Object;
+
+// The numbers that VarType gives.
+enum class VarType : uint16_t {
+  kEmpty = 0,
+  kNull = 1,
+  kInteger = 2,   // 16-bit signed
+  kLong = 3,      // 32-bit signed
+  kSingle = 4,    // IEEE single
+  kDouble = 5,    // IEEE double
+  kCurrency = 6,  // 64-bit signed, in units of 1/10000
+  kDate = 7,      // double: days since 1899-12-30, the fraction is the time of day
+  kString = 8,    // UTF-16
+  kObject = 9,    // reference to an Object, or Nothing
+  kError = 10,    // 32-bit code; kMissingArgument marks an argument that was left out
+  kBoolean = 11,  // all bits set or clear
+  kByte = 17,     // 8-bit unsigned
+  kArray = 0x200C,
+};
+
+// The code of the kError value that stands for a left-out argument (DISP_E_PARAMNOTFOUND).
+inline constexpr int32_t kMissingArgument = static_cast<int32_t>(0x80020004);
+
+// A shared UTF-16 text. May hold lone surrogates.
+class TextBody final : public RefCounted {
+ public:
+  TextBody() = default;
+  explicit TextBody(std::u16string content) : text(std::move(content)) {}
+  std::u16string text;
+};
+
+class ArrayBody;
+
+class Variant {
+ public:
+  Variant() noexcept : type_(VarType::kEmpty), bits_(0) {}
+  Variant(bool value) noexcept : type_(VarType::kBoolean), bits_(0) { payload_.boolean = value; }
+  Variant(int16_t value) noexcept : type_(VarType::kInteger), bits_(0) { payload_.whole = value; }
+  Variant(int32_t value) noexcept : type_(VarType::kLong), bits_(0) { payload_.whole = value; }
+  Variant(uint8_t value) noexcept : type_(VarType::kByte), bits_(0) { payload_.whole = value; }
+  Variant(float value) noexcept : type_(VarType::kSingle), bits_(0) { payload_.real = static_cast<double>(value); }
+  Variant(double value) noexcept : type_(VarType::kDouble), bits_(0) { payload_.real = value; }
+  // UTF-8 text.
+  Variant(std::string_view utf8);
+  Variant(const std::string& utf8) : Variant(std::string_view(utf8)) {}
+  Variant(const char* utf8) : Variant(std::string_view(utf8)) {}
+  explicit Variant(std::u16string text);
+  explicit Variant(Ref<TextBody> text) noexcept;
+  // A reference; an empty Ref is Nothing.
+  template <class T>
+  requires std::is_base_of_v<Object, T> Variant(const Ref<T>& object)
+  noexcept : Variant(static_cast<Object*>(object.get())) {}
+  Variant(Object* object) noexcept;
+  explicit Variant(Ref<ArrayBody> array) noexcept;
+
+  [[nodiscard]] static Variant Null() noexcept { return Tagged(VarType::kNull, 0); }
+  [[nodiscard]] static Variant Nothing() noexcept { return Variant(static_cast<Object*>(nullptr)); }
+  [[nodiscard]] static Variant Error(int32_t code) noexcept { return Tagged(VarType::kError, code); }
+  [[nodiscard]] static Variant Missing() noexcept { return Error(kMissingArgument); }
+  [[nodiscard]] static Variant Currency(int64_t ten_thousandths) noexcept {
+    Variant value = Tagged(VarType::kCurrency, 0);
+    value.payload_.scaled = ten_thousandths;
+    return value;
+  }
+  [[nodiscard]] static Variant Date(double days) noexcept {
+    Variant value(days);
+    value.type_ = VarType::kDate;
+    return value;
+  }
+
+  Variant(const Variant& other) noexcept : type_(other.type_), bits_(other.bits_), payload_(other.payload_) {
+    if (IsShared()) payload_.shared->Retain();
+  }
+  Variant(Variant&& other) noexcept : type_(other.type_), bits_(other.bits_), payload_(other.payload_) {
+    other.type_ = VarType::kEmpty;
+  }
+  ~Variant() {
+    if (IsShared()) payload_.shared->Release();
+  }
+  Variant& operator=(const Variant& other) noexcept {
+    Variant copy(other);
+    Swap(copy);
+    return *this;
+  }
+  Variant& operator=(Variant&& other) noexcept {
+    Variant taken(std::move(other));
+    Swap(taken);
+    return *this;
+  }
+  void Swap(Variant& other) noexcept {
+    std::swap(type_, other.type_);
+    std::swap(bits_, other.bits_);
+    std::swap(payload_, other.payload_);
+  }
+
+  [[nodiscard]] VarType type() const noexcept { return type_; }
+  [[nodiscard]] bool Is(VarType type) const noexcept { return type_ == type; }
+  [[nodiscard]] bool IsMissing() const noexcept {
+    return type_ == VarType::kError && payload_.whole == kMissingArgument;
+  }
+
+  // Payloads. The caller knows the type: whole() for Integer, Long, Byte and Error; real() for Single, Double and Date.
+  [[nodiscard]] int32_t whole() const noexcept { return payload_.whole; }
+  [[nodiscard]] double real() const noexcept { return payload_.real; }
+  [[nodiscard]] bool boolean() const noexcept { return payload_.boolean; }
+  [[nodiscard]] int64_t scaled() const noexcept { return payload_.scaled; }
+  [[nodiscard]] const std::u16string& text() const noexcept {
+    return static_cast<const TextBody*>(payload_.shared)->text;
+  }
+  [[nodiscard]] TextBody* text_body() const noexcept { return static_cast<TextBody*>(payload_.shared); }
+  // Null for Nothing.
+  [[nodiscard]] Object* object() const noexcept;
+  [[nodiscard]] const ArrayBody& array() const noexcept;
+  // The array for changing: copied first when it is shared.
+  [[nodiscard]] ArrayBody& MutableArray();
+
+ private:
+  static Variant Tagged(VarType type, int32_t whole) noexcept {
+    Variant value;
+    value.type_ = type;
+    value.payload_.whole = whole;
+    return value;
+  }
+  [[nodiscard]] bool IsShared() const noexcept {
+    return (type_ == VarType::kString || type_ == VarType::kObject || type_ == VarType::kArray) && payload_.shared;
+  }
+
+  union Payload {
+    int64_t scaled = 0;
+    int32_t whole;
+    double real;
+    bool boolean;
+    RefCounted* shared;
+  };
+
+  VarType type_;
+  uint32_t bits_;
+  Payload payload_;
+};
+
+static_assert(sizeof(Variant) == 16);
+
+// An array of variants with up to 60 dimensions; lower bounds are 0. The first index runs fastest in memory.
+class ArrayBody final : public RefCounted {
+ public:
+  // Empty `sizes` is an array that was declared and not yet dimensioned.
+  explicit ArrayBody(std::vector<int32_t> sizes, bool fixed = false);
+  // A copy of bounds and elements.
+  [[nodiscard]] Ref<ArrayBody> Clone() const;
+
+  std::vector<int32_t> sizes;  // number of elements in each dimension
+  bool fixed = false;          // dimensioned by Dim: neither ReDim nor assignment may replace it
+  std::vector<Variant> elements;
+};
+
+// Names as TypeName gives them for values that are no objects: "Integer", "String", "Variant()" ...
+[[nodiscard]] std::string_view VarTypeName(VarType type);
+
+}  // namespace kestrun

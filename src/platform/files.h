@@ -1,0 +1,73 @@
+// Files as the logic sees them. Paths are UTF-8 with either separator; on Linux "\" is read as "/".
+// Every failure is a RuntimeError: 53 file not found, 76 path not found, 70 permission denied (locked or read-only),
+// 75 path/file access, 58 file already exists, 61 disk full, 57 device I/O.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/bytes.h"
+
+namespace kestrun {
+
+enum class OpenMode {
+  kRead,       // the file must exist
+  kReadWrite,  // created when missing, never truncated
+  kCreate,     // created or emptied
+};
+
+// One open file; closed by its destructor. Offsets and sizes in bytes.
+class File {
+ public:
+  virtual ~File() = default;
+  [[nodiscard]] virtual uint64_t Size() = 0;
+  // Reads up to buffer.size() bytes at the offset; gives the number read, less than asked only at the end of the file.
+  [[nodiscard]] virtual size_t ReadAt(uint64_t offset, MutableByteView buffer) = 0;
+  // Writes all bytes at the offset, extending the file as needed.
+  virtual void WriteAt(uint64_t offset, ByteView bytes) = 0;
+  // Closes and reports what closing reports. The file is not used afterwards.
+  virtual void Close() = 0;
+};
+
+struct FolderEntry {
+  std::string name;
+  bool is_folder = false;
+  uint64_t size = 0;
+};
+
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  [[nodiscard]] virtual std::unique_ptr<File> Open(std::string_view path, OpenMode mode) = 0;
+  // True for files and folders alike.
+  [[nodiscard]] virtual bool Exists(std::string_view path) = 0;
+  [[nodiscard]] virtual bool IsFolder(std::string_view path) = 0;
+  // Replaces an existing target. A file that cannot be copied whole leaves an existing target as it was where the
+  // system allows it.
+  virtual void Copy(std::string_view from, std::string_view to) = 0;
+  virtual void Delete(std::string_view path) = 0;
+  // Error 58 when the target exists.
+  virtual void Rename(std::string_view from, std::string_view to) = 0;
+  // Puts `from` in the place of `to` in one step.
+  virtual void Replace(std::string_view from, std::string_view to) = 0;
+  virtual void MakeFolder(std::string_view path) = 0;
+  // Error 75 when the folder is not empty.
+  virtual void RemoveFolder(std::string_view path) = 0;
+  // Entries without "." and "..", sorted by name without regard to case.
+  [[nodiscard]] virtual std::vector<FolderEntry> List(std::string_view folder) = 0;
+  // Last write time: 100-nanosecond units since 1601-01-01 UTC.
+  virtual void SetWriteTime(std::string_view path, uint64_t file_time) = 0;
+  [[nodiscard]] virtual std::string CurrentFolder() = 0;
+
+  // Whole-file forms of the above.
+  [[nodiscard]] Bytes ReadAll(std::string_view path);
+  void WriteAll(std::string_view path, ByteView bytes);
+  // Writes behind the present end, creating the file when it is missing.
+  void Append(std::string_view path, ByteView bytes);
+};
+
+}  // namespace kestrun

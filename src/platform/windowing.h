@@ -1,0 +1,67 @@
+// The seam between the window model and what shows it.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace kestrun {
+
+class Control;
+class Form;
+class MenuItem;
+enum class PropertyId : uint8_t;
+
+// What stands on the screen for one shown form with all its controls. Destroyed when the form closes.
+class FormPeer {
+ public:
+  virtual ~FormPeer() = default;
+  // A property of the form itself or of one of its controls has changed.
+  virtual void Update(Control& control, PropertyId property) = 0;
+  // A control came or went, or the stacking order changed.
+  virtual void ControlsChanged() = 0;
+  virtual void MenuChanged() = 0;
+  // The items of a list control changed; the model is read again.
+  virtual void ListChanged(Control& control) = 0;
+  virtual void SetFocus(Control& control) = 0;
+  // Paints the control, or the form itself, again.
+  virtual void Repaint(Control& control) = 0;
+  // Shows the item's submenu at the mouse, and returns when it has closed and its command has run.
+  virtual void PopUpMenu(MenuItem& item) = 0;
+  virtual void BringToFront() = 0;
+};
+
+struct ScreenSize {
+  int width_twips = 0;
+  int height_twips = 0;
+  int twips_per_pixel = 15;
+};
+
+// Text extent in twips in a font that the measure names.
+struct FontDescription {
+  std::string name = "MS Sans Serif";
+  double size_points = 8.25;
+  bool bold = false;
+  bool italic = false;
+  bool underline = false;
+  bool strikethrough = false;
+  friend bool operator==(const FontDescription&, const FontDescription&) = default;
+};
+
+class Windowing {
+ public:
+  virtual ~Windowing() = default;
+  // Makes and shows the peer of a form.
+  [[nodiscard]] virtual std::unique_ptr<FormPeer> Show(Form& form) = 0;
+  // Runs the message loop until the form is no longer visible; other windows take no input meanwhile.
+  virtual void RunModal(Form& form) = 0;
+  // Runs the message loop until `Quit`.
+  virtual void RunUntilQuit() = 0;
+  virtual void Quit() = 0;
+  [[nodiscard]] virtual ScreenSize Screen() = 0;
+  // Width in twips of one line of text.
+  [[nodiscard]] virtual int TextWidth(std::string_view text, const FontDescription& font) = 0;
+};
+
+}  // namespace kestrun
