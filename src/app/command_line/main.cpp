@@ -10,6 +10,7 @@
 #include "frame/commands.h"
 #include "frame/pack_command.h"
 #include "platform/headless/headless_platform.h"
+#include "platform/headless/posix_files.h"
 
 namespace {
 
@@ -47,14 +48,16 @@ int main(int argument_count, char** arguments) {
   const std::string command = kestrun::JoinCommandWords(words);
   if (!IsHelp(command) && !IsCompletePack(command)) return FailWithUsage(command);
 
-  kestrun::HeadlessPlatform platform;
+  kestrun::PosixFileSystem files;
+  kestrun::HeadlessPlatform platform(files);
   const kestrun::PlatformInstallation installation(platform);
-  platform.program().SetFolder(ProgramFolder());
+  platform.program().folder = ProgramFolder();
+  platform.shell().temporary_folder = std::filesystem::temp_directory_path().string();
   bool reported = false;
-  platform.dialogs().on_unexpected = [&reported, &command](const std::string& text) {
+  platform.OnUnexpected([&reported, &command](const kestrun::UnexpectedQuestion& question) {
     reported = true;
-    std::fprintf(IsHelp(command) ? stdout : stderr, "%s\n", text.c_str());
-  };
+    std::fprintf(IsHelp(command) ? stdout : stderr, "%s\n", question.text.c_str());
+  });
   static_cast<void>(kestrun::ProcessCommand(command));
   return reported && !IsHelp(command) ? kExitFailed : 0;
 }

@@ -15,10 +15,9 @@
 #include <process.h>
 
 #include "platform/win32/win32_platform.h"
-using DemoPlatform = kestrun::Win32Platform;
 #else
 #include "platform/headless/headless_platform.h"
-using DemoPlatform = kestrun::HeadlessPlatform;
+#include "platform/headless/posix_files.h"
 #endif
 
 namespace {
@@ -139,7 +138,12 @@ int Run(const std::string& command, const std::string& path) {
 }  // namespace
 
 int main(int argument_count, char** arguments) {
-  DemoPlatform platform;
+#ifdef _WIN32
+  kestrun::Win32Platform platform;
+#else
+  kestrun::PosixFileSystem files;
+  kestrun::HeadlessPlatform platform(files);
+#endif
   const kestrun::PlatformInstallation installation(platform);
   return argument_count == 3 ? Run(arguments[1], arguments[2]) : Run("", "");
 }
