@@ -73,6 +73,11 @@ std::vector<std::string> HeadlessWindowing::Unused() const {
   return lines;
 }
 
+void HeadlessWindowing::ForgetExpectations() {
+  expected_.clear();
+  expected_menus_.clear();
+}
+
 std::unique_ptr<FormPeer> HeadlessWindowing::Show(Form& form) {
   shown_forms.push_back(form.Name());
   return std::make_unique<Peer>(*this, form);

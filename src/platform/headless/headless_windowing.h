@@ -45,6 +45,7 @@ class HeadlessWindowing final : public Windowing {
   void ExpectPopUp(std::string item_name, std::function<void(MenuItem&)> action);
   // One line for each modal window and menu that is still expected.
   [[nodiscard]] std::vector<std::string> Unused() const;
+  void ForgetExpectations();
 
   // The first control in tab order gets the focus.
   [[nodiscard]] std::unique_ptr<FormPeer> Show(Form& form) override;
