@@ -12,6 +12,7 @@
 
 #include "base/bytes.h"
 #include "base/text.h"
+#include "forms/window_registry.h"
 #include "platform/headless/headless_platform.h"
 #ifdef _WIN32
 #include "platform/win32/win32_files.h"
@@ -68,6 +69,12 @@ class HeadlessTest : public testing::Test {
     desktop.OnUnexpected([](const UnexpectedQuestion& question) {
       ADD_FAILURE() << "nobody expected: " << question.text << "\n(" << question.detail << ")";
     });
+  }
+
+  // Windows, and what the clock still holds of them, go while the platform is there.
+  ~HeadlessTest() override {
+    CloseAllWindows();
+    desktop.clock().Clear();
   }
 
   void TearDown() override {

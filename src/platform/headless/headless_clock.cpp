@@ -14,11 +14,19 @@ double HeadlessClock::LocalDateTime() { return date_at_zero_ + static_cast<doubl
 
 void HeadlessClock::SetLocalDateTime(double days) { date_at_zero_ = days - static_cast<double>(now_ms_) / kMsPerDay; }
 
+void HeadlessClock::MoveTo(uint64_t moment_ms) { now_ms_ = std::max(now_ms_, moment_ms); }
+
+void HeadlessClock::Clear() {
+  timers_.clear();
+  // What a task holds may post another one as it goes.
+  while (!tasks_.empty()) const auto dropped = std::exchange(tasks_, {});
+}
+
 void HeadlessClock::SleepMs(uint32_t milliseconds) {
   // A tick that sleeps itself may have moved the time further than this sleep asked for.
   const uint64_t end_ms = now_ms_ + milliseconds;
   FireTimersUntil(end_ms, Reentry::kSkipped);
-  now_ms_ = std::max(now_ms_, end_ms);
+  MoveTo(end_ms);
 }
 
 void HeadlessClock::RunPendingEvents() {
@@ -41,10 +49,10 @@ void HeadlessClock::AdvanceMs(uint64_t milliseconds) {
   RunPendingEvents();
   while (const auto next_ms = NextDueMs()) {
     if (*next_ms > end_ms) break;
-    now_ms_ = std::max(now_ms_, *next_ms);
+    MoveTo(*next_ms);
     RunPendingEvents();
   }
-  now_ms_ = std::max(now_ms_, end_ms);
+  MoveTo(end_ms);
   RunTasks();
 }
 
@@ -73,7 +81,7 @@ void HeadlessClock::FireTimersUntil(uint64_t end_ms, Reentry reentry) {
 
 void HeadlessClock::Fire(TimerId id) {
   Timer& timer = timers_.at(id);
-  now_ms_ = std::max(now_ms_, timer.due_ms);
+  MoveTo(timer.due_ms);
   timer.due_ms = now_ms_ + timer.interval_ms;
   timer.order = ++last_order_;
   ++timer.running;

@@ -27,6 +27,10 @@ class HeadlessClock final : public Clock {
 
   // Lets the message loop run for so long: timers at their moments, tasks between them.
   void AdvanceMs(uint64_t milliseconds);
+  // Turns the time without running anything; never back.
+  void MoveTo(uint64_t moment_ms);
+  // Forgets all timers and tasks.
+  void Clear();
   // The date and time of now, in days since 1899-12-30; it goes on from there.
   void SetLocalDateTime(double days);
 
