@@ -141,6 +141,48 @@ TEST_F(PosixFilesTest, RunningProgramCannotBeWritten) {
             error::kPermissionDenied);
 }
 
+// Takes the rights of the superuser away for as long as it lives.
+class WithoutRights {
+ public:
+  WithoutRights() { EXPECT_EQ(::seteuid(before_ == 0 ? kNobody : before_), 0); }
+  ~WithoutRights() { EXPECT_EQ(::seteuid(before_), 0); }
+  WithoutRights(const WithoutRights&) = delete;
+  WithoutRights& operator=(const WithoutRights&) = delete;
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  uid_t before_ = ::geteuid();
+};
+
+TEST_F(PosixFilesTest, ReadOnlyFileCannotBeWrittenOrReplacedByACopy) {
+  Write("old.bms", "old");
+  Write("new.bms", "new");
+  ASSERT_EQ(::chmod(folder_.path().c_str(), 0777), 0);
+  ASSERT_EQ(::chmod(Path("old.bms").c_str(), 0444), 0);
+  {
+    const WithoutRights user;
+    EXPECT_EQ(OpenError("old.bms", OpenMode::kReadWrite), error::kPermissionDenied);
+    EXPECT_EQ(OpenError("old.bms", OpenMode::kCreate), error::kPermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { files_.Copy(Path("new.bms"), Path("old.bms")); }), error::kPermissionDenied);
+  }
+  EXPECT_EQ(Read("old.bms"), "old");
+}
+
+TEST_F(PosixFilesTest, ReadOnlyFolderRefusesEveryChange) {
+  Write("a", "x");
+  ASSERT_EQ(::chmod(folder_.path().c_str(), 0555), 0);
+  {
+    const WithoutRights user;
+    EXPECT_EQ(OpenError("b", OpenMode::kCreate), error::kPermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { files_.Copy(Path("a"), Path("b")); }), error::kPermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { files_.Rename(Path("a"), Path("b")); }), error::kPermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { files_.Delete(Path("a")); }), error::kPermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { files_.MakeFolder(Path("sub")); }), error::kPermissionDenied);
+  }
+  ASSERT_EQ(::chmod(folder_.path().c_str(), 0755), 0);
+  EXPECT_EQ(Names(), std::vector<std::string>{"a"});
+}
+
 TEST_F(PosixFilesTest, FullDiskIsReported) {
   const auto file = files_.Open("/dev/full", OpenMode::kReadWrite);
   EXPECT_EQ(ErrorNumberOf([&] { file->WriteAt(0, AsBytes("x")); }), error::kDiskFull);
