@@ -76,6 +76,8 @@ class Control : public TableObject {
 
   // False for controls that are never seen: timers, dialogues, menu items.
   [[nodiscard]] virtual bool HasBody() const { return true; }
+  // True for controls that a user can move the focus to.
+  [[nodiscard]] virtual bool TakesFocus() const { return HasBody(); }
   // True for controls that other controls can stand in.
   [[nodiscard]] virtual bool IsContainer() const { return false; }
   // True when it is visible and enabled and all its containers are, so that a user can act on it.

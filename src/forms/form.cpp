@@ -153,7 +153,7 @@ bool Form::HasMenu() const {
 std::vector<Control*> Form::TabOrder() const {
   std::vector<Control*> order;
   for (const Ref<Control>& control : controls_) {
-    if (control->HasBody() && control->TabStop && control->IsUsable()) order.push_back(control.get());
+    if (control->TakesFocus() && control->TabStop && control->IsUsable()) order.push_back(control.get());
   }
   std::stable_sort(order.begin(), order.end(),
                    [](const Control* left, const Control* right) { return left->TabIndex < right->TabIndex; });

@@ -14,6 +14,7 @@ class Frame final : public Control {
 
   [[nodiscard]] std::string TypeName() const override { return "Frame"; }
   [[nodiscard]] const MemberTable& Members() const override;
+  [[nodiscard]] bool TakesFocus() const override { return false; }
   [[nodiscard]] bool IsContainer() const override { return true; }
 };
 

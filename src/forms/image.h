@@ -17,6 +17,7 @@ class Image final : public Control {
 
   [[nodiscard]] std::string TypeName() const override { return "Image"; }
   [[nodiscard]] const MemberTable& Members() const override;
+  [[nodiscard]] bool TakesFocus() const override { return false; }
   [[nodiscard]] MemberId DefaultMember() const override { return FindMember("Picture"); }
 };
 

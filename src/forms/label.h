@@ -23,6 +23,7 @@ class Label final : public Control {
 
   [[nodiscard]] std::string TypeName() const override { return "Label"; }
   [[nodiscard]] const MemberTable& Members() const override;
+  [[nodiscard]] bool TakesFocus() const override { return false; }
   [[nodiscard]] MemberId DefaultMember() const override { return FindMember("Caption"); }
 };
 

@@ -18,6 +18,7 @@ class PictureBox final : public Control {
 
   [[nodiscard]] std::string TypeName() const override { return "PictureBox"; }
   [[nodiscard]] const MemberTable& Members() const override;
+  [[nodiscard]] bool TakesFocus() const override { return false; }
   [[nodiscard]] bool IsContainer() const override { return true; }
   [[nodiscard]] MemberId DefaultMember() const override { return FindMember("Picture"); }
 };
