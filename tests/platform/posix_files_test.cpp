@@ -9,25 +9,13 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <functional>
 
-#include "base/runtime_error.h"
 #include "platform/headless/file_descriptor.h"
+#include "support/error_number.h"
 #include "support/headless_fixture.h"
 
 namespace kestrun {
 namespace {
-
-// Number of the error that the statement raises, 0 when it raises none.
-int ErrorOf(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const RuntimeError& failure) {
-    EXPECT_EQ(failure.description(), StandardErrorText(failure.number()));
-    return failure.number();
-  }
-  return 0;
-}
 
 class PosixFilesTest : public testing::Test {
  protected:
@@ -40,7 +28,7 @@ class PosixFilesTest : public testing::Test {
     return names;
   }
   [[nodiscard]] int OpenError(std::string_view name, OpenMode mode = OpenMode::kRead) {
-    return ErrorOf([&] { static_cast<void>(files_.Open(Path(name), mode)); });
+    return ErrorNumberOf([&] { static_cast<void>(files_.Open(Path(name), mode)); });
   }
 
   TemporaryFolder folder_;
@@ -96,13 +84,13 @@ TEST_F(PosixFilesTest, DriveLetterLeadsToItsFolder) {
 }
 
 TEST_F(PosixFilesTest, DriveWithoutAFolderIsAMissingPath) {
-  EXPECT_EQ(ErrorOf([&] { static_cast<void>(files_.Open("Q:\\a.txt", OpenMode::kRead)); }), error::kPathNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { static_cast<void>(files_.Open("Q:\\a.txt", OpenMode::kRead)); }), error::kPathNotFound);
   EXPECT_FALSE(files_.Exists("Q:\\a.txt"));
   EXPECT_FALSE(files_.IsFolder("Q:\\"));
 }
 
 TEST_F(PosixFilesTest, EmptyPathIsAMissingPath) {
-  EXPECT_EQ(ErrorOf([&] { static_cast<void>(files_.Open("", OpenMode::kRead)); }), error::kPathNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { static_cast<void>(files_.Open("", OpenMode::kRead)); }), error::kPathNotFound);
   EXPECT_FALSE(files_.Exists(""));
 }
 
@@ -149,13 +137,55 @@ TEST_F(PosixFilesTest, PipeIsRefusedWithoutWaiting) {
 }
 
 TEST_F(PosixFilesTest, RunningProgramCannotBeWritten) {
-  EXPECT_EQ(ErrorOf([&] { static_cast<void>(files_.Open("/proc/self/exe", OpenMode::kReadWrite)); }),
+  EXPECT_EQ(ErrorNumberOf([&] { static_cast<void>(files_.Open("/proc/self/exe", OpenMode::kReadWrite)); }),
             error::kPermissionDenied);
+}
+
+// Takes the rights of the superuser away for as long as it lives.
+class WithoutRights {
+ public:
+  WithoutRights() { EXPECT_EQ(::seteuid(before_ == 0 ? kNobody : before_), 0); }
+  ~WithoutRights() { EXPECT_EQ(::seteuid(before_), 0); }
+  WithoutRights(const WithoutRights&) = delete;
+  WithoutRights& operator=(const WithoutRights&) = delete;
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  uid_t before_ = ::geteuid();
+};
+
+TEST_F(PosixFilesTest, ReadOnlyFileCannotBeWrittenOrReplacedByACopy) {
+  Write("old.bms", "old");
+  Write("new.bms", "new");
+  ASSERT_EQ(::chmod(folder_.path().c_str(), 0777), 0);
+  ASSERT_EQ(::chmod(Path("old.bms").c_str(), 0444), 0);
+  {
+    const WithoutRights user;
+    EXPECT_EQ(OpenError("old.bms", OpenMode::kReadWrite), error::kPermissionDenied);
+    EXPECT_EQ(OpenError("old.bms", OpenMode::kCreate), error::kPermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { files_.Copy(Path("new.bms"), Path("old.bms")); }), error::kPermissionDenied);
+  }
+  EXPECT_EQ(Read("old.bms"), "old");
+}
+
+TEST_F(PosixFilesTest, ReadOnlyFolderRefusesEveryChange) {
+  Write("a", "x");
+  ASSERT_EQ(::chmod(folder_.path().c_str(), 0555), 0);
+  {
+    const WithoutRights user;
+    EXPECT_EQ(OpenError("b", OpenMode::kCreate), error::kPermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { files_.Copy(Path("a"), Path("b")); }), error::kPermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { files_.Rename(Path("a"), Path("b")); }), error::kPermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { files_.Delete(Path("a")); }), error::kPermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { files_.MakeFolder(Path("sub")); }), error::kPermissionDenied);
+  }
+  ASSERT_EQ(::chmod(folder_.path().c_str(), 0755), 0);
+  EXPECT_EQ(Names(), std::vector<std::string>{"a"});
 }
 
 TEST_F(PosixFilesTest, FullDiskIsReported) {
   const auto file = files_.Open("/dev/full", OpenMode::kReadWrite);
-  EXPECT_EQ(ErrorOf([&] { file->WriteAt(0, AsBytes("x")); }), error::kDiskFull);
+  EXPECT_EQ(ErrorNumberOf([&] { file->WriteAt(0, AsBytes("x")); }), error::kDiskFull);
 }
 
 TEST_F(PosixFilesTest, OutOfFileNumbersIsTooManyFiles) {
@@ -178,7 +208,7 @@ TEST_F(PosixFilesTest, FileOverTheSizeLimitIsDiskFull) {
   small.rlim_cur = 10;
   const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
   ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-  const int number = ErrorOf([&] { file->WriteAt(0, AsBytes("more than ten bytes")); });
+  const int number = ErrorNumberOf([&] { file->WriteAt(0, AsBytes("more than ten bytes")); });
   ::setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, old_handler);
   EXPECT_EQ(number, error::kDiskFull);
@@ -201,14 +231,14 @@ TEST_F(PosixFilesTest, OffsetBeyondAnyFileIsRefused) {
   Write("a.txt", "x");
   const auto file = files_.Open(Path("a.txt"), OpenMode::kReadWrite);
   Bytes buffer(1);
-  EXPECT_EQ(ErrorOf([&] { static_cast<void>(file->ReadAt(UINT64_MAX, buffer)); }), error::kInvalidProcedureCall);
-  EXPECT_EQ(ErrorOf([&] { file->WriteAt(UINT64_MAX, buffer); }), error::kInvalidProcedureCall);
+  EXPECT_EQ(ErrorNumberOf([&] { static_cast<void>(file->ReadAt(UINT64_MAX, buffer)); }), error::kInvalidProcedureCall);
+  EXPECT_EQ(ErrorNumberOf([&] { file->WriteAt(UINT64_MAX, buffer); }), error::kInvalidProcedureCall);
 }
 
 TEST_F(PosixFilesTest, FileOpenedForReadingCannotBeWritten) {
   Write("a.txt", "old");
   const auto file = files_.Open(Path("a.txt"), OpenMode::kRead);
-  EXPECT_NE(ErrorOf([&] { file->WriteAt(0, AsBytes("new")); }), 0);
+  EXPECT_NE(ErrorNumberOf([&] { file->WriteAt(0, AsBytes("new")); }), 0);
   EXPECT_EQ(Read("a.txt"), "old");
 }
 
@@ -264,7 +294,7 @@ TEST_F(PosixFilesTest, CopyOfALargeFileIsWhole) {
 
 TEST_F(PosixFilesTest, CopyOfAMissingFileLeavesTheTarget) {
   Write("old.bms", "old");
-  EXPECT_EQ(ErrorOf([&] { files_.Copy(Path("missing"), Path("old.bms")); }), error::kFileNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Copy(Path("missing"), Path("old.bms")); }), error::kFileNotFound);
   EXPECT_EQ(Read("old.bms"), "old");
 }
 
@@ -277,7 +307,7 @@ TEST_F(PosixFilesTest, CopyThatRunsOutOfSpaceLeavesTheTargetAndNothingElse) {
   small.rlim_cur = 10;
   const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
   ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-  const int number = ErrorOf([&] { files_.Copy(Path("new.bms"), Path("old.bms")); });
+  const int number = ErrorNumberOf([&] { files_.Copy(Path("new.bms"), Path("old.bms")); });
   ::setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, old_handler);
   EXPECT_EQ(number, error::kDiskFull);
@@ -287,16 +317,16 @@ TEST_F(PosixFilesTest, CopyThatRunsOutOfSpaceLeavesTheTargetAndNothingElse) {
 
 TEST_F(PosixFilesTest, CopyOntoItselfIsRefused) {
   Write("a.bms", "map");
-  EXPECT_EQ(ErrorOf([&] { files_.Copy(Path("a.bms"), Path("A.BMS")); }), error::kPermissionDenied);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Copy(Path("a.bms"), Path("A.BMS")); }), error::kPermissionDenied);
   EXPECT_EQ(Read("a.bms"), "map");
 }
 
 TEST_F(PosixFilesTest, CopyOfOrOntoAFolderIsRefused) {
   files_.MakeFolder(Path("sub"));
   Write("a", "x");
-  EXPECT_EQ(ErrorOf([&] { files_.Copy(Path("sub"), Path("b")); }), error::kPathFileAccess);
-  EXPECT_EQ(ErrorOf([&] { files_.Copy(Path("a"), Path("sub")); }), error::kPathFileAccess);
-  EXPECT_EQ(ErrorOf([&] { files_.Copy(Path("a"), Path("nowhere/b")); }), error::kPathNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Copy(Path("sub"), Path("b")); }), error::kPathFileAccess);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Copy(Path("a"), Path("sub")); }), error::kPathFileAccess);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Copy(Path("a"), Path("nowhere/b")); }), error::kPathNotFound);
 }
 
 TEST_F(PosixFilesTest, CopyOntoALinkReplacesWhatItPointsAt) {
@@ -314,21 +344,21 @@ TEST_F(PosixFilesTest, DeletedFileIsGone) {
   Write("a", "");
   files_.Delete(Path("A"));
   EXPECT_FALSE(files_.Exists(Path("a")));
-  EXPECT_EQ(ErrorOf([&] { files_.Delete(Path("a")); }), error::kFileNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Delete(Path("a")); }), error::kFileNotFound);
 }
 
 TEST_F(PosixFilesTest, FolderIsNotDeletedAsAFile) {
   files_.MakeFolder(Path("sub"));
-  EXPECT_EQ(ErrorOf([&] { files_.Delete(Path("sub")); }), error::kPathFileAccess);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Delete(Path("sub")); }), error::kPathFileAccess);
   EXPECT_TRUE(files_.IsFolder(Path("sub")));
 }
 
 TEST_F(PosixFilesTest, RenameRefusesAnExistingTarget) {
   Write("a", "one");
   Write("b", "two");
-  EXPECT_EQ(ErrorOf([&] { files_.Rename(Path("a"), Path("b")); }), error::kFileAlreadyExists);
-  EXPECT_EQ(ErrorOf([&] { files_.Rename(Path("a"), Path("B")); }), error::kFileAlreadyExists);
-  EXPECT_EQ(ErrorOf([&] { files_.Rename(Path("a"), Path("a")); }), error::kFileAlreadyExists);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Rename(Path("a"), Path("b")); }), error::kFileAlreadyExists);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Rename(Path("a"), Path("B")); }), error::kFileAlreadyExists);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Rename(Path("a"), Path("a")); }), error::kFileAlreadyExists);
   EXPECT_EQ(Read("b"), "two");
 }
 
@@ -340,8 +370,8 @@ TEST_F(PosixFilesTest, RenameChangesOnlyTheCase) {
 
 TEST_F(PosixFilesTest, RenameOfAMissingFileOrIntoAMissingFolderFails) {
   Write("a", "");
-  EXPECT_EQ(ErrorOf([&] { files_.Rename(Path("missing"), Path("b")); }), error::kFileNotFound);
-  EXPECT_EQ(ErrorOf([&] { files_.Rename(Path("a"), Path("nowhere/b")); }), error::kPathNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Rename(Path("missing"), Path("b")); }), error::kFileNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.Rename(Path("a"), Path("nowhere/b")); }), error::kPathNotFound);
   EXPECT_TRUE(files_.Exists(Path("a")));
 }
 
@@ -355,18 +385,18 @@ TEST_F(PosixFilesTest, ReplacePutsOneFileInThePlaceOfAnother) {
 
 TEST_F(PosixFilesTest, FolderIsMadeOnlyOnceAndOnlyOneLevel) {
   files_.MakeFolder(Path("sub"));
-  EXPECT_EQ(ErrorOf([&] { files_.MakeFolder(Path("SUB")); }), error::kPathFileAccess);
-  EXPECT_EQ(ErrorOf([&] { files_.MakeFolder(Path("a/b")); }), error::kPathNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.MakeFolder(Path("SUB")); }), error::kPathFileAccess);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.MakeFolder(Path("a/b")); }), error::kPathNotFound);
 }
 
 TEST_F(PosixFilesTest, OnlyAnEmptyFolderIsRemoved) {
   files_.MakeFolder(Path("sub"));
   Write("sub/a", "");
-  EXPECT_EQ(ErrorOf([&] { files_.RemoveFolder(Path("sub")); }), error::kPathFileAccess);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.RemoveFolder(Path("sub")); }), error::kPathFileAccess);
   files_.Delete(Path("sub/a"));
   files_.RemoveFolder(Path("sub"));
   EXPECT_FALSE(files_.Exists(Path("sub")));
-  EXPECT_EQ(ErrorOf([&] { files_.RemoveFolder(Path("sub")); }), error::kPathNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.RemoveFolder(Path("sub")); }), error::kPathNotFound);
 }
 
 TEST_F(PosixFilesTest, ListIsSortedWithoutRegardToCase) {
@@ -395,8 +425,8 @@ TEST_F(PosixFilesTest, DanglingLinkIsListedButDoesNotExist) {
 
 TEST_F(PosixFilesTest, MissingFolderAndFileCannotBeListed) {
   Write("a", "");
-  EXPECT_EQ(ErrorOf([&] { static_cast<void>(files_.List(Path("nowhere"))); }), error::kPathNotFound);
-  EXPECT_EQ(ErrorOf([&] { static_cast<void>(files_.List(Path("a"))); }), error::kPathNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { static_cast<void>(files_.List(Path("nowhere"))); }), error::kPathNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { static_cast<void>(files_.List(Path("a"))); }), error::kPathNotFound);
 }
 
 TEST_F(PosixFilesTest, WriteTimeCountsFrom1601) {
@@ -406,12 +436,12 @@ TEST_F(PosixFilesTest, WriteTimeCountsFrom1601) {
   ASSERT_EQ(::stat(Path("a").c_str(), &status), 0);
   EXPECT_EQ(status.st_mtim.tv_sec, 1);
   EXPECT_EQ(status.st_mtim.tv_nsec, 500'000'000);
-  EXPECT_EQ(ErrorOf([&] { files_.SetWriteTime(Path("b"), 0); }), error::kFileNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.SetWriteTime(Path("b"), 0); }), error::kFileNotFound);
 }
 
 TEST_F(PosixFilesTest, CurrentFolderIsThere) { EXPECT_TRUE(files_.IsFolder(files_.CurrentFolder())); }
 
-TEST_F(PosixFilesTest, FileWhoseSizeShrankWhileReadIsAnError) {
+TEST_F(PosixFilesTest, FileWithoutATellableSizeReadsAsEmpty) {
   // /proc files tell a size of 0 and then have content: only what the size says is read.
   EXPECT_TRUE(files_.ReadAll("/proc/self/status").empty());
 }

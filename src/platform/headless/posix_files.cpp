@@ -231,7 +231,7 @@ void CopyFileTo(const std::string& from, std::string to) {
   if (GetStatus(to, target_status)) {
     if (S_ISDIR(target_status.st_mode)) Raise(error::kPathFileAccess);
     if (IsSameFile(source_status, target_status)) Raise(error::kPermissionDenied);
-    if (::access(to.c_str(), W_OK) != 0) RaiseForPath(errno, to);
+    if (::faccessat(AT_FDCWD, to.c_str(), W_OK, AT_EACCESS) != 0) RaiseForPath(errno, to);
     mode = target_status.st_mode;
     // Where the target is a link, what it points at is replaced, not the link.
     const std::unique_ptr<char, void (*)(void*)> real_path(::realpath(to.c_str(), nullptr), ::free);
