@@ -1,22 +1,25 @@
 #include "frame/folders.h"
 
+#include <utility>
+
+#include "base/runtime_error.h"
 #include "platform/platform.h"
 
 namespace kestrun {
 namespace {
 
-std::string WithSeparator(std::string folder) {
-  folder = folder.substr(0, folder.find('\0'));
+std::string WithBackslash(std::string folder) {
   if (!folder.empty() && folder.back() != '\\') folder += '\\';
   return folder;
 }
 
-std::string KnownFolder(int32_t id) {
+std::string PlatformFolder(int32_t id) {
   Shell& shell = platform().shell();
   switch (id) {
-    case folder_id::kTemporary: return shell.TemporaryFolder();
-    case folder_id::kWindows: return shell.WindowsFolder();
-    case folder_id::kSystem: return shell.SystemFolder();
+    case folder::kGivenPath: return {};
+    case folder::kTemporary: return shell.TemporaryFolder();
+    case folder::kWindows: return shell.WindowsFolder();
+    case folder::kSystem: return shell.SystemFolder();
     default: return shell.ShellFolder(id);
   }
 }
@@ -24,14 +27,18 @@ std::string KnownFolder(int32_t id) {
 }  // namespace
 
 std::string SpecialFolder(int32_t Id) {
-  return Id == folder_id::kStartPath ? std::string() : WithSeparator(KnownFolder(Id));
+  std::string path;
+  Attempt([&] { path = PlatformFolder(Id); });
+  return WithBackslash(path.substr(0, path.find('\0')));
 }
 
-std::string BrowseForFolder(const std::string& Prompt, int32_t Root, const std::string& StartPath) {
-  const bool opens_on_path = Root >= folder_id::kStartPath && Root <= folder_id::kSystem;
-  const std::string start = Root == folder_id::kStartPath ? StartPath : opens_on_path ? SpecialFolder(Root) : "";
-  const auto picked = platform().dialogs().PickFolder(Prompt, opens_on_path ? folder_id::kMyComputer : Root, start);
-  return picked ? WithSeparator(*picked) : std::string();
+std::string BrowseForFolder(const std::string& Prompt, int32_t Root, const std::string& StartPath, bool, bool) {
+  const bool opens_at_path = Root >= folder::kGivenPath && Root <= folder::kSystem;
+  const std::string start = !opens_at_path               ? std::string()
+                            : Root == folder::kGivenPath ? StartPath
+                                                         : SpecialFolder(Root);
+  const int root = opens_at_path ? folder::kMyComputer : Root;
+  return WithBackslash(platform().dialogs().PickFolder(Prompt, root, start).value_or(std::string()));
 }
 
 }  // namespace kestrun

@@ -1,4 +1,4 @@
-// The platform's known folders and its folder dialogue.
+// Known folders and the folder dialogue. Both give a folder with a backslash at its end.
 #pragma once
 
 #include <cstdint>
@@ -6,23 +6,23 @@
 
 namespace kestrun {
 
-// Ids above the shell's own. In BrowseForFolder they open the dialogue on a given path.
-namespace folder_id {
+// Folder numbers beyond those of the shell.
+namespace folder {
 inline constexpr int32_t kSendTo = 9;
 inline constexpr int32_t kMyComputer = 17;
-inline constexpr int32_t kStartPath = 1024;
+inline constexpr int32_t kGivenPath = 1024;
 inline constexpr int32_t kTemporary = 1025;
 inline constexpr int32_t kWindows = 1026;
 inline constexpr int32_t kSystem = 1027;
-}  // namespace folder_id
+}  // namespace folder
 
-// The folder with a trailing backslash; empty for kStartPath and on any failure. Any id that is not above is a shell
-// folder's.
+// A folder by one of the numbers above or a shell folder number; empty when there is none, and for kGivenPath.
 [[nodiscard]] std::string SpecialFolder(int32_t Id);
 
-// The folder that the user picks, with a trailing backslash; empty on Cancel. Root: a shell folder, or kStartPath to
-// open on StartPath, or kTemporary to kSystem to open on that folder.
-[[nodiscard]] std::string BrowseForFolder(const std::string& Prompt, int32_t Root = folder_id::kMyComputer,
-                                          const std::string& StartPath = "");
+// Lets the user pick a folder; empty on Cancel. Root is a shell folder number; kGivenPath opens the dialogue at
+// StartPath, kTemporary to kSystem at that folder. The two flags are there for callers that pass them and change
+// nothing.
+[[nodiscard]] std::string BrowseForFolder(const std::string& Prompt, int32_t Root, const std::string& StartPath,
+                                          bool = false, bool = false);
 
 }  // namespace kestrun

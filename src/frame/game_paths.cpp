@@ -1,5 +1,8 @@
 #include "frame/game_paths.h"
 
+#include <algorithm>
+
+#include "base/convert.h"
 #include "base/text.h"
 #include "forms/window_registry.h"
 #include "frame/folders.h"
@@ -11,6 +14,8 @@
 namespace kestrun {
 namespace {
 
+constexpr int32_t kShowNormal = 1;
+
 std::string AskForGameFolder() {
   MsgBox(
       "Kestrun was unable to find your dflw game folder. Please select your game folder (directory where you installed "
@@ -18,18 +23,17 @@ std::string AskForGameFolder() {
   const std::string picked = BrowseForFolder(
       "Select your game folder (game installation directory 'C:\\program files\\novalogic\\delta force land "
       "warrior...').",
-      folder_id::kStartPath, "C:\\");
-  const std::string folder = ParentFolder(picked);
-  WriteSetting(setting::kGameFolder, folder);
-  return folder;
+      folder::kGivenPath, "C:\\");
+  const std::string game_folder = ParentFolder(picked);
+  WriteSetting(setting::kGameFolder, game_folder);
+  return game_folder;
 }
 
 void StartGame() {
-  const std::string folder = GameFolder();
-  const std::string game = folder + "\\" + ReadSetting(setting::kGameProgram);
+  const std::string game = GameFolder() + "\\" + ReadSetting(setting::kGameProgram);
   if (FileExists(game)) {
-    // Players' own parameters are not passed: the game is started as it always was, with the number 0 in their place.
-    ShellOpen("open", game, "0", folder, 1);
+    // The game starts with the text "0" for its parameters, whatever DFLWPAR holds.
+    ShellOpen("open", game, int32_t{0}, GameFolder(), kShowNormal);
     return;
   }
   MsgBox("Game file 'dflwdem.exe' not found!!!!! Please select your game folder in the options window!!!",
@@ -40,8 +44,8 @@ void StartGame() {
 }  // namespace
 
 std::string GameFolder() {
-  std::string folder = ReadSetting(setting::kGameFolder);
-  if (!folder.empty()) return folder;
+  std::string stored = ReadSetting(setting::kGameFolder);
+  if (!stored.empty()) return stored;
   if (FileExists(AppFile("dflwdem.exe"))) return platform().program().Folder();
   return AskForGameFolder();
 }
@@ -50,7 +54,7 @@ std::string GamePathFromRegistry() {
   return platform()
       .registry()
       .Read(RegistryRoot::kLocalMachine, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe", "Path")
-      .value_or("");
+      .value_or(std::string());
 }
 
 std::string MapFolder() { return ReadSetting(setting::kMapFolder); }
@@ -66,15 +70,15 @@ bool launchDFLW() {
 
 bool IsGameRunning() {
   const std::string game = ToLower(ReadSetting(setting::kGameProgram));
-  for (const std::string& name : platform().processes().RunningNames()) {
-    if (ToLower(name.substr(0, name.find('\0'))) == game) return true;
-  }
-  return false;
+  const std::vector<std::string> names = platform().processes().RunningNames();
+  return std::any_of(names.begin(), names.end(),
+                     [&](const std::string& name) { return ToLower(name.substr(0, name.find('\0'))) == game; });
 }
 
-void ShellOpen(const std::string& Operation, const std::string& File, const std::string& Parameters,
-               const std::string& Directory, int ShowCommand) {
-  static_cast<void>(platform().shell().Open(Operation, File, Parameters, Directory, ShowCommand));
+void ShellOpen(const std::string& Operation, const Variant& File, const Variant& Parameters, const Variant& Directory,
+               int32_t ShowCommand) {
+  static_cast<void>(
+      platform().shell().Open(Operation, ToText(File), ToText(Parameters), ToText(Directory), ShowCommand));
 }
 
 }  // namespace kestrun

@@ -69,7 +69,7 @@ void PackCommand(const std::string& command) {
 
 bool packfile(std::string Source, const std::string& Name, std::string ArchivePath, bool IsZip) {
   try {
-    std::string temporary_folder = SpecialFolder(folder_id::kTemporary);
+    std::string temporary_folder = SpecialFolder(folder::kTemporary);
     if (!temporary_folder.empty()) temporary_folder.pop_back();
     Source = FillMacros(Source, temporary_folder);
     if (IsUrl(Source) && !DownloadFile(Source, temporary_folder + "\\" + Name)) {

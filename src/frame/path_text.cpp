@@ -1,7 +1,8 @@
 #include "frame/path_text.h"
 
-#include <algorithm>
+#include <utility>
 
+#include "base/convert.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "frame/web_paths.h"
@@ -10,25 +11,28 @@
 namespace kestrun {
 namespace {
 
-UrlFileNameSource& Source() {
+UrlFileNameSource& InstalledSource() {
   static UrlFileNameSource source;
   return source;
 }
 
-// Byte offset of a character position counted from 1; the end for positions past it.
-size_t OffsetOf(const std::string& text, int32_t position) {
-  size_t offset = 0;
-  for (int32_t at = 1; at < position && offset < text.size(); ++at) static_cast<void>(NextCodePoint(text, offset));
-  return offset;
+// Position of the last such character counted from 1, 0 when there is none.
+size_t LastPosition(const std::string& text, char wanted) { return text.rfind(wanted) + 1; }
+
+// A "?" before the last slash belongs to no query, and the name then goes on to the end.
+std::string NameInUrl(const std::string& url) {
+  size_t slash = LastPosition(url, '/');
+  if (slash == 0) slash = LastPosition(url, '\\');
+  const size_t question_mark = LastPosition(url, '?');
+  const size_t end = question_mark <= slash ? url.size() : question_mark - 1;
+  return url.substr(slash, end - slash);
 }
 
-std::string NameInAddress(const std::string& address) {
-  size_t slash = address.rfind('/');
-  if (slash == std::string::npos) slash = address.rfind('\\');
-  const size_t begin = slash == std::string::npos ? 0 : slash + 1;
-  const size_t query = address.rfind('?');
-  const size_t end = query == std::string::npos || query < begin ? address.size() : query;
-  return address.substr(begin, end - begin);
+// Byte position of a character counted from 1; the end of the text for one that lies behind it.
+size_t BytePosition(const std::string& text, int64_t character) {
+  size_t position = 0;
+  for (int64_t i = 1; i < character && position < text.size(); ++i) static_cast<void>(NextCodePoint(text, position));
+  return position;
 }
 
 }  // namespace
@@ -40,18 +44,18 @@ bool FileExists(const std::string& Path) {
 }
 
 std::string ParentFolder(const std::string& Path) {
-  const size_t separator = Path.rfind('\\');
-  if (separator == std::string::npos) Raise(error::kInvalidProcedureCall);
-  return Path.substr(0, separator);
+  const size_t backslash = Path.rfind('\\');
+  if (backslash == std::string::npos) Raise(error::kInvalidProcedureCall);
+  return Path.substr(0, backslash);
 }
 
 std::string GetFileName(const std::string& Path, bool NoServer) {
   if (!IsUrl(Path)) return Path.substr(Path.find_last_of("\\/") + 1);
-  if (!NoServer && Source()) {
-    std::string told = Source()(Path);
-    if (!told.empty()) return told;
+  if (!NoServer && InstalledSource()) {
+    std::string name = InstalledSource()(Path);
+    if (!name.empty()) return name;
   }
-  return NameInAddress(Path);
+  return NameInUrl(Path);
 }
 
 std::string GetExtension(const std::string& Path) {
@@ -60,18 +64,18 @@ std::string GetExtension(const std::string& Path) {
 }
 
 std::string MidRange(const std::string& Text, int32_t First, int32_t Last) {
-  if (First < 1 || Last < First - 1) Raise(error::kInvalidProcedureCall);
-  const size_t begin = OffsetOf(Text, First);
-  return Text.substr(begin, OffsetOf(Text, Last + 1) - begin);
+  if (First < 1 || int64_t{Last} - First + 1 < 0) Raise(error::kInvalidProcedureCall);
+  const size_t begin = BytePosition(Text, First);
+  return Text.substr(begin, BytePosition(Text, int64_t{Last} + 1) - begin);
 }
 
-std::string FillPlaceholders(std::string Template, const std::vector<std::string>& Arguments) {
-  for (size_t at = 0; at < Arguments.size(); ++at) {
-    Template = ReplaceAll(Template, "%" + std::to_string(at + 1), Arguments[at]);
-  }
-  return Template;
+std::string FillPlaceholders(const std::string& Template, const std::vector<Variant>& Arguments) {
+  std::string text = Template;
+  size_t number = 0;
+  for (const Variant& argument : Arguments) text = ReplaceAll(text, "%" + std::to_string(++number), ToText(argument));
+  return text;
 }
 
-void SetUrlFileNameSource(UrlFileNameSource source) { Source() = std::move(source); }
+void SetUrlFileNameSource(UrlFileNameSource source) { InstalledSource() = std::move(source); }
 
 }  // namespace kestrun

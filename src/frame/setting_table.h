@@ -1,99 +1,180 @@
-// Every key of packit.ini, one row each: section, key, default. What a key means stands beside it; a row is what
-// ReadSetting and WriteSetting take, so that no section, key or default stands anywhere else.
+// The key table of packit.ini: section, key and default of every setting, each in one row. What reads or writes a
+// setting names its row.
 #pragma once
 
+#include <array>
 #include <string_view>
 
 namespace kestrun {
 
-// What the default text of a row starts with.
-enum class SettingDefault {
-  kText,                  // nothing: the row's own text
-  kProgramFolder,         // the folder of the running program, and the row's text behind it
-  kGameFolder,            // what GameFolder gives
-  kMapFolder,             // what MapFolder gives
-  kGamePathFromRegistry,  // the game's App Paths entry
-};
+// What the default of a setting begins with; the row's text stands behind kProgramFolder.
+enum class DefaultBase { kText, kProgramFolder, kGameFolder, kMapFolder, kRegistry };
+// Which name of a row goes on with a number, or with the name of a map.
+enum class OpenName { kNone, kSection, kKey };
 
 struct Setting {
   std::string_view section;
   std::string_view key;
   std::string_view text;
-  SettingDefault source = SettingDefault::kText;
+  DefaultBase base = DefaultBase::kText;
+  OpenName open = OpenName::kNone;
 };
 
 namespace setting {
 
-// Section launcher.
-inline constexpr Setting kStyle{"launcher", "STYLE", "\\default.stl", SettingDefault::kProgramFolder};
-inline constexpr Setting kCheckGamePath{"launcher", "CHECKLWPATH", "True"};  // start-up looks for the game folder
-inline constexpr Setting kFirstRun{"launcher", "FIRSTRUN", "True"};          // start-up asks the association question
-inline constexpr Setting kApp{"launcher", "APP", ""};                        // the program's file name; read by nothing
-inline constexpr Setting kMapFolder{"launcher", "PATH", "", SettingDefault::kGameFolder};
-inline constexpr Setting kArchiveName{"launcher", "PFFBASE", "dflw.pff"};  // in the game folder; no window edits it
-inline constexpr Setting kGameProgram{"launcher", "DFLWDEM.EXE", "DFLWDEM.EXE"};
-inline constexpr Setting kEditorProgram{"launcher", "DFLWEDIT.EXE", "DFLWMEDFC2.EXE"};
-inline constexpr Setting kEditorCopy{"launcher", "EDITEXE", ""};      // read by nothing
-inline constexpr Setting kGameParameters{"launcher", "DFLWPAR", ""};  // edited, and not passed to the game
-inline constexpr Setting kRunAfterPack{"launcher", "SHELLPACK", "False"};
-inline constexpr Setting kRunAfterPlaying{"launcher", "SHELLIMPLAYING", "False"};
-inline constexpr Setting kPackProgram{"launcher", "PACKIT.EXE", "pack.exe"};   // of SHELLPACK
-inline constexpr Setting kPlayingProgram{"launcher", "PACK.EXE", "pack.exe"};  // of SHELLIMPLAYING
-inline constexpr Setting kPackProgramCopy{"launcher", "PACKEXE", ""};          // read by nothing
-inline constexpr Setting kWarnOverwrite{"launcher", "WARNOVERWRITE", "True"};
-inline constexpr Setting kColorPicker{"launcher", "color", "\\ColorPicker.EXE", SettingDefault::kProgramFolder};
-inline constexpr Setting kConvertor{"launcher", "CONVERTOR", "\\DF3BMStoMIS.exe", SettingDefault::kProgramFolder};
-inline constexpr Setting kOutputText{"launcher", "txtoutputtext", ""};  // last rename text
-inline constexpr Setting kStatusLine{"launcher", "TXTSTATUS", "True"};
-inline constexpr Setting kShowQuickLinks{"launcher", "SHOWQUICKLINKS", "0"};
-inline constexpr Setting kLoadAsDeathmatch{"launcher", "OPTIONS0", "False"};
-inline constexpr Setting kLoadAsCaptureTheFlag{"launcher", "OPTIONS1", "True"};
-inline constexpr Setting kLoadRenamed{"launcher", "OPTIONS3", "False"};
-inline constexpr Setting kListFolder{"launcher", "PATHLIST", "", SettingDefault::kMapFolder};
-inline constexpr Setting kGameVersion{"launcher", "DFVERSION", "-1"};
-inline constexpr Setting kResetGames{"launcher", "RESETGAMES", "0"};
-inline constexpr Setting kListRename{"launcher", "renameA", ""};
-inline constexpr Setting kListSeconds{"launcher", "TIMESEC", "58"};
-inline constexpr Setting kListMinutes{"launcher", "TIMEMIN", "15"};
-inline constexpr Setting kGameTimer{"launcher", "GAMETIMER", "1"};
-inline constexpr Setting kUpdaterLocalFolder{"launcher", "PCPATH", "C:\\"};
-inline constexpr Setting kUpdaterSharedFolder{"launcher", "REMPATH", "C:\\"};
-inline constexpr Setting kUpdaterLocalText{"launcher", "TXTPC", "", SettingDefault::kProgramFolder};
-inline constexpr Setting kUpdaterSharedText{"launcher", "TXTREM", "", SettingDefault::kProgramFolder};
-inline constexpr Setting kUpdaterOption1{"launcher", "UPOP1", "False"};
-inline constexpr Setting kUpdaterOption2{"launcher", "UPOP2", "True"};
-inline constexpr Setting kUpdaterCheck1{"launcher", "UPCH1", "1"};
-inline constexpr Setting kUpdaterCheckCrc{"launcher", "CHECKCRC", "1"};
-inline constexpr Setting kUploadComments{"launcher", "COMMENTS", "1"};
-inline constexpr Setting kUploadAutoRename{"launcher", "autorename", "1"};
-inline constexpr Setting kUploadSavePassword{"launcher", "save pass", "1"};
-inline constexpr Setting kUploadFolder{"launcher", "UPLOADDIR", "", SettingDefault::kGameFolder};
-inline constexpr Setting kUserName{"launcher", "USERNAME", ""};
-inline constexpr Setting kPassword{"launcher", "PASSWORD", ""};
-inline constexpr Setting kPictureFolder{"LAUNCHER", "IMAGEPATH", "", SettingDefault::kMapFolder};
+inline constexpr std::string_view kLauncher = "launcher";
 
-// Other sections.
-inline constexpr Setting kGameFolder{"FOLDERS", "DFLW", "", SettingDefault::kGamePathFromRegistry};
-inline constexpr Setting kShowBanner{"BANNERS", "SHOW", "True"};
-inline constexpr Setting kLastVisit{"MAPS", "LASTVISIT", "0"};  // site maps at the last check
-inline constexpr Setting kProgramCount{"PROGRAMS", "TOT", "0"};
-inline constexpr Setting kAddinCount{"AUTO HOST ADDINS", "TOT", "0"};
-inline constexpr Setting kMessengerVersion{"Chat", "VER", "0"};
-inline constexpr Setting kMessageCount{"Chat", "TOTMSG", "0"};
-inline constexpr Setting kMessagesRandom{"Chat", "RAND", "0"};
-inline constexpr Setting kMessageSeconds{"Chat", "TIME", "60"};
-inline constexpr Setting kHelpVersion{"HELP", "VERSION", "0"};
-inline constexpr Setting kHelpPath{"HELP", "PATH", ""};
-inline constexpr Setting kNameEditorFolder{"name editor", "DFLWPATH", "", SettingDefault::kGameFolder};
+// One row a line.
+// clang-format off
 
-// Rows of which there are many: the key has a number, or a map's path, behind it; for a user program the section has.
-inline constexpr Setting kMapPicture{"IMAGE", "", ""};  // key: the map's path or file name
-inline constexpr Setting kUserProgramName{"PROGRAM", "NAME", "ERROR"};
-inline constexpr Setting kUserProgramPath{"PROGRAM", "PATH", "ERROR"};
-inline constexpr Setting kAddinName{"AUTO HOST ADDINS", "NAME", "Unknown"};
-inline constexpr Setting kAddinClass{"AUTO HOST ADDINS", "CLSID", "UNKNOWN"};
-inline constexpr Setting kMessageText{"Chat", "MSG", "Typ your message here"};
-inline constexpr Setting kMessageKey{"Chat", "MSGKEY", ""};
+// Start-up.
+inline constexpr Setting kStyle{kLauncher, "STYLE", "\\default.stl", DefaultBase::kProgramFolder};  // path of the default style file
+inline constexpr Setting kCheckGamePath{kLauncher, "CHECKLWPATH", "True"};  // whether start-up looks for the game folder
+inline constexpr Setting kFirstRun{kLauncher, "FIRSTRUN", "True"};  // whether start-up asks the association question
+inline constexpr Setting kApp{kLauncher, "APP", ""};  // file name of the running program; written only
+
+// The game and its folders.
+inline constexpr Setting kGameFolder{"FOLDERS", "DFLW", "", DefaultBase::kRegistry};  // game folder
+inline constexpr Setting kMapFolder{kLauncher, "PATH", "", DefaultBase::kGameFolder};  // default map folder
+inline constexpr Setting kArchiveName{kLauncher, "PFFBASE", "dflw.pff"};  // file name of the game's archive; no window edits it
+inline constexpr Setting kGameProgram{kLauncher, "DFLWDEM.EXE", "DFLWDEM.EXE"};  // file name of the game program
+inline constexpr Setting kEditorProgram{kLauncher, "DFLWEDIT.EXE", "DFLWMEDFC2.EXE"};  // file name of the map editor
+inline constexpr Setting kEditorCopy{kLauncher, "EDITEXE", ""};  // copy of the editor's name; written only
+inline constexpr Setting kGameParameters{kLauncher, "DFLWPAR", ""};  // parameters for the game
+
+// Outside programs.
+inline constexpr Setting kRunAfterPack{kLauncher, "SHELLPACK", "False"};  // run a program after packing a map
+inline constexpr Setting kRunAfterPlaying{kLauncher, "SHELLIMPLAYING", "False"};  // run a program after "I'm already playing"
+inline constexpr Setting kPackProgram{kLauncher, "PACKIT.EXE", "pack.exe"};  // the program of SHELLPACK
+inline constexpr Setting kPlayingProgram{kLauncher, "PACK.EXE", "pack.exe"};  // the program of SHELLIMPLAYING
+inline constexpr Setting kPackProgramCopy{kLauncher, "PACKEXE", ""};  // copy of PACKIT.EXE; written only
+inline constexpr Setting kColorPicker{kLauncher, "color", "\\ColorPicker.EXE", DefaultBase::kProgramFolder};  // path of the colour picker
+inline constexpr Setting kConverter{kLauncher, "CONVERTOR", "\\DF3BMStoMIS.exe", DefaultBase::kProgramFolder};  // path of the BMS to MIS converter
+
+// Main window and load-map window.
+inline constexpr Setting kWarnOverwrite{kLauncher, "WARNOVERWRITE", "True"};  // show the overwrite question
+inline constexpr Setting kOutputText{kLauncher, "txtoutputtext", ""};  // last rename text
+inline constexpr Setting kStatusLine{kLauncher, "TXTSTATUS", "True"};  // status line visible
+inline constexpr Setting kShowQuickLinks{kLauncher, "SHOWQUICKLINKS", "0"};  // start-up state of the quick-link panel's check box
+inline constexpr Setting kChooseDeathmatch{kLauncher, "OPTIONS0", "False"};  // load-map window: deathmatch chosen
+inline constexpr Setting kChooseCaptureTheFlag{kLauncher, "OPTIONS1", "True"};  // load-map window: capture the flag chosen
+inline constexpr Setting kChooseRename{kLauncher, "OPTIONS3", "False"};  // load-map window: rename chosen
+
+// Auto host.
+inline constexpr Setting kAutoHostFolder{kLauncher, "PATHLIST", "", DefaultBase::kMapFolder};  // auto host folder
+inline constexpr Setting kAutoHostVersion{kLauncher, "DFVERSION", "-1"};  // auto host game version
+inline constexpr Setting kAutoHostResetGames{kLauncher, "RESETGAMES", "0"};  // auto host option
+inline constexpr Setting kAutoHostRename{kLauncher, "renameA", ""};  // auto host rename text
+inline constexpr Setting kAutoHostSeconds{kLauncher, "TIMESEC", "58"};  // auto host time, seconds
+inline constexpr Setting kAutoHostMinutes{kLauncher, "TIMEMIN", "15"};  // auto host time, minutes
+inline constexpr Setting kAutoHostGameTimer{kLauncher, "GAMETIMER", "1"};  // auto host: use game timer
+inline constexpr Setting kAddInCount{"AUTO HOST ADDINS", "TOT", "0"};  // count of add-ins
+inline constexpr Setting kAddInName{"AUTO HOST ADDINS", "NAME", "Unknown", DefaultBase::kText, OpenName::kKey};  // one add-in
+inline constexpr Setting kAddInClassId{"AUTO HOST ADDINS", "CLSID", "UNKNOWN", DefaultBase::kText, OpenName::kKey};  // one add-in
+
+// Map updater.
+inline constexpr Setting kUpdaterLocalFolder{kLauncher, "PCPATH", "C:\\"};  // local folder
+inline constexpr Setting kUpdaterSharedFolder{kLauncher, "REMPATH", "C:\\"};  // shared folder
+inline constexpr Setting kUpdaterLocalText{kLauncher, "TXTPC", "", DefaultBase::kProgramFolder};  // text of the local folder
+inline constexpr Setting kUpdaterSharedText{kLauncher, "TXTREM", "", DefaultBase::kProgramFolder};  // text of the shared folder
+inline constexpr Setting kUpdaterOption1{kLauncher, "UPOP1", "False"};  // option
+inline constexpr Setting kUpdaterOption2{kLauncher, "UPOP2", "True"};  // option
+inline constexpr Setting kUpdaterCheck1{kLauncher, "UPCH1", "1"};  // option
+inline constexpr Setting kUpdaterCheckCrc{kLauncher, "CHECKCRC", "1"};  // option
+
+// Upload window, banner and previews.
+inline constexpr Setting kUploadComments{kLauncher, "COMMENTS", "1"};  // option
+inline constexpr Setting kUploadAutoRename{kLauncher, "autorename", "1"};  // option
+inline constexpr Setting kUploadSavePassword{kLauncher, "save pass", "1"};  // option
+inline constexpr Setting kUploadFolder{kLauncher, "UPLOADDIR", "", DefaultBase::kGameFolder};  // upload window folder
+inline constexpr Setting kUploadUser{kLauncher, "USERNAME", ""};  // field
+inline constexpr Setting kUploadPassword{kLauncher, "PASSWORD", ""};  // field
+inline constexpr Setting kImageFolder{"LAUNCHER", "IMAGEPATH", "", DefaultBase::kMapFolder};  // folder of preview pictures
+inline constexpr Setting kShowBanner{"BANNERS", "SHOW", "True"};  // show the banner
+inline constexpr Setting kPreviewPicture{"IMAGE", "", "", DefaultBase::kText, OpenName::kKey};  // preview picture of the map that is the key
+inline constexpr Setting kLastVisit{"MAPS", "LASTVISIT", "0"};  // count of site maps at the last check
+
+// Programs, messenger, help, name editor.
+inline constexpr Setting kProgramCount{"PROGRAMS", "TOT", "0"};  // count of user programs
+inline constexpr Setting kProgramName{"PROGRAM", "NAME", "ERROR", DefaultBase::kText, OpenName::kSection};  // one user program, from 1
+inline constexpr Setting kProgramPath{"PROGRAM", "PATH", "ERROR", DefaultBase::kText, OpenName::kSection};  // one user program, from 1
+inline constexpr Setting kChatVersion{"Chat", "VER", "0"};  // game version of the messages
+inline constexpr Setting kChatCount{"Chat", "TOTMSG", "0"};  // count of messages
+inline constexpr Setting kChatRandom{"Chat", "RAND", "0"};  // messages in random order
+inline constexpr Setting kChatSeconds{"Chat", "TIME", "60"};  // seconds between messages
+inline constexpr Setting kChatMessage{"Chat", "MSG", "Typ your message here", DefaultBase::kText, OpenName::kKey};  // one message
+inline constexpr Setting kChatMessageType{"Chat", "MSGKEY", "84", DefaultBase::kText, OpenName::kKey};  // type of one message
+inline constexpr Setting kHelpVersion{"HELP", "VERSION", "0"};  // version of the downloaded help
+inline constexpr Setting kHelpPath{"HELP", "PATH", ""};  // path of the downloaded help
+inline constexpr Setting kNameEditorFolder{"name editor", "DFLWPATH", "", DefaultBase::kGameFolder};  // name editor's game folder
+// clang-format on
+
+// Every row, for what has to look at all of them.
+inline constexpr std::array kAll{&kStyle,
+                                 &kCheckGamePath,
+                                 &kFirstRun,
+                                 &kApp,
+                                 &kGameFolder,
+                                 &kMapFolder,
+                                 &kArchiveName,
+                                 &kGameProgram,
+                                 &kEditorProgram,
+                                 &kEditorCopy,
+                                 &kGameParameters,
+                                 &kRunAfterPack,
+                                 &kRunAfterPlaying,
+                                 &kPackProgram,
+                                 &kPlayingProgram,
+                                 &kPackProgramCopy,
+                                 &kColorPicker,
+                                 &kConverter,
+                                 &kWarnOverwrite,
+                                 &kOutputText,
+                                 &kStatusLine,
+                                 &kShowQuickLinks,
+                                 &kChooseDeathmatch,
+                                 &kChooseCaptureTheFlag,
+                                 &kChooseRename,
+                                 &kAutoHostFolder,
+                                 &kAutoHostVersion,
+                                 &kAutoHostResetGames,
+                                 &kAutoHostRename,
+                                 &kAutoHostSeconds,
+                                 &kAutoHostMinutes,
+                                 &kAutoHostGameTimer,
+                                 &kAddInCount,
+                                 &kAddInName,
+                                 &kAddInClassId,
+                                 &kUpdaterLocalFolder,
+                                 &kUpdaterSharedFolder,
+                                 &kUpdaterLocalText,
+                                 &kUpdaterSharedText,
+                                 &kUpdaterOption1,
+                                 &kUpdaterOption2,
+                                 &kUpdaterCheck1,
+                                 &kUpdaterCheckCrc,
+                                 &kUploadComments,
+                                 &kUploadAutoRename,
+                                 &kUploadSavePassword,
+                                 &kUploadFolder,
+                                 &kUploadUser,
+                                 &kUploadPassword,
+                                 &kImageFolder,
+                                 &kShowBanner,
+                                 &kPreviewPicture,
+                                 &kLastVisit,
+                                 &kProgramCount,
+                                 &kProgramName,
+                                 &kProgramPath,
+                                 &kChatVersion,
+                                 &kChatCount,
+                                 &kChatRandom,
+                                 &kChatSeconds,
+                                 &kChatMessage,
+                                 &kChatMessageType,
+                                 &kHelpVersion,
+                                 &kHelpPath,
+                                 &kNameEditorFolder};
 
 }  // namespace setting
 }  // namespace kestrun

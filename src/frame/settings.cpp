@@ -1,9 +1,5 @@
 #include "frame/settings.h"
 
-#include <algorithm>
-#include <optional>
-
-#include "base/runtime_error.h"
 #include "formats/profile/profile_file.h"
 #include "frame/game_paths.h"
 #include "platform/platform.h"
@@ -11,50 +7,60 @@
 namespace kestrun {
 namespace {
 
-// A buffer of 256 of which the service is told 255, and which it ends with a NUL.
-constexpr size_t kLongestValue = 254;
+// Section and key of a row, its open name filled.
+struct KeyName {
+  std::string section;
+  std::string key;
+};
 
-std::optional<std::string> ReadValue(const std::string& file, std::string_view section, std::string_view key) {
-  std::optional<std::string> value;
-  Attempt([&] { value = ReadProfileString(file, section, key, kLongestValue); });
-  return value;
+KeyName NameOf(const Setting& row, std::string_view open_part) {
+  KeyName name{std::string(row.section), std::string(row.key)};
+  if (row.open == OpenName::kSection) name.section += open_part;
+  if (row.open == OpenName::kKey) name.key += open_part;
+  return name;
 }
+
+std::string SettingsFile() { return AppFile("packit.ini"); }
 
 }  // namespace
 
 std::string GetIniValue(const std::string& File, const std::string& Section, const std::string& Key,
                         const std::string& Default) {
-  return ReadValue(File, Section, Key).value_or(Default);
+  const auto value = ReadProfileValue(File, Section, Key);
+  return value ? *value : ShapeProfileDefault(Default);
 }
 
 void SetIniValue(const std::string& File, const std::string& Section, const std::string& Key, std::string& Value) {
-  const std::string written = Value;
-  std::replace_if(
-      Value.begin(), Value.end(), [](char character) { return character == '\r' || character == '\n'; }, ' ');
-  Attempt([&] { WriteProfileString(File, Section, Key, written); });
+  const std::string copy = Value;
+  for (char& c : Value)
+    if (c == '\r' || c == '\n') c = ' ';
+  static_cast<void>(WriteProfileValue(File, Section, Key, copy));
 }
 
-std::string AppFile(std::string_view Name) { return platform().program().Folder() + "\\" + std::string(Name); }
+std::string AppFile(const std::string& Name) { return platform().program().Folder() + "\\" + Name; }
+
+std::string ReadSetting(const Setting& row, std::string_view open_part) {
+  const KeyName name = NameOf(row, open_part);
+  const auto value = ReadProfileValue(SettingsFile(), name.section, name.key);
+  return value ? *value : ShapeProfileDefault(DefaultOf(row));
+}
+
+void WriteSetting(const Setting& row, std::string value) { WriteNumberedSetting(row, {}, std::move(value)); }
+
+void WriteNumberedSetting(const Setting& row, std::string_view open_part, std::string value) {
+  const KeyName name = NameOf(row, open_part);
+  SetIniValue(SettingsFile(), name.section, name.key, value);
+}
 
 std::string DefaultOf(const Setting& row) {
-  const std::string text(row.text);
-  switch (row.source) {
-    case SettingDefault::kText: return text;
-    case SettingDefault::kProgramFolder: return platform().program().Folder() + text;
-    case SettingDefault::kGameFolder: return GameFolder();
-    case SettingDefault::kMapFolder: return MapFolder();
-    case SettingDefault::kGamePathFromRegistry: return GamePathFromRegistry();
+  switch (row.base) {
+    case DefaultBase::kProgramFolder: return platform().program().Folder() + std::string(row.text);
+    case DefaultBase::kGameFolder: return GameFolder();
+    case DefaultBase::kMapFolder: return MapFolder();
+    case DefaultBase::kRegistry: return GamePathFromRegistry();
+    case DefaultBase::kText: break;
   }
-  return text;
-}
-
-std::string ReadSetting(const Setting& row) {
-  const auto value = ReadValue(AppFile("packit.ini"), row.section, row.key);
-  return value ? *value : DefaultOf(row);
-}
-
-void WriteSetting(const Setting& row, std::string value) {
-  SetIniValue(AppFile("packit.ini"), std::string(row.section), std::string(row.key), value);
+  return std::string(row.text);
 }
 
 std::string GetSetting(std::string_view Application, std::string_view Section, std::string_view Key,

@@ -1,6 +1,6 @@
 #include "frame/show_error.h"
 
-#include <string>
+#include <exception>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -8,10 +8,10 @@
 
 namespace kestrun {
 
-void ShowError(std::string_view Context) {
-  const RuntimeError failure = CurrentError();
-  MsgBox("Error: " + std::string(Context) + std::to_string(failure.number()) + std::string(kCrLf) +
-         failure.description());
+void ShowError(const std::string& Context) {
+  // Called by a script there may be no failure: number 0 with no description.
+  const RuntimeError failure = std::current_exception() ? CurrentError() : RuntimeError(0, "");
+  MsgBox("Error: " + Context + std::to_string(failure.number()) + std::string(kCrLf) + failure.description());
 }
 
 }  // namespace kestrun

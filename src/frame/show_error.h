@@ -1,11 +1,12 @@
-// The common report of the whole program.
+// The common report of a failure.
 #pragma once
 
-#include <string_view>
+#include <string>
 
 namespace kestrun {
 
-// From inside a catch block: a box "Error: " + Context + number + CR LF + description of the failure in flight.
-void ShowError(std::string_view Context);
+// Called while a failure is being handled: shows "Error: ", the context, the failure's number, and its description on a
+// line of its own. The context is empty or ends in a blank.
+void ShowError(const std::string& Context);
 
 }  // namespace kestrun

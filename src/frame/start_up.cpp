@@ -58,7 +58,8 @@ void FindGame() {
   MsgBox("Please select it yourself.");
   std::string picked = BrowseForFolder(
       "Select the folder where you installed your game. By default this is C:\\program files\\novalogic\\delta force "
-      "land warrior demo");
+      "land warrior demo",
+      folder::kMyComputer, "");
   if (!picked.empty()) Attempt([&] { WriteSetting(setting::kGameFolder, ParentFolder(picked)); });
   WriteSetting(setting::kCheckGamePath, "False");
 }

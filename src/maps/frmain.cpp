@@ -94,7 +94,7 @@ void frmain::FolderTextChanged() {
 }
 
 void frmain::BrowseFolder() {
-  std::string folder = BrowseForFolder("Select the folder where you want to load maps from.");
+  std::string folder = BrowseForFolder("Select the folder where you want to load maps from.", folder::kMyComputer, "");
   if (folder.empty()) return;
   folder.pop_back();
   Text1.Text = folder;
