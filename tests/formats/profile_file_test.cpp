@@ -160,5 +160,14 @@ TEST_F(ProfileFileTest, ADefaultIsCutAndLosesTheBlanksAtItsEnd) {
   EXPECT_EQ(ShapeProfileDefault("C:\\Карты 地図 é😀"), "C:\\Карты 地図 é😀");
 }
 
+TEST_F(ProfileFileTest, ATextBeyondTheCodePageTurnsTheFileToUtf8AndEverythingReadsAsBefore) {
+  const std::string path = Path("packit.ini");
+  WriteFile(path, "[launcher]\r\nOLD=caf\xE9\r\n");
+  EXPECT_TRUE(WriteProfileValue(path, "FOLDERS", "DFLW", "C:\\Карты 地図 é😀"));
+  EXPECT_EQ(ReadProfileValue(path, "FOLDERS", "DFLW"), "C:\\Карты 地図 é😀");
+  EXPECT_EQ(ReadProfileValue(path, "launcher", "OLD"), "café");
+  EXPECT_TRUE(ReadFile(path).starts_with("\xEF\xBB\xBF"));
+}
+
 }  // namespace
 }  // namespace kestrun
