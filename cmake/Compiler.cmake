@@ -23,3 +23,8 @@ if(MINGW)
   add_compile_definitions(UNICODE _UNICODE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)
   add_link_options(-static)
 endif()
+if(KESTRUN_FUZZ)
+  # Coverage in all code; the fuzzer's own main only in the targets.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_link_options(-fsanitize=fuzzer-no-link)
+endif()

@@ -1,0 +1,65 @@
+// Files in memory for the fuzz targets: flat names, nothing but what reading and writing one archive needs.
+#pragma once
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/runtime_error.h"
+#include "platform/files.h"
+
+namespace kestrun {
+
+class MemoryFiles final : public FileSystem {
+ public:
+  std::map<std::string, Bytes, std::less<>> content;
+
+  std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override {
+    const auto found = content.find(path);
+    if (found == content.end() && mode == OpenMode::kRead) Raise(error::kFileNotFound);
+    Bytes& bytes = found == content.end() ? content[std::string(path)] : found->second;
+    if (mode == OpenMode::kCreate) bytes.clear();
+    return std::make_unique<MemoryFile>(bytes);
+  }
+  bool Exists(std::string_view path) override { return content.contains(path); }
+  bool IsFolder(std::string_view) override { return false; }
+  void Copy(std::string_view from, std::string_view to) override {
+    content[std::string(to)] = content[std::string(from)];
+  }
+  void Delete(std::string_view path) override { content.erase(std::string(path)); }
+  void Rename(std::string_view, std::string_view) override { Raise(error::kPermissionDenied); }
+  void Replace(std::string_view from, std::string_view to) override {
+    content[std::string(to)] = std::move(content[std::string(from)]);
+    content.erase(std::string(from));
+  }
+  void MakeFolder(std::string_view) override {}
+  void RemoveFolder(std::string_view) override {}
+  std::vector<FolderEntry> List(std::string_view) override { return {}; }
+  void SetWriteTime(std::string_view, uint64_t) override {}
+  std::string CurrentFolder() override { return "C:\\"; }
+
+ private:
+  class MemoryFile final : public File {
+   public:
+    explicit MemoryFile(Bytes& bytes) : bytes_(bytes) {}
+    uint64_t Size() override { return bytes_.size(); }
+    size_t ReadAt(uint64_t offset, MutableByteView buffer) override {
+      if (offset >= bytes_.size()) return 0;
+      const size_t count = std::min<size_t>(buffer.size(), bytes_.size() - offset);
+      std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(offset), count, buffer.begin());
+      return count;
+    }
+    void WriteAt(uint64_t offset, ByteView bytes) override {
+      if (offset + bytes.size() > bytes_.size()) bytes_.resize(offset + bytes.size());
+      std::copy(bytes.begin(), bytes.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(offset));
+    }
+    void Close() override {}
+
+   private:
+    Bytes& bytes_;
+  };
+};
+
+}  // namespace kestrun

@@ -1,0 +1,338 @@
+// Real windows driven by real messages.
+#include <gtest/gtest.h>
+
+#include "forms/check_box.h"
+#include "forms/command_button.h"
+#include "forms/file_list_box.h"
+#include "forms/form.h"
+#include "forms/frame.h"
+#include "forms/image.h"
+#include "forms/label.h"
+#include "forms/list_box.h"
+#include "forms/menu_item.h"
+#include "forms/option_button.h"
+#include "forms/picture_box.h"
+#include "forms/text_box.h"
+#include "forms/window_registry.h"
+#include "platform/win32/control_peer.h"
+#include "platform/win32/keyboard.h"
+#include "platform/win32/wide_text.h"
+#include "platform/win32/win32_platform.h"
+
+namespace kestrun {
+namespace {
+
+class frmpeers final : public Form {
+ public:
+  static constexpr const char* kName = "frmpeers";
+  frmpeers() : Form(kName) {
+    Caption = "Peers";
+    SetClientSize(6000, 4500);
+    lblName.Caption = "&Name:";
+    lblName.Move(150, 150, 1500, 240);
+    txtName.Move(150, 420, 2400, 315);
+    txtName.ToolTipText = "A tip";
+    Frame1.Caption = "Choice";
+    Frame1.Move(150, 900, 2400, 1200);
+    first.SetContainer(Frame1);
+    first.Caption = "&First";
+    first.Move(150, 300, 1800, 270);
+    second.SetContainer(Frame1);
+    second.Caption = "&Second";
+    second.Move(150, 660, 1800, 270);
+    Check1.Caption = "&Ticked";
+    Check1.Move(150, 2250, 2400, 270);
+    List1.Move(3000, 150, 2400, 1800);
+    cmdOK.Caption = "&OK";
+    cmdOK.Default = true;
+    cmdOK.Move(3000, 3900, 1200, 375);
+    cmdCancel.Caption = "Cancel";
+    cmdCancel.Cancel = true;
+    cmdCancel.Move(4350, 3900, 1200, 375);
+    image.Move(3000, 2400, 480, 480);
+    for (const char* row : {"one", "two", "three"}) List1.AddItem(row);
+  }
+
+  Label& lblName = Add<Label>("lblName");
+  TextBox& txtName = Add<TextBox>("txtName");
+  Frame& Frame1 = Add<Frame>("Frame1");
+  OptionButton& first = Add<OptionButton>("options", 0);
+  OptionButton& second = Add<OptionButton>("options", 1);
+  CheckBox& Check1 = Add<CheckBox>("Check1");
+  ListBox& List1 = Add<ListBox>("List1");
+  CommandButton& cmdOK = Add<CommandButton>("cmdOK");
+  CommandButton& cmdCancel = Add<CommandButton>("cmdCancel");
+  Image& image = Add<Image>("image");
+};
+
+const WindowRegistration registration(frmpeers::kName, [] { return MakeRef<frmpeers>(); });
+
+class PeerTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_NE(GetDesktopWindow(), nullptr);
+    form().Show();
+    ASSERT_FALSE(FormWindow::OpenWindows().empty()) << "no window came up: is there a display?";
+    Pump();
+  }
+  void TearDown() override {
+    CloseAllWindows();
+    Pump();
+    _wputenv_s(L"KESTRUN_DPI", L"");
+  }
+
+  frmpeers& form() { return Window<frmpeers>(); }
+  FormWindow& window() { return *FormWindow::OpenWindows().back(); }
+  HWND HandleOf(Control& control) { return window().PeerOf(control)->window(); }
+  void Pump() { platform.clock().RunPendingEvents(); }
+
+  void ClickWindow(HWND target, int x = 5, int y = 5) {
+    PostMessageW(target, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+    PostMessageW(target, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+    Pump();
+  }
+  // A key pressed while the control has the focus.
+  void PressKey(Control& control, WPARAM key) {
+    SetFocus(HandleOf(control));
+    PostMessageW(HandleOf(control), WM_KEYDOWN, key, 1);
+    PostMessageW(HandleOf(control), WM_KEYUP, key, 1);
+    Pump();
+  }
+  void PressAccessKey(wchar_t letter) {
+    PostMessageW(GetFocus() ? GetFocus() : window().window(), WM_SYSCHAR, static_cast<WPARAM>(letter), 1 << 29);
+    Pump();
+  }
+  static std::wstring TextOf(HWND target) {
+    wchar_t text[200] = {};
+    GetWindowTextW(target, text, 200);
+    return text;
+  }
+
+  Win32Platform platform;
+  PlatformInstallation installation{platform};
+};
+
+TEST_F(PeerTest, AClickOnAButtonRunsItsHandler) {
+  int clicks = 0;
+  form().cmdOK.Click = [&] { ++clicks; };
+  ClickWindow(HandleOf(form().cmdOK));
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(PeerTest, TypingChangesTheModelAndTheModelChangesTheBox) {
+  std::string seen;
+  form().txtName.Change = [&] { seen = form().txtName.Text; };
+  for (const wchar_t letter : std::wstring(L"Ж地")) SendMessageW(HandleOf(form().txtName), WM_CHAR, letter, 1);
+  EXPECT_EQ(form().txtName.Text.get(), "Ж地");
+  EXPECT_EQ(seen, "Ж地");
+  form().txtName.Text = std::string("from the model");
+  EXPECT_EQ(TextOf(HandleOf(form().txtName)), L"from the model");
+}
+
+TEST_F(PeerTest, OptionsOfAFrameExcludeEachOther) {
+  ClickWindow(HandleOf(form().first));
+  EXPECT_TRUE(form().first.Value);
+  ClickWindow(HandleOf(form().second));
+  EXPECT_FALSE(form().first.Value);
+  EXPECT_TRUE(form().second.Value);
+  EXPECT_EQ(SendMessageW(HandleOf(form().second), BM_GETCHECK, 0, 0), BST_CHECKED);
+  EXPECT_EQ(SendMessageW(HandleOf(form().first), BM_GETCHECK, 0, 0), BST_UNCHECKED);
+}
+
+TEST_F(PeerTest, ACheckBoxTicksAndClears) {
+  ClickWindow(HandleOf(form().Check1));
+  EXPECT_EQ(form().Check1.Value, 1);
+  ClickWindow(HandleOf(form().Check1));
+  EXPECT_EQ(form().Check1.Value, 0);
+}
+
+TEST_F(PeerTest, AListRowIsChosenByMouseAndShownFromTheModel) {
+  int clicks = 0;
+  form().List1.Click = [&] { ++clicks; };
+  const auto height = static_cast<int>(SendMessageW(HandleOf(form().List1), LB_GETITEMHEIGHT, 0, 0));
+  ClickWindow(HandleOf(form().List1), 10, height + height / 2);
+  EXPECT_EQ(form().List1.ListIndex, 1);
+  EXPECT_EQ(clicks, 1);
+  form().List1.ListIndex = 2;
+  EXPECT_EQ(SendMessageW(HandleOf(form().List1), LB_GETCURSEL, 0, 0), 2);
+}
+
+TEST_F(PeerTest, RowsThatTheModelAddsAreShown) {
+  form().List1.AddItem("four");
+  Pump();
+  EXPECT_EQ(SendMessageW(HandleOf(form().List1), LB_GETCOUNT, 0, 0), 4);
+  form().List1.Clear();
+  Pump();
+  EXPECT_EQ(SendMessageW(HandleOf(form().List1), LB_GETCOUNT, 0, 0), 0);
+}
+
+TEST_F(PeerTest, TabGoesThroughTheStopsInOrder) {
+  SetFocus(HandleOf(form().txtName));
+  PostMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 1);
+  Pump();
+  EXPECT_EQ(GetFocus(), HandleOf(form().first));  // stands for its group
+  PostMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 1);
+  Pump();
+  EXPECT_EQ(GetFocus(), HandleOf(form().Check1));
+}
+
+TEST_F(PeerTest, ArrowsMoveInsideAnOptionGroup) {
+  form().first.Value = true;
+  PressKey(form().first, VK_DOWN);
+  EXPECT_TRUE(form().second.Value);
+  EXPECT_EQ(GetFocus(), HandleOf(form().second));
+}
+
+TEST_F(PeerTest, EnterPressesTheDefaultButtonAndEscTheCancelButton) {
+  std::string pressed;
+  form().cmdOK.Click = [&] { pressed += "OK "; };
+  form().cmdCancel.Click = [&] { pressed += "Cancel "; };
+  PressKey(form().txtName, VK_RETURN);
+  PressKey(form().txtName, VK_ESCAPE);
+  EXPECT_EQ(pressed, "OK Cancel ");
+}
+
+TEST_F(PeerTest, EnterOnAnotherButtonPressesThatOne) {
+  std::string pressed;
+  form().cmdOK.Click = [&] { pressed += "OK "; };
+  form().cmdCancel.Click = [&] { pressed += "Cancel "; };
+  PressKey(form().cmdCancel, VK_RETURN);
+  EXPECT_EQ(pressed, "Cancel ");
+}
+
+TEST_F(PeerTest, AccessKeysPressButtonsAndALabelsKeyGoesToItsBox) {
+  bool pressed = false;
+  form().cmdOK.Click = [&] { pressed = true; };
+  PressAccessKey(L'o');
+  EXPECT_TRUE(pressed);
+  PressAccessKey(L'n');
+  EXPECT_EQ(GetFocus(), HandleOf(form().txtName));
+  PressAccessKey(L's');
+  EXPECT_TRUE(form().second.Value);
+}
+
+TEST_F(PeerTest, AKeyHandlerMaySwallowAKey) {
+  bool pressed = false;
+  form().cmdOK.Click = [&] { pressed = true; };
+  form().txtName.KeyDown = [](int& code, int) { code = 0; };
+  PressKey(form().txtName, VK_RETURN);
+  EXPECT_FALSE(pressed);
+}
+
+TEST_F(PeerTest, MouseMovesOverADrawnPictureAreItsOwn) {
+  int x = -1;
+  form().image.MouseMove = [&](int, int, int at_x, int) { x = at_x; };
+  bool clicked = false;
+  form().image.Click = [&] { clicked = true; };
+  const ScreenScale scale = window().scale();
+  const int left = scale.Pixels(3000) + 10;
+  const int top = scale.Pixels(2400) + 10;
+  PostMessageW(window().window(), WM_MOUSEMOVE, 0, MAKELPARAM(left, top));
+  ClickWindow(window().window(), left, top);
+  EXPECT_EQ(x, scale.Twips(10));
+  EXPECT_TRUE(clicked);
+}
+
+TEST_F(PeerTest, AMenuCommandRunsItsHandlerAndADisabledOneDoesNot) {
+  MenuItem& file = form().Add<MenuItem>("mnu_file");
+  file.Caption = "&File";
+  MenuItem& exit = form().Add<MenuItem>("mnu_exit");
+  exit.SetParent(file);
+  exit.Caption = "E&xit";
+  int chosen = 0;
+  exit.Click = [&] { ++chosen; };
+  Pump();
+  const HMENU menu = GetMenu(window().window());
+  ASSERT_NE(menu, nullptr);
+  const UINT command = GetMenuItemID(GetSubMenu(menu, 0), 0);
+  SendMessageW(window().window(), WM_COMMAND, command, 0);
+  EXPECT_EQ(chosen, 1);
+  exit.Enabled = false;
+  Pump();
+  SendMessageW(window().window(), WM_COMMAND, GetMenuItemID(GetSubMenu(GetMenu(window().window()), 0), 0), 0);
+  EXPECT_EQ(chosen, 1);
+}
+
+TEST_F(PeerTest, AMenuShortcutWorksFromAnyControl) {
+  MenuItem& refresh = form().Add<MenuItem>("mnu_refresh");
+  refresh.Caption = "&Refresh";
+  refresh.Shortcut = std::string("F5");
+  int chosen = 0;
+  refresh.Click = [&] { ++chosen; };
+  PressKey(form().txtName, VK_F5);
+  EXPECT_EQ(chosen, 1);
+}
+
+TEST_F(PeerTest, ADisabledControlIsDisabledOnTheScreen) {
+  form().cmdOK.Enabled = false;
+  EXPECT_FALSE(IsWindowEnabled(HandleOf(form().cmdOK)));
+  form().cmdOK.Visible = false;
+  EXPECT_FALSE(IsWindowVisible(HandleOf(form().cmdOK)));
+}
+
+TEST_F(PeerTest, AModalFormDisablesTheOthersAndGivesTheFocusBack) {
+  class Question final : public Form {
+   public:
+    Question() : Form("frmquestion") { BorderStyle = static_cast<int>(FormBorder::kFixedDialog); }
+  };
+  const Ref<Question> question = MakeRef<Question>();
+  const HWND main_window = window().window();
+  bool was_disabled = false;
+  platform.clock().Post([&] {
+    was_disabled = !IsWindowEnabled(main_window);
+    question->Unload();
+  });
+  question->ShowModal();
+  EXPECT_TRUE(was_disabled);
+  EXPECT_TRUE(IsWindowEnabled(main_window));
+}
+
+TEST_F(PeerTest, AHandlerMayCloseItsOwnFormAndShowABoxAfterwards) {
+  form().cmdOK.Click = [this] {
+    form().Unload();
+    platform.clock().RunPendingEvents();  // what a box's own message loop would do
+  };
+  ClickWindow(HandleOf(form().cmdOK));
+  EXPECT_EQ(LoadedWindow(frmpeers::kName), nullptr);
+}
+
+TEST_F(PeerTest, GeometryFollowsTheScreensScale) {
+  for (const int dpi : {96, 144, 192}) {
+    CloseAllWindows();
+    Pump();
+    _wputenv_s(L"KESTRUN_DPI", std::to_wstring(dpi).c_str());
+    form().Show();
+    RECT client{};
+    GetClientRect(window().window(), &client);
+    EXPECT_EQ(client.right, MulDiv(6000, dpi, 1440)) << dpi;
+    RECT box{};
+    GetWindowRect(HandleOf(form().txtName), &box);
+    EXPECT_EQ(box.right - box.left, MulDiv(150 + 2400, dpi, 1440) - MulDiv(150, dpi, 1440)) << dpi;
+  }
+}
+
+TEST_F(PeerTest, NothingIsLeftOverWhenWindowsComeAndGo) {
+  const auto count = [](DWORD kind) { return GetGuiResources(GetCurrentProcess(), kind); };
+  const auto open_and_close = [this] {
+    form().Show();
+    Pump();
+    CloseAllWindows();
+    Pump();
+  };
+  open_and_close();
+  const DWORD graphics = count(GR_GDIOBJECTS);
+  const DWORD windows = count(GR_USEROBJECTS);
+  for (int round = 0; round < 50; ++round) open_and_close();
+  EXPECT_LE(count(GR_GDIOBJECTS), graphics + 2);
+  EXPECT_LE(count(GR_USEROBJECTS), windows + 2);
+}
+
+TEST(AccessKey, IsTheLetterBehindTheMark) {
+  EXPECT_EQ(AccessKeyOf(L"Put &map"), L'm');
+  EXPECT_EQ(AccessKeyOf(L"&Ж"), L'ж');
+  EXPECT_EQ(AccessKeyOf(L"Save && close"), L'\0');
+  EXPECT_EQ(AccessKeyOf(L"ends in &"), L'\0');
+}
+
+}  // namespace
+}  // namespace kestrun
