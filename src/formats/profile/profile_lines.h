@@ -6,7 +6,12 @@
 
 namespace kestrun {
 
-// Without the blanks of profile text at both ends: blank, tab, vertical tab, form feed and the end-of-file mark.
+// Blank, tab, vertical tab, form feed and the end-of-file mark.
+[[nodiscard]] inline bool IsProfileBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\x1A';
+}
+
+// Without the blanks of profile text at both ends.
 [[nodiscard]] std::string_view TrimProfileBlanks(std::string_view text);
 
 enum class ProfileLineKind { kBlank, kComment, kSection, kKey };
@@ -24,7 +29,7 @@ struct ProfileLine {
 // Walks the lines. A line ends at CR LF, LF or CR.
 class ProfileLineCursor {
  public:
-  explicit ProfileLineCursor(std::string_view text) : text_(text) {}
+  explicit ProfileLineCursor(std::string_view text);
 
   // Moves on to the next line; false behind the last one.
   [[nodiscard]] bool Next();
@@ -36,6 +41,8 @@ class ProfileLineCursor {
 
  private:
   [[nodiscard]] size_t Find(char wanted, size_t& known) const;
+  void FindMixedLineEnd();
+  void FindLineFeed();
 
   std::string_view text_;
   size_t begin_ = 0;
@@ -45,6 +52,8 @@ class ProfileLineCursor {
   size_t line_feed_ = 0;
   size_t carriage_return_ = 0;
   bool searched_ = false;
+  // Some line ends at a carriage return alone, so that both line ends have to be looked for.
+  bool has_lone_return_;
 };
 
 }  // namespace kestrun
