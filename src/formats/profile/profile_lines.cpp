@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 
 namespace kestrun {
 namespace {
@@ -55,28 +54,6 @@ void ProfileLineCursor::FindMixedLineEnd() {
   next_ = std::min(end_ + (is_pair ? 2 : 1), text_.size());
 }
 
-void ProfileLineCursor::FindLineFeed() {
-  const void* found = std::memchr(text_.data() + begin_, '\n', text_.size() - begin_);
-  if (!found) {
-    end_ = next_ = text_.size();
-    return;
-  }
-  end_ = static_cast<size_t>(static_cast<const char*>(found) - text_.data());
-  next_ = end_ + 1;
-  if (end_ > begin_ && text_[end_ - 1] == '\r') --end_;
-}
-
 ProfileLineCursor::ProfileLineCursor(std::string_view text) : text_(text), has_lone_return_(HasLoneReturn(text)) {}
-
-bool ProfileLineCursor::Next() {
-  if (next_ >= text_.size()) return false;
-  begin_ = next_;
-  if (has_lone_return_) {
-    FindMixedLineEnd();
-  } else {
-    FindLineFeed();
-  }
-  return true;
-}
 
 }  // namespace kestrun

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 namespace kestrun {
@@ -55,5 +56,27 @@ class ProfileLineCursor {
   // Some line ends at a carriage return alone, so that both line ends have to be looked for.
   bool has_lone_return_;
 };
+
+inline void ProfileLineCursor::FindLineFeed() {
+  const void* found = std::memchr(text_.data() + begin_, '\n', text_.size() - begin_);
+  if (!found) {
+    end_ = next_ = text_.size();
+    return;
+  }
+  end_ = static_cast<size_t>(static_cast<const char*>(found) - text_.data());
+  next_ = end_ + 1;
+  if (end_ > begin_ && text_[end_ - 1] == '\r') --end_;
+}
+
+inline bool ProfileLineCursor::Next() {
+  if (next_ >= text_.size()) return false;
+  begin_ = next_;
+  if (has_lone_return_) {
+    FindMixedLineEnd();
+  } else {
+    FindLineFeed();
+  }
+  return true;
+}
 
 }  // namespace kestrun
