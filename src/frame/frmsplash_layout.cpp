@@ -4,7 +4,7 @@
 namespace kestrun {
 
 void frmsplash::LayOut() {
-  Caption = "Kestrun";
+  Caption = "Kestrun is starting";
   BorderStyle = static_cast<int>(FormBorder::kNone);
   StartUpPosition = static_cast<int>(StartPosition::kCenterScreen);
   ShowInTaskbar = false;

@@ -15,8 +15,6 @@
 namespace kestrun {
 namespace {
 
-constexpr int kTemporaryFolder = 1025;
-
 std::string FillMacros(std::string text, const std::string& temporary_folder) {
   // The game folder is resolved only where it is asked for: resolving may put a question to the user.
   if (text.find("%GAMEDIR%") != std::string::npos) text = ReplaceAll(text, "%GAMEDIR%", GameFolder());
@@ -71,7 +69,7 @@ void PackCommand(const std::string& command) {
 
 bool packfile(std::string Source, const std::string& Name, std::string ArchivePath, bool IsZip) {
   try {
-    std::string temporary_folder = SpecialFolder(kTemporaryFolder);
+    std::string temporary_folder = SpecialFolder(folder::kTemporary);
     if (!temporary_folder.empty()) temporary_folder.pop_back();
     Source = FillMacros(Source, temporary_folder);
     if (IsUrl(Source) && !DownloadFile(Source, temporary_folder + "\\" + Name)) {

@@ -19,7 +19,6 @@
 namespace kestrun {
 namespace {
 
-constexpr int kMyComputer = 17;
 constexpr std::string_view kProtocolPrefix = "kestrun://";
 
 std::string WithoutProtocol(std::string text) {
@@ -60,7 +59,7 @@ void FindGame() {
   std::string picked = BrowseForFolder(
       "Select the folder where you installed your game. By default this is C:\\program files\\novalogic\\delta force "
       "land warrior demo",
-      kMyComputer, "");
+      folder::kMyComputer, "");
   if (!picked.empty()) Attempt([&] { WriteSetting(setting::kGameFolder, ParentFolder(picked)); });
   WriteSetting(setting::kCheckGamePath, "False");
 }

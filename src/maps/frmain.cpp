@@ -16,8 +16,6 @@ namespace {
 
 const WindowRegistration registration(frmain::kName, [] { return MakeRef<frmain>(); });
 
-constexpr int kMyComputer = 17;
-
 // Runs one command of the window; its failure is reported without a context, and the window goes on.
 template <class Command>
 void RunCommand(Command&& command) {
@@ -96,7 +94,7 @@ void frmain::FolderTextChanged() {
 }
 
 void frmain::BrowseFolder() {
-  std::string folder = BrowseForFolder("Select the folder where you want to load maps from.", kMyComputer, "");
+  std::string folder = BrowseForFolder("Select the folder where you want to load maps from.", folder::kMyComputer, "");
   if (folder.empty()) return;
   folder.pop_back();
   Text1.Text = folder;

@@ -5,7 +5,7 @@ namespace kestrun {
 namespace {
 
 // Edges and gaps that the whole window shares, in twips.
-constexpr int kClientWidth = 8460;
+constexpr int kClientWidth = 9060;
 constexpr int kClientHeight = 6120;
 constexpr int kMargin = 180;
 constexpr int kColumn = 4920;

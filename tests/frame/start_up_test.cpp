@@ -34,9 +34,7 @@ constexpr const char* kStartBrowse =
 class StartUpTest : public FrameTest {
  protected:
   StartUpTest() {
-    if (!IsWindowRegistered("frmopenmap")) {
-      const WindowRegistration registration("frmopenmap", [] { return MakeRef<LoadMapWindow>(); });
-    }
+    const WindowRegistration registration("frmopenmap", [] { return MakeRef<LoadMapWindow>(); });
     WriteIni("[launcher]\r\nFIRSTRUN=False\r\n");
     TellGameFolder();
   }

@@ -1,16 +1,13 @@
 // The command-line program: -pack and the other words that need no window, with the same code and the same bytes as the
 // Windows program. What a box would have said goes to standard error, and its safe answer is taken.
 #include <cstdio>
-#include <filesystem>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "base/text.h"
 #include "frame/commands.h"
 #include "frame/pack_command.h"
-#include "platform/headless/headless_platform.h"
-#include "platform/headless/posix_files.h"
+#include "platform/headless/command_line_host.h"
 
 namespace {
 
@@ -29,12 +26,6 @@ int FailWithUsage(const std::string& command) {
   return kExitUsage;
 }
 
-std::string ProgramFolder() {
-  std::error_code failure;
-  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", failure);
-  return failure ? std::filesystem::current_path().string() : program.parent_path().string();
-}
-
 bool IsHelp(const std::string& command) { return command == "?" || command == "/?" || command == "-?"; }
 
 bool IsCompletePack(const std::string& command) {
@@ -48,13 +39,10 @@ int main(int argument_count, char** arguments) {
   const std::string command = kestrun::JoinCommandWords(words);
   if (!IsHelp(command) && !IsCompletePack(command)) return FailWithUsage(command);
 
-  kestrun::PosixFileSystem files;
-  kestrun::HeadlessPlatform platform(files);
-  const kestrun::PlatformInstallation installation(platform);
-  platform.program().folder = ProgramFolder();
-  platform.shell().temporary_folder = std::filesystem::temp_directory_path().string();
+  kestrun::CommandLineHost host(command);
+  const kestrun::PlatformInstallation installation(host.platform());
   bool reported = false;
-  platform.OnUnexpected([&reported, &command](const kestrun::UnexpectedQuestion& question) {
+  host.platform().OnUnexpected([&reported, &command](const kestrun::UnexpectedQuestion& question) {
     reported = true;
     std::fprintf(IsHelp(command) ? stdout : stderr, "%s\n", question.text.c_str());
   });

@@ -16,8 +16,7 @@
 
 #include "platform/win32/win32_platform.h"
 #else
-#include "platform/headless/headless_platform.h"
-#include "platform/headless/posix_files.h"
+#include "platform/headless/command_line_host.h"
 #endif
 
 namespace {
@@ -78,8 +77,10 @@ void MakeArchive(const std::string& path) {
     std::snprintf(name, sizeof name, "STOCK%03d.BIN", at);
     const auto seed = static_cast<uint32_t>(at + 1);
     archive.PackFile(Filler(seed, 200 + seed * 97 % 5000), name);
-    if (at == 100) archive.PackFile(Mission({"", "Desert prison", "Stock", "DDESERT1", kCaptureTheFlag, 40000}), "D08M03.BMS");
-    if (at == 200) archive.PackFile(Mission({"", "Death Valley", "Stock", "DVALLEY1", kDeathmatch, 40000}), "D08M04.BMS");
+    if (at == 100)
+      archive.PackFile(Mission({"", "Desert prison", "Stock", "DDESERT1", kCaptureTheFlag, 40000}), "D08M03.BMS");
+    if (at == 200)
+      archive.PackFile(Mission({"", "Death Valley", "Stock", "DVALLEY1", kDeathmatch, 40000}), "D08M04.BMS");
   }
   archive.SavePffFile();
 }
@@ -101,13 +102,14 @@ int List(const std::string& path) {
     return 1;
   }
   for (int32_t at = 0; at < archive.PFFTotalFiles(); ++at) {
-    std::printf("%-16s offset %8d length %8d\n", archive.FileName(at).c_str(), archive.FileOffset(at), archive.FileLength(at));
+    std::printf("%-16s offset %8d length %8d\n", archive.FileName(at).c_str(), archive.FileOffset(at),
+                archive.FileLength(at));
   }
   return 0;
 }
 
-// Starts a program with one raw command text, as a shortcut or the shell does, and gives its exit code. The text comes in
-// the environment variable KESTRUN_ARGUMENTS, where nothing quotes it again.
+// Starts a program with one raw command text, as a shortcut or the shell does, and gives its exit code. The text comes
+// in the environment variable KESTRUN_ARGUMENTS, where nothing quotes it again.
 int Start(const std::string& program) {
 #ifdef _WIN32
   const std::wstring path(program.begin(), program.end());
@@ -141,8 +143,8 @@ int main(int argument_count, char** arguments) {
 #ifdef _WIN32
   kestrun::Win32Platform platform;
 #else
-  kestrun::PosixFileSystem files;
-  kestrun::HeadlessPlatform platform(files);
+  kestrun::CommandLineHost host("");
+  kestrun::Platform& platform = host.platform();
 #endif
   const kestrun::PlatformInstallation installation(platform);
   return argument_count == 3 ? Run(arguments[1], arguments[2]) : Run("", "");

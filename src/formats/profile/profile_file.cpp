@@ -1,5 +1,6 @@
 #include "formats/profile/profile_file.h"
 
+#include "base/code_page.h"
 #include "base/runtime_error.h"
 #include "formats/profile/profile_text.h"
 #include "platform/platform.h"
@@ -30,6 +31,15 @@ void ReplaceContent(std::string_view path, ByteView content) {
   }
 }
 
+// A text that the code page cannot hold, such as the folder of a player in another country, turns the file into UTF-8
+// with its mark; everything that stood in it reads as before.
+Bytes InFittingEncoding(Bytes content, std::string_view section, std::string_view key, std::string_view value) {
+  const bool fits = !FirstUnencodable(section) && !FirstUnencodable(key) && !FirstUnencodable(value);
+  if (fits || DetectProfileEncoding(content) != ProfileEncoding::kCodePage) return content;
+  const std::string text = "\xEF\xBB\xBF" + DecodeText(AsChars(content));
+  return Bytes(text.begin(), text.end());
+}
+
 }  // namespace
 
 std::optional<std::string> ReadProfileValue(std::string_view path, std::string_view section, std::string_view key) {
@@ -46,7 +56,7 @@ std::string ShapeProfileDefault(std::string_view text) {
 
 bool WriteProfileValue(std::string_view path, std::string_view section, std::string_view key, std::string_view value) {
   return Attempt([&] {
-    const Bytes content = ReadForChange(path);
+    const Bytes content = InFittingEncoding(ReadForChange(path), section, key, value);
     const std::optional<Bytes> changed = WithProfileValue(content, section, key, value);
     if (changed) ReplaceContent(path, *changed);
   });
