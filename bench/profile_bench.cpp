@@ -98,10 +98,9 @@ int main() {
   if (!::mkdtemp(folder.data())) return 1;
   const std::string path = folder + "/packit.ini";
   files.WriteAll(path, AsBytes(Content()));
-  const bool first = Compare(path, "key0");
-  const bool middle = Compare(path, "key100");
-  const bool last = Compare(path, "key199");
+  // The last key, so that both walk the whole file.
+  const bool passes = Compare(path, "key" + std::to_string(kKeyCount - 1));
   files.Delete(path);
   files.RemoveFolder(folder);
-  return first && middle && last ? 0 : 1;
+  return passes ? 0 : 1;
 }

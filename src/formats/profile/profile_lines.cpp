@@ -1,11 +1,21 @@
 #include "formats/profile/profile_lines.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace kestrun {
 namespace {
 
-bool IsProfileBlank(char c) { return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\x1A'; }
+// Without an early way out, so that the compiler can look at many characters at once.
+bool HasLoneReturn(std::string_view text) {
+  if (text.empty()) return false;
+  const char* const chars = text.data();
+  uint8_t lone = text.back() == '\r' ? 1 : 0;
+  for (size_t i = 1; i < text.size(); ++i) {
+    lone = static_cast<uint8_t>(lone | ((chars[i - 1] == '\r') & (chars[i] != '\n')));
+  }
+  return lone != 0;
+}
 
 ProfileLine ParseKeyLine(std::string_view line) {
   const size_t equals = line.find('=');
@@ -37,14 +47,13 @@ size_t ProfileLineCursor::Find(char wanted, size_t& known) const {
   return known;
 }
 
-bool ProfileLineCursor::Next() {
-  if (next_ >= text_.size()) return false;
-  begin_ = next_;
+void ProfileLineCursor::FindMixedLineEnd() {
   end_ = std::min(Find('\n', line_feed_), Find('\r', carriage_return_));
   searched_ = true;
   const bool is_pair = end_ == carriage_return_ && line_feed_ == end_ + 1 && line_feed_ < text_.size();
   next_ = std::min(end_ + (is_pair ? 2 : 1), text_.size());
-  return true;
 }
+
+ProfileLineCursor::ProfileLineCursor(std::string_view text) : text_(text), has_lone_return_(HasLoneReturn(text)) {}
 
 }  // namespace kestrun

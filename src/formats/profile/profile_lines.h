@@ -2,11 +2,17 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 namespace kestrun {
 
-// Without the blanks of profile text at both ends: blank, tab, vertical tab, form feed and the end-of-file mark.
+// Blank, tab, vertical tab, form feed and the end-of-file mark.
+[[nodiscard]] inline bool IsProfileBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\x1A';
+}
+
+// Without the blanks of profile text at both ends.
 [[nodiscard]] std::string_view TrimProfileBlanks(std::string_view text);
 
 enum class ProfileLineKind { kBlank, kComment, kSection, kKey };
@@ -24,7 +30,7 @@ struct ProfileLine {
 // Walks the lines. A line ends at CR LF, LF or CR.
 class ProfileLineCursor {
  public:
-  explicit ProfileLineCursor(std::string_view text) : text_(text) {}
+  explicit ProfileLineCursor(std::string_view text);
 
   // Moves on to the next line; false behind the last one.
   [[nodiscard]] bool Next();
@@ -36,6 +42,8 @@ class ProfileLineCursor {
 
  private:
   [[nodiscard]] size_t Find(char wanted, size_t& known) const;
+  void FindMixedLineEnd();
+  void FindLineFeed();
 
   std::string_view text_;
   size_t begin_ = 0;
@@ -45,6 +53,30 @@ class ProfileLineCursor {
   size_t line_feed_ = 0;
   size_t carriage_return_ = 0;
   bool searched_ = false;
+  // Some line ends at a carriage return alone, so that both line ends have to be looked for.
+  bool has_lone_return_;
 };
+
+inline void ProfileLineCursor::FindLineFeed() {
+  const void* found = std::memchr(text_.data() + begin_, '\n', text_.size() - begin_);
+  if (!found) {
+    end_ = next_ = text_.size();
+    return;
+  }
+  end_ = static_cast<size_t>(static_cast<const char*>(found) - text_.data());
+  next_ = end_ + 1;
+  if (end_ > begin_ && text_[end_ - 1] == '\r') --end_;
+}
+
+inline bool ProfileLineCursor::Next() {
+  if (next_ >= text_.size()) return false;
+  begin_ = next_;
+  if (has_lone_return_) {
+    FindMixedLineEnd();
+  } else {
+    FindLineFeed();
+  }
+  return true;
+}
 
 }  // namespace kestrun

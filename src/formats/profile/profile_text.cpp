@@ -115,6 +115,14 @@ class WantedName {
     if (is_ascii_) return EqualsNoAsciiCase(name, encoded_);
     return EqualsNoCase(content_.Decode(name), decoded_);
   }
+  // False for a line that begins neither with this name nor with a blank: it cannot be the key's. The last letter tells
+  // numbered keys apart at once.
+  [[nodiscard]] bool MayBegin(std::string_view line) const {
+    if (!is_ascii_ || encoded_.empty() || IsProfileBlank(line.front())) return true;
+    const size_t length = encoded_.size();
+    if (line.size() < length || LowerAscii(line[length - 1]) != LowerAscii(encoded_.back())) return false;
+    return line.size() == length || line[length] == '=' || IsProfileBlank(line[length]);
+  }
 
  private:
   const ProfileContent& content_;
@@ -145,8 +153,14 @@ KeyPlace FindKey(std::string_view text, const WantedName& section, const WantedN
   place.has_section = section.text().empty();
   for (ProfileLineCursor cursor(text); cursor.Next();) {
     const std::string_view raw = cursor.line();
-    // Outside the section only section lines count, and no other line needs a closer look.
-    if (!place.has_section && raw.find('[') == std::string_view::npos) continue;
+    if (raw.empty()) continue;
+    // Most lines need no closer look: outside the section only section lines count, inside it section and key lines.
+    const bool may_be_section = raw.front() == '[' || IsProfileBlank(raw.front());
+    if (!may_be_section && !place.has_section) continue;
+    if (!may_be_section && !key.MayBegin(raw)) {
+      place.section_end = cursor.next();
+      continue;
+    }
     const ProfileLine line = ParseProfileLine(raw);
     if (line.kind == ProfileLineKind::kSection) {
       if (place.has_section) return place;

@@ -125,6 +125,13 @@ FileDescriptor OpenDescriptor(const std::string& path, int flags) {
   return FileDescriptor(descriptor);
 }
 
+// Most files that are read are there under the very name: they are opened without a look at their folder before.
+// Closed when that fails, for whatever reason, or when the mode could make a new file.
+FileDescriptor OpenAsWritten(const std::string& path, OpenMode mode) {
+  if (mode != OpenMode::kRead) return FileDescriptor();
+  return FileDescriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+}
+
 Status StatusOf(const FileDescriptor& descriptor) {
   Status status{};
   if (::fstat(descriptor.get(), &status) != 0) RaiseErrno();
@@ -289,7 +296,8 @@ std::string PosixFileSystem::NativePath(std::string_view path) const {
 }
 
 std::unique_ptr<File> PosixFileSystem::Open(std::string_view path, OpenMode mode) {
-  FileDescriptor descriptor = OpenDescriptor(NativePath(path), OpenFlags(mode));
+  FileDescriptor descriptor = OpenAsWritten(WithDriveAndSlashes(path), mode);
+  if (!descriptor.IsOpen()) descriptor = OpenDescriptor(NativePath(path), OpenFlags(mode));
   const mode_t kind = StatusOf(descriptor).st_mode;
   if (!S_ISREG(kind) && !S_ISCHR(kind)) Raise(error::kPathFileAccess);
   return std::make_unique<PosixFile>(std::move(descriptor));
