@@ -28,3 +28,7 @@ if(KESTRUN_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
   add_link_options(-fsanitize=fuzzer-no-link)
 endif()
+# g++ 12 sees overlaps in std::string that are not there once it inlines at -O3.
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  target_compile_options(kestrun_options INTERFACE $<$<CONFIG:Release>:-Wno-error=restrict>)
+endif()

@@ -1,18 +1,34 @@
-// Any bytes as a profile file: what is written is read back, and every other value stays.
+// The profile reader and writer on any bytes: what was written is read again, and writing it once more changes nothing.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <string>
 
 #include "formats/profile/profile_text.h"
 
+namespace {
+
+using kestrun::ByteView;
+
+void Check(bool condition) {
+  if (!condition) std::abort();
+}
+
+void WriteAndReadBack(ByteView content, const char* section, const char* key, const char* value) {
+  static_cast<void>(kestrun::FindProfileValue(content, section, key, 254));
+  const auto changed = kestrun::WithProfileValue(content, section, key, value);
+  const ByteView now = changed ? ByteView(*changed) : content;
+  const auto read = kestrun::FindProfileValue(now, section, key, 254);
+  Check(read && *read == value);
+  Check(!kestrun::WithProfileValue(now, section, key, value));
+}
+
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  const kestrun::ByteView content(data, size);
-  constexpr size_t kLimit = 254;
-  const auto other = kestrun::FindProfileValue(content, "FOLDERS", "DFLW", kLimit);
-  const auto changed = kestrun::WithProfileValue(content, "launcher", "STYLE", "dark");
-  if (!changed) return 0;
-  if (kestrun::FindProfileValue(*changed, "LAUNCHER", "style", kLimit) != "dark") std::abort();
-  if (kestrun::FindProfileValue(*changed, "FOLDERS", "DFLW", kLimit) != other) std::abort();
+  const ByteView content(data, size);
+  WriteAndReadBack(content, "launcher", "STYLE", "dark.stl");
+  WriteAndReadBack(content, "a", "k", "");
+  WriteAndReadBack(content, "", "k", "1");
+  WriteAndReadBack(content, "\xC3\xA4", "\xC3\xB6", "v");
   return 0;
 }
