@@ -70,7 +70,7 @@ void frmain::ShowTipsInStatusLine() {
 
 void frmain::Load() {
   if (SafeMode()) return;
-  LoadStep([this] { WriteSetting(setting::kApp, platform().program().ExeName() + ".exe"); });
+  LoadStep([] { WriteSetting(setting::kApp, platform().program().ExeName() + ".exe"); });
   LoadStep([this] { txtoutput.Text = ReadSetting(setting::kOutputText); });
   LoadStep([this] {
     const std::string folder = MapFolder();
