@@ -39,12 +39,14 @@ ArrayBody::ArrayBody(std::vector<int32_t> dimension_sizes, bool is_fixed)
   size_t count = 1;
   for (const int32_t size : sizes) count *= static_cast<size_t>(size);
   elements.resize(count);
+  CountBytes();
 }
 
 Ref<ArrayBody> ArrayBody::Clone() const {
   Ref<ArrayBody> copy = MakeRef<ArrayBody>(std::vector<int32_t>{}, fixed);
   copy->sizes = sizes;
   copy->elements = elements;
+  copy->CountBytes();
   return copy;
 }
 

@@ -36,15 +36,37 @@ enum class VarType : uint16_t {
 // The code of the kError value that stands for a left-out argument (DISP_E_PARAMNOTFOUND).
 inline constexpr int32_t kMissingArgument = static_cast<int32_t>(0x80020004);
 
+// Bytes that the texts and arrays of variants take, so that a script's budget can be held against them.
+class LiveBytes {
+ public:
+  LiveBytes() = default;
+  ~LiveBytes() { total_ -= counted_; }
+  LiveBytes(const LiveBytes&) = delete;
+  LiveBytes& operator=(const LiveBytes&) = delete;
+  void Set(size_t bytes) {
+    total_ += bytes - counted_;
+    counted_ = bytes;
+  }
+  [[nodiscard]] static size_t Total() { return total_; }
+
+ private:
+  inline static size_t total_ = 0;
+  size_t counted_ = 0;
+};
+
 // A shared UTF-16 text. May hold lone surrogates.
 class TextBody final : public RefCounted {
  public:
   TextBody() = default;
-  explicit TextBody(std::u16string content) : text(std::move(content)) {}
+  explicit TextBody(std::u16string content) : text(std::move(content)) { CountBytes(); }
+  // For whoever has changed the text a lot.
+  void CountBytes() { bytes_.Set(text.capacity() * sizeof(char16_t)); }
   std::u16string text;
 
  private:
   void LastReferenceGone() noexcept override { delete this; }
+
+  LiveBytes bytes_;
 };
 
 class ArrayBody;
@@ -215,6 +237,12 @@ class ArrayBody final : public RefCounted {
   uint32_t pins = 0;           // references that do not make the array a shared value; it may not change its size
   bool fixed = false;          // dimensioned by Dim: neither ReDim nor assignment may replace it
   std::vector<Variant> elements;
+
+  // For whoever has changed the number of elements.
+  void CountBytes() { bytes_.Set(elements.size() * sizeof(Variant)); }
+
+ private:
+  LiveBytes bytes_;
 };
 
 // Names as TypeName gives them for values that are no objects: "Integer", "String", "Variant()" ...

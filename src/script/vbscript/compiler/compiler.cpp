@@ -81,13 +81,22 @@ int32_t Compiler::AddSite(NameId name, Operand object) {
 }
 
 void Compiler::EmitJump(Label& label, Opcode opcode, int32_t b, int32_t c, uint32_t n) {
-  const size_t at = Emit(opcode, static_cast<int32_t>(label.place), b, c, n);
-  if (label.place == SIZE_MAX) label.jumps.push_back(at);
+  const size_t at = Emit(opcode, 0, b, c, n);
+  if (label.place == SIZE_MAX) {
+    label.jumps.push_back(at);
+  } else {
+    AimJump(at, label.place);
+  }
+}
+
+// Jumps hold their distance.
+void Compiler::AimJump(size_t jump, size_t target) {
+  code_->instructions[jump].a = static_cast<int32_t>(static_cast<int64_t>(target) - static_cast<int64_t>(jump));
 }
 
 void Compiler::Place(Label& label) {
   label.place = Here();
-  for (const size_t jump : label.jumps) code_->instructions[jump].a = static_cast<int32_t>(label.place);
+  for (const size_t jump : label.jumps) AimJump(jump, label.place);
   label.jumps.clear();
 }
 

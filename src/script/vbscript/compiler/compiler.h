@@ -29,6 +29,9 @@ struct CompileContext {
 [[nodiscard]] std::unique_ptr<Code> CompileStatements(const CompileContext& context, Block statements);
 [[nodiscard]] std::unique_ptr<Code> CompileEvaluation(const CompileContext& context, const Expression& expression);
 
+// The value of a Const declaration.
+[[nodiscard]] Variant ConstantValue(const Module& module, const ConstStatement& constant);
+
 enum class Intrinsic : uint8_t { kErr, kEval, kExecute, kExecuteGlobal, kGetRef };
 
 class Compiler {
@@ -92,6 +95,7 @@ class Compiler {
   Operand LiteralOperand(uint32_t literal);
   int32_t AddSite(NameId name, Operand object);
   void EmitJump(Label& label, Opcode opcode, int32_t b = 0, int32_t c = 0, uint32_t n = 0);
+  void AimJump(size_t jump, size_t target);
   void Place(Label& label);
   void Mark(uint32_t position);
   void EndMark(size_t mark, size_t resume);

@@ -22,7 +22,7 @@ namespace kestrun::vbs {
   X(Equal) X(NotEqual) X(Less) X(LessEqual) X(Greater) X(GreaterEqual)                                         \
   /* a &= the n values from register b on */                                                                   \
   X(Append)                                                                                                    \
-  /* to instruction a; Loop goes back and costs time */                                                        \
+  /* by a instructions; Loop goes back and costs time */                                                  \
   X(Jump) X(Loop) X(JumpFalse) X(JumpTrue)                                                                     \
   X(JumpUnlessEqual) X(JumpUnlessNotEqual) X(JumpUnlessLess) X(JumpUnlessLessEqual) X(JumpUnlessGreater)       \
   X(JumpUnlessGreaterEqual) X(JumpIfEqual) X(JumpIfNotEqual) X(JumpIfLess) X(JumpIfLessEqual)                  \

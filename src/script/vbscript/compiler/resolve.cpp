@@ -34,18 +34,22 @@ const std::unordered_map<std::string, Variant>& LibraryConstants() {
 
 }  // namespace
 
-void Compiler::AddLocal(NameId name, Operand operand, bool is_constant) {
-  locals_.insert_or_assign(name, Local{operand, is_constant});
-}
-
-void Compiler::DeclareConstant(const ConstStatement& constant) {
+Variant ConstantValue(const Module& module, const ConstStatement& constant) {
   const Expression* value = constant.value;
   bool negative = false;
   for (; value->kind == ExpressionKind::kUnary; value = value->left) {
     negative = negative != (value->operation == Operator::kNegate);
   }
-  const Variant& literal = context_.module.literals[value->literal];
-  AddLocal(constant.name, AddConstant(negative ? Negate(literal) : literal), true);
+  const Variant& literal = module.literals[value->literal];
+  return negative ? Negate(literal) : literal;
+}
+
+void Compiler::AddLocal(NameId name, Operand operand, bool is_constant) {
+  locals_.insert_or_assign(name, Local{operand, is_constant});
+}
+
+void Compiler::DeclareConstant(const ConstStatement& constant) {
+  AddLocal(constant.name, AddConstant(ConstantValue(context_.module, constant)), true);
 }
 
 // Registers: parameters first, then the function's result, then the variables.
@@ -138,7 +142,8 @@ Compiler::Meaning Compiler::ResolveLibrary(NameId name) {
 
 // Nothing has this name: it is a variable if this code assigns it, and otherwise looked up when the code runs.
 Compiler::Meaning Compiler::ResolveNew(NameId name, NameUse use) {
-  if (context_.module.option_explicit) return {};
+  const std::vector<NameId>& redimmed = procedure_ ? procedure_->redimmed : context_.module.redimmed;
+  if (context_.module.option_explicit && !std::binary_search(redimmed.begin(), redimmed.end(), name)) return {};
   if (use != NameUse::kAssigned && !IsAssignedHere(name)) return {};
   if (procedure_ && locals_complete_) return {};
   if (procedure_) {

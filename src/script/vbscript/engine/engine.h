@@ -2,11 +2,13 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "script/vbscript/engine/err_object.h"
+#include "script/vbscript/engine/procedure_reference.h"
 #include "script/vbscript/engine/program.h"
 #include "script/vbscript/machine/machine.h"
 #include "script/vbscript/runtime/context.h"
@@ -15,6 +17,10 @@
 namespace kestrun::vbs {
 
 class ClassInstance;
+
+// Number and text under which a host hears of it.
+inline constexpr int kTimeLimitNumber = -2147467260;  // E_ABORT
+inline constexpr std::string_view kTimeLimitText = "The script ran longer than its time limit and was stopped";
 
 // The time is up. No handler of a script or of a host's catch for errors sees it.
 struct TimeLimitReached {};
@@ -30,6 +36,15 @@ struct ModuleError {
   int number = 0;
   SourcePlace place;
   std::string line;
+};
+
+// What went wrong, in the words for a host; number 0 for nothing.
+struct ErrorReport {
+  int number = 0;
+  SourcePlace place;
+  std::string description;
+  std::string line;
+  std::string source;
 };
 
 class Engine final : public RuntimeContext {
@@ -51,9 +66,21 @@ class Engine final : public RuntimeContext {
   [[nodiscard]] Variant MakeProcedureReference(const Variant& name);
   [[nodiscard]] Variant MakeObject(NameId class_name);
 
+  // Calls a global procedure; error 13 when there is none of the name.
+  Variant CallGlobal(std::string_view name, Arguments arguments);
+  // Runs an action of the host on this engine and tells how it ended.
+  ErrorReport Report(const std::function<void()>& action);
+
+  // Calls from hosts, and from objects that hosts may hold.
+  Variant Call(Procedure& procedure, ClassInstance* self, Arguments arguments);
+  void Terminate(ClassInstance& instance) noexcept;
+  [[nodiscard]] Variant FieldValue(const Variant& field, Arguments arguments);
+  void StoreField(Variant& field, Arguments arguments, const Variant& value, bool set);
+
   // Starts the clock for the outermost of nested activities.
   class Activity;
   void CheckTime();
+
   [[nodiscard]] bool stopping() const { return stopping_; }
 
   // RuntimeContext.
@@ -76,13 +103,16 @@ class Engine final : public RuntimeContext {
 
   [[nodiscard]] std::shared_ptr<Module> ParseExecuted(const Variant& text, bool as_expression);
   void DefineClass(const std::shared_ptr<Module>& module, const ClassTree& tree);
+  void AddMethod(ClassDefinition& definition, const std::shared_ptr<Module>& module, const ProcedureTree& tree);
   void ReleaseEverything();
+  void Retire(ClassInstance& instance);
 
   NameTable names_;
   GlobalScope globals_;
   Limits limits_;
   Machine machine_;
   Ref<ErrObject> err_;
+  std::shared_ptr<EngineLink> link_;
   ClassInstance* living_ = nullptr;
   std::vector<std::shared_ptr<Module>> modules_;  // those that errors may still point into
   std::chrono::steady_clock::time_point deadline_;

@@ -26,11 +26,25 @@ struct ErrorPlace {
 // An error on its way out of the machine.
 class PlacedError : public RuntimeError {
  public:
-  PlacedError(const RuntimeError& error, ErrorPlace place) : RuntimeError(error), place_(place) {}
+  PlacedError(const RuntimeError& error, ErrorPlace place, std::string name = {})
+      : RuntimeError(error), place_(place), name_(std::move(name)) {}
   [[nodiscard]] const ErrorPlace& place() const { return place_; }
+  // What the error is about; empty when it is about no name.
+  [[nodiscard]] const std::string& name() const { return name_; }
 
  private:
   ErrorPlace place_;
+  std::string name_;
+};
+
+// An error about a name: the name is for the host, the description that a script sees stays plain.
+class NamedError : public RuntimeError {
+ public:
+  NamedError(int number, std::string name);
+  [[nodiscard]] const std::string& name() const { return name_; }
+
+ private:
+  std::string name_;
 };
 
 class Machine {
@@ -50,7 +64,6 @@ class Machine {
 
   // True while the executing code stands in a procedure.
   [[nodiscard]] bool InProcedure() const;
-  [[nodiscard]] ErrorPlace CurrentPlace() const;
   [[nodiscard]] bool idle() const { return frames_.empty(); }
 
   void Charge(uint64_t steps) {
@@ -72,7 +85,6 @@ class Machine {
     bool boundary = false;  // returns to native code
     bool resume_next = false;
   };
-  struct Iteration;
 
 #define KESTRUN_HANDLER(name) const Instruction* Do##name(const Instruction* pc);
   KESTRUN_OPCODES(KESTRUN_HANDLER)
@@ -113,6 +125,7 @@ class Machine {
   static Variant CopyOf(const Variant& value);
   Variant PlainCopy(const Variant& value);
   [[nodiscard]] static Object& ObjectOf(const Variant& value);
+  static void ObjectOrNothing(const Variant& value);
   void RequireAssignable(const Variant& target) const;
 
   // Operators (arithmetic.cpp): what the fast paths leave over.
@@ -147,8 +160,11 @@ class Machine {
   const Instruction* StoreClassMember(const Instruction* pc, ClassInstance& self, const ClassMember& member, bool set);
   const Instruction* StoreOwnMember(const Instruction* pc, bool set);
   const Instruction* CallGlobalName(const Instruction* pc);
+  static Arguments ValuesOf(Arguments arguments);
   void GiveResult(Operand result, Variant value);
   void StoreByName(const Instruction& at, bool set);
+  const Instruction* SlowForNext(const Instruction* pc);
+  [[noreturn]] void RaiseNamed(int number, NameId name) const;
   Variant IterationOver(const Variant& collection);
 
   Engine& engine_;

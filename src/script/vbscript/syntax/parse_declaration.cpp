@@ -138,6 +138,7 @@ std::unique_ptr<ProcedureTree> Parser::ParseProcedure(bool is_public, bool is_de
   ParseProcedureBody(*procedure);
   scope_ = outer;
   std::sort(procedure->assigned.begin(), procedure->assigned.end());
+  std::sort(procedure->redimmed.begin(), procedure->redimmed.end());
   return procedure;
 }
 

@@ -220,7 +220,10 @@ void Parser::ParseReDim(Statements& out) {
   do {
     Expression* target = ParsePostfix(ParsePrimary());
     if (target->kind != ExpressionKind::kCall) Fail(compile_error::kExpectedOpen);
-    if (target->left->kind == ExpressionKind::kName) MarkAssigned(target->left->name);
+    if (target->left->kind == ExpressionKind::kName) {
+      MarkAssigned(target->left->name);
+      (scope_->procedure ? scope_->procedure->redimmed : module_.redimmed).push_back(target->left->name);
+    }
     out.push_back(module_.arena.Make<ReDimStatement>(Statement{StatementKind::kReDim, position}, preserve,
                                                      target->left, target->arguments));
     position = token_.end;

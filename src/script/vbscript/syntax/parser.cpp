@@ -20,6 +20,7 @@ void Parser::ParseModule() {
     SkipSeparators();
   }
   std::sort(module_.assigned.begin(), module_.assigned.end());
+  std::sort(module_.redimmed.begin(), module_.redimmed.end());
 }
 
 void Parser::ParseEvaluation() {

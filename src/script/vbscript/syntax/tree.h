@@ -168,7 +168,8 @@ struct ProcedureTree {
   std::vector<Parameter> parameters;
   std::vector<NameId> locals;    // declared by Dim and Const anywhere in the body
   std::vector<ConstStatement*> constants;
-  std::vector<NameId> assigned;  // every bare name that the body assigns, sorted
+  std::vector<NameId> assigned;  // every bare name that the body assigns or passes on, sorted
+  std::vector<NameId> redimmed;  // names that ReDim declares unless they exist, sorted
   Block body;
 };
 
@@ -191,6 +192,7 @@ struct Module {
   std::vector<DeclaredVariable> variables;  // declared by Dim at the top level, wherever it stands
   std::vector<ConstStatement*> constants;   // likewise
   std::vector<NameId> assigned;
+  std::vector<NameId> redimmed;
   std::vector<Statement*> statements;       // global code in order
   Expression* expression = nullptr;         // what Eval was given
 };
