@@ -29,8 +29,8 @@ class ScriptEngine {
   // Whether scripts may raise their own dialogues. False at first.
   [[nodiscard]] virtual bool AllowUI() const = 0;
   virtual void SetAllowUI(bool allow) = 0;
-  // How long one call into the engine may run, in milliseconds; -1 for ever. 10000 at first. A script that runs longer is
-  // stopped, whatever it does, and Error gets kScriptTimedOut.
+  // How long one call into the engine may run, in milliseconds; -1 for ever. 10000 at first. A script that runs longer
+  // is stopped, whatever it does, and Error gets kScriptTimedOut.
   [[nodiscard]] virtual int64_t Timeout() const = 0;
   virtual void SetTimeout(int64_t milliseconds) = 0;
   // Empty at first: AddCode fails until it is a language that the engine speaks.

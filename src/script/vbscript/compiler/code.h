@@ -23,8 +23,8 @@ enum class Space : uint8_t {
   kRegister,
   kConstant,
   kGlobal,
-  kField,      // of the object whose method runs
-  kIndirect,   // a register that may hold a stand-in for another variable
+  kField,     // of the object whose method runs
+  kIndirect,  // a register that may hold a stand-in for another variable
   kSpaceCount,
 };
 
@@ -86,11 +86,11 @@ struct Code {
   std::vector<LocalName> locals;
   uint32_t register_count = 0;
   uint32_t parameter_count = 0;
-  uint32_t cleared_count = 0;   // registers from the parameters on that must be Empty at the start
+  uint32_t cleared_count = 0;  // registers from the parameters on that must be Empty at the start
   uint32_t result_register = 0;
   bool gives_result = false;
   bool has_by_value = false;
-  std::vector<bool> by_value;   // by parameter
+  std::vector<bool> by_value;  // by parameter
   Module* module = nullptr;
 };
 

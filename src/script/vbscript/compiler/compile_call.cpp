@@ -10,9 +10,11 @@ void Compiler::EmitCall(Opcode opcode, int32_t called, int base, size_t count, O
   if (target != kNoResult) MarkDirty(static_cast<int>(IndexOf(target)));
 }
 
-// Only an element of a variable can be passed by reference, not one of a member or of a function's result.
+// Only an element of a variable can be passed by reference, or one of such an element, but none of a member or of a
+// function's result.
 bool Compiler::CanPassElement(const Expression& argument) {
   if (argument.kind != ExpressionKind::kCall || argument.arguments.empty()) return false;
+  if (argument.left->kind == ExpressionKind::kCall) return CanPassElement(*argument.left);
   if (argument.left->kind != ExpressionKind::kName) return false;
   return Resolve(argument.left->name, NameUse::kCalled).kind == MeaningKind::kVariable;
 }
@@ -25,7 +27,8 @@ bool Compiler::ReferenceInto(const Expression& argument, int reg, int pin) {
     return true;
   }
   if (!CanPassElement(argument)) return false;
-  const Operand array = Resolve(argument.left->name, NameUse::kCalled).operand;
+  const bool nested = argument.left->kind == ExpressionKind::kCall;
+  const Operand array = nested ? ElementPlace(*argument.left) : Resolve(argument.left->name, NameUse::kCalled).operand;
   const int saved = next_register_;
   const int indexes = ArgumentList(argument.arguments, false);
   Emit(Opcode::kPin, pin, array);

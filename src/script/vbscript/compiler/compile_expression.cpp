@@ -9,7 +9,7 @@ namespace {
 struct OperatorRow {
   Operator operation;
   Opcode compute;
-  Opcode jump_if;      // comparisons only
+  Opcode jump_if;  // comparisons only
   Opcode jump_unless;
 };
 
@@ -41,9 +41,7 @@ constexpr OperatorRow kOperators[] = {
 
 const OperatorRow& RowOf(Operator operation) { return kOperators[static_cast<size_t>(operation)]; }
 
-bool IsComparison(Operator operation) {
-  return operation >= Operator::kEqual && operation <= Operator::kGreaterEqual;
-}
+bool IsComparison(Operator operation) { return operation >= Operator::kEqual && operation <= Operator::kGreaterEqual; }
 
 const Expression& Bare(const Expression& expression) {
   const Expression* bare = &expression;
@@ -117,7 +115,9 @@ void Compiler::NameInto(const Expression& expression, Operand target) {
   }
 }
 
-void Compiler::MemberInto(const Expression& expression, Operand target) { MemberCallInto(expression, {}, target, false); }
+void Compiler::MemberInto(const Expression& expression, Operand target) {
+  MemberCallInto(expression, {}, target, false);
+}
 
 void Compiler::UnaryInto(const Expression& expression, Operand target) {
   Variant folded;
@@ -168,7 +168,8 @@ bool Compiler::MayRunCode(const Expression& expression) {
   return false;
 }
 
-// An element of an array without a copy of it. Only the very next instruction may use it: the array could be gone later.
+// An element of an array without a copy of it. Only the very next instruction may use it: the array could be gone
+// later.
 Operand Compiler::BorrowElement(const Expression& expression, int left_borrowed) {
   const Operand array = Resolve(expression.left->name, NameUse::kCalled).operand;
   const int place = NewRegister();

@@ -79,9 +79,7 @@ void Compiler::AssignName(const Expression& target, const Expression& value) {
       if (!AppendTo(target, meaning.operand, value)) AssignVariable(meaning.operand, value);
       return;
     case MeaningKind::kOwnMember: return StoreOwn(meaning.member, {}, value, false);
-    case MeaningKind::kUnresolved:
-      Emit(Opcode::kStoreName, 0, Value(value), static_cast<int32_t>(target.name));
-      return;
+    case MeaningKind::kUnresolved: Emit(Opcode::kStoreName, 0, Value(value), static_cast<int32_t>(target.name)); return;
     default: EmitRaise(error::kIllegalAssignment);
   }
 }
@@ -151,9 +149,7 @@ void Compiler::SetName(const Expression& target, const Expression& value) {
       return;
     }
     case MeaningKind::kOwnMember: return StoreOwn(meaning.member, {}, value, true);
-    case MeaningKind::kUnresolved:
-      Emit(Opcode::kSetName, 0, Value(value), static_cast<int32_t>(target.name));
-      return;
+    case MeaningKind::kUnresolved: Emit(Opcode::kSetName, 0, Value(value), static_cast<int32_t>(target.name)); return;
     default: EmitRaise(error::kIllegalAssignment);
   }
 }
@@ -168,7 +164,7 @@ void Compiler::StoreElement(const Expression& target, const Expression& value, b
     const bool holds = meaning.kind == MeaningKind::kVariable || meaning.kind == MeaningKind::kConstant;
     object = holds ? meaning.operand : Value(*target.left);
   } else {
-    object = Value(*target.left);
+    object = ElementPlace(*target.left);
   }
   if (target.arguments.size() == 1 && target.arguments[0]->kind != ExpressionKind::kMissing) {
     const Operand index = LeftCopy(*target.arguments[0], value);
@@ -179,6 +175,15 @@ void Compiler::StoreElement(const Expression& target, const Expression& value, b
   const Operand stored = Value(value);
   Emit(set ? Opcode::kSetIndexMany : Opcode::kStoreIndexMany, object, stored, base,
        static_cast<uint32_t>(target.arguments.size()));
+}
+
+// Where an array inside an array stands, so that it can be changed there: a(i)(j) = x.
+Operand Compiler::ElementPlace(const Expression& expression) {
+  if (!CanPassElement(expression)) return Value(expression);
+  const int pin = NewRegister();
+  const int place = NewRegister();
+  ReferenceInto(expression, place, pin);
+  return MakeOperand(Space::kIndirect, static_cast<uint32_t>(place));
 }
 
 // The value of an operand that is read before another expression runs.

@@ -1,5 +1,5 @@
-// From tree to code. Names become operands or calls by what they mean at this moment; the code lists the global names it
-// relied on, so that it can be made anew when one of them changes its meaning.
+// From tree to code. Names become operands or calls by what they mean at this moment; the code lists the global names
+// it relied on, so that it can be made anew when one of them changes its meaning.
 #pragma once
 
 #include <memory>
@@ -154,6 +154,7 @@ class Compiler {
   void StoreOwn(MemberId member, ArgumentTrees arguments, const Expression& value, bool set);
   void StoreOperand(const Expression& target, Operand value);
   Operand ValueToMove(const Expression& value, bool& fresh);
+  Operand ElementPlace(const Expression& expression);
   Operand LeftCopy(const Expression& left, const Expression& right);
   void SetName(const Expression& target, const Expression& value);
   void CompileDim(const DimStatement& statement);

@@ -15,10 +15,8 @@ struct IntrinsicRow {
 };
 
 constexpr IntrinsicRow kIntrinsics[] = {
-    {"err", Intrinsic::kErr},
-    {"eval", Intrinsic::kEval},
-    {"execute", Intrinsic::kExecute},
-    {"executeglobal", Intrinsic::kExecuteGlobal},
+    {"err", Intrinsic::kErr},         {"eval", Intrinsic::kEval},
+    {"execute", Intrinsic::kExecute}, {"executeglobal", Intrinsic::kExecuteGlobal},
     {"getref", Intrinsic::kGetRef},
 };
 
@@ -86,7 +84,8 @@ Compiler::Meaning Compiler::Resolve(NameId name, NameUse use) {
     const MeaningKind kind = found->second.is_constant ? MeaningKind::kConstant : MeaningKind::kVariable;
     return {.kind = kind, .operand = found->second.operand};
   }
-  if (Meaning own = ResolveOwn(name); own.kind != MeaningKind::kUnresolved && !(own.is_result && use == NameUse::kCalled)) {
+  if (Meaning own = ResolveOwn(name);
+      own.kind != MeaningKind::kUnresolved && !(own.is_result && use == NameUse::kCalled)) {
     return own;
   }
   if (context_.owner) {
@@ -104,9 +103,8 @@ Compiler::Meaning Compiler::Resolve(NameId name, NameUse use) {
 // Inside a function its name is the variable of the result.
 Compiler::Meaning Compiler::ResolveOwn(NameId name) {
   if (!procedure_ || !code_->gives_result || procedure_->name != name) return {};
-  return {.kind = MeaningKind::kVariable,
-          .operand = Register(static_cast<int>(code_->result_register)),
-          .is_result = true};
+  return {
+      .kind = MeaningKind::kVariable, .operand = Register(static_cast<int>(code_->result_register)), .is_result = true};
 }
 
 Compiler::Meaning Compiler::ResolveGlobal(NameId name) {

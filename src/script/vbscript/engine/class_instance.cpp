@@ -59,10 +59,10 @@ std::vector<MemberInfo> ClassInstance::ListMembers() const {
     if (!member.is_public) continue;
     const bool method = member.get && member.get->tree->kind != ProcedureKind::kPropertyGet;
     const bool writable = member.is_field || member.let || member.set;
-    const MemberKind kind = method                             ? MemberKind::kMethod
-                            : !writable                        ? MemberKind::kReadOnly
-                            : member.is_field || member.get    ? MemberKind::kReadWrite
-                                                               : MemberKind::kWriteOnly;
+    const MemberKind kind = method                          ? MemberKind::kMethod
+                            : !writable                     ? MemberKind::kReadOnly
+                            : member.is_field || member.get ? MemberKind::kReadWrite
+                                                            : MemberKind::kWriteOnly;
     const int count = member.get ? static_cast<int>(member.get->tree->parameters.size()) : 0;
     list.push_back({LivingEngine().names().Spelling(member.name), kind, count, count});
   }

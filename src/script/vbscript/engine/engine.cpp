@@ -44,7 +44,7 @@ Engine::~Engine() {
 // Variables go first, with their objects' Class_Terminate; then the objects that hold each other.
 void Engine::ReleaseEverything() {
   const Activity activity(*this);
-  globals_.Clear();
+  globals_.Clear(false);
   while (living_ && !stopping_) {
     const Ref<ClassInstance> last(living_);
     if (!living_->terminated_ && living_->definition_->terminate) {

@@ -24,7 +24,7 @@ GlobalScope::GlobalScope() : values_(static_cast<Variant*>(std::calloc(kMostGlob
 }
 
 GlobalScope::~GlobalScope() {
-  Clear();
+  Clear(true);
   std::free(values_);
 }
 
@@ -76,7 +76,11 @@ void GlobalScope::DefineClass(NameId name, Ref<ClassDefinition> definition) {
   entry.definition = std::move(definition);
 }
 
-void GlobalScope::Clear() {
+void GlobalScope::Clear(bool everything) {
+  for (size_t name = 0; name < entries_.size(); ++name) {
+    if (entries_[name].kind == GlobalKind::kVariable) values_[entries_[name].slot].Clear();
+  }
+  if (!everything) return;
   for (uint32_t slot = 0; slot < used_; ++slot) values_[slot].Clear();
 }
 

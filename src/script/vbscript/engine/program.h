@@ -88,14 +88,14 @@ class GlobalScope {
 
   // Counts every change of a name's meaning.
   [[nodiscard]] uint32_t epoch() const { return epoch_; }
-  // Lets go of every value, the ones of variables first.
-  void Clear();
+  // Lets go of the values of variables, or of every value.
+  void Clear(bool everything);
 
  private:
   void Rebind(GlobalEntry& entry, GlobalKind kind);
   void GiveSlot(GlobalEntry& entry);
 
-  std::vector<GlobalEntry> entries_;  // by name
+  std::vector<GlobalEntry> entries_;   // by name
   std::vector<Ref<RefCounted>> kept_;  // whatever was ever defined: calls of it may be under way
   Variant* values_;
   uint32_t used_ = 0;

@@ -9,10 +9,67 @@ namespace kestrun::vbs {
 // Reserved words and words with a meaning in some places only; the table of spellings stands in token.cpp.
 enum class Word : uint8_t {
   kNone,
-  kAnd, kByRef, kByVal, kCall, kCase, kClass, kConst, kDefault, kDim, kDo, kEach, kElse, kElseIf, kEmpty, kEnd, kEqv,
-  kErase, kError, kExit, kExplicit, kFalse, kFor, kFunction, kGet, kGoTo, kIf, kImp, kIn, kIs, kLet, kLoop, kMe, kMod,
-  kNew, kNext, kNot, kNothing, kNull, kOn, kOption, kOr, kPreserve, kPrivate, kProperty, kPublic, kReDim, kRem, kResume,
-  kSelect, kSet, kStep, kStop, kSub, kThen, kTo, kTrue, kUntil, kWEnd, kWhile, kWith, kXor,
+  kAnd,
+  kByRef,
+  kByVal,
+  kCall,
+  kCase,
+  kClass,
+  kConst,
+  kDefault,
+  kDim,
+  kDo,
+  kEach,
+  kElse,
+  kElseIf,
+  kEmpty,
+  kEnd,
+  kEqv,
+  kErase,
+  kError,
+  kExit,
+  kExplicit,
+  kFalse,
+  kFor,
+  kFunction,
+  kGet,
+  kGoTo,
+  kIf,
+  kImp,
+  kIn,
+  kIs,
+  kLet,
+  kLoop,
+  kMe,
+  kMod,
+  kNew,
+  kNext,
+  kNot,
+  kNothing,
+  kNull,
+  kOn,
+  kOption,
+  kOr,
+  kPreserve,
+  kPrivate,
+  kProperty,
+  kPublic,
+  kReDim,
+  kRem,
+  kResume,
+  kSelect,
+  kSet,
+  kStep,
+  kStop,
+  kSub,
+  kThen,
+  kTo,
+  kTrue,
+  kUntil,
+  kWEnd,
+  kWhile,
+  kWith,
+  kXor,
 };
 
 enum class TokenKind : uint8_t {
@@ -49,10 +106,10 @@ struct Token {
   Word word = Word::kNone;    // of an identifier that is not escaped
   bool space_before = false;  // blanks stand before it: `.x` behind a blank begins a new expression
   bool first_on_line = false;
-  bool escaped = false;       // written as [name]
-  uint32_t position = 0;      // offset of the first character
+  bool escaped = false;   // written as [name]
+  uint32_t position = 0;  // offset of the first character
   uint32_t end = 0;
-  std::string_view text;      // of an identifier, string (quotes still doubled) or date, without its delimiters
+  std::string_view text;  // of an identifier, string (quotes still doubled) or date, without its delimiters
   double number = 0;
 };
 

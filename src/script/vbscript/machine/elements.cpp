@@ -6,8 +6,8 @@
 #include "script/vbscript/engine/engine.h"
 #include "script/vbscript/machine/iteration.h"
 #include "script/vbscript/machine/machine.h"
-#include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/conversions.h"
+#include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/operators.h"
 
 namespace kestrun::vbs {

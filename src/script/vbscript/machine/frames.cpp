@@ -47,11 +47,11 @@ const Instruction* Machine::Dispatch(const Instruction* pc) {
   while (true) {
     try {
       goto* kLabels[static_cast<size_t>(pc->opcode)];
-#define KESTRUN_RUN(name)                            \
-  L_##name : pc = Do##name(pc);                      \
-  if constexpr (kMayLeave<Opcode::k##name>) {        \
-    if (!pc) return nullptr;                         \
-  }                                                  \
+#define KESTRUN_RUN(name)                     \
+  L_##name : pc = Do##name(pc);               \
+  if constexpr (kMayLeave<Opcode::k##name>) { \
+    if (!pc) return nullptr;                  \
+  }                                           \
   goto* kLabels[static_cast<size_t>(pc->opcode)];
       KESTRUN_OPCODES(KESTRUN_RUN)
 #undef KESTRUN_RUN

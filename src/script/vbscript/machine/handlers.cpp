@@ -93,8 +93,7 @@ const Instruction* Machine::DoLoadName(const Instruction* pc) {
     case GlobalKind::kVariable:
     case GlobalKind::kConstant:
     case GlobalKind::kObject: GiveResult(pc->a, globals_.ValueOf(entry)); return pc + 1;
-    case GlobalKind::kProcedure:
-      return Enter(*entry.procedure, nullptr, registers_ + IndexOf(pc->a), 0, pc->a, pc + 1);
+    case GlobalKind::kProcedure: return Enter(*entry.procedure, nullptr, registers_ + IndexOf(pc->a), 0, pc->a, pc + 1);
     case GlobalKind::kClass: RaiseScript(error::kTypeMismatch);
     case GlobalKind::kUnbound: break;
   }

@@ -218,19 +218,19 @@ inline const Instruction* Machine::DoConcatenate(const Instruction* pc) {
 }
 
 // Bit by bit on numbers of one kind, plain logic on two Booleans.
-#define KESTRUN_LOGIC(name, symbol)                                                                        \
-  inline const Instruction* Machine::Do##name(const Instruction* pc) {                                     \
-    const Variant& left = At(pc->b);                                                                       \
-    const Variant& right = At(pc->c);                                                                      \
-    const unsigned kind = WholeKind(left, right);                                                          \
-    if (left.Is(VarType::kBoolean) && right.Is(VarType::kBoolean)) {                                       \
+#define KESTRUN_LOGIC(name, symbol)                                                                           \
+  inline const Instruction* Machine::Do##name(const Instruction* pc) {                                        \
+    const Variant& left = At(pc->b);                                                                          \
+    const Variant& right = At(pc->c);                                                                         \
+    const unsigned kind = WholeKind(left, right);                                                             \
+    if (left.Is(VarType::kBoolean) && right.Is(VarType::kBoolean)) {                                          \
       At(pc->a).SetBoolean((static_cast<int>(left.boolean()) symbol static_cast<int>(right.boolean())) != 0); \
-    } else if (kind <= kWholeNumbers) {                                                                    \
-      StoreWhole(At(pc->a), kind, left.whole() symbol right.whole());                                      \
-    } else {                                                                                               \
-      SlowBinary(*pc, name);                                                                               \
-    }                                                                                                      \
-    return pc + 1;                                                                                         \
+    } else if (kind <= kWholeNumbers) {                                                                       \
+      StoreWhole(At(pc->a), kind, left.whole() symbol right.whole());                                         \
+    } else {                                                                                                  \
+      SlowBinary(*pc, name);                                                                                  \
+    }                                                                                                         \
+    return pc + 1;                                                                                            \
   }
 KESTRUN_LOGIC(And, &)
 KESTRUN_LOGIC(Or, |)
@@ -281,43 +281,42 @@ inline const Instruction* Machine::DoNot(const Instruction* pc) {
 #define KESTRUN_COMPARISONS(X) \
   X(Equal, ==) X(NotEqual, !=) X(Less, <) X(LessEqual, <=) X(Greater, >) X(GreaterEqual, >=)
 
-#define KESTRUN_COMPARISON(name, sign)                                                                  \
-  inline const Instruction* Machine::Do##name(const Instruction* pc) {                                  \
-    const Variant& left = At(pc->b);                                                                    \
-    const Variant& right = At(pc->c);                                                                   \
-    double first = 0;                                                                                   \
-    double second = 0;                                                                                  \
-    if (WholeKind(left, right) <= kWholeNumbers) {                                                      \
-      At(pc->a).SetBoolean(left.whole() sign right.whole());                                            \
-    } else if (AsReal(left, first) && AsReal(right, second)) {                                          \
-      At(pc->a).SetBoolean(first sign second);                                                          \
-    } else {                                                                                            \
-      SlowCompare(*pc, static_cast<int>(Comparison::k##name), At(pc->a));                               \
-    }                                                                                                   \
-    return pc + 1;                                                                                      \
-  }                                                                                                     \
-  inline const Instruction* Machine::DoJumpUnless##name(const Instruction* pc) {                        \
-    const Variant& left = At(pc->b);                                                                    \
-    const Variant& right = At(pc->c);                                                                   \
-    double first = 0;                                                                                   \
-    double second = 0;                                                                                  \
-    bool holds = false;                                                                                 \
-    if (WholeKind(left, right) <= kWholeNumbers) {                                                      \
-      holds = left.whole() sign right.whole();                                                          \
-    } else if (AsReal(left, first) && AsReal(right, second)) {                                          \
-      holds = first sign second;                                                                        \
-    } else {                                                                                            \
-      holds = SlowTest(*pc, static_cast<int>(Comparison::k##name));                                     \
-    }                                                                                                   \
-    return holds ? pc + 1 : pc + pc->a;                                    \
-  }                                                                                                     \
-  inline const Instruction* Machine::DoJumpIf##name(const Instruction* pc) {                            \
-    const Variant& left = At(pc->b);                                                                    \
-    const Variant& right = At(pc->c);                                                                   \
-    const bool holds = WholeKind(left, right) <= kWholeNumbers                                          \
-                           ? left.whole() sign right.whole()                                            \
-                           : SlowTest(*pc, static_cast<int>(Comparison::k##name));                      \
-    return holds ? pc + pc->a : pc + 1;                                    \
+#define KESTRUN_COMPARISON(name, sign)                                                                                 \
+  inline const Instruction* Machine::Do##name(const Instruction* pc) {                                                 \
+    const Variant& left = At(pc->b);                                                                                   \
+    const Variant& right = At(pc->c);                                                                                  \
+    double first = 0;                                                                                                  \
+    double second = 0;                                                                                                 \
+    if (WholeKind(left, right) <= kWholeNumbers) {                                                                     \
+      At(pc->a).SetBoolean(left.whole() sign right.whole());                                                           \
+    } else if (AsReal(left, first) && AsReal(right, second)) {                                                         \
+      At(pc->a).SetBoolean(first sign second);                                                                         \
+    } else {                                                                                                           \
+      SlowCompare(*pc, static_cast<int>(Comparison::k##name), At(pc->a));                                              \
+    }                                                                                                                  \
+    return pc + 1;                                                                                                     \
+  }                                                                                                                    \
+  inline const Instruction* Machine::DoJumpUnless##name(const Instruction* pc) {                                       \
+    const Variant& left = At(pc->b);                                                                                   \
+    const Variant& right = At(pc->c);                                                                                  \
+    double first = 0;                                                                                                  \
+    double second = 0;                                                                                                 \
+    bool holds = false;                                                                                                \
+    if (WholeKind(left, right) <= kWholeNumbers) {                                                                     \
+      holds = left.whole() sign right.whole();                                                                         \
+    } else if (AsReal(left, first) && AsReal(right, second)) {                                                         \
+      holds = first sign second;                                                                                       \
+    } else {                                                                                                           \
+      holds = SlowTest(*pc, static_cast<int>(Comparison::k##name));                                                    \
+    }                                                                                                                  \
+    return holds ? pc + 1 : pc + pc->a;                                                                                \
+  }                                                                                                                    \
+  inline const Instruction* Machine::DoJumpIf##name(const Instruction* pc) {                                           \
+    const Variant& left = At(pc->b);                                                                                   \
+    const Variant& right = At(pc->c);                                                                                  \
+    const bool holds = WholeKind(left, right) <= kWholeNumbers ? left.whole() sign right.whole()                       \
+                                                               : SlowTest(*pc, static_cast<int>(Comparison::k##name)); \
+    return holds ? pc + pc->a : pc + 1;                                                                                \
   }
 KESTRUN_COMPARISONS(KESTRUN_COMPARISON)
 #undef KESTRUN_COMPARISON

@@ -91,8 +91,8 @@ class Machine {
 #undef KESTRUN_HANDLER
 
   [[nodiscard]] Variant& At(Operand operand) const {
-    auto* value = reinterpret_cast<Variant*>(bases_[static_cast<size_t>(operand & kSpaceMask)] +
-                                             (operand & ~kSpaceMask));
+    auto* value =
+        reinterpret_cast<Variant*>(bases_[static_cast<size_t>(operand & kSpaceMask)] + (operand & ~kSpaceMask));
     if (SpaceOf(operand) == Space::kIndirect && value->IsReference()) value = value->target();
     return *value;
   }

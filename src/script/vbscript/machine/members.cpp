@@ -166,8 +166,8 @@ const Instruction* Machine::CallGlobalName(const Instruction* pc) {
     return Enter(*entry.procedure, nullptr, registers_ + pc->b, pc->n, pc->a, pc + 1);
   }
   const Variant* object = ExtraLocal(name);
-  const bool holds = entry.kind == GlobalKind::kVariable || entry.kind == GlobalKind::kConstant ||
-                     entry.kind == GlobalKind::kObject;
+  const bool holds =
+      entry.kind == GlobalKind::kVariable || entry.kind == GlobalKind::kConstant || entry.kind == GlobalKind::kObject;
   if (!object && holds) object = &globals_.ValueOf(entry);
   if (!object) {
     RaiseNamed(Top().code->module->option_explicit ? error::kUndefinedVariable : error::kTypeMismatch, name);

@@ -1,8 +1,8 @@
 // Assignment, and what a condition or an object stands for.
 #include "script/vbscript/engine/engine.h"
 #include "script/vbscript/machine/machine.h"
-#include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/conversions.h"
+#include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/operators.h"
 
 namespace kestrun::vbs {

@@ -17,8 +17,7 @@ void Parser::ParseIf(Statements& out) {
     GoBackTo(behind);
     ParseInlineIf(branches);
   }
-  out.push_back(
-      module_.arena.Make<IfStatement>(Statement{StatementKind::kIf, position}, module_.arena.Keep(branches)));
+  out.push_back(module_.arena.Make<IfStatement>(Statement{StatementKind::kIf, position}, module_.arena.Keep(branches)));
 }
 
 void Parser::ParseIfLines(std::vector<IfBranch>& branches) {

@@ -240,8 +240,7 @@ void Parser::AddMethod(ClassTree& tree, std::unique_ptr<ProcedureTree> procedure
 }
 
 void Parser::CheckMethodShape(const ProcedureTree& procedure) const {
-  const bool setter =
-      procedure.kind == ProcedureKind::kPropertyLet || procedure.kind == ProcedureKind::kPropertySet;
+  const bool setter = procedure.kind == ProcedureKind::kPropertyLet || procedure.kind == ProcedureKind::kPropertySet;
   if (setter && procedure.is_default) FailAt(compile_error::kDefaultNeedsGet, procedure.position);
   if (setter && procedure.parameters.empty()) FailAt(compile_error::kPropertyNeedsArgument, procedure.position);
   const std::string name = FoldName(names_.Spelling(procedure.name));

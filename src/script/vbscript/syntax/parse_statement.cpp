@@ -74,8 +74,8 @@ void Parser::ParseAssignment(Expression* target, uint32_t position, Statements& 
   if (target->kind == ExpressionKind::kMe) Fail(compile_error::kSyntax);
   Advance();
   if (target->kind == ExpressionKind::kName) MarkAssigned(target->name);
-  out.push_back(module_.arena.Make<AssignStatement>(Statement{StatementKind::kAssign, position}, target,
-                                                    ParseExpression()));
+  out.push_back(
+      module_.arena.Make<AssignStatement>(Statement{StatementKind::kAssign, position}, target, ParseExpression()));
 }
 
 void Parser::ParseSet(Statements& out) {
@@ -224,8 +224,8 @@ void Parser::ParseReDim(Statements& out) {
       MarkAssigned(target->left->name);
       (scope_->procedure ? scope_->procedure->redimmed : module_.redimmed).push_back(target->left->name);
     }
-    out.push_back(module_.arena.Make<ReDimStatement>(Statement{StatementKind::kReDim, position}, preserve,
-                                                     target->left, target->arguments));
+    out.push_back(module_.arena.Make<ReDimStatement>(Statement{StatementKind::kReDim, position}, preserve, target->left,
+                                                     target->arguments));
     position = token_.end;
   } while (Accept(TokenKind::kComma));
 }

@@ -17,20 +17,40 @@ namespace kestrun::vbs {
 enum class ExpressionKind : uint8_t {
   kLiteral,
   kName,
-  kMember,       // left.name; no left: the object of the With around
-  kCall,         // left(arguments): a call, an index or a default member
+  kMember,  // left.name; no left: the object of the With around
+  kCall,    // left(arguments): a call, an index or a default member
   kUnary,
   kBinary,
   kParentheses,  // (left): a value, so never by reference
   kNew,
   kMe,
-  kMissing,      // an argument that was left out
+  kMissing,  // an argument that was left out
 };
 
 enum class Operator : uint8_t {
-  kImp, kEqv, kXor, kOr, kAnd, kNot,
-  kEqual, kNotEqual, kLess, kLessEqual, kGreater, kGreaterEqual, kIs,
-  kConcatenate, kAdd, kSubtract, kModulo, kIntegerDivide, kMultiply, kDivide, kNegate, kPlus, kPower,
+  kImp,
+  kEqv,
+  kXor,
+  kOr,
+  kAnd,
+  kNot,
+  kEqual,
+  kNotEqual,
+  kLess,
+  kLessEqual,
+  kGreater,
+  kGreaterEqual,
+  kIs,
+  kConcatenate,
+  kAdd,
+  kSubtract,
+  kModulo,
+  kIntegerDivide,
+  kMultiply,
+  kDivide,
+  kNegate,
+  kPlus,
+  kPower,
 };
 
 struct Expression {
@@ -166,7 +186,7 @@ struct ProcedureTree {
   uint32_t end_position = 0;
   NameId name = kNoName;
   std::vector<Parameter> parameters;
-  std::vector<NameId> locals;    // declared by Dim and Const anywhere in the body
+  std::vector<NameId> locals;  // declared by Dim and Const anywhere in the body
   std::vector<ConstStatement*> constants;
   std::vector<NameId> assigned;  // every bare name that the body assigns or passes on, sorted
   std::vector<NameId> redimmed;  // names that ReDim declares unless they exist, sorted
@@ -193,8 +213,8 @@ struct Module {
   std::vector<ConstStatement*> constants;   // likewise
   std::vector<NameId> assigned;
   std::vector<NameId> redimmed;
-  std::vector<Statement*> statements;       // global code in order
-  Expression* expression = nullptr;         // what Eval was given
+  std::vector<Statement*> statements;  // global code in order
+  Expression* expression = nullptr;    // what Eval was given
 };
 
 }  // namespace kestrun::vbs
