@@ -141,6 +141,7 @@ class Machine {
   bool SlowTruth(const Variant& value);
   void Concatenate(const Instruction& at);
   void AppendParts(Variant& target, Variant* parts, uint32_t count);
+  Ref<TextBody> CopyToGrow(const Variant& text, size_t extra);
   bool AppendText(TextBody& body, const Variant& part);
 
   // Elements (elements.cpp).
