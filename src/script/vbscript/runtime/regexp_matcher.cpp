@@ -196,10 +196,12 @@ bool RegExpMatcher::ResumeLazyRun(const Entry& entry) {
   return true;
 }
 
-// The head of a loop: another turn or on behind it. A turn that took nothing is the last.
+// The head of a loop: another turn or on behind it. A turn that took nothing counts only where one is still due, and
+// then stands for all that are.
 bool RegExpMatcher::StepLoop(const Instruction& instruction) {
   const uint32_t count = slots_[instruction.slot];
   const bool idle = count > 0 && slots_[instruction.slot + 1] == position_;
+  if (idle && count > instruction.least) return false;
   if (idle || count >= instruction.most) {
     pc_ = instruction.first;
   } else if (count < instruction.least) {
