@@ -115,8 +115,8 @@ const Instruction* Machine::Recover(const RuntimeError& error, const Instruction
   }
 }
 
-inline const Instruction* Machine::EnterNow(Procedure& procedure, ClassInstance* self, Variant* arguments, uint32_t count,
-                                  Operand result, const Instruction* return_to) {
+inline const Instruction* Machine::EnterNow(Procedure& procedure, ClassInstance* self, Variant* arguments,
+                                            uint32_t count, Operand result, const Instruction* return_to) {
   if (procedure.checked_epoch != globals_.epoch()) Refresh(procedure);
   const Code& code = *procedure.code;
   if (count != code.parameter_count) RaiseScript(error::kWrongArgumentCount);
