@@ -2,8 +2,10 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstdio>
+#include <limits>
+#include <utility>
 
+#include "base/calendar.h"
 #include "base/number.h"
 #include "base/object.h"
 #include "base/runtime_error.h"
@@ -12,7 +14,11 @@
 namespace kestrun {
 namespace {
 
-constexpr std::string_view kWhiteSpace = " \t\r\n";
+constexpr std::string_view kWhiteSpace = " \t\r\n\v\f";
+
+bool IsWhite(char character) { return kWhiteSpace.find(character) != std::string_view::npos; }
+
+bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
 std::string_view TrimWhite(std::string_view text) {
   const size_t first = text.find_first_not_of(kWhiteSpace);
@@ -20,7 +26,7 @@ std::string_view TrimWhite(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
 }
 
-// "&H1F" and "&O17": 16-bit values are sign-extended, as the language reads its own literals.
+// "&H1F" and "&O17": 32 bits, the highest being the sign.
 bool ParseRadix(std::string_view text, double& value) {
   if (text.size() < 3 || text[0] != '&') return false;
   const char kind = static_cast<char>(text[1] | 0x20);
@@ -29,91 +35,172 @@ bool ParseRadix(std::string_view text, double& value) {
   uint32_t bits = 0;
   const char* end = text.data() + text.size();
   const auto [stopped, failure] = std::from_chars(text.data() + 2, end, bits, base);
-  if (failure != std::errc{} || stopped != end) return false;
-  value = bits <= 0xFFFF ? static_cast<int16_t>(bits) : static_cast<int32_t>(bits);
+  if (stopped != end || failure == std::errc::invalid_argument) return false;
+  if (failure != std::errc{}) Raise(error::kOverflow);
+  value = static_cast<int32_t>(bits);
   return true;
 }
 
-// Copies a decimal number without its grouping commas; false when a character does not belong.
-bool NormalizeDecimal(std::string_view text, std::string& plain) {
-  bool digits = false;
-  bool point = false;
-  size_t at = 0;
-  if (at < text.size() && (text[at] == '+' || text[at] == '-')) {
-    if (text[at] == '-') plain.push_back('-');
-    ++at;
+// Turns a number with its sign, currency sign, parentheses and grouping commas into one that from_chars reads.
+class NumberReader {
+ public:
+  explicit NumberReader(std::string_view text) : text_(text) {}
+
+  // False when a character does not belong.
+  bool Read() {
+    while (at_ < text_.size() && ReadFront(text_[at_])) ++at_;
+    if (!ReadDigits() || !ReadExponent()) return false;
+    while (at_ < text_.size() && ReadBehind(text_[at_])) ++at_;
+    if (at_ < text_.size() || parenthesis_) return false;
+    if (negative_) plain_.insert(plain_.begin(), '-');
+    return true;
   }
-  for (; at < text.size(); ++at) {
-    const char character = text[at];
-    if (character >= '0' && character <= '9') {
-      digits = true;
-      plain.push_back(character);
-    } else if (character == '.' && !point) {
-      point = true;
-      plain.push_back(character);
-    } else if (character != ',' || !digits || point) {
-      break;
+
+  [[nodiscard]] const std::string& plain() const { return plain_; }
+
+ private:
+  bool ReadFront(char character) {
+    if (IsWhite(character)) return true;
+    if (character == '$') return !std::exchange(currency_, true);
+    if (character == '(') {
+      negative_ = true;
+      return !signed_ && !std::exchange(parenthesis_, true) && (signed_ = true);
     }
+    return ReadSign(character);
   }
-  if (!digits) return false;
-  if (at == text.size()) return true;
-  if ((text[at] | 0x20) != 'e' && (text[at] | 0x20) != 'd') return false;
-  plain.push_back('e');
-  if (++at < text.size() && (text[at] == '+' || text[at] == '-')) {
-    if (text[at] == '-') plain.push_back('-');
-    ++at;
-  }
-  if (at == text.size()) return false;
-  for (; at < text.size(); ++at) {
-    if (text[at] < '0' || text[at] > '9') return false;
-    plain.push_back(text[at]);
-  }
-  return true;
-}
 
-bool ParseNumber(std::string_view text, double& value) {
-  text = TrimWhite(text);
-  if (ParseRadix(text, value)) return true;
-  std::string plain;
-  if (!NormalizeDecimal(text, plain)) return false;
+  bool ReadBehind(char character) {
+    if (IsWhite(character)) return true;
+    if (character == ')') return std::exchange(parenthesis_, false);
+    if (character == '$') return !std::exchange(currency_, true);
+    return ReadSign(character);
+  }
+
+  bool ReadSign(char character) {
+    if ((character != '+' && character != '-') || signed_) return false;
+    negative_ = character == '-';
+    return signed_ = true;
+  }
+
+  bool ReadDigits() {
+    bool digits = false;
+    bool point = false;
+    for (; at_ < text_.size(); ++at_) {
+      const char character = text_[at_];
+      if (IsDigit(character)) {
+        digits = true;
+        plain_.push_back(character);
+      } else if (character == '.' && !point) {
+        point = true;
+        plain_.push_back(character);
+      } else if (character != ',' || !digits || point) {
+        break;
+      }
+    }
+    return digits;
+  }
+
+  bool ReadExponent() {
+    if (at_ == text_.size() || ((text_[at_] | 0x20) != 'e' && (text_[at_] | 0x20) != 'd')) return true;
+    plain_.push_back('e');
+    if (++at_ < text_.size() && (text_[at_] == '+' || text_[at_] == '-')) {
+      if (text_[at_] == '-') plain_.push_back('-');
+      ++at_;
+    }
+    const size_t first = at_;
+    for (; at_ < text_.size() && IsDigit(text_[at_]); ++at_) plain_.push_back(text_[at_]);
+    return at_ != first;
+  }
+
+  std::string_view text_;
+  size_t at_ = 0;
+  std::string plain_;
+  bool signed_ = false;
+  bool negative_ = false;
+  bool currency_ = false;
+  bool parenthesis_ = false;
+};
+
+bool PlainToDouble(const std::string& plain, double& value) {
   const auto [stopped, failure] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
   if (failure == std::errc::result_out_of_range) {
-    if (plain.find("e-") == std::string::npos) Raise(error::kOverflow);
+    if (plain.find("e-") == std::string::npos && plain.find("0.") != 0) Raise(error::kOverflow);
     value = 0;
     return true;
   }
   return failure == std::errc{} && stopped == plain.data() + plain.size();
 }
 
+bool ParseNumber(std::string_view text, double& value) {
+  text = TrimWhite(text);
+  if (ParseRadix(text, value)) return true;
+  NumberReader reader(text);
+  return reader.Read() && PlainToDouble(reader.plain(), value);
+}
+
+// Numbers are written in ASCII; false when the text holds anything else.
+bool Narrow(std::u16string_view text, std::string& narrow) {
+  narrow.reserve(text.size());
+  for (const char16_t unit : text) {
+    if (unit > 0x7E) return false;
+    narrow.push_back(static_cast<char>(unit));
+  }
+  return true;
+}
+
+double NumberFromText(const std::u16string& text) {
+  double value = 0;
+  if (!ReadNumber(text, value)) Raise(error::kTypeMismatch);
+  return value;
+}
+
+// Scientific notation from 10^digits on and below 0.0001, plain otherwise; no trailing zeros (the %G rule).
 std::string FormatReal(double value, int digits) {
   if (value == 0) return "0";
   if (std::isnan(value)) return std::signbit(value) ? "-1.#IND" : "1.#QNAN";
   if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";
-  char scientific[40];
-  std::snprintf(scientific, sizeof scientific, "%.*e", digits - 1, value);
-  const std::string_view shown(scientific);
-  const size_t mark = shown.find('e');
-  const int exponent = std::atoi(scientific + mark + 1);
-  std::string sign = value < 0 ? "-" : "";
-  std::string figures;
-  for (const char character : shown.substr(0, mark)) {
-    if (character >= '0' && character <= '9') figures.push_back(character);
+  char text[48];
+  const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, digits).ptr;
+  std::string shown(text, end);
+  const size_t exponent = shown.find('e');
+  if (exponent != std::string::npos) shown[exponent] = 'E';
+  return shown;
+}
+
+bool IsExactCurrency(const std::string& plain) {
+  if (plain.find('e') != std::string::npos) return false;
+  const size_t point = plain.find('.');
+  return point == std::string::npos || plain.size() - point - 1 <= 4;
+}
+
+// Digit by digit, because a Double does not hold 19 digits.
+int64_t PlainToCurrency(const std::string& plain) {
+  const bool negative = plain[0] == '-';
+  int64_t scaled = 0;
+  int missing = 4;
+  bool fraction = false;
+  const auto append = [&](int digit) {
+    const bool overflow =
+        __builtin_mul_overflow(scaled, int64_t{10}, &scaled) || __builtin_sub_overflow(scaled, int64_t{digit}, &scaled);
+    if (overflow) Raise(error::kOverflow);
+  };
+  for (const char character : plain) {
+    if (character == '.') fraction = true;
+    if (!IsDigit(character)) continue;
+    append(character - '0');
+    if (fraction) --missing;
   }
-  figures.erase(figures.find_last_not_of('0') + 1);
-  const int count = static_cast<int>(figures.size());
-  // Plain notation up to `digits` places in front of the point, and behind it as long as no digit is lost.
-  if (exponent >= 0 && exponent < digits) {
-    if (count <= exponent + 1) return sign + figures.append(static_cast<size_t>(exponent + 1 - count), '0');
-    return sign + figures.substr(0, static_cast<size_t>(exponent) + 1) + "." +
-           figures.substr(static_cast<size_t>(exponent) + 1);
-  }
-  if (exponent < 0 && count - exponent - 1 <= digits) {
-    return sign + "0." + std::string(static_cast<size_t>(-exponent - 1), '0') + figures;
-  }
-  std::string mantissa = figures.substr(0, 1);
-  if (count > 1) mantissa += "." + figures.substr(1);
-  const std::string power = std::to_string(std::abs(exponent));
-  return sign + mantissa + (exponent < 0 ? "E-" : "E+") + (power.size() < 2 ? "0" + power : power);
+  for (; missing > 0; --missing) append(0);
+  if (negative) return scaled;
+  if (scaled == std::numeric_limits<int64_t>::min()) Raise(error::kOverflow);
+  return -scaled;
+}
+
+int64_t CurrencyFromText(const std::u16string& text) {
+  std::string narrow;
+  NumberReader reader(Narrow(text, narrow) ? TrimWhite(narrow) : std::string_view());
+  if (reader.Read() && IsExactCurrency(reader.plain())) return PlainToCurrency(reader.plain());
+  return DoubleToCurrency(NumberFromText(text));
 }
 
 std::string CurrencyToText(int64_t scaled) {
@@ -125,15 +212,27 @@ std::string CurrencyToText(int64_t scaled) {
   return fraction.empty() ? text : text + "." + fraction;
 }
 
+// A default member may answer with an object that has one as well; a ring of them must end.
+constexpr int kDefaultMemberDepth = 16;
+
 Variant DefaultValue(const Variant& value) {
-  Object* object = value.object();
-  if (!object) Raise(error::kObjectNotSet);
-  const MemberId member = object->DefaultMember();
-  if (member == kNoMember) Raise(error::kMemberNotFound);
-  return object->Get(member, {});
+  Variant plain = value;
+  for (int depth = 0; plain.Is(VarType::kObject); ++depth) {
+    Object* object = plain.object();
+    if (!object) Raise(error::kObjectNotSet);
+    const MemberId member = object->DefaultMember();
+    if (member == kNoMember || depth == kDefaultMemberDepth) Raise(error::kMemberNotFound);
+    plain = object->Get(member, {});
+  }
+  return plain;
 }
 
 }  // namespace
+
+bool ReadNumber(std::u16string_view text, double& value) {
+  std::string narrow;
+  return Narrow(text, narrow) && ParseNumber(narrow, value);
+}
 
 double TextToDouble(std::string_view text) {
   double value = 0;
@@ -142,7 +241,7 @@ double TextToDouble(std::string_view text) {
 }
 
 bool TextToBoolean(std::string_view text) {
-  const std::string_view word = TrimWhite(text);
+  const std::string_view word = text;
   if (EqualsNoCase(word, "True") || EqualsNoCase(word, "#TRUE#")) return true;
   if (EqualsNoCase(word, "False") || EqualsNoCase(word, "#FALSE#")) return false;
   return TextToDouble(text) != 0;
@@ -183,7 +282,7 @@ double ToDouble(const Variant& value) {
     case VarType::kDate: return value.real();
     case VarType::kCurrency: return static_cast<double>(value.scaled()) / 10000;
     case VarType::kBoolean: return value.boolean() ? -1 : 0;
-    case VarType::kString: return TextToDouble(ToUtf8(value.text()));
+    case VarType::kString: return NumberFromText(value.text());
     case VarType::kObject: return ToDouble(DefaultValue(value));
     case VarType::kError:
     case VarType::kArray: break;
@@ -191,12 +290,62 @@ double ToDouble(const Variant& value) {
   Raise(error::kTypeMismatch);
 }
 
+int64_t DoubleToCurrency(double value) {
+  constexpr double kLimit = 9223372036854775808.0;
+  const double scaled = RoundToEven(value * 10000);
+  if (!(scaled >= -kLimit && scaled < kLimit)) Raise(error::kOverflow);
+  return static_cast<int64_t>(scaled);
+}
+
+int64_t ToCurrency(const Variant& value) {
+  if (value.Is(VarType::kCurrency)) return value.scaled();
+  if (value.Is(VarType::kObject)) return ToCurrency(DefaultValue(value));
+  if (value.Is(VarType::kString)) return CurrencyFromText(value.text());
+  return DoubleToCurrency(ToDouble(value));
+}
+
+float ToSingle(const Variant& value) {
+  const double wide = ToDouble(value);
+  if (std::isfinite(wide) && !std::isfinite(static_cast<float>(wide))) Raise(error::kOverflow);
+  return static_cast<float>(wide);
+}
+
+uint8_t ToByte(const Variant& value) {
+  const int16_t whole = ToInteger(value);
+  if (whole < 0 || whole > 255) Raise(error::kOverflow);
+  return static_cast<uint8_t>(whole);
+}
+
+double ToDate(const Variant& value) {
+  if (value.Is(VarType::kDate)) return value.real();
+  if (value.Is(VarType::kObject)) return ToDate(DefaultValue(value));
+  std::string narrow;
+  if (value.Is(VarType::kString) && Narrow(value.text(), narrow)) {
+    if (const std::optional<double> date = ParseDate(narrow)) return *date;
+  }
+  const double number = ToDouble(value);
+  if (!IsDateNumber(number)) Raise(error::kOverflow);
+  return number;
+}
+
+bool IsDate(const Variant& value) {
+  std::string narrow;
+  if (!value.Is(VarType::kString)) return value.Is(VarType::kDate);
+  return Narrow(value.text(), narrow) && ParseDate(narrow).has_value();
+}
+
 int32_t ToLong(const Variant& value) {
   if (value.Is(VarType::kLong) || value.Is(VarType::kInteger) || value.Is(VarType::kByte)) return value.whole();
   return RoundToInt(ToDouble(value));
 }
 
-int16_t ToInteger(const Variant& value) { return RoundToShort(ToDouble(value)); }
+int16_t ToInteger(const Variant& value) {
+  const double wide = ToDouble(value);
+  // A text in another radix is 16 bits here, the highest being the sign.
+  const bool radix = value.Is(VarType::kString) && value.text().find(u'&') != std::u16string::npos;
+  if (radix && wide > 0x7FFF && wide <= 0xFFFF) return static_cast<int16_t>(static_cast<int32_t>(wide));
+  return RoundToShort(wide);
+}
 
 bool ToBoolean(const Variant& value) {
   if (value.Is(VarType::kBoolean)) return value.boolean();
@@ -214,7 +363,7 @@ std::string ToText(const Variant& value) {
     case VarType::kByte: return std::to_string(value.whole());
     case VarType::kSingle: return SingleToText(static_cast<float>(value.real()));
     case VarType::kDouble: return DoubleToText(value.real());
-    case VarType::kDate: return DoubleToText(value.real());
+    case VarType::kDate: return DateToText(value.real());
     case VarType::kCurrency: return CurrencyToText(value.scaled());
     case VarType::kBoolean: return BooleanToText(value.boolean());
     case VarType::kString: return ToUtf8(value.text());
@@ -235,7 +384,7 @@ bool IsNumeric(const Variant& value) {
     case VarType::kString: {
       double number = 0;
       bool numeric = false;
-      Attempt([&] { numeric = ParseNumber(ToUtf8(value.text()), number); });
+      Attempt([&] { numeric = ReadNumber(value.text(), number); });
       return numeric;
     }
     default: return true;

@@ -7,9 +7,8 @@
 #include "base/runtime_error.h"
 
 namespace kestrun {
-namespace {
 
-double RoundHalfToEven(double value) {
+double RoundToEven(double value) {
   const double lower = std::floor(value);
   const double fraction = value - lower;
   if (fraction < 0.5) return lower;
@@ -17,9 +16,11 @@ double RoundHalfToEven(double value) {
   return std::fmod(lower, 2.0) == 0 ? lower : lower + 1;
 }
 
+namespace {
+
 template <class Whole>
 Whole RoundChecked(double value) {
-  const double rounded = RoundHalfToEven(value);
+  const double rounded = RoundToEven(value);
   const bool fits = rounded >= static_cast<double>(std::numeric_limits<Whole>::min()) &&
                     rounded <= static_cast<double>(std::numeric_limits<Whole>::max());
   if (!fits) Raise(error::kOverflow);

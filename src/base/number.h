@@ -5,6 +5,8 @@
 
 namespace kestrun {
 
+// Nearest whole number, ties to even, as a Double of any size.
+[[nodiscard]] double RoundToEven(double value);
 // Nearest whole number, ties to even. Error 6 when it does not fit.
 [[nodiscard]] int32_t RoundToInt(double value);
 [[nodiscard]] int16_t RoundToShort(double value);

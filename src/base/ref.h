@@ -23,7 +23,10 @@ class RefCounted {
  protected:
   virtual ~RefCounted() = default;
   // Called when the count reaches zero; the default destroys the object.
-  virtual void LastReferenceGone() noexcept { delete this; }
+  virtual void LastReferenceGone() noexcept { Destroy(this); }
+  // Deletes, or queues the deletion when many owners are ending inside each other: a chain of a million objects must
+  // not take a million stack frames to end.
+  static void Destroy(RefCounted* object) noexcept;
 
  private:
   uint32_t references_ = 0;

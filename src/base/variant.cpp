@@ -15,17 +15,17 @@ Variant::Variant(std::string_view utf8) : Variant(ToUtf16(utf8)) {}
 
 Variant::Variant(std::u16string text) : Variant(MakeRef<TextBody>(std::move(text))) {}
 
-Variant::Variant(Ref<TextBody> text) noexcept : type_(VarType::kString), bits_(0) {
+Variant::Variant(Ref<TextBody> text) noexcept : type_(VarType::kString), owns_(1) {
   payload_.shared = text.get();
   payload_.shared->Retain();
 }
 
-Variant::Variant(Object* object) noexcept : type_(VarType::kObject), bits_(0) {
+Variant::Variant(Object* object) noexcept : type_(VarType::kObject), owns_(object ? 1 : 0) {
   payload_.shared = object;
   if (object) object->Retain();
 }
 
-Variant::Variant(Ref<ArrayBody> array) noexcept : type_(VarType::kArray), bits_(0) {
+Variant::Variant(Ref<ArrayBody> array) noexcept : type_(VarType::kArray), owns_(1) {
   payload_.shared = array.get();
   payload_.shared->Retain();
 }
@@ -35,7 +35,7 @@ Object* Variant::object() const noexcept { return static_cast<Object*>(payload_.
 const ArrayBody& Variant::array() const noexcept { return *static_cast<const ArrayBody*>(payload_.shared); }
 
 ArrayBody& Variant::MutableArray() {
-  if (payload_.shared->references() > 1) *this = Variant(array().Clone());
+  if (!array().IsUnshared()) *this = Variant(array().Clone());
   return *static_cast<ArrayBody*>(payload_.shared);
 }
 
@@ -49,12 +49,14 @@ ArrayBody::ArrayBody(std::vector<int32_t> dimension_sizes, bool is_fixed)
     if (count > kMostElements) Raise(error::kOutOfMemory);
   }
   elements.resize(static_cast<size_t>(count));
+  CountBytes();
 }
 
 Ref<ArrayBody> ArrayBody::Clone() const {
   Ref<ArrayBody> copy = MakeRef<ArrayBody>(std::vector<int32_t>{}, fixed);
   copy->sizes = sizes;
   copy->elements = elements;
+  copy->CountBytes();
   return copy;
 }
 

@@ -36,25 +36,50 @@ enum class VarType : uint16_t {
 // The code of the kError value that stands for a left-out argument (DISP_E_PARAMNOTFOUND).
 inline constexpr int32_t kMissingArgument = static_cast<int32_t>(0x80020004);
 
+// Bytes that the texts and arrays of variants take, so that a script's budget can be held against them.
+class LiveBytes {
+ public:
+  LiveBytes() = default;
+  ~LiveBytes() { total_ -= counted_; }
+  LiveBytes(const LiveBytes&) = delete;
+  LiveBytes& operator=(const LiveBytes&) = delete;
+  void Set(size_t bytes) {
+    total_ += bytes - counted_;
+    counted_ = bytes;
+  }
+  [[nodiscard]] static size_t Total() { return total_; }
+
+ private:
+  inline static size_t total_ = 0;
+  size_t counted_ = 0;
+};
+
 // A shared UTF-16 text. May hold lone surrogates.
 class TextBody final : public RefCounted {
  public:
   TextBody() = default;
-  explicit TextBody(std::u16string content) : text(std::move(content)) {}
+  explicit TextBody(std::u16string content) : text(std::move(content)) { CountBytes(); }
+  // For whoever has changed the text a lot.
+  void CountBytes() { bytes_.Set(text.capacity() * sizeof(char16_t)); }
   std::u16string text;
+
+ private:
+  void LastReferenceGone() noexcept override { delete this; }
+
+  LiveBytes bytes_;
 };
 
 class ArrayBody;
 
 class Variant {
  public:
-  Variant() noexcept : type_(VarType::kEmpty), bits_(0) {}
-  Variant(bool value) noexcept : type_(VarType::kBoolean), bits_(0) { payload_.boolean = value; }
-  Variant(int16_t value) noexcept : type_(VarType::kInteger), bits_(0) { payload_.whole = value; }
-  Variant(int32_t value) noexcept : type_(VarType::kLong), bits_(0) { payload_.whole = value; }
-  Variant(uint8_t value) noexcept : type_(VarType::kByte), bits_(0) { payload_.whole = value; }
-  Variant(float value) noexcept : type_(VarType::kSingle), bits_(0) { payload_.real = static_cast<double>(value); }
-  Variant(double value) noexcept : type_(VarType::kDouble), bits_(0) { payload_.real = value; }
+  Variant() noexcept : type_(VarType::kEmpty), owns_(0) {}
+  Variant(bool value) noexcept : type_(VarType::kBoolean), owns_(0) { payload_.boolean = value; }
+  Variant(int16_t value) noexcept : type_(VarType::kInteger), owns_(0) { payload_.whole = value; }
+  Variant(int32_t value) noexcept : type_(VarType::kLong), owns_(0) { payload_.whole = value; }
+  Variant(uint8_t value) noexcept : type_(VarType::kByte), owns_(0) { payload_.whole = value; }
+  Variant(float value) noexcept : type_(VarType::kSingle), owns_(0) { payload_.real = static_cast<double>(value); }
+  Variant(double value) noexcept : type_(VarType::kDouble), owns_(0) { payload_.real = value; }
   // UTF-8 text.
   Variant(std::string_view utf8);
   Variant(const std::string& utf8) : Variant(std::string_view(utf8)) {}
@@ -83,36 +108,74 @@ class Variant {
     return value;
   }
 
-  Variant(const Variant& other) noexcept : type_(other.type_), bits_(other.bits_), payload_(other.payload_) {
-    if (IsShared()) payload_.shared->Retain();
+  Variant(const Variant& other) noexcept : type_(other.type_), owns_(other.owns_), payload_(other.payload_) {
+    if (owns_) payload_.shared->Retain();
   }
-  Variant(Variant&& other) noexcept : type_(other.type_), bits_(other.bits_), payload_(other.payload_) {
+  Variant(Variant&& other) noexcept : type_(other.type_), owns_(other.owns_), payload_(other.payload_) {
     other.type_ = VarType::kEmpty;
+    other.owns_ = 0;
   }
   ~Variant() {
-    if (IsShared()) payload_.shared->Release();
+    if (owns_) payload_.shared->Release();
   }
+  // The old content is let go last: its end may run a script that sees this value again.
   Variant& operator=(const Variant& other) noexcept {
-    Variant copy(other);
-    Swap(copy);
+    if (other.owns_) other.payload_.shared->Retain();
+    Replace(other.type_, other.owns_, other.payload_);
     return *this;
   }
   Variant& operator=(Variant&& other) noexcept {
-    Variant taken(std::move(other));
-    Swap(taken);
+    const Payload payload = other.payload_;
+    const VarType type = other.type_;
+    const uint32_t owns = other.owns_;
+    other.type_ = VarType::kEmpty;
+    other.owns_ = 0;
+    Replace(type, owns, payload);
     return *this;
   }
   void Swap(Variant& other) noexcept {
     std::swap(type_, other.type_);
-    std::swap(bits_, other.bits_);
+    std::swap(owns_, other.owns_);
     std::swap(payload_, other.payload_);
   }
+
+  // In-place forms of the commonest assignments. The type is one that holds such a payload.
+  void SetWhole(VarType type, int32_t value) noexcept {
+    Payload payload;
+    payload.whole = value;
+    Replace(type, 0, payload);
+  }
+  void SetReal(VarType type, double value) noexcept {
+    Payload payload;
+    payload.real = value;
+    Replace(type, 0, payload);
+  }
+  void SetBoolean(bool value) noexcept {
+    Payload payload;
+    payload.boolean = value;
+    Replace(VarType::kBoolean, 0, payload);
+  }
+  // Back to Empty if it holds a counted reference; otherwise the value may stay.
+  void DropReference() noexcept {
+    if (owns_) Clear();
+  }
+  // Back to Empty.
+  void Clear() noexcept { Replace(VarType::kEmpty, 0, Payload{}); }
 
   [[nodiscard]] VarType type() const noexcept { return type_; }
   [[nodiscard]] bool Is(VarType type) const noexcept { return type_ == type; }
   [[nodiscard]] bool IsMissing() const noexcept {
     return type_ == VarType::kError && payload_.whole == kMissingArgument;
   }
+
+  // A stand-in for another variable, used inside the script engine for what is passed by reference.
+  [[nodiscard]] static Variant ReferenceTo(Variant* target) noexcept {
+    Variant value = Tagged(kReference, 0);
+    value.payload_.target = target;
+    return value;
+  }
+  [[nodiscard]] bool IsReference() const noexcept { return type_ == kReference; }
+  [[nodiscard]] Variant* target() const noexcept { return payload_.target; }
 
   // Payloads. The caller knows the type: whole() for Integer, Long, Byte and Error; real() for Single, Double and Date.
   [[nodiscard]] int32_t whole() const noexcept { return payload_.whole; }
@@ -130,14 +193,13 @@ class Variant {
   [[nodiscard]] ArrayBody& MutableArray();
 
  private:
+  static constexpr VarType kReference = static_cast<VarType>(0x4000);
+
   static Variant Tagged(VarType type, int32_t whole) noexcept {
     Variant value;
     value.type_ = type;
     value.payload_.whole = whole;
     return value;
-  }
-  [[nodiscard]] bool IsShared() const noexcept {
-    return (type_ == VarType::kString || type_ == VarType::kObject || type_ == VarType::kArray) && payload_.shared;
   }
 
   union Payload {
@@ -146,10 +208,19 @@ class Variant {
     double real;
     bool boolean;
     RefCounted* shared;
+    Variant* target;
   };
 
+  [[gnu::always_inline]] void Replace(VarType type, uint32_t owns, Payload payload) noexcept {
+    RefCounted* const old = owns_ ? payload_.shared : nullptr;
+    type_ = type;
+    owns_ = owns;
+    payload_ = payload;
+    if (old) old->Release();
+  }
+
   VarType type_;
-  uint32_t bits_;
+  uint32_t owns_;  // 1 while the payload is a counted reference
   Payload payload_;
 };
 
@@ -164,9 +235,19 @@ class ArrayBody final : public RefCounted {
   // A copy of bounds and elements.
   [[nodiscard]] Ref<ArrayBody> Clone() const;
 
+  // Elements that are passed by reference hold the array in place: while one is, it counts in both numbers.
+  [[nodiscard]] bool IsUnshared() const noexcept { return references() <= 1 + pins; }
+
   std::vector<int32_t> sizes;  // number of elements in each dimension
+  uint32_t pins = 0;           // references that do not make the array a shared value; it may not change its size
   bool fixed = false;          // dimensioned by Dim: neither ReDim nor assignment may replace it
   std::vector<Variant> elements;
+
+  // For whoever has changed the number of elements.
+  void CountBytes() { bytes_.Set(elements.size() * sizeof(Variant)); }
+
+ private:
+  LiveBytes bytes_;
 };
 
 // Names as TypeName gives them for values that are no objects: "Integer", "String", "Variant()" ...

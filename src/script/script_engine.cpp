@@ -1,0 +1,69 @@
+#include "script/script_engine.h"
+
+#include "base/text.h"
+#include "script/vbscript/engine/engine.h"
+#include "script/vbscript/runtime/errors.h"
+
+namespace kestrun {
+namespace {
+
+constexpr std::string_view kBuiltInLanguage = "VBScript";
+constexpr std::string_view kNoSuchLanguage = "A script engine for the specified language can not be created.";
+constexpr int64_t kFirstTimeout = 10000;
+
+class BuiltInEngine final : public ScriptEngine {
+ public:
+  BuiltInEngine() { engine_.limits().timeout_ms = kFirstTimeout; }
+
+  bool AllowUI() const override { return engine_.allow_ui(); }
+  void SetAllowUI(bool allow) override { engine_.set_allow_ui(allow); }
+  int64_t Timeout() const override { return timeout_; }
+  void SetTimeout(int64_t milliseconds) override {
+    timeout_ = milliseconds;
+    engine_.limits().timeout_ms = milliseconds;
+  }
+  const std::string& Language() const override { return language_; }
+  void SetLanguage(std::string_view language) override { language_ = language; }
+
+  void AddObject(std::string_view name, const Ref<Object>& object) override { engine_.AddObject(name, object); }
+  bool AddCode(std::string_view text) override;
+  Variant Run(std::string_view name, std::vector<Variant> arguments) override;
+  ScriptError& Error() override { return error_; }
+
+ private:
+  template <class Action>
+  bool Guard(Action&& action);
+
+  vbs::Engine engine_;
+  std::string language_;
+  int64_t timeout_ = kFirstTimeout;
+  ScriptError error_;
+};
+
+template <class Action>
+bool BuiltInEngine::Guard(Action&& action) {
+  const vbs::ErrorReport report = engine_.Report(std::forward<Action>(action));
+  if (report.number == 0) return true;
+  error_ = {report.number, report.place.line, report.place.column, report.description, report.line, report.source};
+  return false;
+}
+
+bool BuiltInEngine::AddCode(std::string_view text) {
+  if (!EqualsNoCase(language_, kBuiltInLanguage)) {
+    error_ = {error::kCannotCreateObject, 0, 0, std::string(kNoSuchLanguage), {}, {}};
+    return false;
+  }
+  return Guard([&] { engine_.Load(engine_.Parse(text)); });
+}
+
+Variant BuiltInEngine::Run(std::string_view name, std::vector<Variant> arguments) {
+  Variant result;
+  Guard([&] { result = engine_.CallGlobal(name, arguments); });
+  return result;
+}
+
+}  // namespace
+
+std::unique_ptr<ScriptEngine> MakeScriptEngine() { return std::make_unique<BuiltInEngine>(); }
+
+}  // namespace kestrun

@@ -1,0 +1,271 @@
+#include "script/vbscript/engine/engine.h"
+
+#include "base/convert.h"
+#include "base/text.h"
+#include "script/vbscript/compiler/compiler.h"
+#include "script/vbscript/engine/class_instance.h"
+#include "script/vbscript/runtime/builtins.h"
+#include "script/vbscript/runtime/errors.h"
+#include "script/vbscript/syntax/parser.h"
+
+namespace kestrun::vbs {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double ReadDateLiteral(RuntimeContext& context, std::string_view text) {
+  static const Builtin* const kConversion = FindBuiltin("CDate");
+  if (!kConversion) RaiseScript(error::kTypeMismatch);
+  Variant argument(text);
+  return kConversion->call(context, {&argument, 1}).real();
+}
+
+std::vector<int32_t> BoundsOf(const DeclaredVariable& variable) {
+  return {variable.bounds.begin(), variable.bounds.end()};
+}
+
+}  // namespace
+
+Engine::Activity::Activity(Engine& engine) : engine_(engine) {
+  if (engine_.activities_++ > 0) return;
+  engine_.stopping_ = false;
+  engine_.machine_.ResetFuel();
+  engine_.deadline_ = Clock::now() + std::chrono::milliseconds(engine_.limits_.timeout_ms);
+}
+
+Engine::Engine() : machine_(*this), err_(MakeRef<ErrObject>()), link_(std::make_shared<EngineLink>(EngineLink{this})) {}
+
+Engine::~Engine() {
+  ReleaseEverything();
+  link_->engine = nullptr;
+}
+
+// Variables go first, with their objects' Class_Terminate; then the objects that hold each other.
+void Engine::ReleaseEverything() {
+  const Activity activity(*this);
+  globals_.Clear(false);
+  while (living_ && !stopping_) {
+    const Ref<ClassInstance> last(living_);
+    if (!living_->terminated_ && living_->definition_->terminate) {
+      living_->terminated_ = true;
+      Terminate(*last);
+    }
+    for (size_t field = 0; field < last->definition().fields.size(); ++field) last->fields()[field].Clear();
+    if (last->references() > 1) Retire(*last);
+  }
+  while (living_) {
+    const Ref<ClassInstance> last(living_);
+    Retire(*last);
+  }
+}
+
+// Takes an object that somebody still holds out of the list of the living.
+void Engine::Retire(ClassInstance& instance) {
+  living_ = instance.next_;
+  if (living_) living_->previous_ = nullptr;
+  instance.Detach();
+}
+
+void Engine::CheckTime() {
+  if (limits_.timeout_ms < 0 || Clock::now() < deadline_) return;
+  stopping_ = true;
+  throw TimeLimitReached{};
+}
+
+void Engine::ChargeMemory(size_t bytes) {
+  if (bytes > limits_.memory_bytes || LiveBytes::Total() > limits_.memory_bytes - bytes) {
+    RaiseScript(error::kOutOfMemory);
+  }
+}
+
+std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression) {
+  auto module = std::make_shared<Module>(text);
+  try {
+    Parser parser(*module, names_, [this](std::string_view date) { return ReadDateLiteral(*this, date); });
+    if (as_expression) {
+      parser.ParseEvaluation();
+    } else {
+      parser.ParseModule();
+    }
+  } catch (const CompileError& error) {
+    throw ModuleError{error.number, module->source.PlaceOf(error.position), module->source.LineAt(error.position)};
+  }
+  return module;
+}
+
+void Engine::Define(const std::shared_ptr<Module>& module) {
+  modules_.push_back(module);
+  for (const auto& tree : module->procedures) {
+    globals_.DefineProcedure(tree->name, MakeRef<Procedure>(module, *tree, nullptr));
+  }
+  for (const auto& tree : module->classes) DefineClass(module, *tree);
+  for (const DeclaredVariable& variable : module->variables) globals_.DefineVariable(variable.name);
+  for (const ConstStatement* constant : module->constants) {
+    globals_.DefineValue(constant->name, GlobalKind::kConstant, ConstantValue(*module, *constant));
+  }
+}
+
+void Engine::DefineClass(const std::shared_ptr<Module>& module, const ClassTree& tree) {
+  Ref<ClassDefinition> definition = MakeRef<ClassDefinition>();
+  definition->name = tree.name;
+  definition->spelling = names_.Spelling(tree.name);
+  definition->module = module;
+  for (const DeclaredVariable& field : tree.fields) {
+    ClassMember& member = definition->MemberFor(field.name);
+    member.is_field = true;
+    member.is_public = field.is_public;
+    member.field = static_cast<uint32_t>(definition->fields.size());
+    definition->fields.push_back(field);
+  }
+  for (const auto& procedure : tree.procedures) AddMethod(*definition, module, *procedure);
+  globals_.DefineClass(tree.name, std::move(definition));
+}
+
+void Engine::AddMethod(ClassDefinition& definition, const std::shared_ptr<Module>& module, const ProcedureTree& tree) {
+  Ref<Procedure> procedure = MakeRef<Procedure>(module, tree, &definition);
+  ClassMember& member = definition.MemberFor(tree.name);
+  member.is_public = tree.is_public;
+  if (tree.is_default) definition.default_member = definition.FindMember(tree.name);
+  const std::string name = FoldName(names_.Spelling(tree.name));
+  if (tree.kind == ProcedureKind::kSub && name == "class_initialize") definition.initialize = procedure;
+  if (tree.kind == ProcedureKind::kSub && name == "class_terminate") definition.terminate = procedure;
+  switch (tree.kind) {
+    case ProcedureKind::kPropertyLet: member.let = std::move(procedure); break;
+    case ProcedureKind::kPropertySet: member.set = std::move(procedure); break;
+    default: member.get = std::move(procedure);
+  }
+}
+
+void Engine::Load(const std::shared_ptr<Module>& module) {
+  const Activity activity(*this);
+  Define(module);
+  machine_.RunGlobal(*module);
+}
+
+void Engine::AddObject(std::string_view name, const Variant& object) {
+  globals_.DefineValue(names_.Intern(name), GlobalKind::kObject, object);
+}
+
+std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression) {
+  try {
+    return Parse(ToText(text), as_expression);
+  } catch (const ModuleError& error) {
+    throw RuntimeError(error.number, std::string(ScriptErrorText(error.number)));
+  }
+}
+
+void Engine::ExecuteText(const Variant& text, bool global) {
+  const std::shared_ptr<Module> module = ParseExecuted(text, false);
+  if (global || !machine_.InProcedure()) {
+    Define(module);
+    machine_.RunGlobal(*module);
+    return;
+  }
+  for (const auto& tree : module->procedures) {
+    globals_.DefineProcedure(tree->name, MakeRef<Procedure>(module, *tree, nullptr));
+  }
+  for (const auto& tree : module->classes) DefineClass(module, *tree);
+  modules_.push_back(module);
+  machine_.RunInside(*module);
+}
+
+Variant Engine::EvaluateText(const Variant& text) {
+  if (!text.Is(VarType::kString)) return text;
+  const std::shared_ptr<Module> module = ParseExecuted(text, true);
+  return machine_.InProcedure() ? machine_.RunInside(*module) : machine_.EvaluateGlobal(*module);
+}
+
+Variant Engine::MakeProcedureReference(const Variant& name) {
+  const NameId number = names_.Find(ToText(name));
+  if (number == kNoName || globals_.Entry(number).kind != GlobalKind::kProcedure) {
+    RaiseScript(error::kInvalidProcedureCall);
+  }
+  return Variant(MakeRef<ProcedureReference>(link_, globals_.Entry(number).procedure));
+}
+
+Variant Engine::MakeObject(NameId class_name) {
+  const GlobalEntry& entry = globals_.Entry(class_name);
+  if (entry.kind != GlobalKind::kClass) {
+    const Ref<Object> object = CreateScriptObject(names_.Spelling(class_name), *this);
+    if (!object) RaiseScript(error::kClassNotDefined);
+    return Variant(object);
+  }
+  const Ref<ClassDefinition> definition = entry.definition;
+  ChargeMemory(sizeof(ClassInstance) + definition->fields.size() * sizeof(Variant));
+  const Ref<ClassInstance> instance = MakeRef<ClassInstance>(*this, definition);
+  for (size_t field = 0; field < definition->fields.size(); ++field) {
+    const DeclaredVariable& declared = definition->fields[field];
+    if (declared.is_array) instance->fields()[field] = machine_.NewArray(BoundsOf(declared));
+  }
+  if (definition->initialize) machine_.Invoke(*definition->initialize, instance.get(), {});
+  return Variant(instance);
+}
+
+// What an object's end runs may fail, but has nobody to fail to.
+void Engine::Terminate(ClassInstance& instance) noexcept {
+  try {
+    Call(*instance.definition_->terminate, &instance, {});
+  } catch (...) {
+    err_->Clear();
+  }
+}
+
+// The way in for hosts. The time limit's fault ends here when nothing of the engine is under way outside.
+Variant Engine::Call(Procedure& procedure, ClassInstance* self, Arguments arguments) {
+  const Activity activity(*this);
+  try {
+    return machine_.Invoke(procedure, self, arguments);
+  } catch (const TimeLimitReached&) {
+    if (activities_ > 1) throw;
+    throw RuntimeError(kTimeLimitNumber, std::string(kTimeLimitText));
+  }
+}
+
+Variant Engine::CallGlobal(std::string_view name, Arguments arguments) {
+  const NameId number = names_.Find(name);
+  if (number == kNoName || globals_.Entry(number).kind != GlobalKind::kProcedure) {
+    throw NamedError(error::kTypeMismatch, std::string(name));
+  }
+  const Ref<Procedure> procedure = globals_.Entry(number).procedure;
+  const Activity activity(*this);
+  return machine_.Invoke(*procedure, nullptr, arguments);
+}
+
+ErrorReport Engine::Report(const std::function<void()>& action) {
+  try {
+    action();
+    return {};
+  } catch (const ModuleError& error) {
+    return {error.number, error.place, std::string(ScriptErrorText(error.number)), error.line,
+            std::string(kCompileErrorSource)};
+  } catch (const PlacedError& error) {
+    const std::string about = error.name().empty() ? "" : ": '" + error.name() + "'";
+    const SourceText* source = error.place().module ? &error.place().module->source : nullptr;
+    const uint32_t at = error.place().position;
+    return {error.number(), source ? source->PlaceOf(at) : SourcePlace{}, error.description() + about,
+            source ? source->LineAt(at) : std::string(), err_->source};
+  } catch (const NamedError& error) {
+    return {error.number(), {}, error.description() + ": '" + error.name() + "'", {}, std::string(kRuntimeErrorSource)};
+  } catch (const TimeLimitReached&) {
+    return {kTimeLimitNumber, {}, std::string(kTimeLimitText), {}, std::string(kRuntimeErrorSource)};
+  } catch (const std::exception&) {
+    const RuntimeError error = CurrentError();
+    return {error.number(), {}, error.description(), {}, std::string(kRuntimeErrorSource)};
+  }
+}
+
+Variant Engine::FieldValue(const Variant& field, Arguments arguments) {
+  return arguments.empty() ? field : machine_.IndexedValue(field, arguments);
+}
+
+void Engine::StoreField(Variant& field, Arguments arguments, const Variant& value, bool set) {
+  if (!arguments.empty()) return machine_.StoreIndexed(field, arguments, value, set);
+  const Variant stored(value);
+  if (set) {
+    field = stored;
+  } else {
+    machine_.Let(field, stored);
+  }
+}
+
+}  // namespace kestrun::vbs

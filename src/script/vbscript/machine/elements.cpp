@@ -1,0 +1,169 @@
+// Elements of arrays and of objects with indexed members; the size of arrays.
+#include <algorithm>
+#include <cmath>
+
+#include "base/convert.h"
+#include "script/vbscript/engine/engine.h"
+#include "script/vbscript/machine/iteration.h"
+#include "script/vbscript/machine/machine.h"
+#include "script/vbscript/runtime/conversions.h"
+#include "script/vbscript/runtime/errors.h"
+#include "script/vbscript/runtime/operators.h"
+
+namespace kestrun::vbs {
+namespace {
+
+constexpr size_t kMostDimensions = 60;
+
+MemberId RequireDefault(const Object& object) {
+  const MemberId member = object.DefaultMember();
+  if (member == kNoMember) RaiseScript(error::kMemberNotFound);
+  return member;
+}
+
+// The number of elements that a script may have in one array.
+size_t CheckedCount(const std::vector<int32_t>& sizes) {
+  constexpr size_t kMostElements = size_t{1} << 26;
+  size_t count = 1;
+  for (const int32_t size : sizes) {
+    if (size != 0 && count > kMostElements / static_cast<size_t>(size)) RaiseScript(error::kOutOfMemory);
+    count *= static_cast<size_t>(size);
+  }
+  return count;
+}
+
+int32_t SizeOf(int32_t upper_bound) {
+  if (upper_bound < -1 || upper_bound == INT32_MAX) RaiseScript(error::kSubscriptOutOfRange);
+  return upper_bound + 1;
+}
+
+}  // namespace
+
+int32_t Machine::IndexNumber(const Variant& index) {
+  if (index.Is(VarType::kInteger) || index.Is(VarType::kLong)) return index.whole();
+  return ToLong(PlainValue(index));
+}
+
+// The first index runs fastest.
+size_t Machine::ElementOffset(const ArrayBody& array, Arguments indexes) {
+  if (indexes.size() != array.sizes.size()) RaiseScript(error::kSubscriptOutOfRange);
+  size_t offset = 0;
+  size_t stride = 1;
+  for (size_t dimension = 0; dimension < indexes.size(); ++dimension) {
+    const int32_t index = IndexNumber(indexes[dimension]);
+    if (index < 0 || index >= array.sizes[dimension]) RaiseScript(error::kSubscriptOutOfRange);
+    offset += stride * static_cast<size_t>(index);
+    stride *= static_cast<size_t>(array.sizes[dimension]);
+  }
+  return offset;
+}
+
+Variant Machine::IndexedValue(const Variant& object, Arguments indexes) {
+  if (object.Is(VarType::kArray)) {
+    const Variant held(object);
+    const size_t offset = ElementOffset(held.array(), indexes);
+    return held.array().elements[offset];
+  }
+  if (!object.Is(VarType::kObject)) RaiseScript(error::kTypeMismatch);
+  const Variant held(object);
+  Object& target = ObjectOf(held);
+  return target.Get(RequireDefault(target), indexes);
+}
+
+const Instruction* Machine::SlowIndex(const Instruction* pc) {
+  Variant index(At(pc->c));
+  Variant value = IndexedValue(At(pc->b), {&index, 1});
+  At(pc->a) = std::move(value);
+  return pc + 1;
+}
+
+// What runs here may end the array that the left operand has borrowed from: that one becomes a copy first.
+const Instruction* Machine::SlowBorrow(const Instruction* pc) {
+  if (pc->n) {
+    Variant& left = Register(pc->n - 1);
+    if (left.IsReference()) left = Variant(*left.target());
+  }
+  Variant index(At(pc->c));
+  Variant value = IndexedValue(At(pc->b), {&index, 1});
+  Register(pc->a) = std::move(value);
+  return pc + 1;
+}
+
+void Machine::StoreIndexed(Variant& object, Arguments indexes, const Variant& value, bool set) {
+  if (set) ObjectOrNothing(value);
+  if (object.Is(VarType::kArray)) {
+    Variant stored = set ? value : CopyOf(PlainCopy(value));
+    for (Variant& index : indexes) {
+      if (index.Is(VarType::kObject)) index = PlainCopy(index);
+    }
+    if (!object.Is(VarType::kArray)) RaiseScript(error::kTypeMismatch);
+    ArrayBody& body = object.MutableArray();
+    body.elements[ElementOffset(body, indexes)] = std::move(stored);
+    return;
+  }
+  if (!object.Is(VarType::kObject)) RaiseScript(error::kTypeMismatch);
+  const Variant held(object);
+  Object& target = ObjectOf(held);
+  const Variant stored(value);
+  if (set) {
+    target.PutReference(RequireDefault(target), indexes, stored);
+  } else {
+    target.Put(RequireDefault(target), indexes, stored);
+  }
+}
+
+Variant Machine::NewArray(const std::vector<int32_t>& bounds) {
+  std::vector<int32_t> sizes;
+  std::transform(bounds.begin(), bounds.end(), std::back_inserter(sizes), SizeOf);
+  if (sizes.size() > kMostDimensions) RaiseScript(error::kSubscriptOutOfRange);
+  engine_.ChargeMemory(CheckedCount(sizes) * sizeof(Variant));
+  const bool fixed = !sizes.empty();
+  return Variant(MakeRef<ArrayBody>(std::move(sizes), fixed));
+}
+
+void Machine::ReDimArray(Variant& target, Arguments bounds, bool preserve) {
+  std::vector<int32_t> sizes;
+  for (const Variant& bound : bounds) sizes.push_back(SizeOf(IndexNumber(bound)));
+  if (sizes.size() > kMostDimensions) RaiseScript(error::kSubscriptOutOfRange);
+  const size_t count = CheckedCount(sizes);
+  Charge(1 + count / 64);
+  const bool was_array = target.Is(VarType::kArray);
+  if (was_array && (target.array().fixed || target.array().pins > 0)) RaiseScript(error::kArrayLocked);
+  engine_.ChargeMemory(count * sizeof(Variant));
+  if (!preserve || !was_array || target.array().sizes.empty()) {
+    target = Variant(MakeRef<ArrayBody>(std::move(sizes)));
+    return;
+  }
+  const std::vector<int32_t>& old = target.array().sizes;
+  if (old.size() != sizes.size() || !std::equal(old.begin(), old.end() - 1, sizes.begin())) {
+    RaiseScript(error::kSubscriptOutOfRange);
+  }
+  ArrayBody& body = target.MutableArray();
+  std::vector<Variant> dropped;  // ends last, when the array is whole again: it may run scripts that see the array
+  for (size_t at = count; at < body.elements.size(); ++at) dropped.push_back(std::move(body.elements[at]));
+  body.elements.resize(count);
+  body.sizes = std::move(sizes);
+  body.CountBytes();
+}
+
+// A fixed array keeps its size and loses its values.
+void Machine::EraseArray(Variant& target) {
+  if (!target.Is(VarType::kArray)) RaiseScript(error::kTypeMismatch);
+  if (target.array().pins > 0) RaiseScript(error::kArrayLocked);
+  const bool fixed = target.array().fixed;
+  std::vector<int32_t> sizes = fixed ? target.array().sizes : std::vector<int32_t>{};
+  target = Variant(MakeRef<ArrayBody>(std::move(sizes), fixed));
+}
+
+Variant Machine::IterationOver(const Variant& collection) {
+  const Variant held(collection);
+  if (held.Is(VarType::kArray)) {
+    return Variant(MakeRef<IterationState>(Ref<ArrayBody>(const_cast<ArrayBody*>(&held.array()))));
+  }
+  if (!held.Is(VarType::kObject)) RaiseScript(error::kNotANumberedObject);
+  std::unique_ptr<Enumeration> items = ObjectOf(held).Enumerate();
+  if (!items) RaiseScript(error::kNotANumberedObject);
+  return Variant(MakeRef<IterationState>(std::move(items)));
+}
+
+}  // namespace kestrun::vbs

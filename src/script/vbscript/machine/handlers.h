@@ -1,0 +1,409 @@
+// One short function per instruction: the fast path, with everything else a call away. Part of frames.cpp alone.
+#pragma once
+
+#include "script/vbscript/engine/class_instance.h"
+#include "script/vbscript/engine/engine.h"
+#include "script/vbscript/machine/machine.h"
+#include "script/vbscript/machine/numeric.h"
+#include "script/vbscript/runtime/errors.h"
+#include "script/vbscript/runtime/operators.h"
+
+namespace kestrun::vbs {
+
+// Only these end the loop by giving null.
+template <Opcode kOpcode>
+inline constexpr bool kMayLeave = kOpcode == Opcode::kReturn || kOpcode == Opcode::kEnd;
+
+inline const Instruction* Machine::DoMove(const Instruction* pc) {
+  At(pc->a) = At(pc->b);
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoLet(const Instruction* pc) {
+  Variant& target = At(pc->a);
+  const Variant& value = At(pc->b);
+  if (value.type() <= VarType::kString && !target.Is(VarType::kArray)) {
+    target = value;
+  } else {
+    Let(target, value);
+  }
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoLetTemporary(const Instruction* pc) {
+  Variant& target = At(pc->a);
+  Variant& value = At(pc->b);
+  if (value.type() <= VarType::kString && !target.Is(VarType::kArray)) {
+    target = std::move(value);
+  } else {
+    Let(target, Variant(std::move(value)));
+  }
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoSet(const Instruction* pc) {
+  Variant& value = At(pc->b);
+  if (!value.Is(VarType::kObject)) RaiseScript(error::kObjectRequired);
+  Variant& target = At(pc->a);
+  RequireAssignable(target);
+  if (pc->n) {
+    target = std::move(value);
+  } else {
+    target = value;
+  }
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoClear(const Instruction* pc) {
+  for (int reg = pc->a; reg < pc->a + pc->n; ++reg) Register(reg).Clear();
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoMakeReference(const Instruction* pc) {
+  Register(pc->a) = Variant::ReferenceTo(&At(pc->b));
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoIndex(const Instruction* pc) {
+  const Variant& array = At(pc->b);
+  const Variant& index = At(pc->c);
+  if (array.Is(VarType::kArray) && (index.Is(VarType::kInteger) || index.Is(VarType::kLong))) {
+    const ArrayBody& body = array.array();
+    if (body.sizes.size() == 1 && static_cast<uint32_t>(index.whole()) < body.elements.size()) {
+      At(pc->a) = body.elements[static_cast<uint32_t>(index.whole())];
+      return pc + 1;
+    }
+  }
+  return SlowIndex(pc);
+}
+
+inline const Instruction* Machine::DoBorrow(const Instruction* pc) {
+  const Variant& array = At(pc->b);
+  const Variant& index = At(pc->c);
+  if (array.Is(VarType::kArray) && (index.Is(VarType::kInteger) || index.Is(VarType::kLong))) {
+    const ArrayBody& body = array.array();
+    if (body.sizes.size() == 1 && static_cast<uint32_t>(index.whole()) < body.elements.size()) {
+      const Variant& element = body.elements[static_cast<uint32_t>(index.whole())];
+      Register(pc->a) = Variant::ReferenceTo(const_cast<Variant*>(&element));
+      return pc + 1;
+    }
+  }
+  return SlowBorrow(pc);
+}
+
+inline const Instruction* Machine::DoStoreIndex(const Instruction* pc) {
+  Variant& array = At(pc->a);
+  const Variant& value = At(pc->b);
+  Variant& index = At(pc->c);
+  const bool plain = value.type() <= VarType::kString && (index.Is(VarType::kInteger) || index.Is(VarType::kLong));
+  if (array.Is(VarType::kArray) && plain) {
+    ArrayBody& body = array.MutableArray();
+    if (body.sizes.size() == 1 && static_cast<uint32_t>(index.whole()) < body.elements.size()) {
+      body.elements[static_cast<uint32_t>(index.whole())] = value;
+      return pc + 1;
+    }
+  }
+  StoreIndexed(array, {&index, 1}, value, false);
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoSetIndex(const Instruction* pc) {
+  StoreIndexed(At(pc->a), {&At(pc->c), 1}, At(pc->b), true);
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoStoreIndexMany(const Instruction* pc) {
+  const Arguments indexes{registers_ + pc->c, pc->n};
+  StoreIndexed(At(pc->a), indexes, At(pc->b), false);
+  for (Variant& index : indexes) index.Clear();
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoSetIndexMany(const Instruction* pc) {
+  const Arguments indexes{registers_ + pc->c, pc->n};
+  StoreIndexed(At(pc->a), indexes, At(pc->b), true);
+  for (Variant& index : indexes) index.Clear();
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoAdd(const Instruction* pc) {
+  const Variant& left = At(pc->b);
+  const Variant& right = At(pc->c);
+  double first = 0;
+  double second = 0;
+  if (const unsigned kind = WholeKind(left, right); kind <= kWholeNumbers) {
+    StoreWhole(At(pc->a), kind, int64_t{left.whole()} + right.whole());
+  } else if (AsReal(left, first) && AsReal(right, second) && std::isfinite(first + second)) {
+    At(pc->a).SetReal(VarType::kDouble, first + second);
+  } else {
+    SlowBinary(*pc, Add);
+  }
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoSubtract(const Instruction* pc) {
+  const Variant& left = At(pc->b);
+  const Variant& right = At(pc->c);
+  double first = 0;
+  double second = 0;
+  if (const unsigned kind = WholeKind(left, right); kind <= kWholeNumbers) {
+    StoreWhole(At(pc->a), kind, int64_t{left.whole()} - right.whole());
+  } else if (AsReal(left, first) && AsReal(right, second) && std::isfinite(first - second)) {
+    At(pc->a).SetReal(VarType::kDouble, first - second);
+  } else {
+    SlowBinary(*pc, Subtract);
+  }
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoMultiply(const Instruction* pc) {
+  const Variant& left = At(pc->b);
+  const Variant& right = At(pc->c);
+  double first = 0;
+  double second = 0;
+  if (const unsigned kind = WholeKind(left, right); kind <= kWholeNumbers) {
+    StoreWhole(At(pc->a), kind, int64_t{left.whole()} * right.whole());
+  } else if (AsReal(left, first) && AsReal(right, second) && std::isfinite(first * second)) {
+    At(pc->a).SetReal(VarType::kDouble, first * second);
+  } else {
+    SlowBinary(*pc, Multiply);
+  }
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoDivide(const Instruction* pc) {
+  double first = 0;
+  double second = 0;
+  const bool reals = AsReal(At(pc->b), first) && AsReal(At(pc->c), second) && second != 0;
+  if (reals && std::isfinite(first / second)) {
+    At(pc->a).SetReal(VarType::kDouble, first / second);
+  } else {
+    SlowBinary(*pc, Divide);
+  }
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoIntegerDivide(const Instruction* pc) {
+  const Variant& left = At(pc->b);
+  const Variant& right = At(pc->c);
+  const unsigned kind = WholeKind(left, right);
+  if (kind <= kWholeNumbers && right.whole() > 0) {
+    StoreWhole(At(pc->a), kind, left.whole() / right.whole());
+  } else {
+    SlowBinary(*pc, IntegerDivide);
+  }
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoModulo(const Instruction* pc) {
+  const Variant& left = At(pc->b);
+  const Variant& right = At(pc->c);
+  const unsigned kind = WholeKind(left, right);
+  if (kind <= kWholeNumbers && right.whole() > 0) {
+    StoreWhole(At(pc->a), kind, left.whole() % right.whole());
+  } else {
+    SlowBinary(*pc, Modulo);
+  }
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoPower(const Instruction* pc) {
+  SlowBinary(*pc, Power);
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoConcatenate(const Instruction* pc) {
+  Concatenate(*pc);
+  return pc + 1;
+}
+
+// Bit by bit on numbers of one kind, plain logic on two Booleans.
+#define KESTRUN_LOGIC(name, symbol)                                                                           \
+  inline const Instruction* Machine::Do##name(const Instruction* pc) {                                        \
+    const Variant& left = At(pc->b);                                                                          \
+    const Variant& right = At(pc->c);                                                                         \
+    const unsigned kind = WholeKind(left, right);                                                             \
+    if (left.Is(VarType::kBoolean) && right.Is(VarType::kBoolean)) {                                          \
+      At(pc->a).SetBoolean((static_cast<int>(left.boolean()) symbol static_cast<int>(right.boolean())) != 0); \
+    } else if (kind <= kWholeNumbers) {                                                                       \
+      StoreWhole(At(pc->a), kind, left.whole() symbol right.whole());                                         \
+    } else {                                                                                                  \
+      SlowBinary(*pc, name);                                                                                  \
+    }                                                                                                         \
+    return pc + 1;                                                                                            \
+  }
+KESTRUN_LOGIC(And, &)
+KESTRUN_LOGIC(Or, |)
+KESTRUN_LOGIC(Xor, ^)
+#undef KESTRUN_LOGIC
+
+inline const Instruction* Machine::DoEqv(const Instruction* pc) {
+  SlowBinary(*pc, Eqv);
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoImp(const Instruction* pc) {
+  SlowBinary(*pc, Imp);
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoIs(const Instruction* pc) {
+  At(pc->a) = IsSame(At(pc->b), At(pc->c));
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoNegate(const Instruction* pc) {
+  const Variant& value = At(pc->b);
+  if (const unsigned kind = WholeKind(value, value); kind <= kWholeNumbers) {
+    StoreWhole(At(pc->a), kind, -int64_t{value.whole()});
+  } else {
+    At(pc->a) = Negate(Variant(value));
+  }
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoPlus(const Instruction* pc) {
+  At(pc->a) = UnaryPlus(Variant(At(pc->b)));
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoNot(const Instruction* pc) {
+  const Variant& value = At(pc->b);
+  if (value.Is(VarType::kBoolean)) {
+    At(pc->a).SetBoolean(!value.boolean());
+  } else {
+    At(pc->a) = Not(Variant(value));
+  }
+  return pc + 1;
+}
+
+// name, the sign in C++
+#define KESTRUN_COMPARISONS(X) \
+  X(Equal, ==) X(NotEqual, !=) X(Less, <) X(LessEqual, <=) X(Greater, >) X(GreaterEqual, >=)
+
+#define KESTRUN_COMPARISON(name, sign)                                                                                 \
+  inline const Instruction* Machine::Do##name(const Instruction* pc) {                                                 \
+    const Variant& left = At(pc->b);                                                                                   \
+    const Variant& right = At(pc->c);                                                                                  \
+    double first = 0;                                                                                                  \
+    double second = 0;                                                                                                 \
+    if (WholeKind(left, right) <= kWholeNumbers) {                                                                     \
+      At(pc->a).SetBoolean(left.whole() sign right.whole());                                                           \
+    } else if (AsReal(left, first) && AsReal(right, second)) {                                                         \
+      At(pc->a).SetBoolean(first sign second);                                                                         \
+    } else {                                                                                                           \
+      SlowCompare(*pc, static_cast<int>(Comparison::k##name), At(pc->a));                                              \
+    }                                                                                                                  \
+    return pc + 1;                                                                                                     \
+  }                                                                                                                    \
+  inline const Instruction* Machine::DoJumpUnless##name(const Instruction* pc) {                                       \
+    const Variant& left = At(pc->b);                                                                                   \
+    const Variant& right = At(pc->c);                                                                                  \
+    double first = 0;                                                                                                  \
+    double second = 0;                                                                                                 \
+    bool holds = false;                                                                                                \
+    if (WholeKind(left, right) <= kWholeNumbers) {                                                                     \
+      holds = left.whole() sign right.whole();                                                                         \
+    } else if (AsReal(left, first) && AsReal(right, second)) {                                                         \
+      holds = first sign second;                                                                                       \
+    } else {                                                                                                           \
+      holds = SlowTest(*pc, static_cast<int>(Comparison::k##name));                                                    \
+    }                                                                                                                  \
+    return holds ? pc + 1 : pc + pc->a;                                                                                \
+  }                                                                                                                    \
+  inline const Instruction* Machine::DoJumpIf##name(const Instruction* pc) {                                           \
+    const Variant& left = At(pc->b);                                                                                   \
+    const Variant& right = At(pc->c);                                                                                  \
+    const bool holds = WholeKind(left, right) <= kWholeNumbers ? left.whole() sign right.whole()                       \
+                                                               : SlowTest(*pc, static_cast<int>(Comparison::k##name)); \
+    return holds ? pc + pc->a : pc + 1;                                                                                \
+  }
+KESTRUN_COMPARISONS(KESTRUN_COMPARISON)
+#undef KESTRUN_COMPARISON
+
+inline const Instruction* Machine::DoAppend(const Instruction* pc) {
+  AppendParts(At(pc->a), registers_ + pc->b, pc->n);
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoJump(const Instruction* pc) { return pc + pc->a; }
+
+inline const Instruction* Machine::DoLoop(const Instruction* pc) {
+  if (--fuel_ < 0) Refuel();
+  return pc + pc->a;
+}
+
+inline const Instruction* Machine::DoJumpFalse(const Instruction* pc) {
+  const Variant& value = At(pc->b);
+  const bool holds = value.Is(VarType::kBoolean) ? value.boolean() : SlowTruth(value);
+  return holds ? pc + 1 : pc + pc->a;
+}
+
+inline const Instruction* Machine::DoJumpTrue(const Instruction* pc) {
+  const Variant& value = At(pc->b);
+  const bool holds = value.Is(VarType::kBoolean) ? value.boolean() : SlowTruth(value);
+  return holds ? pc + pc->a : pc + 1;
+}
+
+inline const Instruction* Machine::DoForNext(const Instruction* pc) {
+  if (--fuel_ < 0) Refuel();
+  Variant& variable = At(pc->b);
+  const Variant& last = Register(pc->c + 1);
+  const Variant& step = Register(pc->c + 2);
+  const unsigned kind = WholeKind(variable, step);
+  if (kind <= kWholeNumbers && WholeKind(last, last) <= kWholeNumbers) {
+    const int64_t next = int64_t{variable.whole()} + step.whole();
+    StoreWhole(variable, kind, next);
+    const bool goes_on = step.whole() >= 0 ? next <= last.whole() : next >= last.whole();
+    return goes_on ? pc + pc->a : pc + 1;
+  }
+  return SlowForNext(pc);
+}
+
+inline const Instruction* Machine::DoReturn(const Instruction*) {
+  const Code& code = *top_->code;
+  const Instruction* const return_to = top_->return_to;
+  const Operand target = top_->result;
+  const bool boundary = top_->boundary;
+  Variant result;
+  if (code.gives_result) result = std::move(registers_[code.result_register]);
+  PopFrame();
+  if (boundary) {
+    returned_ = std::move(result);
+    return nullptr;
+  }
+  if (target != kNoResult) At(target) = std::move(result);
+  return return_to;
+}
+
+inline const Instruction* Machine::DoEnd(const Instruction*) { return nullptr; }
+
+inline const Instruction* Machine::DoCallProcedure(const Instruction* pc) {
+  const GlobalEntry& entry = globals_.Entry(static_cast<NameId>(pc->c));
+  if (entry.kind != GlobalKind::kProcedure) return CallGlobalName(pc);
+  return EnterNow(*entry.procedure, nullptr, registers_ + pc->b, pc->n, pc->a, pc + 1);
+}
+
+inline const Instruction* Machine::DoCallBuiltin(const Instruction* pc) {
+  const Arguments arguments = List(*pc);
+  Variant result = Top().code->builtins[static_cast<size_t>(pc->c)]->call(engine_, arguments);
+  for (Variant& argument : arguments) argument.Clear();
+  GiveResult(pc->a, std::move(result));
+  return pc + 1;
+}
+
+inline const Instruction* Machine::DoCallName(const Instruction* pc) { return CallGlobalName(pc); }
+inline const Instruction* Machine::DoCallMember(const Instruction* pc) { return CallSiteMember(pc, false); }
+inline const Instruction* Machine::DoInvokeMember(const Instruction* pc) { return CallSiteMember(pc, true); }
+inline const Instruction* Machine::DoGetMember(const Instruction* pc) { return CallSiteMember(pc, false); }
+inline const Instruction* Machine::DoPutMember(const Instruction* pc) { return StoreSiteMember(pc, false); }
+inline const Instruction* Machine::DoSetMember(const Instruction* pc) { return StoreSiteMember(pc, true); }
+inline const Instruction* Machine::DoPutOwn(const Instruction* pc) { return StoreOwnMember(pc, false); }
+inline const Instruction* Machine::DoSetOwn(const Instruction* pc) { return StoreOwnMember(pc, true); }
+
+inline const Instruction* Machine::DoCallOwn(const Instruction* pc) {
+  ClassInstance& self = *Top().self;
+  return CallClassMember(pc, self, self.definition().members[static_cast<size_t>(pc->c)]);
+}
+
+}  // namespace kestrun::vbs

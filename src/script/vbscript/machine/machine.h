@@ -1,0 +1,193 @@
+// Runs code. Frames lie one behind the other in one block of values that never moves; a call's arguments are the first
+// registers of the callee's frame. Script calls script without a frame of the native stack.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "base/runtime_error.h"
+#include "script/vbscript/compiler/code.h"
+#include "script/vbscript/engine/program.h"
+
+namespace kestrun::vbs {
+
+class ClassInstance;
+class Engine;
+
+// Where an error arose.
+struct ErrorPlace {
+  const Module* module = nullptr;
+  uint32_t position = 0;
+};
+
+// An error on its way out of the machine.
+class PlacedError : public RuntimeError {
+ public:
+  PlacedError(const RuntimeError& error, ErrorPlace place, std::string name = {})
+      : RuntimeError(error), place_(place), name_(std::move(name)) {}
+  [[nodiscard]] const ErrorPlace& place() const { return place_; }
+  // What the error is about; empty when it is about no name.
+  [[nodiscard]] const std::string& name() const { return name_; }
+
+ private:
+  ErrorPlace place_;
+  std::string name_;
+};
+
+// An error about a name: the name is for the host, the description that a script sees stays plain.
+class NamedError : public RuntimeError {
+ public:
+  NamedError(int number, std::string name);
+  [[nodiscard]] const std::string& name() const { return name_; }
+
+ private:
+  std::string name_;
+};
+
+class Machine {
+ public:
+  explicit Machine(Engine& engine);
+  ~Machine();
+  Machine(const Machine&) = delete;
+  Machine& operator=(const Machine&) = delete;
+
+  // Calls a procedure from outside: the arguments' new values come back in place.
+  Variant Invoke(Procedure& procedure, ClassInstance* self, Arguments arguments);
+  // Runs statements that are compiled one after the other, each knowing what the ones before have defined.
+  void RunGlobal(Module& module);
+  // Runs executed text with the variables of the procedure that executes it, or evaluates it.
+  Variant RunInside(Module& module);
+  Variant EvaluateGlobal(Module& module);
+
+  // True while the executing code stands in a procedure.
+  [[nodiscard]] bool InProcedure() const;
+  [[nodiscard]] bool idle() const { return depth_ == 0; }
+
+  void Charge(uint64_t steps) {
+    fuel_ -= static_cast<int64_t>(steps);
+    if (fuel_ < 0) Refuel();
+  }
+  void ResetFuel() { fuel_ = 0; }
+
+ private:
+  using ExtraLocals = std::map<NameId, Variant>;
+  struct Frame {
+    const Code* code = nullptr;
+    Variant* base = nullptr;
+    const Instruction* return_to = nullptr;
+    ClassInstance* self = nullptr;  // counted
+    ExtraLocals* extras = nullptr;  // owned; variables that executed text has added
+    Operand result = kNoResult;
+    bool in_procedure = false;
+    bool boundary = false;  // returns to native code
+    bool resume_next = false;
+  };
+
+#define KESTRUN_HANDLER(name) const Instruction* Do##name(const Instruction* pc);
+  KESTRUN_OPCODES(KESTRUN_HANDLER)
+#undef KESTRUN_HANDLER
+
+  [[nodiscard, gnu::always_inline]] Variant& At(Operand operand) const {
+    auto* value =
+        reinterpret_cast<Variant*>(bases_[static_cast<size_t>(operand & kSpaceMask)] + (operand & ~kSpaceMask));
+    if (SpaceOf(operand) == Space::kIndirect && value->IsReference()) value = value->target();
+    return *value;
+  }
+  [[nodiscard]] Variant& Register(int reg) const { return registers_[reg]; }
+  [[nodiscard]] Frame& Top() const { return *top_; }
+  [[nodiscard]] Arguments List(const Instruction& at) const { return {registers_ + at.b, at.n}; }
+
+  // Frames (frames.cpp).
+  void Execute(const Instruction* pc);
+  const Instruction* Dispatch(const Instruction* pc);
+  const Instruction* Recover(const RuntimeError& error, const Instruction* pc);
+  const Instruction* Enter(Procedure& procedure, ClassInstance* self, Variant* arguments, uint32_t count,
+                           Operand result, const Instruction* return_to);
+  const Instruction* EnterNow(Procedure& procedure, ClassInstance* self, Variant* arguments, uint32_t count,
+                              Operand result, const Instruction* return_to);
+  void PushFrame(const Code& code, ClassInstance* self, Variant* base);
+  void PopFrame();
+  static void ClearRegisters(Variant* base, uint32_t count);
+  void GrowFrames();
+  void UseFrame();
+  // A frame that returns to native code, and its end.
+  void OpenFrame(const Code& code, ClassInstance* self, Variant* base);
+  void CloseFrame();
+  void UnwindBoundary();
+  void Refresh(Procedure& procedure);
+  void TakeByValue(const Code& code, Variant* arguments);
+  [[nodiscard]] Variant* FreeStack(uint32_t count);
+  [[nodiscard]] static const StatementMark* MarkAt(const Code& code, const Instruction* pc);
+  void Refuel();
+  void BindOuterNames(Module& module, std::vector<NameId>& names, std::vector<Variant*>& places);
+  [[nodiscard]] Variant* ExtraLocal(NameId name);
+
+  // Values (values.cpp).
+  void Let(Variant& target, const Variant& value);
+  static Variant CopyOf(const Variant& value);
+  Variant PlainCopy(const Variant& value);
+  [[nodiscard]] static Object& ObjectOf(const Variant& value);
+  static void ObjectOrNothing(const Variant& value);
+  void RequireAssignable(const Variant& target) const;
+
+  // Operators (arithmetic.cpp): what the fast paths leave over.
+  using BinaryOperator = Variant (*)(const Variant&, const Variant&);
+  void SlowBinary(const Instruction& at, BinaryOperator operation);
+  void SlowCompare(const Instruction& at, int comparison, Variant& result);
+  bool SlowTest(const Instruction& at, int comparison);
+  bool SlowTruth(const Variant& value);
+  void Concatenate(const Instruction& at);
+  void AppendParts(Variant& target, Variant* parts, uint32_t count);
+  Ref<TextBody> CopyToGrow(const Variant& text, size_t extra);
+  bool AppendText(TextBody& body, const Variant& part);
+
+  // Elements (elements.cpp).
+  static int32_t IndexNumber(const Variant& index);
+  static size_t ElementOffset(const ArrayBody& array, Arguments indexes);
+  static Variant& ElementAt(const ArrayBody& array, const Variant& index);
+  Variant IndexedValue(const Variant& object, Arguments indexes);
+  void StoreIndexed(Variant& object, Arguments indexes, const Variant& value, bool set);
+  const Instruction* SlowIndex(const Instruction* pc);
+  const Instruction* SlowBorrow(const Instruction* pc);
+  void ReDimArray(Variant& target, Arguments bounds, bool preserve);
+  static void EraseArray(Variant& target);
+  Variant NewArray(const std::vector<int32_t>& bounds);
+
+  // Members (members.cpp).
+  void ResolveSite(CallSite& site, Object& object);
+  const Instruction* CallSiteMember(const Instruction* pc, bool is_statement);
+  const Instruction* CallClassMember(const Instruction* pc, ClassInstance& self, const ClassMember& member);
+  const Instruction* CallWithTooMany(const Instruction* pc, ClassInstance& self, Procedure& procedure);
+  void CallHostMember(const Instruction* pc, Object& object, MemberId member, bool is_statement);
+  const Instruction* StoreSiteMember(const Instruction* pc, bool set);
+  const Instruction* StoreClassMember(const Instruction* pc, ClassInstance& self, const ClassMember& member, bool set);
+  const Instruction* StoreOwnMember(const Instruction* pc, bool set);
+  const Instruction* CallGlobalName(const Instruction* pc);
+  static Arguments ValuesOf(Arguments arguments);
+  void GiveResult(Operand result, Variant value);
+  void StoreByName(const Instruction& at, bool set);
+  const Instruction* SlowForNext(const Instruction* pc);
+  [[noreturn]] void RaiseNamed(int number, NameId name) const;
+  Variant IterationOver(const Variant& collection);
+
+  Engine& engine_;
+  GlobalScope& globals_;
+  std::array<std::byte*, 8> bases_{};
+  Variant* registers_ = nullptr;
+  int64_t fuel_ = 0;
+  std::vector<Frame> frames_;  // the first depth_ are in use
+  size_t depth_ = 0;
+  Frame* top_ = nullptr;
+  Variant* stack_;
+  Variant* stack_end_;
+  Variant returned_;
+  int nested_runs_ = 0;
+
+  friend class Engine;
+  friend class ClassInstance;
+};
+
+}  // namespace kestrun::vbs

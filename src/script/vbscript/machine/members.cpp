@@ -1,0 +1,181 @@
+// Members of objects by name: a script's own classes without leaving the loop, all others through Object.
+#include <vector>
+
+#include "script/vbscript/engine/class_instance.h"
+#include "script/vbscript/engine/engine.h"
+#include "script/vbscript/machine/machine.h"
+#include "script/vbscript/runtime/errors.h"
+
+namespace kestrun::vbs {
+namespace {
+
+bool SameValue(const Variant& left, const Variant& right) {
+  return left.type() == right.type() && left.scaled() == right.scaled();
+}
+
+}  // namespace
+
+// Looks the site's name up for this object and remembers the answer for its kind. Private members are no members here.
+void Machine::ResolveSite(CallSite& site, Object& object) {
+  const void* const layout = object.MemberLayout();
+  if (layout && layout == site.layout) return;
+  site.script_class = nullptr;
+  if (auto* instance = dynamic_cast<ClassInstance*>(&object)) {
+    ClassDefinition& definition = instance->definition();
+    site.member = definition.FindMember(site.name);
+    if (site.member != kNoMember && !definition.members[static_cast<size_t>(site.member)].is_public) {
+      site.member = kNoMember;
+    }
+    site.script_class = &definition;
+  } else {
+    site.member = object.FindMember(engine_.names().Spelling(site.name));
+  }
+  site.layout = layout;
+  if (site.member == kNoMember) {
+    site.layout = nullptr;
+    RaiseNamed(error::kMemberNotFound, site.name);
+  }
+}
+
+const Instruction* Machine::CallSiteMember(const Instruction* pc, bool is_statement) {
+  CallSite& site = const_cast<CallSite&>(Top().code->sites[static_cast<size_t>(pc->c)]);
+  Object& object = ObjectOf(At(site.object));
+  ResolveSite(site, object);
+  if (site.script_class) {
+    auto& instance = static_cast<ClassInstance&>(object);
+    return CallClassMember(pc, instance, site.script_class->members[static_cast<size_t>(site.member)]);
+  }
+  CallHostMember(pc, object, site.member, is_statement);
+  return pc + 1;
+}
+
+const Instruction* Machine::CallClassMember(const Instruction* pc, ClassInstance& self, const ClassMember& member) {
+  const Arguments arguments = List(*pc);
+  if (member.is_field) {
+    const Variant& field = self.fields()[member.field];
+    Variant value = arguments.empty() ? field : IndexedValue(field, ValuesOf(arguments));
+    for (Variant& argument : arguments) argument.Clear();
+    GiveResult(pc->a, std::move(value));
+    return pc + 1;
+  }
+  if (!member.get) RaiseNamed(error::kMemberNotFound, member.name);
+  if (!arguments.empty() && member.get->tree->parameters.empty() && pc->a != kNoResult) {
+    return CallWithTooMany(pc, self, *member.get);
+  }
+  return Enter(*member.get, &self, registers_ + pc->b, pc->n, pc->a, pc + 1);
+}
+
+// Arguments for a function that takes none belong to what it gives.
+const Instruction* Machine::CallWithTooMany(const Instruction* pc, ClassInstance& self, Procedure& procedure) {
+  const Variant held(static_cast<Object*>(&self));
+  const Variant given = Invoke(procedure, &self, {});
+  const Arguments arguments = List(*pc);
+  Variant value = IndexedValue(given, ValuesOf(arguments));
+  for (Variant& argument : arguments) argument.Clear();
+  GiveResult(pc->a, std::move(value));
+  return pc + 1;
+}
+
+// Turns stand-ins for variables into the variables' values.
+Arguments Machine::ValuesOf(Arguments arguments) {
+  for (Variant& argument : arguments) {
+    if (argument.IsReference()) argument = Variant(*argument.target());
+  }
+  return arguments;
+}
+
+// A host gets values; what it changes in them goes back into the variables that were passed.
+void Machine::CallHostMember(const Instruction* pc, Object& object, MemberId member, bool is_statement) {
+  const Ref<Object> held(&object);
+  const Arguments arguments = List(*pc);
+  std::vector<std::pair<size_t, Variant>> passed;  // position, and the stand-in
+  for (size_t at = 0; at < arguments.size(); ++at) {
+    if (!arguments[at].IsReference()) continue;
+    passed.emplace_back(at, arguments[at]);
+    arguments[at] = Variant(*arguments[at].target());
+  }
+  Variant result = is_statement ? object.Call(member, arguments) : object.Get(member, arguments);
+  for (const auto& [at, reference] : passed) {
+    if (!SameValue(*reference.target(), arguments[at])) *reference.target() = arguments[at];
+  }
+  for (Variant& argument : arguments) argument.Clear();
+  GiveResult(pc->a, std::move(result));
+}
+
+const Instruction* Machine::StoreSiteMember(const Instruction* pc, bool set) {
+  CallSite& site = const_cast<CallSite&>(Top().code->sites[static_cast<size_t>(pc->c)]);
+  Object& object = ObjectOf(At(site.object));
+  Variant& value = Register(pc->b + pc->n);
+  if (set) ObjectOrNothing(value);
+  ResolveSite(site, object);
+  if (site.script_class) {
+    auto& instance = static_cast<ClassInstance&>(object);
+    return StoreClassMember(pc, instance, site.script_class->members[static_cast<size_t>(site.member)], set);
+  }
+  const Ref<Object> held(&object);
+  const Arguments arguments = ValuesOf(List(*pc));
+  const Variant stored(std::move(value));
+  if (set) {
+    object.PutReference(site.member, arguments, stored);
+  } else {
+    object.Put(site.member, arguments, stored);
+  }
+  for (Variant& argument : arguments) argument.Clear();
+  return pc + 1;
+}
+
+// The value stands behind the index arguments, so that it is the setter's last one.
+const Instruction* Machine::StoreClassMember(const Instruction* pc, ClassInstance& self, const ClassMember& member,
+                                             bool set) {
+  const Arguments arguments = List(*pc);
+  Variant& value = Register(pc->b + pc->n);
+  if (member.is_field) {
+    const Ref<Object> held(&self);
+    Variant& field = self.fields()[member.field];
+    const Variant stored(std::move(value));
+    if (!arguments.empty()) {
+      StoreIndexed(field, ValuesOf(arguments), stored, set);
+    } else if (set) {
+      field = stored;
+    } else {
+      Let(field, stored);
+    }
+    for (Variant& argument : arguments) argument.Clear();
+    return pc + 1;
+  }
+  const Ref<Procedure>& setter = set ? member.set : member.let;
+  if (!setter) RaiseNamed(error::kMemberNotFound, member.name);
+  return Enter(*setter, &self, registers_ + pc->b, pc->n + 1U, kNoResult, pc + 1);
+}
+
+const Instruction* Machine::StoreOwnMember(const Instruction* pc, bool set) {
+  ClassInstance& self = *Top().self;
+  const ClassMember& member = self.definition().members[static_cast<size_t>(pc->c)];
+  if (set) ObjectOrNothing(Register(pc->b + pc->n - 1));
+  const Ref<Procedure>& setter = set ? member.set : member.let;
+  if (!setter) RaiseNamed(error::kIllegalAssignment, member.name);
+  return Enter(*setter, &self, registers_ + pc->b, pc->n, kNoResult, pc + 1);
+}
+
+// A name that had no meaning when the code was compiled.
+const Instruction* Machine::CallGlobalName(const Instruction* pc) {
+  const auto name = static_cast<NameId>(pc->c);
+  const Arguments arguments = List(*pc);
+  const GlobalEntry& entry = globals_.Entry(name);
+  if (entry.kind == GlobalKind::kProcedure) {
+    return Enter(*entry.procedure, nullptr, registers_ + pc->b, pc->n, pc->a, pc + 1);
+  }
+  const Variant* object = ExtraLocal(name);
+  const bool holds =
+      entry.kind == GlobalKind::kVariable || entry.kind == GlobalKind::kConstant || entry.kind == GlobalKind::kObject;
+  if (!object && holds) object = &globals_.ValueOf(entry);
+  if (!object) {
+    RaiseNamed(Top().code->module->option_explicit ? error::kUndefinedVariable : error::kTypeMismatch, name);
+  }
+  Variant value = IndexedValue(*object, ValuesOf(arguments));
+  for (Variant& argument : arguments) argument.Clear();
+  GiveResult(pc->a, std::move(value));
+  return pc + 1;
+}
+
+}  // namespace kestrun::vbs

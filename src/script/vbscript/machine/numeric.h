@@ -1,0 +1,42 @@
+// Numbers on the fast path: Integer, Long and Double, which between them do nearly all of a script's arithmetic.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+
+#include "base/variant.h"
+
+namespace kestrun::vbs {
+
+inline constexpr unsigned kBothIntegers = 0;
+inline constexpr unsigned kWholeNumbers = 1;
+
+// 0 for two Integers, 1 for Integers and Longs, more for anything else.
+[[nodiscard]] inline unsigned WholeKind(const Variant& left, const Variant& right) {
+  constexpr auto kInteger = static_cast<unsigned>(VarType::kInteger);
+  return (static_cast<unsigned>(left.type()) ^ kInteger) | (static_cast<unsigned>(right.type()) ^ kInteger);
+}
+
+// True for Integer, Long and Double; gives the value.
+[[nodiscard, gnu::always_inline]] inline bool AsReal(const Variant& value, double& real) {
+  if (value.Is(VarType::kDouble)) {
+    real = value.real();
+    return true;
+  }
+  if (!value.Is(VarType::kInteger) && !value.Is(VarType::kLong)) return false;
+  real = value.whole();
+  return true;
+}
+
+// The narrowest type that the operands' kind allows and the value fits.
+[[gnu::always_inline]] inline void StoreWhole(Variant& target, unsigned kind, int64_t value) {
+  if (kind == kBothIntegers && value == static_cast<int16_t>(value)) {
+    target.SetWhole(VarType::kInteger, static_cast<int32_t>(value));
+  } else if (value == static_cast<int32_t>(value)) {
+    target.SetWhole(VarType::kLong, static_cast<int32_t>(value));
+  } else {
+    target.SetReal(VarType::kDouble, static_cast<double>(value));
+  }
+}
+
+}  // namespace kestrun::vbs

@@ -1,0 +1,117 @@
+// Array functions. Arrays start at 0.
+#include "script/vbscript/runtime/conversions.h"
+#include "script/vbscript/runtime/errors.h"
+#include "script/vbscript/runtime/functions.h"
+#include "script/vbscript/runtime/text_search.h"
+
+namespace kestrun::vbs {
+namespace {
+
+constexpr size_t kNotFound = std::u16string_view::npos;
+
+Variant ArrayOf(std::vector<Variant> elements) {
+  Ref<ArrayBody> body = MakeRef<ArrayBody>(std::vector<int32_t>{});
+  body->sizes = {static_cast<int32_t>(elements.size())};
+  body->elements = std::move(elements);
+  return Variant(std::move(body));
+}
+
+const ArrayBody& ArrayArgument(const Variant& argument) {
+  if (!argument.Is(VarType::kArray)) RaiseScript(error::kTypeMismatch);
+  return argument.array();
+}
+
+// A list of texts has one dimension: error 13 for a value that is no array, 5 for another shape.
+const ArrayBody& ListArgument(const Variant& argument) {
+  const ArrayBody& array = ArrayArgument(argument);
+  if (array.sizes.size() != 1) RaiseScript(error::kInvalidProcedureCall);
+  return array;
+}
+
+int32_t SizeOfDimension(Arguments arguments) {
+  const ArrayBody& array = ArrayArgument(arguments[0]);
+  const int32_t dimension = LongArgument(arguments, 1, 1);
+  if (dimension < 1 || static_cast<size_t>(dimension) > array.sizes.size()) RaiseScript(error::kSubscriptOutOfRange);
+  return array.sizes[static_cast<size_t>(dimension - 1)];
+}
+
+// Null among the texts of a list is a mismatch.
+TextArgument ElementText(const Variant& element) {
+  if (element.Is(VarType::kNull)) RaiseScript(error::kTypeMismatch);
+  return TextArgument(element);
+}
+
+}  // namespace
+
+// Array(values...): a list of the values.
+Variant MakeArray(RuntimeContext&, Arguments arguments) {
+  return ArrayOf(std::vector<Variant>(arguments.begin(), arguments.end()));
+}
+
+// LBound(array[, dimension]), UBound(array[, dimension]): error 9 for a dimension that there is not.
+Variant LBound(RuntimeContext&, Arguments arguments) {
+  static_cast<void>(SizeOfDimension(arguments));
+  return int32_t{0};
+}
+
+Variant UBound(RuntimeContext&, Arguments arguments) { return SizeOfDimension(arguments) - 1; }
+
+// Filter(list, wanted[, include[, compare]]): the texts that hold `wanted`, or those that do not.
+Variant Filter(RuntimeContext& context, Arguments arguments) {
+  const ArrayBody& list = ListArgument(arguments[0]);
+  const TextArgument wanted(arguments[1]);
+  const bool include = !IsGiven(arguments, 2) || ToBoolean(arguments[2]);
+  const bool ignore_case = TextCompareArgument(arguments, 3);
+  std::vector<Variant> kept;
+  for (const Variant& element : list.elements) {
+    context.Charge(1);
+    const TextArgument text = ElementText(element);
+    const bool found = TextFinder(context, text.view(), wanted.view(), ignore_case).Find(0) != kNotFound;
+    if (found == include) kept.push_back(text.value());
+  }
+  return ArrayOf(std::move(kept));
+}
+
+// Join(list[, delimiter]): a blank between the texts unless another delimiter is given.
+Variant Join(RuntimeContext& context, Arguments arguments) {
+  const ArrayBody& list = ListArgument(arguments[0]);
+  const Variant delimiter = IsGiven(arguments, 1) ? ToTextValue(arguments[1]) : Variant(std::u16string(u" "));
+  std::u16string joined;
+  size_t asked = 1 << 14;
+  for (size_t at = 0; at < list.elements.size(); ++at) {
+    context.Charge(1);
+    if (at > 0) joined.append(delimiter.text());
+    joined.append(ElementText(list.elements[at]).view());
+    if (joined.size() < asked) continue;
+    asked = joined.size() * 2;
+    context.ChargeMemory(asked * sizeof(char16_t));
+  }
+  return Variant(std::move(joined));
+}
+
+// Split(text[, delimiter[, count[, compare]]]): an empty text gives an empty list, an empty delimiter the whole text.
+Variant SplitText(RuntimeContext& context, Arguments arguments) {
+  const TextArgument text(arguments[0]);
+  const Variant delimiter = IsGiven(arguments, 1) ? ToTextValue(arguments[1]) : Variant(std::u16string(u" "));
+  const int32_t count = LongArgument(arguments, 2, -1);
+  if (count < -1) RaiseScript(error::kInvalidProcedureCall);
+  const bool ignore_case = TextCompareArgument(arguments, 3);
+  if (text.size() == 0 || count == 0) return ArrayOf({});
+  if (delimiter.text().empty()) return ArrayOf({text.value()});
+  const size_t most = count < 0 ? SIZE_MAX : static_cast<size_t>(count);
+  TextFinder finder(context, text.view(), delimiter.text(), ignore_case);
+  std::vector<Variant> parts;
+  size_t from = 0;
+  while (parts.size() + 1 < most) {
+    const size_t place = finder.Find(from);
+    if (place == kNotFound) break;
+    context.Charge(1);
+    parts.emplace_back(std::u16string(text.view().substr(from, place - from)));
+    if (parts.size() % 4096 == 0) context.ChargeMemory(parts.size() * 64);
+    from = place + delimiter.text().size();
+  }
+  parts.emplace_back(std::u16string(text.view().substr(from)));
+  return ArrayOf(std::move(parts));
+}
+
+}  // namespace kestrun::vbs

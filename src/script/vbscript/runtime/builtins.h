@@ -1,0 +1,40 @@
+// The built-in functions and constants: two tables that the compiler looks names up in.
+#pragma once
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "base/object.h"
+#include "script/vbscript/runtime/context.h"
+
+namespace kestrun::vbs {
+
+struct Builtin {
+  std::string_view name;
+  // The caller checks the count and raises error 450. An argument that is left out in the middle comes as
+  // Variant::Missing(); those left out at the end are simply not there.
+  int least_arguments;
+  int most_arguments;
+  Variant (*call)(RuntimeContext& context, Arguments arguments);
+};
+
+inline constexpr int kAnyArgumentCount = 255;
+
+// Sorted by name without regard to case.
+[[nodiscard]] std::span<const Builtin> Builtins();
+// Null when there is no such function. Any case.
+[[nodiscard]] const Builtin* FindBuiltin(std::string_view name);
+
+struct Constant {
+  std::string_view name;
+  Variant value;
+};
+
+[[nodiscard]] const std::vector<Constant>& Constants();
+
+// A new object of a class that the language brings along: "RegExp" for New, "VBScript.RegExp" and
+// "Scripting.Dictionary" for CreateObject. Empty for any other name. Any case.
+[[nodiscard]] Ref<Object> CreateScriptObject(std::string_view class_name, RuntimeContext& context);
+
+}  // namespace kestrun::vbs

@@ -1,0 +1,56 @@
+// Values as texts, numbers and counts, the way the built-in functions take their arguments. Works on UTF-16 throughout.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/convert.h"
+#include "base/object.h"
+#include "base/variant.h"
+
+namespace kestrun::vbs {
+
+// The value itself, or for an object the value of its default member (of that again, to a bounded depth).
+// Error 91 for Nothing, 438 when there is no default member.
+[[nodiscard]] Variant PlainValue(const Variant& value);
+
+// Appends the value's text to `text`. Null appends nothing. Error 13 for arrays and error values.
+void AppendText(std::u16string& text, const Variant& value);
+
+// The value as a String that may share its body with `value`. Error 94 for Null.
+[[nodiscard]] Variant ToTextValue(const Variant& value);
+
+// A text argument: keeps whatever holds the characters alive for as long as the view is used.
+class TextArgument {
+ public:
+  // Error 94 for Null, 13 for what has no text.
+  explicit TextArgument(const Variant& value) : holder_(ToTextValue(value)) {}
+  [[nodiscard]] std::u16string_view view() const { return holder_.text(); }
+  [[nodiscard]] size_t size() const { return holder_.text().size(); }
+  // The String itself, sharing its characters.
+  [[nodiscard]] const Variant& value() const { return holder_; }
+
+ private:
+  Variant holder_;
+};
+
+// A Boolean as the type that arithmetic sees: -1 or 0.
+[[nodiscard]] inline int32_t BooleanBits(bool value) { return value ? -1 : 0; }
+
+// Whether the argument at `index` was given: neither left out at the end nor in the middle.
+[[nodiscard]] inline bool IsGiven(Arguments arguments, size_t index) {
+  return index < arguments.size() && !arguments[index].IsMissing();
+}
+
+// Optional whole numbers with their default. Error 94 for Null.
+[[nodiscard]] int32_t LongArgument(Arguments arguments, size_t index, int32_t preset);
+// A count or position: error 5 when it is below `least`.
+[[nodiscard]] size_t CountArgument(const Variant& value, int32_t least);
+// A comparison mode: 0 binary, 1 text; error 5 for others. True for text.
+[[nodiscard]] bool TextCompareArgument(Arguments arguments, size_t index);
+
+// Whole numbers with the argument's value in the narrowest of Integer, Long and Double that holds it.
+[[nodiscard]] Variant CountValue(size_t count);
+
+}  // namespace kestrun::vbs

@@ -1,0 +1,69 @@
+// Scripting.Dictionary: items by key, in the order in which the keys came.
+#pragma once
+
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "base/object.h"
+#include "script/vbscript/runtime/context.h"
+
+namespace kestrun::vbs {
+
+// Keys are compared by value: numbers and dates of any type by their number, texts by their units or without regard to
+// case, objects by identity. Arrays are no keys (error 5).
+class Dictionary final : public TableObject {
+ public:
+  explicit Dictionary(RuntimeContext& context);
+
+  [[nodiscard]] std::string TypeName() const override { return "Dictionary"; }
+  [[nodiscard]] const MemberTable& Members() const override;
+  [[nodiscard]] MemberId DefaultMember() const override;
+  // Walks the keys that are there when the walk begins.
+  [[nodiscard]] std::unique_ptr<Enumeration> Enumerate() override;
+
+  // Error 457 when the key is there.
+  void Add(const Variant& key, const Variant& item);
+  [[nodiscard]] bool Exists(const Variant& key) const;
+  // A key that is not there is added with Empty.
+  [[nodiscard]] const Variant& Item(const Variant& key);
+  void SetItem(const Variant& key, const Variant& item);
+  // Gives an item another key. 32811 when there is no such item, 457 when the new key is there.
+  void ChangeKey(const Variant& key, const Variant& new_key);
+  // 32811 when the key is not there.
+  void Remove(const Variant& key);
+  void RemoveAll();
+  [[nodiscard]] Variant Keys() const;
+  [[nodiscard]] Variant Items() const;
+  [[nodiscard]] size_t Count() const { return places_.size(); }
+  [[nodiscard]] int compare_mode() const { return ignore_case_ ? 1 : 0; }
+  // Error 5 once there are items.
+  void set_compare_mode(int mode);
+
+ private:
+  struct Entry {
+    Variant key;
+    Variant item;
+    bool present = true;
+  };
+  struct KeyHash {
+    bool* ignore_case;
+    size_t operator()(const Variant& key) const;
+  };
+  struct KeyEqual {
+    bool* ignore_case;
+    bool operator()(const Variant& left, const Variant& right) const;
+  };
+
+  Entry& FindOrAdd(const Variant& key);
+  Entry& Append(const Variant& key, const Variant& item);
+  void DropGaps();
+  template <class Pick>
+  [[nodiscard]] Variant List(Pick pick) const;
+
+  bool ignore_case_ = false;
+  std::vector<Entry> entries_;  // with gaps where items were removed
+  std::unordered_map<Variant, size_t, KeyHash, KeyEqual> places_;
+};
+
+}  // namespace kestrun::vbs

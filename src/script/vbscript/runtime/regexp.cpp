@@ -1,0 +1,171 @@
+#include "script/vbscript/runtime/regexp.h"
+
+#include <array>
+
+#include "script/vbscript/runtime/conversions.h"
+#include "script/vbscript/runtime/errors.h"
+#include "script/vbscript/runtime/regexp_match.h"
+#include "script/vbscript/runtime/regexp_matcher.h"
+
+namespace kestrun::vbs {
+namespace {
+
+constexpr size_t kLargeText = 1 << 14;
+
+RegExp& Self(Object& object) { return static_cast<RegExp&>(object); }
+
+constexpr std::array kRows{
+    Member{"Pattern", MemberKind::kReadWrite, 0, 0, [](Object& self, Arguments) { return Self(self).pattern(); },
+           [](Object& self, Arguments, const Variant& value) { Self(self).set_pattern(value); }},
+    Member{"IgnoreCase", MemberKind::kReadWrite, 0, 0,
+           [](Object& self, Arguments) { return Variant(Self(self).ignore_case()); },
+           [](Object& self, Arguments, const Variant& value) { Self(self).set_ignore_case(ToBoolean(value)); }},
+    Member{"Global", MemberKind::kReadWrite, 0, 0, [](Object& self, Arguments) { return Variant(Self(self).global()); },
+           [](Object& self, Arguments, const Variant& value) { Self(self).set_global(ToBoolean(value)); }},
+    Member{"Multiline", MemberKind::kReadWrite, 0, 0,
+           [](Object& self, Arguments) { return Variant(Self(self).multiline()); },
+           [](Object& self, Arguments, const Variant& value) { Self(self).set_multiline(ToBoolean(value)); }},
+    Member{"Execute", MemberKind::kMethod, 1, 1,
+           [](Object& self, Arguments arguments) { return Self(self).Execute(arguments[0]); }},
+    Member{"Test", MemberKind::kMethod, 1, 1,
+           [](Object& self, Arguments arguments) { return Variant(Self(self).Test(arguments[0])); }},
+    Member{"Replace", MemberKind::kMethod, 2, 2,
+           [](Object& self, Arguments arguments) { return Self(self).Replace(arguments[0], arguments[1]); }},
+};
+
+constexpr MemberTable kMembers{nullptr, kRows};
+
+// Every match from the start of the text, or only the first. An empty match moves the search on by one unit.
+template <class OnMatch>
+void ForEachMatch(RegExpMatcher& matcher, size_t length, bool global, OnMatch on_match) {
+  for (uint32_t from = 0; from <= length && matcher.Find(from);) {
+    on_match();
+    if (!global) return;
+    from = matcher.end(0) > matcher.begin(0) ? matcher.end(0) : matcher.end(0) + 1;
+  }
+}
+
+// Writes one replacement with its $ forms.
+class Expansion {
+ public:
+  Expansion(std::u16string_view text, std::u16string_view replacement, uint32_t group_count)
+      : text_(text), replacement_(replacement), group_count_(group_count) {}
+
+  void AppendTo(std::u16string& result, const RegExpMatcher& matcher) const {
+    for (size_t at = 0; at < replacement_.size();) {
+      const size_t taken = replacement_[at] == u'$' ? AppendForm(result, matcher, at) : 0;
+      if (taken == 0) result.push_back(replacement_[at]);
+      at += taken == 0 ? 1 : taken;
+    }
+  }
+
+ private:
+  [[nodiscard]] std::u16string_view Group(const RegExpMatcher& matcher, uint32_t group) const {
+    if (matcher.begin(group) == kNoPosition) return {};
+    return text_.substr(matcher.begin(group), matcher.end(group) - matcher.begin(group));
+  }
+
+  // The number of units that the form at `at` takes; 0 when it is none.
+  size_t AppendForm(std::u16string& result, const RegExpMatcher& matcher, size_t at) const {
+    if (at + 1 == replacement_.size()) return 0;
+    const char16_t letter = replacement_[at + 1];
+    switch (letter) {
+      case u'$': result.push_back(u'$'); return 2;
+      case u'&': result.append(Group(matcher, 0)); return 2;
+      case u'`': result.append(text_.substr(0, matcher.begin(0))); return 2;
+      case u'\'': result.append(text_.substr(matcher.end(0))); return 2;
+      case u'_': result.append(text_); return 2;
+      case u'+':
+        if (group_count_ > 1) result.append(Group(matcher, group_count_ - 1));
+        return 2;
+      default: return AppendGroup(result, matcher, at);
+    }
+  }
+
+  // "$12" is group 12 when there is one, else group 1 and a "2".
+  size_t AppendGroup(std::u16string& result, const RegExpMatcher& matcher, size_t at) const {
+    uint32_t group = 0;
+    size_t used = 0;
+    for (size_t digits = 1; digits <= 2 && at + digits < replacement_.size(); ++digits) {
+      const char16_t unit = replacement_[at + digits];
+      if (unit < u'0' || unit > u'9') break;
+      const uint32_t next = group * 10 + static_cast<uint32_t>(unit - u'0');
+      if (next >= group_count_) break;
+      group = next;
+      used = digits;
+    }
+    if (group == 0) return 0;
+    result.append(Group(matcher, group));
+    return used + 1;
+  }
+
+  std::u16string_view text_;
+  std::u16string_view replacement_;
+  uint32_t group_count_;
+};
+
+}  // namespace
+
+const MemberTable& RegExp::Members() const { return kMembers; }
+
+void RegExp::set_pattern(const Variant& pattern) {
+  pattern_ = ToTextValue(pattern);
+  program_.reset();
+}
+
+void RegExp::set_ignore_case(bool ignore_case) {
+  if (ignore_case != ignore_case_) program_.reset();
+  ignore_case_ = ignore_case;
+}
+
+void RegExp::set_multiline(bool multiline) {
+  if (multiline != multiline_) program_.reset();
+  multiline_ = multiline;
+}
+
+const RegExpProgram& RegExp::Program() {
+  if (!program_) {
+    context().Charge(pattern_.text().size());
+    program_ = CompileRegExp(pattern_.text(), ignore_case_, multiline_);
+  }
+  return *program_;
+}
+
+bool RegExp::Test(const Variant& text) {
+  const TextArgument subject(text);
+  return RegExpMatcher(context(), Program(), subject.view()).Find(0);
+}
+
+Variant RegExp::Execute(const Variant& text) {
+  const TextArgument subject(text);
+  const RegExpProgram& program = Program();
+  RegExpMatcher matcher(context(), program, subject.view());
+  std::vector<Ref<Match>> matches;
+  ForEachMatch(matcher, subject.size(), global_, [&] {
+    matches.push_back(MakeRef<Match>(subject.value(), SpansOf(matcher, program.group_count)));
+    if (matches.size() % 4096 == 0) context().ChargeMemory(matches.size() * 256);
+  });
+  return MakeRef<Matches>(std::move(matches));
+}
+
+Variant RegExp::Replace(const Variant& text, const Variant& replacement) {
+  const TextArgument subject(text);
+  const TextArgument form(replacement);
+  const RegExpProgram& program = Program();
+  RegExpMatcher matcher(context(), program, subject.view());
+  const Expansion expansion(subject.view(), form.view(), program.group_count);
+  std::u16string result;
+  size_t asked = kLargeText;
+  uint32_t done = 0;
+  ForEachMatch(matcher, subject.size(), global_, [&] {
+    result.append(subject.view(), done, matcher.begin(0) - done);
+    expansion.AppendTo(result, matcher);
+    done = matcher.end(0);
+    if (result.size() < asked) return;
+    asked = result.size() * 2;
+    context().ChargeMemory(asked * sizeof(char16_t));
+  });
+  return Variant(std::move(result.append(subject.view(), done)));
+}
+
+}  // namespace kestrun::vbs
