@@ -155,6 +155,10 @@ class Variant {
     payload.boolean = value;
     Replace(VarType::kBoolean, 0, payload);
   }
+  // Back to Empty if it holds a counted reference; otherwise the value may stay.
+  void DropReference() noexcept {
+    if (owns_) Clear();
+  }
   // Back to Empty.
   void Clear() noexcept { Replace(VarType::kEmpty, 0, Payload{}); }
 
@@ -207,7 +211,7 @@ class Variant {
     Variant* target;
   };
 
-  void Replace(VarType type, uint32_t owns, Payload payload) noexcept {
+  [[gnu::always_inline]] void Replace(VarType type, uint32_t owns, Payload payload) noexcept {
     RefCounted* const old = owns_ ? payload_.shared : nullptr;
     type_ = type;
     owns_ = owns;

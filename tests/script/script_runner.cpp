@@ -116,6 +116,9 @@ std::vector<ScriptCase> SplitScripts(std::string_view text) {
       list.back().text += line + "\n";
     }
   }
+  for (ScriptCase& script : list) {
+    while (!script.text.empty() && script.text.back() == '\n') script.text.pop_back();
+  }
   return list;
 }
 

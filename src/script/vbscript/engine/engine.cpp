@@ -13,12 +13,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-double ReadDateLiteral(std::string_view text) {
+double ReadDateLiteral(RuntimeContext& context, std::string_view text) {
   static const Builtin* const kConversion = FindBuiltin("CDate");
   if (!kConversion) RaiseScript(error::kTypeMismatch);
-  Engine reader;
   Variant argument(text);
-  return kConversion->call(reader, {&argument, 1}).real();
+  return kConversion->call(context, {&argument, 1}).real();
 }
 
 std::vector<int32_t> BoundsOf(const DeclaredVariable& variable) {
@@ -82,7 +81,7 @@ void Engine::ChargeMemory(size_t bytes) {
 std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression) {
   auto module = std::make_shared<Module>(text);
   try {
-    Parser parser(*module, names_, ReadDateLiteral);
+    Parser parser(*module, names_, [this](std::string_view date) { return ReadDateLiteral(*this, date); });
     if (as_expression) {
       parser.ParseEvaluation();
     } else {

@@ -28,7 +28,7 @@ struct TimeLimitReached {};
 struct Limits {
   int64_t timeout_ms = -1;  // none when negative
   size_t memory_bytes = size_t{512} * 1024 * 1024;
-  size_t text_units = size_t{128} * 1024 * 1024;
+  size_t text_units = size_t{64} * 1024 * 1024;
 };
 
 // A module that does not compile, with its error's place.

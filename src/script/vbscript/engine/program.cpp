@@ -28,10 +28,7 @@ GlobalScope::~GlobalScope() {
   std::free(values_);
 }
 
-GlobalEntry& GlobalScope::Entry(NameId name) {
-  if (name >= entries_.size()) entries_.resize(name + name / 2 + 1);
-  return entries_[name];
-}
+void GlobalScope::MakeEntries(NameId name) { entries_.resize(name + name / 2 + 1); }
 
 void GlobalScope::Rebind(GlobalEntry& entry, GlobalKind kind) {
   entry.kind = kind;

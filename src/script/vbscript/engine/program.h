@@ -76,7 +76,10 @@ class GlobalScope {
   GlobalScope(const GlobalScope&) = delete;
   GlobalScope& operator=(const GlobalScope&) = delete;
 
-  [[nodiscard]] GlobalEntry& Entry(NameId name);
+  [[nodiscard]] GlobalEntry& Entry(NameId name) {
+    if (name >= entries_.size()) MakeEntries(name);
+    return entries_[name];
+  }
   [[nodiscard]] Variant* values() { return values_; }
   [[nodiscard]] Variant& ValueOf(const GlobalEntry& entry) { return values_[entry.slot]; }
 
@@ -92,6 +95,7 @@ class GlobalScope {
   void Clear(bool everything);
 
  private:
+  void MakeEntries(NameId name);
   void Rebind(GlobalEntry& entry, GlobalKind kind);
   void GiveSlot(GlobalEntry& entry);
 

@@ -73,13 +73,20 @@ void Machine::Concatenate(const Instruction& at) {
     AppendText(*target.text_body(), right);
     return;
   }
-  std::u16string text;
-  const size_t extra = right.Is(VarType::kString) ? right.text().size() : 11;
-  text.reserve(left.text().size() + extra);
-  text = left.text();
-  const Ref<TextBody> body = MakeRef<TextBody>(std::move(text));
+  const Ref<TextBody> body = CopyToGrow(left, right.Is(VarType::kString) ? right.text().size() : 11);
   AppendText(*body, right);
   target = Variant(body);
+}
+
+// A text of its own with room for more.
+Ref<TextBody> Machine::CopyToGrow(const Variant& text, size_t extra) {
+  const size_t units = text.text().size() + extra;
+  if (units > engine_.limits().text_units) RaiseScript(error::kOutOfStringSpace);
+  if (units > kUnitsPerStep) engine_.ChargeMemory(units * sizeof(char16_t));
+  std::u16string copy;
+  copy.reserve(units);
+  copy = text.text();
+  return MakeRef<TextBody>(std::move(copy));
 }
 
 // False for a part that is neither text nor whole number.
@@ -110,8 +117,11 @@ void Machine::AppendParts(Variant& target, Variant* parts, uint32_t count) {
       parts[part] = kestrun::vbs::Concatenate(held, "");
     }
   }
-  if (target.Is(VarType::kString) && target.text_body()->references() == 1) {
-    for (uint32_t part = 0; part < count; ++part) AppendText(*target.text_body(), parts[part]);
+  if (target.Is(VarType::kString)) {
+    const bool own = target.text_body()->references() == 1;
+    const Ref<TextBody> body = own ? Ref<TextBody>(target.text_body()) : CopyToGrow(target, 0);
+    for (uint32_t part = 0; part < count; ++part) AppendText(*body, parts[part]);
+    if (!own) target = Variant(body);
   } else {
     Variant sum = PlainCopy(target);
     for (uint32_t part = 0; part < count; ++part) sum = kestrun::vbs::Concatenate(sum, parts[part]);

@@ -52,21 +52,19 @@ Variant Machine::RunInside(Module& module) {
   const CompileContext context{engine_.names(), globals_, module, self ? &self->definition() : nullptr, names, true};
   const std::unique_ptr<Code> code = module.expression ? CompileEvaluation(context, *module.expression)
                                                        : CompileStatements(context, Block(module.statements));
-  PushFrame(*code, self, FreeStack(code->register_count));
+  OpenFrame(*code, self, FreeStack(code->register_count));
   for (size_t at = 0; at < places.size(); ++at) Top().base[at] = Variant::ReferenceTo(places[at]);
-  Top().boundary = true;
   Top().in_procedure = true;
   Execute(code->instructions.data());
   if (module.expression) return std::move(returned_);
-  PopFrame();
+  CloseFrame();
   return {};
 }
 
 Variant Machine::EvaluateGlobal(Module& module) {
   const CompileContext context{engine_.names(), globals_, module};
   const std::unique_ptr<Code> code = CompileEvaluation(context, *module.expression);
-  PushFrame(*code, nullptr, FreeStack(code->register_count));
-  Top().boundary = true;
+  OpenFrame(*code, nullptr, FreeStack(code->register_count));
   Execute(code->instructions.data());
   return std::move(returned_);
 }

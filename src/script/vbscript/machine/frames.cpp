@@ -71,12 +71,12 @@ void Machine::Execute(const Instruction* pc) {
     RaiseScript(error::kOutOfStackSpace);
   }
   ++nested_runs_;
-  const size_t floor = frames_.size();
+  const size_t floor = depth_;
   try {
     Dispatch(pc);
   } catch (...) {
     // Recover has taken the frames down already, unless what flies is no script error.
-    while (frames_.size() >= floor) PopFrame();
+    while (depth_ >= floor) PopFrame();
     --nested_runs_;
     throw;
   }
@@ -115,8 +115,8 @@ const Instruction* Machine::Recover(const RuntimeError& error, const Instruction
   }
 }
 
-const Instruction* Machine::Enter(Procedure& procedure, ClassInstance* self, Variant* arguments, uint32_t count,
-                                  Operand result, const Instruction* return_to) {
+inline const Instruction* Machine::EnterNow(Procedure& procedure, ClassInstance* self, Variant* arguments,
+                                            uint32_t count, Operand result, const Instruction* return_to) {
   if (procedure.checked_epoch != globals_.epoch()) Refresh(procedure);
   const Code& code = *procedure.code;
   if (count != code.parameter_count) RaiseScript(error::kWrongArgumentCount);
@@ -131,9 +131,14 @@ const Instruction* Machine::Enter(Procedure& procedure, ClassInstance* self, Var
   return code.instructions.data();
 }
 
-void Machine::UseFrame() {
-  if (frames_.empty()) return;
-  const Frame& frame = frames_.back();
+const Instruction* Machine::Enter(Procedure& procedure, ClassInstance* self, Variant* arguments, uint32_t count,
+                                  Operand result, const Instruction* return_to) {
+  return EnterNow(procedure, self, arguments, count, result, return_to);
+}
+
+inline void Machine::UseFrame() {
+  if (depth_ == 0) return;
+  const Frame& frame = *top_;
   registers_ = frame.base;
   auto* base = reinterpret_cast<std::byte*>(frame.base);
   bases_[static_cast<size_t>(Space::kRegister)] = base;
@@ -144,38 +149,46 @@ void Machine::UseFrame() {
       frame.self ? reinterpret_cast<std::byte*>(frame.self->fields()) : nullptr;
 }
 
-void Machine::PushFrame(const Code& code, ClassInstance* self, Variant* base) {
-  if (frames_.size() >= kMostFrames || base + code.register_count + 1 > stack_end_) {
-    RaiseScript(error::kOutOfStackSpace);
-  }
-  Frame& frame = frames_.emplace_back();
-  frame.code = &code;
-  frame.base = base;
-  frame.self = self;
+void Machine::GrowFrames() {
+  if (depth_ >= kMostFrames) RaiseScript(error::kOutOfStackSpace);
+  frames_.resize(std::min(kMostFrames, 2 * depth_ + 16));
+}
+
+inline void Machine::PushFrame(const Code& code, ClassInstance* self, Variant* base) {
+  if (base + code.register_count + 1 > stack_end_) RaiseScript(error::kOutOfStackSpace);
+  if (depth_ == frames_.size()) GrowFrames();
+  top_ = &frames_[depth_++];
+  *top_ = {.code = &code, .base = base, .self = self};
   if (self) self->Retain();
   UseFrame();
 }
 
 // Registers may hold the last reference to an object whose end runs a script, which must find the frame in place.
-void Machine::ClearRegisters(const Frame& frame) {
-  Variant* const base = frame.base;
-  const uint32_t count = frame.code->register_count;
-  for (uint32_t reg = 0; reg < count; ++reg) base[reg].Clear();
+inline void Machine::ClearRegisters(Variant* base, uint32_t count) {
+  for (Variant* value = base; value != base + count; ++value) value->DropReference();
 }
 
-void Machine::PopFrame() {
-  ClearRegisters(Frame(Top()));
-  ClassInstance* const self = Top().self;
-  ExtraLocals* const extras = Top().extras;
-  frames_.pop_back();
+inline void Machine::PopFrame() {
+  ClearRegisters(top_->base, top_->code->register_count);
+  ClassInstance* const self = top_->self;
+  ExtraLocals* const extras = top_->extras;
+  --depth_;
+  top_ = depth_ ? &frames_[depth_ - 1] : nullptr;
   UseFrame();
   if (extras) delete extras;
   if (self) self->Release();
 }
 
+void Machine::OpenFrame(const Code& code, ClassInstance* self, Variant* base) {
+  PushFrame(code, self, base);
+  Top().boundary = true;
+}
+
+void Machine::CloseFrame() { PopFrame(); }
+
 // Where the registers of a frame that native code asks for may begin.
 Variant* Machine::FreeStack(uint32_t count) {
-  Variant* const free = frames_.empty() ? stack_ : Top().base + Top().code->register_count;
+  Variant* const free = depth_ == 0 ? stack_ : Top().base + Top().code->register_count;
   if (free + count > stack_end_) RaiseScript(error::kOutOfStackSpace);
   return free;
 }
@@ -213,9 +226,8 @@ Variant Machine::Invoke(Procedure& procedure, ClassInstance* self, Arguments arg
 
 void Machine::RunGlobal(Module& module) {
   static const Code kNoCode;
-  PushFrame(kNoCode, nullptr, FreeStack(0));
-  Top().boundary = true;
-  const size_t floor = frames_.size();
+  OpenFrame(kNoCode, nullptr, FreeStack(0));
+  const size_t floor = depth_;
   try {
     for (Statement*& statement : module.statements) {
       const CompileContext context{engine_.names(), globals_, module};
@@ -224,11 +236,11 @@ void Machine::RunGlobal(Module& module) {
       Top().code = code.get();
       UseFrame();
       Execute(code->instructions.data());
-      ClearRegisters(Frame(Top()));
+      ClearRegisters(Top().base, code->register_count);
       Top().code = &kNoCode;
     }
   } catch (...) {
-    while (frames_.size() >= floor) {
+    while (depth_ >= floor) {
       Top().code = &kNoCode;
       PopFrame();
     }
@@ -237,6 +249,6 @@ void Machine::RunGlobal(Module& module) {
   PopFrame();
 }
 
-bool Machine::InProcedure() const { return !frames_.empty() && Top().in_procedure; }
+bool Machine::InProcedure() const { return depth_ > 0 && Top().in_procedure; }
 
 }  // namespace kestrun::vbs

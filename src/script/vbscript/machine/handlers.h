@@ -361,16 +361,19 @@ inline const Instruction* Machine::DoForNext(const Instruction* pc) {
 }
 
 inline const Instruction* Machine::DoReturn(const Instruction*) {
-  const Frame frame = Top();
+  const Code& code = *top_->code;
+  const Instruction* const return_to = top_->return_to;
+  const Operand target = top_->result;
+  const bool boundary = top_->boundary;
   Variant result;
-  if (frame.code->gives_result) result = std::move(frame.base[frame.code->result_register]);
+  if (code.gives_result) result = std::move(registers_[code.result_register]);
   PopFrame();
-  if (frame.boundary) {
+  if (boundary) {
     returned_ = std::move(result);
     return nullptr;
   }
-  if (frame.result != kNoResult) At(frame.result) = std::move(result);
-  return frame.return_to;
+  if (target != kNoResult) At(target) = std::move(result);
+  return return_to;
 }
 
 inline const Instruction* Machine::DoEnd(const Instruction*) { return nullptr; }
@@ -378,7 +381,7 @@ inline const Instruction* Machine::DoEnd(const Instruction*) { return nullptr; }
 inline const Instruction* Machine::DoCallProcedure(const Instruction* pc) {
   const GlobalEntry& entry = globals_.Entry(static_cast<NameId>(pc->c));
   if (entry.kind != GlobalKind::kProcedure) return CallGlobalName(pc);
-  return Enter(*entry.procedure, nullptr, registers_ + pc->b, pc->n, pc->a, pc + 1);
+  return EnterNow(*entry.procedure, nullptr, registers_ + pc->b, pc->n, pc->a, pc + 1);
 }
 
 inline const Instruction* Machine::DoCallBuiltin(const Instruction* pc) {

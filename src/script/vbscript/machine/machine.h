@@ -64,7 +64,7 @@ class Machine {
 
   // True while the executing code stands in a procedure.
   [[nodiscard]] bool InProcedure() const;
-  [[nodiscard]] bool idle() const { return frames_.empty(); }
+  [[nodiscard]] bool idle() const { return depth_ == 0; }
 
   void Charge(uint64_t steps) {
     fuel_ -= static_cast<int64_t>(steps);
@@ -90,15 +90,14 @@ class Machine {
   KESTRUN_OPCODES(KESTRUN_HANDLER)
 #undef KESTRUN_HANDLER
 
-  [[nodiscard]] Variant& At(Operand operand) const {
+  [[nodiscard, gnu::always_inline]] Variant& At(Operand operand) const {
     auto* value =
         reinterpret_cast<Variant*>(bases_[static_cast<size_t>(operand & kSpaceMask)] + (operand & ~kSpaceMask));
     if (SpaceOf(operand) == Space::kIndirect && value->IsReference()) value = value->target();
     return *value;
   }
   [[nodiscard]] Variant& Register(int reg) const { return registers_[reg]; }
-  [[nodiscard]] Frame& Top() { return frames_.back(); }
-  [[nodiscard]] const Frame& Top() const { return frames_.back(); }
+  [[nodiscard]] Frame& Top() const { return *top_; }
   [[nodiscard]] Arguments List(const Instruction& at) const { return {registers_ + at.b, at.n}; }
 
   // Frames (frames.cpp).
@@ -107,10 +106,16 @@ class Machine {
   const Instruction* Recover(const RuntimeError& error, const Instruction* pc);
   const Instruction* Enter(Procedure& procedure, ClassInstance* self, Variant* arguments, uint32_t count,
                            Operand result, const Instruction* return_to);
+  const Instruction* EnterNow(Procedure& procedure, ClassInstance* self, Variant* arguments, uint32_t count,
+                              Operand result, const Instruction* return_to);
   void PushFrame(const Code& code, ClassInstance* self, Variant* base);
   void PopFrame();
-  void ClearRegisters(const Frame& frame);
+  static void ClearRegisters(Variant* base, uint32_t count);
+  void GrowFrames();
   void UseFrame();
+  // A frame that returns to native code, and its end.
+  void OpenFrame(const Code& code, ClassInstance* self, Variant* base);
+  void CloseFrame();
   void UnwindBoundary();
   void Refresh(Procedure& procedure);
   void TakeByValue(const Code& code, Variant* arguments);
@@ -136,6 +141,7 @@ class Machine {
   bool SlowTruth(const Variant& value);
   void Concatenate(const Instruction& at);
   void AppendParts(Variant& target, Variant* parts, uint32_t count);
+  Ref<TextBody> CopyToGrow(const Variant& text, size_t extra);
   bool AppendText(TextBody& body, const Variant& part);
 
   // Elements (elements.cpp).
@@ -172,7 +178,9 @@ class Machine {
   std::array<std::byte*, 8> bases_{};
   Variant* registers_ = nullptr;
   int64_t fuel_ = 0;
-  std::vector<Frame> frames_;
+  std::vector<Frame> frames_;  // the first depth_ are in use
+  size_t depth_ = 0;
+  Frame* top_ = nullptr;
   Variant* stack_;
   Variant* stack_end_;
   Variant returned_;

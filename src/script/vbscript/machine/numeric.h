@@ -18,7 +18,7 @@ inline constexpr unsigned kWholeNumbers = 1;
 }
 
 // True for Integer, Long and Double; gives the value.
-[[nodiscard]] inline bool AsReal(const Variant& value, double& real) {
+[[nodiscard, gnu::always_inline]] inline bool AsReal(const Variant& value, double& real) {
   if (value.Is(VarType::kDouble)) {
     real = value.real();
     return true;
@@ -29,7 +29,7 @@ inline constexpr unsigned kWholeNumbers = 1;
 }
 
 // The narrowest type that the operands' kind allows and the value fits.
-inline void StoreWhole(Variant& target, unsigned kind, int64_t value) {
+[[gnu::always_inline]] inline void StoreWhole(Variant& target, unsigned kind, int64_t value) {
   if (kind == kBothIntegers && value == static_cast<int16_t>(value)) {
     target.SetWhole(VarType::kInteger, static_cast<int32_t>(value));
   } else if (value == static_cast<int32_t>(value)) {

@@ -7,7 +7,7 @@
 namespace kestrun::vbs {
 
 Parser::Parser(Module& module, NameTable& names, DateReader read_date)
-    : module_(module), names_(names), read_date_(read_date), lexer_(module.source.text()) {
+    : module_(module), names_(names), read_date_(std::move(read_date)), lexer_(module.source.text()) {
   global_.assigned = &module.assigned;
 }
 

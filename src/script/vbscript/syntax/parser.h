@@ -2,6 +2,7 @@
 // stack. Throws CompileError.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <unordered_set>
@@ -14,7 +15,7 @@
 namespace kestrun::vbs {
 
 // Reads the text of a #...# literal; throws RuntimeError when it is no date.
-using DateReader = double (*)(std::string_view text);
+using DateReader = std::function<double(std::string_view text)>;
 
 class Parser {
  public:
