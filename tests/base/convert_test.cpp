@@ -39,8 +39,8 @@ TEST(ConvertTest, RadixTextIsANumber) {
   EXPECT_EQ(TextToDouble("&O17"), 15);
 }
 
-TEST(ConvertTest, SixteenBitRadixTextIsSigned) {
-  EXPECT_EQ(TextToDouble("&HFFFF"), -1);
+TEST(ConvertTest, RadixTextOfAllThirtyTwoBitsIsSigned) {
+  EXPECT_EQ(TextToDouble("&HFFFF"), 65535);
   EXPECT_EQ(TextToDouble("&H10000"), 65536);
   EXPECT_EQ(TextToDouble("&HFFFFFFFF"), -1);
 }
