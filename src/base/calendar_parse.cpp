@@ -124,16 +124,14 @@ class DateReader {
   }
 
   bool TakeTimeAt(size_t from) {
-    int parts[3] = {0, 0, 0};
-    size_t count = 0;
-    size_t at = from;
-    for (; count < 3 && IsKind(at, TokenKind::kNumber); ++at) {
-      parts[count++] = tokens_[at].value;
-      if (count == 3 || !IsTimeMark(at + 1)) break;
-      ++at;
+    int parts[3] = {tokens_[from].value, 0, 0};
+    size_t count = 1;
+    size_t at = from + 1;
+    while (count < 3 && IsTimeMark(at)) {
+      if (!IsKind(at + 1, TokenKind::kNumber)) return false;
+      parts[count++] = tokens_[at + 1].value;
+      at += 2;
     }
-    if (!IsKind(at, TokenKind::kNumber)) return false;
-    ++at;
     if (IsHalfOfDay(at)) {
       if (!ApplyHalfOfDay(parts[0], IsKind(at, TokenKind::kAfternoon))) return false;
       ++at;

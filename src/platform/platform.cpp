@@ -19,6 +19,8 @@ Platform& platform() {
   return *installed_platform;
 }
 
+Platform* InstalledPlatform() { return installed_platform; }
+
 PlatformInstallation::PlatformInstallation(Platform& platform)
     : previous_(std::exchange(installed_platform, &platform)) {}
 

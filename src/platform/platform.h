@@ -30,6 +30,8 @@ class Platform {
 
 // The installed platform. Calling it before one is installed ends the process with a message.
 [[nodiscard]] Platform& platform();
+// The same, or null before one is installed: for parts that can do without, such as scripts run on their own.
+[[nodiscard]] Platform* InstalledPlatform();
 
 // Installs a platform for as long as this object lives, and the one before it afterwards.
 class PlatformInstallation {

@@ -335,5 +335,15 @@ Timer() => Single 64800
   EXPECT_EQ(Outcome(context, "Timer()"), "=> Single 43201.5");
 }
 
+TEST(LocalNowTest, WithoutAPlatformItIsTheSystemsTime) {
+  ASSERT_EQ(InstalledPlatform(), nullptr);
+  TestContext context;
+  const Variant now = Evaluate(context, "Now()");
+  ASSERT_TRUE(now.Is(VarType::kDate));
+  EXPECT_GT(now.real(), 45000);
+  EXPECT_TRUE(IsDateNumber(now.real()));
+  EXPECT_EQ(Outcome(context, "MsgBox(\"a\")"), "!! 70");
+}
+
 }  // namespace
 }  // namespace kestrun::vbs

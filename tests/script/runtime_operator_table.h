@@ -1,6 +1,6 @@
-// Every operator with every pair of types. A row holds the left operand and, from left to right, the outcome with each of
-// the right operands: a letter for the type (Y Byte, I Integer, L Long, S Single, D Double, C Currency, T Date, $ String,
-// B Boolean) and the value, Null, or "!" and the number of an error. Blanks inside a value stand as "_".
+// Every operator with every pair of types. A row holds the left operand and, from left to right, the outcome with each
+// of the right operands: a letter for the type (Y Byte, I Integer, L Long, S Single, D Double, C Currency, T Date, $
+// String, B Boolean) and the value, Null, or "!" and the number of an error. Blanks inside a value stand as "_".
 #pragma once
 
 #include <string_view>

@@ -1,11 +1,10 @@
 // Functions that make dates and take them apart. The current time is the platform's.
-#include <array>
 #include <cmath>
 
-#include "platform/platform.h"
 #include "script/vbscript/runtime/date_parts.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/functions.h"
+#include "script/vbscript/runtime/local_time.h"
 
 namespace kestrun::vbs {
 
@@ -23,8 +22,6 @@ int FirstWeekday(Arguments arguments, size_t index) {
 }
 
 namespace {
-
-double LocalNow() { return platform().clock().LocalDateTime(); }
 
 // Null for Null, else one part of the date as an Integer.
 template <int (*Part)(const DateParts&)>

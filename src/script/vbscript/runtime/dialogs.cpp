@@ -1,4 +1,5 @@
-// MsgBox and InputBox go to the platform's dialogues while the host allows a script its own. Otherwise error 70.
+// MsgBox and InputBox go to the platform's dialogues while the host allows a script its own. Otherwise, and where there
+// is no platform, error 70.
 #include "base/text.h"
 #include "platform/platform.h"
 #include "script/vbscript/runtime/conversions.h"
@@ -9,7 +10,7 @@ namespace kestrun::vbs {
 namespace {
 
 void RequireDialogs(const RuntimeContext& context) {
-  if (!context.allow_ui()) RaiseScript(error::kPermissionDenied);
+  if (!context.allow_ui() || !InstalledPlatform()) RaiseScript(error::kPermissionDenied);
 }
 
 std::string Utf8Argument(Arguments arguments, size_t index) {

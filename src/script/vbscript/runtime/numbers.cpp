@@ -5,10 +5,10 @@
 #include <cmath>
 
 #include "base/number.h"
-#include "platform/platform.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/functions.h"
+#include "script/vbscript/runtime/local_time.h"
 #include "script/vbscript/runtime/operators.h"
 
 namespace kestrun::vbs {
@@ -191,7 +191,7 @@ Variant Randomize(RuntimeContext& context, Arguments arguments) {
   if (IsGiven(arguments, 0)) {
     seed = ToDouble(arguments[0]);
   } else {
-    const double now = platform().clock().LocalDateTime();
+    const double now = LocalNow();
     seed = static_cast<double>(static_cast<float>((now - std::floor(now)) * 86400));
   }
   const auto upper = static_cast<uint32_t>(std::bit_cast<uint64_t>(seed) >> 32);
