@@ -1,0 +1,144 @@
+// Putting a 60 KB map into a 200 MB archive, beside the bare reading and writing of the same bytes and beside rewriting
+// the archive. The put has to take at most twice the bare time, and a thousandth of the rewriting.
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "formats/pff/cls_pff.h"
+#include "platform/headless/headless_platform.h"
+#include "platform/headless/posix_files.h"
+
+namespace kestrun {
+namespace {
+
+constexpr size_t kDataBytes = size_t{200} << 20;
+constexpr size_t kMapBytes = 60000;
+constexpr int kRounds = 15;
+constexpr double kMostOfBare = 2.0;
+constexpr double kLeastOfRewriting = 1000.0;
+
+template <class Work>
+double Seconds(Work&& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+template <class Work>
+double Median(Work&& work) {
+  std::vector<double> times;
+  for (int round = 0; round < kRounds; ++round) times.push_back(Seconds(work));
+  std::nth_element(times.begin(), times.begin() + kRounds / 2, times.end());
+  return times[kRounds / 2];
+}
+
+// 200 MB of data in which every entry has its part, the last 60 KB the mission's own.
+std::string MakeArchive(const std::string& folder, int32_t entries) {
+  const std::string path = folder + "/bench.pff";
+  FILE* file = std::fopen(path.c_str(), "wb");
+  std::vector<char> block(1 << 20, 'x');
+  pff::Header header{20, pff::kSignature, entries, 36, static_cast<int32_t>(20 + kDataBytes)};
+  std::fwrite(&header, sizeof header, 1, file);
+  for (size_t done = 0; done < kDataBytes; done += block.size()) std::fwrite(block.data(), block.size(), 1, file);
+  std::vector<pff::Entry> table(static_cast<size_t>(entries));
+  for (int32_t at = 0; at < entries; ++at) {
+    pff::Entry& entry = table[static_cast<size_t>(at)];
+    entry.offset = 20 + at;
+    entry.length = 1000;
+    char name[17];
+    std::snprintf(name, sizeof name, "F%07d.BIN", at);
+    std::copy_n(name, 12, entry.name.begin());
+  }
+  pff::Entry& mission = table[static_cast<size_t>(entries) / 2];
+  mission.offset = 20;
+  mission.length = kMapBytes;
+  mission.name = pff::PadName("D08M03.BMS", '\0');
+  std::fwrite(table.data(), sizeof table[0], table.size(), file);
+  std::fwrite(pff::kTrailer.data(), pff::kTrailer.size(), 1, file);
+  std::fclose(file);
+  return path;
+}
+
+void Put(const std::string& path, const Bytes& map) {
+  ClsPFF archive;
+  if (!archive.LoadPff(path)) std::abort();
+  archive.PackFile(map, "D08M03.BMS");
+  archive.SavePffFile();
+}
+
+// The same bytes at the same places by the system's calls: header and table in, header, map, table and trailer out.
+void BarePut(const std::string& path, const Bytes& map, int32_t entries) {
+  std::vector<char> table(static_cast<size_t>(entries) * 36 + 12);
+  char header[20];
+  const int in = open(path.c_str(), O_RDONLY);
+  const auto table_at = static_cast<off_t>(20 + kDataBytes);
+  if (pread(in, header, sizeof header, 0) < 0 || pread(in, table.data(), table.size(), table_at) < 0) std::abort();
+  close(in);
+  const int out = open(path.c_str(), O_RDWR);
+  if (pwrite(out, header, sizeof header, 0) < 0 || pwrite(out, map.data(), map.size(), 20) < 0 ||
+      pwrite(out, table.data(), table.size() - 12, table_at) < 0 ||
+      pwrite(out, table.data(), 12, table_at + static_cast<off_t>(table.size()) - 12) < 0) {
+    std::abort();
+  }
+  close(out);
+}
+
+void Rewrite(const std::string& path) {
+  const std::string copy = path + ".copy";
+  const int in = open(path.c_str(), O_RDONLY);
+  const int out = open(copy.c_str(), O_RDWR | O_CREAT | O_TRUNC, 0600);
+  std::vector<char> block(1 << 20);
+  for (ssize_t got = read(in, block.data(), block.size()); got > 0; got = read(in, block.data(), block.size())) {
+    if (write(out, block.data(), static_cast<size_t>(got)) != got) std::abort();
+  }
+  fsync(out);
+  close(in);
+  close(out);
+  unlink(copy.c_str());
+}
+
+bool Report(const char* what, double value, double limit, bool at_most) {
+  const bool passed = at_most ? value <= limit : value >= limit;
+  std::printf("  %-34s %10.2f   %s %.0f   %s\n", what, value, at_most ? "at most" : "at least", limit,
+              passed ? "PASS" : "FAIL");
+  return passed;
+}
+
+bool Run(const std::string& folder, int32_t entries) {
+  const std::string path = MakeArchive(folder, entries);
+  const Bytes map(kMapBytes, 'm');
+  Put(path, map);
+  const double put = Median([&] { Put(path, map); });
+  const double bare = Median([&] { BarePut(path, map, entries); });
+  const double rewriting = Seconds([&] { Rewrite(path); });
+  std::printf("a 60 KB map into 200 MB with %d entries: %.3f ms (bare %.3f ms, rewriting %.0f ms)\n", entries,
+              put * 1e3, bare * 1e3, rewriting * 1e3);
+  const bool beside_bare = Report("times the bare calls", put / bare, kMostOfBare, true);
+  const bool beside_rewriting = Report("times less than rewriting", rewriting / put, kLeastOfRewriting, false);
+  unlink(path.c_str());
+  return beside_bare && beside_rewriting;
+}
+
+}  // namespace
+}  // namespace kestrun
+
+int main() {
+  kestrun::PosixFileSystem files;
+  kestrun::HeadlessPlatform platform(files);
+  const kestrun::PlatformInstallation installation(platform);
+  const char* chosen = std::getenv("TMPDIR");
+  const std::string folder = chosen ? chosen : "/tmp";
+  const bool few = kestrun::Run(folder, 3000);
+  const bool many = kestrun::Run(folder, 65000);
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  std::printf("  most memory used: %ld KB\n", usage.ru_maxrss);
+  return few && many ? 0 : 1;
+}
