@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "base/text.h"
-
 namespace kestrun::vbs {
 namespace {
 
@@ -12,10 +10,6 @@ constexpr size_t kUnitsPerStep = 64;
 constexpr size_t kChargeEvery = 1 << 16;
 
 }  // namespace
-
-char16_t LowerUnit(char16_t unit) { return static_cast<char16_t>(LowerCodePoint(unit)); }
-
-char16_t UpperUnit(char16_t unit) { return static_cast<char16_t>(UpperCodePoint(unit)); }
 
 std::u16string Fold(RuntimeContext& context, std::u16string_view text) {
   context.Charge(text.size() / kUnitsPerStep);
