@@ -69,6 +69,19 @@ std::optional<std::string> FirstUnencodable(std::string_view utf8) {
   return std::nullopt;
 }
 
+const std::array<char, 256>& SingleByteLower() {
+  static std::array<char, 256> table{};
+  static const CodePage* made_for = nullptr;
+  if (made_for == &CurrentPage()) return table;
+  made_for = &CurrentPage();
+  for (size_t at = 0; at < table.size(); ++at) {
+    const char byte = static_cast<char>(at);
+    const std::string lower = EncodeText(ToLower(DecodeText(std::string_view(&byte, 1))));
+    table[at] = lower.size() == 1 && lower[0] != '?' ? lower[0] : byte;
+  }
+  return table;
+}
+
 void InstallCodePage(const CodePage* page) { installed_page = page; }
 
 }  // namespace kestrun

@@ -2,6 +2,7 @@
 // The default is Windows code page 1252; the Windows platform installs the system's ANSI code page.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,6 +24,10 @@ class CodePage {
 
 // The first character of the text that the page cannot hold, as UTF-8; nothing when all of it can be stored.
 [[nodiscard]] std::optional<std::string> FirstUnencodable(std::string_view utf8);
+
+// Lower case of each single byte of the installed page, for comparing names byte by byte. A letter whose lower case is
+// no single byte maps to itself.
+[[nodiscard]] const std::array<char, 256>& SingleByteLower();
 
 // Installs a page, null for the default again. The page must outlive its use.
 void InstallCodePage(const CodePage* page);

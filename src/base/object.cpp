@@ -58,17 +58,17 @@ std::vector<MemberInfo> TableObject::ListMembers() const {
 Variant TableObject::Get(MemberId member, Arguments arguments) {
   if (!IsAlive()) Raise(error::kObjectRequired);
   const Member& row = Members().At(member);
-  CheckArgumentCount(row, arguments.size());
   if (!row.get) Raise(error::kMemberNotFound);
+  CheckArgumentCount(row, arguments.size());
   return row.get(*this, arguments);
 }
 
 void TableObject::Put(MemberId member, Arguments arguments, const Variant& value) {
   if (!IsAlive()) Raise(error::kObjectRequired);
   const Member& row = Members().At(member);
-  CheckArgumentCount(row, arguments.size());
   if (row.kind == MemberKind::kReadOnly) Raise(error::kPropertyReadOnly);
   if (!row.put) Raise(error::kMemberNotFound);
+  CheckArgumentCount(row, arguments.size());
   row.put(*this, arguments, value);
 }
 

@@ -23,6 +23,20 @@ bool InExtendedA(char32_t code_point) {
          code_point != 0x138 && code_point != 0x149 && code_point != 0x178;
 }
 
+// Greek capitals with an accent, which stand apart from their small letters.
+struct CasePair {
+  char32_t upper;
+  char32_t lower;
+};
+constexpr CasePair kAccentedGreek[]{{0x386, 0x3AC}, {0x388, 0x3AD}, {0x389, 0x3AE}, {0x38A, 0x3AF}, {0x38C, 0x3CC},
+                                    {0x38E, 0x3CD}, {0x38F, 0x3CE}, {0x3AA, 0x3CA}, {0x3AB, 0x3CB}};
+
+// Cyrillic letters beyond the Russian and Serbian ones: pairs as upper, lower on even, odd code points.
+bool InExtendedCyrillic(char32_t code_point) {
+  return (code_point >= 0x460 && code_point <= 0x481) || (code_point >= 0x48A && code_point <= 0x4BF) ||
+         (code_point >= 0x4D0 && code_point <= 0x52F);
+}
+
 template <char32_t (*Map)(char32_t)>
 std::string MapText(std::string_view text) {
   std::string mapped;
@@ -52,6 +66,10 @@ char32_t LowerCodePoint(char32_t code_point) {
   if (code_point >= 0x391 && code_point <= 0x3A9 && code_point != 0x3A2) return code_point + 32;
   if (code_point >= 0x410 && code_point <= 0x42F) return code_point + 32;
   if (code_point >= 0x400 && code_point <= 0x40F) return code_point + 80;
+  if (InExtendedCyrillic(code_point)) return code_point | 1;
+  for (const CasePair& pair : kAccentedGreek) {
+    if (pair.upper == code_point) return pair.lower;
+  }
   return code_point;
 }
 
@@ -66,6 +84,10 @@ char32_t UpperCodePoint(char32_t code_point) {
   if (code_point >= 0x3B1 && code_point <= 0x3C9 && code_point != 0x3C2) return code_point - 32;
   if (code_point >= 0x430 && code_point <= 0x44F) return code_point - 32;
   if (code_point >= 0x450 && code_point <= 0x45F) return code_point - 80;
+  if (InExtendedCyrillic(code_point)) return code_point & ~char32_t{1};
+  for (const CasePair& pair : kAccentedGreek) {
+    if (pair.lower == code_point) return pair.upper;
+  }
   return code_point;
 }
 

@@ -1,9 +1,15 @@
 #include "base/variant.h"
 
 #include "base/object.h"
+#include "base/runtime_error.h"
 #include "base/text.h"
 
 namespace kestrun {
+namespace {
+
+constexpr uint64_t kMostElements = INT32_MAX;
+
+}  // namespace
 
 Variant::Variant(std::string_view utf8) : Variant(ToUtf16(utf8)) {}
 
@@ -36,9 +42,13 @@ ArrayBody& Variant::MutableArray() {
 ArrayBody::ArrayBody(std::vector<int32_t> dimension_sizes, bool is_fixed)
     : sizes(std::move(dimension_sizes)), fixed(is_fixed) {
   if (sizes.empty()) return;
-  size_t count = 1;
-  for (const int32_t size : sizes) count *= static_cast<size_t>(size);
-  elements.resize(count);
+  uint64_t count = 1;
+  for (const int32_t size : sizes) {
+    if (size < 0) Raise(error::kSubscriptOutOfRange);
+    count *= static_cast<uint64_t>(size);
+    if (count > kMostElements) Raise(error::kOutOfMemory);
+  }
+  elements.resize(static_cast<size_t>(count));
   CountBytes();
 }
 

@@ -229,7 +229,8 @@ static_assert(sizeof(Variant) == 16);
 // An array of variants with up to 60 dimensions; lower bounds are 0. The first index runs fastest in memory.
 class ArrayBody final : public RefCounted {
  public:
-  // Empty `sizes` is an array that was declared and not yet dimensioned.
+  // Empty `sizes` is an array that was declared and not yet dimensioned. Error 9 for a negative size, 7 for more
+  // elements than a 32-bit count holds.
   explicit ArrayBody(std::vector<int32_t> sizes, bool fixed = false);
   // A copy of bounds and elements.
   [[nodiscard]] Ref<ArrayBody> Clone() const;

@@ -13,10 +13,13 @@ class Form;
 class MenuItem;
 enum class PropertyId : uint8_t;
 
-// What stands on the screen for one shown form with all its controls. Destroyed when the form closes.
+// What stands on the screen for one shown form with all its controls.
 class FormPeer {
  public:
   virtual ~FormPeer() = default;
+  // Takes the form off the screen at once. The peer is destroyed later, when the event that closed it is over; nothing
+  // is called on it between the two.
+  virtual void Close() = 0;
   // A property of the form itself or of one of its controls has changed.
   virtual void Update(Control& control, PropertyId property) = 0;
   // A control came or went, or the stacking order changed.

@@ -10,6 +10,22 @@ TEST(Text, LowerAndUpperReachBeyondAscii) {
   EXPECT_EQ(ToUpper("map ä ж ω ź ÿ"), "MAP Ä Ж Ω Ź Ÿ");
 }
 
+TEST(Text, AccentedGreekAndUkrainianLettersHaveTwoCases) {
+  EXPECT_EQ(ToLower("ΆΈΉΊΌΎΏΪΫ Ґ Ә Ӑ"), "άέήίόύώϊϋ ґ ә ӑ");
+  EXPECT_EQ(ToUpper("άέήίόύώϊϋ ґ ә ӑ"), "ΆΈΉΊΌΎΏΪΫ Ґ Ә Ӑ");
+}
+
+TEST(Text, EveryCaseMappingGoesBothWays) {
+  for (char32_t code_point = 0; code_point < 0x600; ++code_point) {
+    if (LowerCodePoint(code_point) != code_point) {
+      EXPECT_EQ(UpperCodePoint(LowerCodePoint(code_point)), code_point);
+    }
+    if (UpperCodePoint(code_point) != code_point) {
+      EXPECT_EQ(LowerCodePoint(UpperCodePoint(code_point)), code_point);
+    }
+  }
+}
+
 TEST(Text, PatternMatchesNamesWithoutRegardToCase) {
   EXPECT_TRUE(MatchesPattern("Desert.BMS", "*.bms"));
   EXPECT_TRUE(MatchesPattern("a", "?"));

@@ -1,0 +1,494 @@
+#include "formats/pff/cls_pff.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <numeric>
+
+#include "base/code_page.h"
+#include "base/convert.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "platform/platform.h"
+
+namespace kestrun {
+namespace {
+
+using pff::Entry;
+using pff::Header;
+
+constexpr int32_t kAppend = -1;
+constexpr int32_t kItemInfoBytes = 4;
+constexpr int kKeyAlreadyUsed = 457;
+// A table whose records lie further apart is read in pieces of this size: the gaps are never all held in memory.
+constexpr size_t kReadPieceBytes = size_t{4} << 20;
+
+struct OwnError {
+  int32_t number;
+  const char* text;
+};
+
+constexpr std::array kOwnErrors{
+    OwnError{1030, "Cannot continue this file is waiting to be saved."},
+    OwnError{1031, "No pff file loaded."},
+    OwnError{1032, "Max file name size: 16 characters."},
+    OwnError{1033, "File not found."},
+    OwnError{1034, "This additional information is too big for this kind of PFF file."},
+    OwnError{1035, "You cannot change the file name of an existsing file. First Create a new pff file!"},
+};
+
+[[noreturn]] void RefuseFormat(const std::string& sentence) { Raise(error::kInvalidFileFormat, sentence); }
+
+Header ReadHeader(const std::string& path) {
+  Header header;
+  const std::unique_ptr<File> file = platform().files().Open(path, OpenMode::kRead);
+  if (file->ReadAt(0, pff::RecordBytes(std::span(&header, 1))) != pff::kHeaderBytes) {
+    Raise(error::kInputPastEnd, "The archive '" + path + "' ends inside its header.");
+  }
+  return header;
+}
+
+// The counts and offsets of a header are claims: none is believed further than the file reaches.
+void CheckTable(const Header& header, uint64_t file_bytes, const std::string& path) {
+  if (header.total_files <= 0) Raise(error::kSubscriptOutOfRange, "The archive '" + path + "' holds no entries.");
+  const auto count = static_cast<uint64_t>(header.total_files);
+  const auto stride = static_cast<uint64_t>(static_cast<uint32_t>(header.item_size));
+  const auto start = static_cast<uint64_t>(static_cast<uint32_t>(header.table_offset));
+  if (start > file_bytes) RefuseFormat("The archive '" + path + "' says that its table lies behind its end.");
+  if (count > file_bytes || start + (count - 1) * stride + pff::kEntryBytes > file_bytes) {
+    RefuseFormat("The archive '" + path + "' is too short for the " + std::to_string(count) +
+                 " entries that its header claims.");
+  }
+}
+
+void ReadExactly(File& file, uint64_t offset, MutableByteView buffer) {
+  if (file.ReadAt(offset, buffer) != buffer.size()) Raise(error::kInputPastEnd);
+}
+
+// Records that do not lie back to back: pieces of the table are read and picked apart.
+void ReadSpacedRecords(File& file, const Header& header, std::vector<Entry>& entries) {
+  const auto stride = static_cast<size_t>(static_cast<uint32_t>(header.item_size));
+  const size_t per_piece = stride == 0 ? entries.size() : std::max<size_t>(1, kReadPieceBytes / stride);
+  uint64_t offset = static_cast<uint32_t>(header.table_offset);
+  for (size_t at = 0; at < entries.size(); at += per_piece) {
+    const size_t count = std::min(per_piece, entries.size() - at);
+    Bytes piece((count - 1) * stride + pff::kEntryBytes);
+    ReadExactly(file, offset, piece);
+    for (size_t record = 0; record < count; ++record) {
+      const auto* from = piece.data() + record * stride;
+      std::copy_n(from, pff::kEntryBytes, pff::RecordBytes(std::span(&entries[at + record], 1)).data());
+    }
+    offset += static_cast<uint64_t>(count) * stride;
+  }
+}
+
+int32_t LengthOf(ByteView buffer) {
+  if (buffer.size() > static_cast<size_t>(std::numeric_limits<int32_t>::max())) Raise(error::kOverflow);
+  return static_cast<int32_t>(buffer.size());
+}
+
+int32_t AddChecked(int32_t left, int32_t right) {
+  const int64_t sum = int64_t{left} + right;
+  if (sum > std::numeric_limits<int32_t>::max() || sum < std::numeric_limits<int32_t>::min()) Raise(error::kOverflow);
+  return static_cast<int32_t>(sum);
+}
+
+std::array<uint32_t, 256> MakeCrcTable() {
+  std::array<uint32_t, 256> table{};
+  for (uint32_t at = 0; at < table.size(); ++at) {
+    uint32_t value = at;
+    for (int bit = 0; bit < 8; ++bit) value = (value >> 1) ^ ((value & 1) != 0 ? 0xEDB88320U : 0U);
+    table[at] = value;
+  }
+  return table;
+}
+
+}  // namespace
+
+void ClsPFF::Progress(int value) const {
+  if (PFFPorgress) PFFPorgress(static_cast<int16_t>(std::min<int>(value, std::numeric_limits<int16_t>::max())));
+}
+
+void ClsPFF::RaiseTold(const RuntimeError& failure) const {
+  if (PFFError) PFFError(failure.number(), failure.description());
+  throw failure;
+}
+
+void ClsPFF::RaiseOwn(int32_t number) const {
+  const auto* row = std::find_if(kOwnErrors.begin(), kOwnErrors.end(),
+                                 [number](const OwnError& candidate) { return candidate.number == number; });
+  RaiseTold(RuntimeError(number, row->text));
+}
+
+void ClsPFF::RequirePath() const {
+  if (path_.empty()) RaiseOwn(1031);
+}
+
+// After a load that failed half-way the table in memory is not the file's: saving it would lose every other entry.
+void ClsPFF::RequireReadable() const {
+  if (readable_ == Readable::kYes) return;
+  RaiseTold(RuntimeError(error::kInvalidFileFormat,
+                         "The archive '" + path_ + "' could not be read, so it is left as it is."));
+}
+
+void ClsPFF::SetOpenFileName(const std::string& path) {
+  if (!is_new_) RaiseOwn(1035);
+  path_ = path;
+}
+
+void ClsPFF::SetPFFVersion(int32_t version) {
+  working_.version = version;
+  edited_ = true;
+}
+
+// ---- entries -----------------------------------------------------------------------------------------------------
+
+size_t ClsPFF::Resolve(Index index) {
+  int32_t number = -1;
+  if (IsNumeric(index)) {
+    number = ToLong(index);
+  } else if (!PFFFileExists(ToText(index), number)) {
+    RaiseOwn(1033);
+  }
+  if (number < 0 || static_cast<size_t>(number) >= entries_.size()) Raise(error::kSubscriptOutOfRange);
+  return static_cast<size_t>(number);
+}
+
+int32_t ClsPFF::FilePackDate(Index index) { return EntryAt(index).pack_date; }
+
+void ClsPFF::SetFilePackDate(Index index, int32_t pack_date) {
+  EntryAt(index).pack_date = pack_date;
+  edited_ = true;
+}
+
+std::string ClsPFF::FileName(Index index) { return DecodeText(pff::TrimName(pff::NameBytes(EntryAt(index)))); }
+
+void ClsPFF::SetFileName(Index index, std::string_view name) {
+  edited_ = true;
+  const std::string_view trimmed = TrimBlanks(name);
+  Entry& entry = EntryAt(index);
+  // Staged names are kept trimmed: the stored name, padding and all, is found among them only when it fills its field.
+  const std::string stored = ToLower(DecodeText(pff::NameBytes(entry)));
+  if (const auto waiting = waiting_.find(stored); waiting != waiting_.end()) {
+    const int32_t element = waiting->second;
+    waiting_.erase(waiting);
+    waiting_.insert_or_assign(ToLower(trimmed), element);
+  }
+  entry.name = pff::PadName(EncodeText(trimmed), ' ');
+}
+
+int32_t ClsPFF::FileLength(Index index) { return EntryAt(index).length; }
+
+int32_t ClsPFF::FileOffset(Index index) { return EntryAt(index).offset; }
+
+bool ClsPFF::FileDeleted(Index index) {
+  const Entry& entry = EntryAt(index);
+  return entry.deleted == 1 || pff::NameBytes(entry).find('\x7F') != std::string_view::npos;
+}
+
+void ClsPFF::SetFileDeleted(Index index, bool) {
+  const auto number = static_cast<int32_t>(Resolve(index));
+  Entry& entry = entries_[static_cast<size_t>(number)];
+  entry.deleted = 1;
+  std::string name = pff::TrimName(pff::NameBytes(entry));
+  if (name.empty()) Raise(error::kInvalidProcedureCall);
+  name.back() = '\x7F';
+  SetFileName(number, DecodeText(name));
+  edited_ = true;
+}
+
+int32_t ClsPFF::FileInfo(Index index) { return EntryAt(index).info; }
+
+void ClsPFF::SetFileInfo(Index index, int32_t info) {
+  Entry& entry = EntryAt(index);
+  if (!IsNumeric(index) && item_info_size_ < kItemInfoBytes) RaiseOwn(1034);
+  entry.info = info;
+  edited_ = true;
+}
+
+int32_t ClsPFF::FileCRC32(Index index) {
+  static const std::array<uint32_t, 256> table = MakeCrcTable();
+  const size_t number = Resolve(index);
+  if (!IsNumeric(index)) Raise(error::kTypeMismatch);
+  Bytes buffer;
+  if (!ExtractFile(static_cast<int32_t>(number), buffer, "")) return -1;
+  const uint32_t crc = std::accumulate(buffer.begin() + 1, buffer.end(), 0xFFFFFFFFU, [](uint32_t sum, uint8_t byte) {
+    return table[(sum ^ byte) & 0xFF] ^ (sum >> 8);
+  });
+  return static_cast<int32_t>(~crc);
+}
+
+int32_t ClsPFF::GetPFFInfo(int32_t number, int32_t& pack_date, std::string& name, int32_t& length, int32_t& offset,
+                           std::string& info, bool& deleted) {
+  try {
+    const Entry& entry = EntryAt(number);
+    pack_date = entry.pack_date;
+    name = DecodeText(pff::NameBytes(entry));
+    length = entry.length;
+    offset = entry.offset;
+    info = std::to_string(entry.info);
+    deleted = entry.deleted == 1;
+    return 0;
+  } catch (const RuntimeError& failure) {
+    return failure.number();
+  }
+}
+
+int32_t ClsPFF::WritePFFInfo(int32_t number, int32_t pack_date, std::string_view name, std::string_view info,
+                             bool deleted) {
+  try {
+    Entry& entry = EntryAt(number);
+    const int32_t info_value = TextToLong(info);
+    entry.pack_date = pack_date;
+    entry.name = pff::PadName(EncodeText(name), ' ');
+    entry.info = info_value;
+    entry.deleted = deleted ? 1 : 0;
+    return 0;
+  } catch (const RuntimeError& failure) {
+    return failure.number();
+  }
+}
+
+// ---- loading and saving ------------------------------------------------------------------------------------------
+
+void ClsPFF::Reset(const std::string& path) {
+  path_ = path;
+  entries_.clear();
+  queue_.assign(1, Staged{});
+  waiting_.clear();
+  readable_ = Readable::kYes;
+}
+
+void ClsPFF::NewPffFile(const std::string& path) {
+  Progress(1);
+  Reset(path);
+  entries_.resize(1);
+  saved_ = {static_cast<int32_t>(pff::kHeaderBytes), pff::kSignature, 0, static_cast<int32_t>(pff::kEntryBytes),
+            static_cast<int32_t>(pff::kHeaderBytes)};
+  working_ = saved_;
+  Progress(50);
+  item_info_size_ = kItemInfoBytes;
+  edited_ = true;
+  is_new_ = true;
+  Progress(100);
+  Progress(0);
+}
+
+bool ClsPFF::LoadPff(const std::string& path) {
+  Progress(1);
+  edited_ = false;
+  is_new_ = false;
+  Reset(path);
+  try {
+    const bool exists = platform().files().Exists(path);
+    if (exists) readable_ = Readable::kNo;
+    saved_ = ReadHeader(path);
+    Progress(20);
+    working_ = saved_;
+    Progress(25);
+    // An archive that was saved empty cannot be loaded, but its header is whole: it may be added to.
+    if (working_.total_files == 0) readable_ = Readable::kYes;
+    ReadTable(path);
+    readable_ = Readable::kYes;
+    Progress(80);
+    Progress(100);
+    Progress(0);
+    return true;
+  } catch (const std::exception&) {
+    const RuntimeError failure = CurrentError();
+    entries_.clear();
+    if (PFFError) PFFError(failure.number(), failure.description());
+    Progress(0);
+    return false;
+  }
+}
+
+void ClsPFF::ReadTable(const std::string& path) {
+  const std::unique_ptr<File> file = platform().files().Open(path, OpenMode::kRead);
+  Progress(30);
+  CheckTable(working_, file->Size(), path);
+  entries_.resize(static_cast<size_t>(working_.total_files));
+  if (working_.item_size == static_cast<int32_t>(pff::kEntryBytes)) {
+    ReadExactly(*file, static_cast<uint32_t>(working_.table_offset), pff::RecordBytes(std::span(entries_)));
+  } else {
+    ReadSpacedRecords(*file, working_, entries_);
+  }
+  Progress(50);
+}
+
+void ClsPFF::SavePffFile() {
+  Progress(0);
+  RequirePath();
+  RequireReadable();
+  Progress(10);
+  const std::unique_ptr<File> file = platform().files().Open(path_, OpenMode::kReadWrite);
+  file->WriteAt(0, pff::RecordBytes(std::span<const Header>(&working_, 1)));
+  Progress(20);
+  // Appended data starts where the table stood at the last load or save, and lies in staging order.
+  uint64_t cursor = static_cast<uint32_t>(saved_.table_offset);
+  for (size_t at = 1; at < queue_.size(); ++at) {
+    const Staged& staged = queue_[at];
+    if (staged.data.empty()) continue;
+    if (staged.position == kAppend) {
+      file->WriteAt(cursor, staged.data);
+      cursor += staged.data.size();
+    } else {
+      file->WriteAt(static_cast<uint32_t>(staged.position) - 1U, staged.data);
+    }
+    Progress(20 + static_cast<int>(at));
+  }
+  const ByteView table = pff::RecordBytes(std::span<const Entry>(entries_));
+  const uint64_t table_offset = static_cast<uint32_t>(working_.table_offset);
+  file->WriteAt(table_offset, table);
+  Progress(80);
+  file->WriteAt(table_offset + table.size(), pff::kTrailer);
+  file->Close();
+  Progress(100);
+  waiting_.clear();
+  saved_ = working_;
+  queue_.assign(1, Staged{});
+  Progress(0);
+  edited_ = false;
+  is_new_ = false;
+}
+
+// ---- files in and out --------------------------------------------------------------------------------------------
+
+bool ClsPFF::ExtractFile(int32_t number, Bytes& buffer, const std::string& destination) {
+  Progress(1);
+  RequirePath();
+  const Entry& entry = EntryAt(number);
+  const int32_t waiting = FileWaiting(DecodeText(pff::TrimName(pff::NameBytes(entry))));
+  Progress(10);
+  if (waiting != 0) {
+    Progress(50);
+    buffer = queue_[static_cast<size_t>(waiting)].data;
+    Progress(65);
+  } else {
+    if (entry.length <= 0) Raise(error::kSubscriptOutOfRange);
+    Progress(30);
+    const std::unique_ptr<File> file = platform().files().Open(path_, OpenMode::kRead);
+    const uint64_t offset = static_cast<uint32_t>(entry.offset);
+    if (offset + static_cast<uint64_t>(entry.length) > file->Size()) Raise(error::kInputPastEnd);
+    buffer.resize(static_cast<size_t>(entry.length));
+    ReadExactly(*file, offset, buffer);
+    Progress(50);
+  }
+  Progress(80);
+  if (!destination.empty()) platform().files().WriteAll(destination, buffer);
+  Progress(100);
+  Progress(0);
+  return true;
+}
+
+const Bytes& ClsPFF::FileBuffer(const std::string& path, Bytes& buffer) {
+  buffer.clear();
+  try {
+    if (!platform().files().Exists(path)) RaiseOwn(1033);
+    Bytes content = platform().files().ReadAll(path);
+    if (content.empty()) Raise(error::kSubscriptOutOfRange);
+    buffer = std::move(content);
+  } catch (const std::exception&) {
+    const RuntimeError failure = CurrentError();
+    if (PFFError) PFFError(failure.number(), failure.description());
+  }
+  return buffer;
+}
+
+bool ClsPFF::PackFile(ByteView buffer, const std::string& name) {
+  Progress(5);
+  RequirePath();
+  RequireReadable();
+  const std::string name_bytes = EncodeText(name);
+  if (name_bytes.size() > pff::kNameBytes) RaiseOwn(1032);
+  if (const auto character = FirstUnencodable(name)) {
+    RaiseTold(RuntimeError(error::kInvalidProcedureCall,
+                           "The name '" + name + "' cannot be stored in the archive: it has no character for '" +
+                               *character + "'. Choose a name without it."));
+  }
+  const int32_t length = LengthOf(buffer);
+  Progress(30);
+  queue_.emplace_back();
+  Staged& staged = queue_.back();
+  const std::string trimmed = ZTrim(name);
+  Entry entry;
+  int32_t index = -1;
+  if (!PFFFileExists(name, index)) {
+    const int32_t table_offset = AddChecked(working_.table_offset, length);
+    index = working_.total_files;
+    if (static_cast<size_t>(index) >= entries_.size()) entries_.resize(static_cast<size_t>(index) + 1);
+    staged.position = kAppend;
+    entry.offset = working_.table_offset;
+    ++working_.total_files;
+    working_.table_offset = table_offset;
+  } else if (const int32_t element = FileWaiting(trimmed); element != 0) {
+    return ReplaceStaged(element, buffer);
+  } else {
+    Entry& present = entries_[static_cast<size_t>(index)];
+    staged.position = PlaceExisting(present, length);
+    entry.offset = present.offset;
+  }
+  Progress(50);
+  entry.length = length;
+  entry.name = pff::PadName(name_bytes, '\0');
+  entries_[static_cast<size_t>(index)] = entry;
+  Progress(60);
+  staged.data.assign(buffer.begin(), buffer.end());
+  Progress(100);
+  const bool added = waiting_.emplace(ToLower(trimmed), static_cast<int32_t>(queue_.size() - 1)).second;
+  if (!added) Raise(kKeyAlreadyUsed, "This key is already associated with an element of this collection");
+  RunPendingEvents();
+  Progress(0);
+  edited_ = true;
+  return true;
+}
+
+bool ClsPFF::ReplaceStaged(int32_t element, ByteView buffer) {
+  Staged& staged = queue_[static_cast<size_t>(element)];
+  const bool fits =
+      staged.position == kAppend ? buffer.size() == staged.data.size() : buffer.size() >= staged.data.size();
+  if (!fits) RaiseOwn(1030);
+  staged.data.assign(buffer.begin(), buffer.end());
+  Progress(0);
+  return true;
+}
+
+// Decides where the new data of an entry that is in the file goes, and moves the table when it must. Gives the staged
+// position.
+int32_t ClsPFF::PlaceExisting(Entry& entry, int32_t length) {
+  if (entry.length >= length) return AddChecked(entry.offset, 1);
+  if (int64_t{entry.offset} + entry.length == working_.table_offset) {
+    const int32_t position = AddChecked(entry.offset, 1);
+    working_.table_offset = AddChecked(working_.table_offset, length - entry.length);
+    return position;
+  }
+  const int32_t table_offset = AddChecked(working_.table_offset, length);
+  entry.offset = working_.table_offset;
+  working_.table_offset = table_offset;
+  return kAppend;
+}
+
+// ---- names -------------------------------------------------------------------------------------------------------
+
+std::string ClsPFF::GetFileExt(std::string_view name) {
+  const size_t dot = name.rfind('.');
+  return dot == std::string_view::npos ? std::string() : std::string(name.substr(dot + 1));
+}
+
+int32_t ClsPFF::FileWaiting(std::string_view name) const {
+  const auto found = waiting_.find(ToLower(name));
+  return found == waiting_.end() ? 0 : found->second;
+}
+
+bool ClsPFF::PFFFileExists(std::string_view name, int32_t& index) const {
+  const pff::NameMatcher matcher(EncodeText(name));
+  const size_t count = std::min(entries_.size(), static_cast<size_t>(std::max(working_.total_files, 0)));
+  const auto end = entries_.begin() + static_cast<std::ptrdiff_t>(count);
+  const auto found = std::find_if(entries_.begin(), end, [&](const Entry& entry) { return matcher.Matches(entry); });
+  index = found == end ? -1 : static_cast<int32_t>(found - entries_.begin());
+  return found != end;
+}
+
+std::string ClsPFF::ZTrim(std::string_view text) { return pff::TrimName(text); }
+
+}  // namespace kestrun

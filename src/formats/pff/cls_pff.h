@@ -1,0 +1,134 @@
+// The game's PFF archive: one file that holds many small named files, with a table of entries behind the data
+// (docs/formats/pff.md). Changes are staged in memory and reach the disk at SavePffFile; data that is in the file
+// already stays where it is. The class never rewrites or compacts an archive. It keeps no file open between operations.
+//
+// Errors of its own, raised after the event PFFError has told them:
+//   1030 "Cannot continue this file is waiting to be saved."
+//   1031 "No pff file loaded."
+//   1032 "Max file name size: 16 characters."
+//   1033 "File not found."
+//   1034 "This additional information is too big for this kind of PFF file."
+//   1035 "You cannot change the file name of an existsing file. First Create a new pff file!"
+// and standard errors: 5 for a name that the code page cannot hold, 6 past 2 GB, 9 for an entry that does not exist,
+// 62 for data that lies outside the file, 321 for changing an archive that could not be read, the file layer's own.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/bytes.h"
+#include "base/object.h"
+#include "formats/pff/pff_layout.h"
+
+namespace kestrun {
+
+class ClsPFF final : public TableObject {
+ public:
+  // Progress of the running operation, 0 at its end.
+  std::function<void(int16_t value)> PFFPorgress;
+  std::function<void(int32_t number, const std::string& description)> PFFError;
+
+  // An index is an entry's number from 0, or its name; a numeric text counts as a number. A name that is not found
+  // raises 1033, a number outside the table 9.
+  using Index = const Variant&;
+
+  [[nodiscard]] bool IsNewPFF() const { return is_new_; }
+  [[nodiscard]] const std::string& OpenFileName() const { return path_; }
+  // Only between NewPffFile and the first save; 1035 otherwise.
+  void SetOpenFileName(const std::string& path);
+  [[nodiscard]] bool Edited() const { return edited_; }
+  [[nodiscard]] int32_t PFFTotalFiles() const { return working_.total_files; }
+  [[nodiscard]] int32_t PFFTableOffset() const { return working_.table_offset; }
+  [[nodiscard]] int32_t PFFItemInfoSize() const { return item_info_size_; }
+  [[nodiscard]] int32_t PFFItemSize() const { return working_.item_size; }
+  [[nodiscard]] int32_t PFFVersion() const { return working_.version; }
+  void SetPFFVersion(int32_t version);
+
+  [[nodiscard]] int32_t FilePackDate(Index index);
+  void SetFilePackDate(Index index, int32_t pack_date);
+  [[nodiscard]] std::string FileName(Index index);
+  // Stores the name blank-padded, cut at 16 bytes without a word.
+  void SetFileName(Index index, std::string_view name);
+  [[nodiscard]] int32_t FileLength(Index index);
+  [[nodiscard]] int32_t FileOffset(Index index);
+  [[nodiscard]] bool FileDeleted(Index index);
+  // Deletes whatever the value: sets the flag and puts character 127 in the place of the name's last character. The
+  // entry and its data stay in the file.
+  void SetFileDeleted(Index index, bool value);
+  [[nodiscard]] int32_t FileInfo(Index index);
+  // By name only when PFFItemInfoSize is at least 4, as in an archive that NewPffFile made; 1034 otherwise.
+  void SetFileInfo(Index index, int32_t info);
+  // CRC-32 (reflected polynomial 0xEDB88320) of the entry from its second byte on. By number only: a name raises 13.
+  [[nodiscard]] int32_t FileCRC32(Index index);
+
+  // All fields of one entry; the result is the run-time error's number, 0 on success.
+  [[nodiscard]] int32_t GetPFFInfo(int32_t number, int32_t& pack_date, std::string& name, int32_t& length,
+                                   int32_t& offset, std::string& info, bool& deleted);
+  // Writes the fields as they are given and does not count as an edit. Result as above.
+  [[nodiscard]] int32_t WritePFFInfo(int32_t number, int32_t pack_date, std::string_view name, std::string_view info,
+                                     bool deleted);
+
+  // Reads an entry, or its staged bytes, into the buffer, and to a file when the destination is not empty. An entry of
+  // length 0 raises 9.
+  bool ExtractFile(int32_t number, Bytes& buffer, const std::string& destination);
+  // Starts an empty archive in memory: "PFF3", 36-byte records. No file is touched.
+  void NewPffFile(const std::string& path);
+  // Reads header and table. False, with the event PFFError, for any failure; nothing is raised.
+  [[nodiscard]] bool LoadPff(const std::string& path);
+  // Writes header, staged data, table and trailer in place; what else is in the file stays. A failure part-way leaves
+  // the file partly written.
+  void SavePffFile();
+  // Reads a whole outside file. A failure, a missing or an empty file among them, is told by the event and gives an
+  // empty buffer; nothing is raised.
+  const Bytes& FileBuffer(const std::string& path, Bytes& buffer);
+  // Stages a file under a name of at most 16 bytes, in the place of an entry of that name or as a new one.
+  bool PackFile(ByteView buffer, const std::string& name);
+
+  [[nodiscard]] static std::string GetFileExt(std::string_view name);
+  // Number of the staged element under exactly that name, 0 when there is none.
+  [[nodiscard]] int32_t FileWaiting(std::string_view name) const;
+  // Finds an entry by name without regard to case and padding; deleted entries count. Index -1 when there is none.
+  [[nodiscard]] bool PFFFileExists(std::string_view name, int32_t& index) const;
+  // Takes every NUL and every character 127 away, then blanks at both ends.
+  [[nodiscard]] static std::string ZTrim(std::string_view text);
+
+  [[nodiscard]] std::string TypeName() const override { return "ClsPFF"; }
+  [[nodiscard]] const MemberTable& Members() const override;
+
+ private:
+  struct Staged {
+    int32_t position = 0;  // 1-based place in the file, or kAppend
+    Bytes data;
+  };
+  // What a failed load leaves: nothing to lose, or a file that may not be written over.
+  enum class Readable { kYes, kNo };
+
+  void Progress(int value) const;
+  [[noreturn]] void RaiseOwn(int32_t number) const;
+  [[noreturn]] void RaiseTold(const RuntimeError& failure) const;
+  void RequirePath() const;
+  void RequireReadable() const;
+  void ReadTable(const std::string& path);
+  [[nodiscard]] size_t Resolve(Index index);
+  [[nodiscard]] pff::Entry& EntryAt(Index index) { return entries_[Resolve(index)]; }
+  [[nodiscard]] bool ReplaceStaged(int32_t element, ByteView buffer);
+  [[nodiscard]] int32_t PlaceExisting(pff::Entry& entry, int32_t length);
+  void Reset(const std::string& path);
+
+  std::vector<pff::Entry> entries_;
+  pff::Header working_;
+  bool edited_ = false;
+  bool is_new_ = false;
+  std::string path_;
+  pff::Header saved_;
+  std::vector<Staged> queue_ = std::vector<Staged>(1);  // element 0 is never used
+  std::map<std::string, int32_t> waiting_;              // queue element by lower-case trimmed name
+  int32_t item_info_size_ = 0;
+  Readable readable_ = Readable::kYes;
+};
+
+}  // namespace kestrun

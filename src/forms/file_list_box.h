@@ -1,0 +1,53 @@
+// The files of one folder that match a pattern, in the file list's own order: by name without regard to case.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "forms/control.h"
+
+namespace kestrun {
+
+class FileListBox final : public Control {
+ public:
+  using Control::Control;
+
+  // Patterns joined by ";", "*.bms;*.zip".
+  Property<std::string> Pattern{*this, PropertyId::kPattern, "*.*"};
+  Property<int> ListIndex{*this, PropertyId::kListIndex, -1};
+
+  // The folder without a trailing separator (a drive's root keeps its own). Assigning lists the new folder and fires
+  // PathChange; error 76, with nothing changed, when the folder does not exist. Empty at first: the process's current
+  // folder is listed on first use.
+  [[nodiscard]] const std::string& Path() const;
+  void SetPath(std::string_view folder);
+
+  [[nodiscard]] int ListCount() const;
+  // Name without folder; empty when the row does not exist.
+  [[nodiscard]] std::string List(int row) const;
+  // The current file's name, empty when none. Assigning a listed name makes it the current one; error 53 otherwise.
+  [[nodiscard]] std::string FileName() const { return List(ListIndex); }
+  void SetFileName(std::string_view name);
+  // Lists the folder again; the current row goes. A folder that has vanished gives an empty list.
+  void Reload();
+
+  Event<> PathChange;
+  Event<> PatternChange;
+
+  [[nodiscard]] std::string TypeName() const override { return "FileListBox"; }
+  [[nodiscard]] const MemberTable& Members() const override;
+  [[nodiscard]] MemberId DefaultMember() const override { return FindMember("FileName"); }
+
+ protected:
+  void PropertyChanged(PropertyId id) override;
+
+ private:
+  void EnsureListed() const;
+  void ListFolder() const;
+
+  mutable std::string path_;
+  mutable std::vector<std::string> names_;
+  mutable bool listed_ = false;
+};
+
+}  // namespace kestrun

@@ -1,0 +1,246 @@
+#include "forms/form.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "forms/member_rows.h"
+#include "forms/menu_item.h"
+#include "forms/window_registry.h"
+#include "platform/platform.h"
+
+namespace kestrun {
+namespace {
+
+Form& Self(Object& object) { return static_cast<Form&>(object); }
+
+Variant ShowWithMode(Object& object, Arguments arguments) {
+  const bool modal = !arguments.empty() && ToLong(arguments[0]) != 0;
+  if (modal) {
+    Self(object).ShowModal();
+  } else {
+    Self(object).Show();
+  }
+  return {};
+}
+
+Variant ListControls(Object& object, Arguments) {
+  const auto& controls = Self(object).controls();
+  Ref<ArrayBody> list = MakeRef<ArrayBody>(std::vector<int32_t>{static_cast<int32_t>(controls.size())});
+  std::copy(controls.begin(), controls.end(), list->elements.begin());
+  return Variant(list);
+}
+
+constexpr Member kRows[]{
+    PropertyRow<&Form::Caption>("Caption"),
+    PropertyRow<&Form::BorderStyle>("BorderStyle"),
+    PropertyRow<&Form::StartUpPosition>("StartUpPosition"),
+    PropertyRow<&Form::WindowState>("WindowState"),
+    PropertyRow<&Form::MinButton>("MinButton"),
+    PropertyRow<&Form::MaxButton>("MaxButton"),
+    PropertyRow<&Form::ControlBox>("ControlBox"),
+    PropertyRow<&Form::ShowInTaskbar>("ShowInTaskbar"),
+    PropertyRow<&Form::KeyPreview>("KeyPreview"),
+    PropertyRow<&Form::Picture>("Picture"),
+    PropertyRow<&Form::Icon>("Icon"),
+    ReadOnlyRow<&Form::ScaleWidth>("ScaleWidth"),
+    ReadOnlyRow<&Form::ScaleHeight>("ScaleHeight"),
+    {"Controls", MemberKind::kReadOnly, 0, 0, &ListControls, nullptr},
+    RawMethodRow("Show", 0, 2, &ShowWithMode),
+    MethodRow<&Form::Hide>("Hide"),
+};
+
+}  // namespace
+
+const MemberTable Form::kFormMembers{&Control::kControlMembers, kRows};
+
+Form::Form(std::string name) : Control(this, std::move(name), -1) {
+  Visible.StoreQuietly(false);
+  ForeColor.StoreQuietly(color::kButtonText);
+}
+
+Form::~Form() {
+  for (const Ref<Control>& control : controls_) control->Disconnect();
+}
+
+void Form::SetClientSize(int width_twips, int height_twips) {
+  Width = width_twips + kFrameWidth;
+  Height = height_twips + kFrameHeight + (HasMenu() ? kMenuHeight : 0);
+}
+
+void Form::EnsureLoaded() {
+  if (loaded_) return;
+  loaded_ = true;
+  Load();
+}
+
+void Form::Show() {
+  EnsureLoaded();
+  if (!loaded_) return;  // the load handler closed the form again
+  if (shown_) {
+    if (peer_) peer_->BringToFront();
+    return;
+  }
+  shown_ = true;
+  Visible.StoreQuietly(true);
+  peer_ = platform().windowing().Show(*this);
+}
+
+void Form::ShowModal() {
+  EnsureLoaded();
+  if (!loaded_) return;
+  const Ref<Form> keep(this);
+  modal_ = true;
+  Show();
+  platform().windowing().RunModal(*this);
+  modal_ = false;
+}
+
+void Form::Hide() {
+  if (!shown_) return;
+  shown_ = false;
+  Visible.StoreQuietly(false);
+  if (!peer_) return;
+  peer_->Close();
+  // The peer may be the caller of the handler that hides the form: it goes when that is over.
+  platform().clock().Post([closed = std::shared_ptr<FormPeer>(std::move(peer_))] {});
+}
+
+bool Form::Unload() {
+  if (!loaded_ || unloading_) return true;
+  const Ref<Form> keep(this);
+  unloading_ = true;
+  bool cancel = false;
+  QueryUnload(cancel);
+  if (!cancel) {
+    Unloading();
+    Hide();
+    loaded_ = false;
+    for (const Ref<Control>& control : controls_) control->Disconnect();
+    Disconnect();
+    WindowClosed(*this);
+  }
+  unloading_ = false;
+  return !cancel;
+}
+
+void Form::PopupMenu(MenuItem& item) {
+  if (peer_) peer_->PopUpMenu(item);
+}
+
+std::vector<Control*> Form::StackingOrder() const { return stacking_; }
+
+Control* Form::FindControl(std::string_view name, int index) const {
+  const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Ref<Control>& control) {
+    return (index < 0 || control->Index() == index) && EqualsNoCase(control->Name(), name);
+  });
+  return found == controls_.end() ? nullptr : found->get();
+}
+
+std::vector<MenuItem*> Form::TopMenus() const {
+  std::vector<MenuItem*> items;
+  for (const Ref<Control>& control : controls_) {
+    auto* item = dynamic_cast<MenuItem*>(control.get());
+    if (item && !item->Parent()) items.push_back(item);
+  }
+  return items;
+}
+
+bool Form::HasMenu() const {
+  const std::vector<MenuItem*> items = TopMenus();
+  return std::any_of(items.begin(), items.end(), [](const MenuItem* item) { return item->Visible.get(); });
+}
+
+std::vector<Control*> Form::TabOrder() const {
+  std::vector<Control*> order;
+  for (const Ref<Control>& control : controls_) {
+    if (control->TakesFocus() && control->TabStop && control->IsUsable()) order.push_back(control.get());
+  }
+  std::stable_sort(order.begin(), order.end(),
+                   [](const Control* left, const Control* right) { return left->TabIndex < right->TabIndex; });
+  return order;
+}
+
+void Form::AddControl(Ref<Control> control) {
+  control->TabIndex.StoreQuietly(static_cast<int>(controls_.size()));
+  stacking_.push_back(control.get());
+  controls_.push_back(std::move(control));
+  if (peer_) peer_->ControlsChanged();
+}
+
+void Form::Remove(Control& control) {
+  const Ref<Control> keep(&control);
+  std::erase(stacking_, &control);
+  std::erase(controls_, keep);
+  if (active_control_ == &control) active_control_ = nullptr;
+  if (peer_) peer_->ControlsChanged();
+  control.Disconnect();
+}
+
+void Form::Restack(Control& control, bool in_front) {
+  if (&control == this) {
+    if (peer_ && in_front) peer_->BringToFront();
+    return;
+  }
+  std::erase(stacking_, &control);
+  stacking_.insert(in_front ? stacking_.end() : stacking_.begin(), &control);
+  if (peer_) peer_->ControlsChanged();
+}
+
+MemberId Form::FindMember(std::string_view name) const {
+  const MemberId own = Members().Find(name);
+  if (own != kNoMember) return own;
+  const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                  [&](const Ref<Control>& control) { return EqualsNoCase(control->Name(), name); });
+  if (found == controls_.end()) return kNoMember;
+  return static_cast<MemberId>(Members().Size() + static_cast<size_t>(found - controls_.begin()));
+}
+
+std::vector<MemberInfo> Form::ListMembers() const {
+  std::vector<MemberInfo> list = Control::ListMembers();
+  for (const Ref<Control>& control : controls_) {
+    const int indexes = control->Index() < 0 ? 0 : 1;
+    list.push_back({control->Name(), MemberKind::kReadOnly, indexes, indexes});
+  }
+  return list;
+}
+
+Variant Form::Get(MemberId member, Arguments arguments) {
+  if (!IsAlive()) Raise(error::kObjectRequired);
+  const auto position = static_cast<size_t>(member);
+  if (position < Members().Size()) return Control::Get(member, arguments);
+  return ControlByMember(position - Members().Size(), arguments);
+}
+
+void Form::Put(MemberId member, Arguments arguments, const Variant& value) {
+  if (!IsAlive()) Raise(error::kObjectRequired);
+  const auto position = static_cast<size_t>(member);
+  if (position < Members().Size()) {
+    Control::Put(member, arguments, value);
+    return;
+  }
+  // Assigning to a control means its default property.
+  const Variant control = ControlByMember(position - Members().Size(), arguments);
+  const MemberId target = control.object()->DefaultMember();
+  if (target == kNoMember) Raise(error::kMemberNotFound);
+  control.object()->Put(target, {}, value);
+}
+
+Variant Form::ControlByMember(size_t position, Arguments arguments) const {
+  if (position >= controls_.size()) Raise(error::kObjectRequired);
+  const Ref<Control>& first = controls_[position];
+  if (arguments.empty()) return first;
+  if (arguments.size() > 1 || first->Index() < 0) Raise(error::kWrongArgumentCount);
+  Control* element = FindControl(first->Name(), ToLong(arguments[0]));
+  if (!element) Raise(error::kSubscriptOutOfRange);
+  return element;
+}
+
+void ReportEventFault() {
+  const RuntimeError failure = CurrentError();
+  Attempt([&] {
+    MsgBox("Error: " + std::to_string(failure.number()) + std::string(kCrLf) + failure.description(), BoxButtons::kOk,
+           BoxIcon::kCritical);
+  });
+}
+
+}  // namespace kestrun

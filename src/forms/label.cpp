@@ -1,0 +1,19 @@
+#include "forms/label.h"
+
+#include "forms/member_rows.h"
+
+namespace kestrun {
+namespace {
+
+constexpr Member kRows[]{
+    PropertyRow<&Label::Caption>("Caption"),     PropertyRow<&Label::Alignment>("Alignment"),
+    PropertyRow<&Label::AutoSize>("AutoSize"),   PropertyRow<&Label::WordWrap>("WordWrap"),
+    PropertyRow<&Label::BackStyle>("BackStyle"), PropertyRow<&Label::BorderStyle>("BorderStyle"),
+};
+const MemberTable kTable{&Control::kControlMembers, kRows};
+
+}  // namespace
+
+const MemberTable& Label::Members() const { return kTable; }
+
+}  // namespace kestrun

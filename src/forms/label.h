@@ -1,0 +1,30 @@
+// Static text. Has no window of its own: its container draws it.
+#pragma once
+
+#include "forms/control.h"
+
+namespace kestrun {
+
+// Values of the Alignment property.
+enum class TextAlignment { kLeft = 0, kRight = 1, kCenter = 2 };
+
+class Label final : public Control {
+ public:
+  using Control::Control;
+
+  Property<std::string> Caption{*this, PropertyId::kCaption};
+  Property<int> Alignment{*this, PropertyId::kAlignment};
+  // The label takes the size of its text.
+  Property<bool> AutoSize{*this, PropertyId::kAutoSize};
+  Property<bool> WordWrap{*this, PropertyId::kWordWrap};
+  // 0 transparent, 1 opaque.
+  Property<int> BackStyle{*this, PropertyId::kBackStyle, 1};
+  Property<int> BorderStyle{*this, PropertyId::kBorderStyle};
+
+  [[nodiscard]] std::string TypeName() const override { return "Label"; }
+  [[nodiscard]] const MemberTable& Members() const override;
+  [[nodiscard]] bool TakesFocus() const override { return false; }
+  [[nodiscard]] MemberId DefaultMember() const override { return FindMember("Caption"); }
+};
+
+}  // namespace kestrun

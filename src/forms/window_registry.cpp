@@ -1,0 +1,94 @@
+#include "forms/window_registry.h"
+
+#include <algorithm>
+#include <map>
+
+#include "base/text.h"
+#include "platform/platform.h"
+
+namespace kestrun {
+namespace {
+
+struct LessNoCase {
+  using is_transparent = void;
+  bool operator()(std::string_view left, std::string_view right) const { return CompareNoCase(left, right) < 0; }
+};
+
+using FactoryMap = std::map<std::string, WindowFactory, LessNoCase>;
+
+// Filled by static objects before main, hence made on first use.
+FactoryMap& Factories() {
+  static FactoryMap factories;
+  return factories;
+}
+
+std::vector<Ref<Form>>& Instances() {
+  static std::vector<Ref<Form>> instances;
+  return instances;
+}
+
+}  // namespace
+
+WindowRegistration::WindowRegistration(std::string name, WindowFactory factory) {
+  Factories().insert_or_assign(std::move(name), std::move(factory));
+}
+
+std::vector<std::string> RegisteredWindows() {
+  std::vector<std::string> names;
+  for (const auto& [name, factory] : Factories()) names.push_back(name);
+  return names;
+}
+
+bool IsWindowRegistered(std::string_view name) { return Factories().contains(name); }
+
+Form& WindowByName(std::string_view name) {
+  if (Form* existing = LoadedWindow(name)) return *existing;
+  const auto factory = Factories().find(name);
+  if (factory == Factories().end()) Raise(error::kObjectRequired);
+  Ref<Form> made = factory->second();
+  Instances().push_back(made);
+  made->EnsureLoaded();
+  return *made;
+}
+
+Form* LoadedWindow(std::string_view name) {
+  const auto found = std::find_if(Instances().begin(), Instances().end(),
+                                  [name](const Ref<Form>& form) { return EqualsNoCase(form->Name(), name); });
+  return found == Instances().end() ? nullptr : found->get();
+}
+
+std::vector<Form*> LoadedWindows() {
+  std::vector<Form*> forms;
+  for (const Ref<Form>& form : Instances()) forms.push_back(form.get());
+  return forms;
+}
+
+bool ShowWindow(std::string_view name) {
+  if (!IsWindowRegistered(name)) return false;
+  WindowByName(name).Show();
+  return true;
+}
+
+bool ShowWindowModal(std::string_view name) {
+  if (!IsWindowRegistered(name)) return false;
+  WindowByName(name).ShowModal();
+  return true;
+}
+
+void WindowClosed(Form& form) {
+  const auto found = std::find(Instances().begin(), Instances().end(), Ref<Form>(&form));
+  if (found == Instances().end()) return;
+  platform().clock().Post([closed = *found] {});
+  Instances().erase(found);
+  if (Instances().empty()) platform().windowing().Quit();
+}
+
+void CloseAllWindows() {
+  while (!Instances().empty()) {
+    const Ref<Form> form = Instances().back();
+    form->Hide();
+    std::erase(Instances(), form);
+  }
+}
+
+}  // namespace kestrun

@@ -1,0 +1,31 @@
+// The game: its folder, its start, and whether it runs.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/variant.h"
+
+namespace kestrun {
+
+// The game's installation folder: the stored one, else the registry's, else the program's own folder when the game lies
+// there. Only then the user is asked, and the answer is stored; error 5 when that is cancelled.
+[[nodiscard]] std::string GameFolder();
+
+// The folder under the game's App Paths key; empty when there is none.
+[[nodiscard]] std::string GamePathFromRegistry();
+
+// The default map folder; the game folder until the user says otherwise.
+[[nodiscard]] std::string MapFolder();
+
+// Starts the game and does not wait for it, or tells that it is missing and opens the options. Always false.
+bool launchDFLW();
+
+// True when any process has the game program's file name, in whatever case.
+[[nodiscard]] bool IsGameRunning();
+
+// The shell's open service; a failed open is silent. The three values are taken as texts, the number 0 as "0".
+void ShellOpen(const std::string& Operation, const Variant& File, const Variant& Parameters, const Variant& Directory,
+               int32_t ShowCommand);
+
+}  // namespace kestrun

@@ -1,0 +1,101 @@
+#include "frame/pack_command.h"
+
+#include "base/code_page.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "formats/pff/cls_pff.h"
+#include "frame/folders.h"
+#include "frame/game_paths.h"
+#include "frame/pack_zip.h"
+#include "frame/settings.h"
+#include "frame/show_error.h"
+#include "frame/web_paths.h"
+#include "platform/platform.h"
+
+namespace kestrun {
+namespace {
+
+std::string FillMacros(std::string text, const std::string& temporary_folder) {
+  // The game folder is resolved only where it is asked for: resolving may put a question to the user.
+  if (text.find("%GAMEDIR%") != std::string::npos) text = ReplaceAll(text, "%GAMEDIR%", GameFolder());
+  text = ReplaceAll(text, "%APPDIR%", platform().program().Folder());
+  return ReplaceAll(text, "%TEMPDIR%", temporary_folder);
+}
+
+// Reads an outside file through the archive, and turns its silent failure, told by event only, into an error: an empty
+// buffer must never take the place of an entry.
+Bytes ReadSource(ClsPFF& archive, const std::string& path) {
+  RuntimeError failure(error::kFileNotFound);
+  archive.PFFError = [&failure](int32_t number, const std::string& description) {
+    failure = RuntimeError(number, description);
+  };
+  Bytes buffer;
+  archive.FileBuffer(path, buffer);
+  archive.PFFError = nullptr;
+  if (buffer.empty()) throw failure;
+  return buffer;
+}
+
+void PackInto(const std::string& source, const std::string& name, const std::string& archive_path, bool is_zip,
+              const std::string& temporary_folder) {
+  ClsPFF archive;
+  static_cast<void>(archive.LoadPff(archive_path));
+  if (is_zip) {
+    PackZipMembers(archive, source, temporary_folder + "\\unzipped_" + name);
+  } else {
+    archive.PackFile(ReadSource(archive, source), name);
+  }
+  archive.SavePffFile();
+}
+
+void AppendLogLine(const std::string& source, const std::string& archive_path, const std::string& name) {
+  const std::string line = source + " --> " + archive_path + ":" + name + " ~>OK" + std::string(kCrLf);
+  platform().files().Append(AppFile("kestrun.log"), AsBytes(EncodeText(line)));
+}
+
+}  // namespace
+
+void PackCommand(const std::string& command) {
+  Attempt([&] {
+    const std::vector<std::string> pieces = Split(command, "\"");
+    if (pieces.size() < 7) Raise(error::kSubscriptOutOfRange);
+    const std::string& archive_path = pieces[1];
+    const std::string& name = pieces[3];
+    const std::string& source = pieces[5];
+    packfile(source, name, archive_path, ToLower(pieces[6]) == "/z");
+    AppendLogLine(source, archive_path, name);
+  });
+}
+
+bool packfile(std::string Source, const std::string& Name, std::string ArchivePath, bool IsZip) {
+  try {
+    std::string temporary_folder = SpecialFolder(folder::kTemporary);
+    if (!temporary_folder.empty()) temporary_folder.pop_back();
+    Source = FillMacros(Source, temporary_folder);
+    if (IsUrl(Source) && !DownloadFile(Source, temporary_folder + "\\" + Name)) {
+      MsgBox("Unable to download " + Source);
+      return false;
+    }
+    ArchivePath = FillMacros(ArchivePath, temporary_folder);
+    PackInto(Source, Name, ArchivePath, IsZip, temporary_folder);
+  } catch (const std::exception&) {
+    ShowError("packfile ");
+  }
+  return false;
+}
+
+std::string JoinCommandWords(const std::vector<std::string>& words) {
+  if (words.size() < 2 || words[0] != "-pack") {
+    std::string joined;
+    for (const std::string& word : words) joined += joined.empty() ? word : " " + word;
+    return joined;
+  }
+  std::string command = words[0];
+  for (size_t at = 1; at < words.size(); ++at) {
+    const bool is_flag = at > 1 && at + 1 == words.size() && ToLower(words[at]) == "/z";
+    command += is_flag ? words[at] : " \"" + words[at] + "\"";
+  }
+  return command;
+}
+
+}  // namespace kestrun

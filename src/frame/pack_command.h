@@ -1,0 +1,25 @@
+// The batch command: one file, or every file of a zip, into a named archive.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace kestrun {
+
+// -pack "archive" "name" "source"[/z]
+// Packs and then appends the line `source --> archive:name ~>OK` to kestrun.log in the program's folder; the line does
+// not record success. "/z" counts only directly behind the last quote. A text with fewer than six quotes ends silently
+// with nothing packed and nothing logged.
+void PackCommand(const std::string& command);
+
+// Packs Source under Name into the archive, or with IsZip every file of the zip under its own base name. %GAMEDIR%,
+// %APPDIR% and %TEMPDIR% in Source and ArchivePath are filled in. A web address is fetched into the temporary folder,
+// and its text is then read as a path, which fails. Failures are reported by ShowError with the context "packfile ".
+// Always gives false.
+bool packfile(std::string Source, const std::string& Name, std::string ArchivePath, bool IsZip);
+
+// Gives a command line typed in a shell the form that PackCommand reads: each word behind -pack in double quotes, a
+// last word "/z" directly behind the last quote. For any other command the words joined by blanks.
+[[nodiscard]] std::string JoinCommandWords(const std::vector<std::string>& words);
+
+}  // namespace kestrun

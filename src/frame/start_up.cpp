@@ -1,0 +1,226 @@
+#include "frame/start_up.h"
+
+#include "base/convert.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "forms/window_registry.h"
+#include "frame/commands.h"
+#include "frame/folders.h"
+#include "frame/frmsplash.h"
+#include "frame/game_paths.h"
+#include "frame/path_text.h"
+#include "frame/settings.h"
+#include "frame/shell_integration.h"
+#include "frame/start_mode.h"
+#include "frame/style_hook.h"
+#include "frame/web_paths.h"
+#include "platform/platform.h"
+
+namespace kestrun {
+namespace {
+
+constexpr std::string_view kProtocolPrefix = "kestrun://";
+
+std::string WithoutProtocol(std::string text) {
+  const size_t at = FindNoCase(text, kProtocolPrefix);
+  if (at != std::string::npos) text.erase(at, kProtocolPrefix.size());
+  return text;
+}
+
+void ShowVersion(frmsplash& splash) {
+  const Version version = platform().program().ProgramVersion();
+  splash.lblversion.Caption = "V" + std::to_string(version.major) + "." + std::to_string(version.minor) + "." +
+                              std::to_string(version.revision);
+}
+
+void LoadDefaultStyle() {
+  const std::string path = ReadSetting(setting::kStyle);
+  if (FileExists(path)) LoadStyleFile(path);
+}
+
+void ApplyStyle(frmsplash& splash) {
+  if (StyleActive()) FormLoadStyle(splash);
+}
+
+void ShowSplash(frmsplash& splash) {
+  splash.Show();
+  RunPendingEvents();
+  RunPendingEvents();
+}
+
+// Asks for the game folder once in the life of an installation whose game cannot be found.
+void FindGame() {
+  if (!TextToBoolean(ReadSetting(setting::kCheckGamePath))) return;
+  std::string folder;
+  Attempt([&] { folder = GameFolder(); });
+  if (!folder.empty()) return;
+  MsgBox("Kestrun was unable to find your dflw game folder!");
+  MsgBox("Please select it yourself.");
+  std::string picked = BrowseForFolder(
+      "Select the folder where you installed your game. By default this is C:\\program files\\novalogic\\delta force "
+      "land warrior demo",
+      folder::kMyComputer, "");
+  if (!picked.empty()) Attempt([&] { WriteSetting(setting::kGameFolder, ParentFolder(picked)); });
+  WriteSetting(setting::kCheckGamePath, "False");
+}
+
+// A command that points at another copy of the program is left alone.
+void RegisterProtocolOnce() {
+  const ShellIntegration& shell = shell_integration();
+  if (!shell.is_protocol_registered || !shell.register_protocol) return;
+  std::string current;
+  if (!shell.is_protocol_registered(current) && current.empty()) shell.register_protocol();
+}
+
+// A dead entry is repaired, a live other copy respected.
+void RepairAppPath() {
+  const ShellIntegration& shell = shell_integration();
+  if (!shell.is_app_path_registered || !shell.register_app_path) return;
+  std::string current;
+  if (shell.is_app_path_registered(current)) return;
+  if (current.empty() || !FileExists(current)) shell.register_app_path();
+}
+
+// The folder goes to an application name of its own; since the test above it never sees that, both values are written
+// at each start until the Options window stores one.
+void NoteDefaultCopy() {
+  if (!GetSetting("Kes_Trun", "DEFAULT", "APP", "").empty()) return;
+  SaveSetting("Kes_Trn", "DEFAULT", "APP", platform().program().Folder());
+  SaveSetting("Kes_Trun", "DEFAULT", "EXE", platform().program().ExeName() + ".exe");
+}
+
+void AskFirstRun() {
+  if (TextToBoolean(ReadSetting(setting::kFirstRun))) {
+    const BoxAnswer answer = MsgBox(
+        "Kestrun can set itself as default editor for *.bms files (maps). Do you want to set Kestrun as default "
+        "editor?" +
+            std::string(kCrLf) +
+            "If you click 'YES' Kestrun will start when you open dflw maps (double click the map in Windows "
+            "Explorer).CLICK 'YES'!",
+        BoxButtons::kYesNo);
+    if (answer == BoxAnswer::kYes && shell_integration().associate_bms) shell_integration().associate_bms();
+  }
+  WriteSetting(setting::kFirstRun, "False");
+}
+
+// Shows the failure in flight; start-up then goes on with its next statement.
+void ReportAndGoOn() {
+  const RuntimeError failure = CurrentError();
+  MsgBox("Error: " + std::to_string(failure.number()) + std::string(kCrLf) + failure.description(), BoxButtons::kOk,
+         BoxIcon::kCritical);
+}
+
+template <class Statement>
+void Try(Statement&& statement) {
+  try {
+    statement();
+  } catch (const std::exception&) {
+    ReportAndGoOn();
+  }
+}
+
+std::string WithoutQuotes(const std::string& text) {
+  const bool quoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
+  return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+void SetAddress(const std::string& text) {
+  Object& box = *GetMember(WindowByName("frmopenmap"), "TxtFile").object();
+  PutMember(box, "Text", text);
+}
+
+void OpenAddress(frmsplash& splash, const std::string& address) {
+  Try([&] {
+    if (IsWindowRegistered("frmopenmap")) SetAddress(address);
+  });
+  Try([&] { ShowWindow("frmopenmap"); });
+  splash.Unload();
+}
+
+void OpenList(frmsplash& splash, const std::string& path) {
+  Try([&] {
+    if (!IsWindowRegistered("frmputlist")) return;
+    Form& window = WindowByName("frmputlist");
+    RunPendingEvents();
+    CallMember(window, "LoadList", {path});
+  });
+  splash.Unload();
+}
+
+void OpenMap(frmsplash& splash, const std::string& path) {
+  Attempt([&] {
+    if (!IsWindowRegistered("frmopenmap")) return;
+    SetAddress(path);
+    ShowWindow("frmopenmap");
+  });
+  splash.Unload();
+}
+
+// A text that was no option: an address, a list, a style or a map. Gives true when start-up ends here.
+bool OpenFile(frmsplash& splash, const std::string& command) {
+  const std::string text = WithoutQuotes(command);
+  bool is_url = false;
+  Try([&] { is_url = IsUrl(text); });
+  const std::string ending = text.size() < 4 ? std::string() : ToLower(std::string_view(text).substr(text.size() - 4));
+  if (is_url) {
+    OpenAddress(splash, text);
+    return true;
+  }
+  if (ending == ".lst") {
+    OpenList(splash, text);
+    return true;
+  }
+  if (ending == ".stl") {
+    Try([&] {
+      if (ProcessCommand("-style " + text) == kCommandStyleLoaded) ApplyStyle(splash);
+    });
+    return false;
+  }
+  OpenMap(splash, text);
+  return true;
+}
+
+// Gives true when start-up ends with the command.
+bool RunCommand(frmsplash& splash, const std::string& command) {
+  if (command.empty()) return false;
+  switch (ProcessCommand(command)) {
+    case kCommandCarriedOut: splash.Unload(); return true;
+    case kCommandStyleLoaded: Attempt([&] { ApplyStyle(splash); }); return false;
+    default: return OpenFile(splash, command);
+  }
+}
+
+void OpenMainWindow(frmsplash& splash) {
+  Form* main_window = nullptr;
+  Try([&] { main_window = &WindowByName("frmain"); });
+  RunPendingEvents();
+  Try([&] {
+    if (main_window) main_window->Show();
+  });
+  RunPendingEvents();
+  splash.Unload();
+}
+
+}  // namespace
+
+void RunStartUp(frmsplash& splash, const std::string& raw_command_line) {
+  const std::string command = WithoutProtocol(raw_command_line);
+  if (raw_command_line == "-safe") {
+    SetSafeMode(true);
+    Try([&] { ShowWindow("frmain"); });
+    splash.Unload();
+    return;
+  }
+  Attempt([&] { ShowVersion(splash); });
+  Attempt([&] { LoadDefaultStyle(); });
+  Attempt([&] { ApplyStyle(splash); });
+  Attempt([&] { ShowSplash(splash); });
+  Attempt([&] { FindGame(); });
+  Attempt([&] { RegisterProtocolOnce(); });
+  Attempt([&] { RepairAppPath(); });
+  Attempt([&] { NoteDefaultCopy(); });
+  Attempt([&] { AskFirstRun(); });
+  if (!RunCommand(splash, command)) OpenMainWindow(splash);
+}
+
+}  // namespace kestrun

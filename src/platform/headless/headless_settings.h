@@ -1,0 +1,46 @@
+// The per-user settings store and the registry, kept in memory.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "platform/settings.h"
+
+namespace kestrun {
+
+class HeadlessUserSettings final : public UserSettings {
+ public:
+  [[nodiscard]] std::optional<std::string> Get(std::string_view application, std::string_view section,
+                                               std::string_view key) override;
+  void Save(std::string_view application, std::string_view section, std::string_view key,
+            std::string_view value) override;
+  void Delete(std::string_view application, std::string_view section, std::string_view key) override;
+
+ private:
+  std::map<std::string, std::string> values_;  // by application, section and key in lower case
+};
+
+// Keys and value names are found without regard to case. A root can be closed, as it is for users without rights.
+class HeadlessRegistry final : public Registry {
+ public:
+  [[nodiscard]] std::optional<std::string> Read(RegistryRoot root, std::string_view key,
+                                                std::string_view name) override;
+  bool Write(RegistryRoot root, std::string_view key, std::string_view name, std::string_view value) override;
+  bool DeleteKey(RegistryRoot root, std::string_view key) override;
+
+  [[nodiscard]] bool HasKey(RegistryRoot root, std::string_view key) const;
+  // From now on this root refuses every change.
+  void CloseForWriting(RegistryRoot root);
+
+ private:
+  using Values = std::map<std::string, std::string>;
+  using KeyPath = std::pair<RegistryRoot, std::string>;
+  [[nodiscard]] static KeyPath PathOf(RegistryRoot root, std::string_view key);
+
+  std::map<KeyPath, Values> keys_;  // every key on the way to a key stands here too
+  std::map<RegistryRoot, bool> closed_;
+};
+
+}  // namespace kestrun

@@ -1,0 +1,89 @@
+// The shell, the process list and the internet as a test or the command line lays them down.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/shell.h"
+
+namespace kestrun {
+
+struct ShellOpening {
+  std::string operation;
+  std::string file;
+  std::string parameters;
+  std::string directory;
+  int show_command = 0;
+  friend bool operator==(const ShellOpening&, const ShellOpening&) = default;
+};
+
+// Opens nothing: it keeps what it was asked to open.
+class HeadlessShell final : public Shell {
+ public:
+  int Open(std::string_view operation, std::string_view file, std::string_view parameters, std::string_view directory,
+           int show_command) override;
+  [[nodiscard]] std::string TemporaryFolder() override { return temporary_folder; }
+  [[nodiscard]] std::string WindowsFolder() override { return windows_folder; }
+  [[nodiscard]] std::string SystemFolder() override { return system_folder; }
+  [[nodiscard]] std::string ShellFolder(int csidl) override;
+
+  std::vector<ShellOpening> openings;
+  int open_result = 33;  // the least number that means success
+  std::string temporary_folder;
+  std::string windows_folder;
+  std::string system_folder;
+  std::map<int, std::string> shell_folders;
+};
+
+class HeadlessProcesses final : public Processes {
+ public:
+  [[nodiscard]] std::vector<std::string> RunningNames() override;
+  void EndProcess() override;
+
+  std::vector<std::string> names;
+  // Where set, asked instead of `names`.
+  std::function<std::vector<std::string>()> list;
+  // How often the process was told to end.
+  int end_count = 0;
+  // What ends the process; where it is not set, only the count goes up.
+  std::function<void()> end;
+};
+
+class HeadlessInternet final : public Internet {
+ public:
+  // Canned replies are written through this file system.
+  explicit HeadlessInternet(std::function<FileSystem&()> files) : files_(std::move(files)) {}
+
+  // A scheme of two or more letters, digits, "+", "-" or "." and a colon, so that "c:\x" is no URL.
+  [[nodiscard]] bool IsUrl(std::string_view text) override;
+  [[nodiscard]] bool IsConnected() override { return connected; }
+  // A laid-down reply, or the file that a file:// URL names. Anything else is "object not found", a target that
+  // cannot be written "download failure".
+  [[nodiscard]] int DownloadToFile(std::string_view url, std::string_view path) override;
+
+  void Reply(std::string url, std::string_view content);
+  void ReplyWithFailure(std::string url, int error_number);
+
+  static constexpr int kObjectNotFound = static_cast<int>(0x800C0006);
+  static constexpr int kDownloadFailure = static_cast<int>(0x800C0008);
+
+  bool connected = true;
+  // Every URL that was asked for, in order.
+  std::vector<std::string> downloads;
+
+ private:
+  struct CannedReply {
+    int error_number = 0;
+    Bytes content;
+  };
+  // Error 53 when there is no such file.
+  [[nodiscard]] Bytes ContentOf(std::string_view url);
+
+  std::function<FileSystem&()> files_;
+  std::map<std::string, CannedReply, std::less<>> replies_;
+};
+
+}  // namespace kestrun

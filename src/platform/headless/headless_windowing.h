@@ -1,0 +1,91 @@
+// Windows without a screen: a shown form has a peer that keeps what it was told, and a modal window is handled by the
+// action that was laid down for it.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/headless/headless_clock.h"
+#include "platform/headless/unexpected.h"
+#include "platform/windowing.h"
+
+namespace kestrun {
+
+// One call that a peer got. The control is the form itself where the call names none.
+struct PeerCall {
+  enum class Kind {
+    kUpdate,
+    kControlsChanged,
+    kMenuChanged,
+    kListChanged,
+    kSetFocus,
+    kRepaint,
+    kPopUpMenu,
+    kBringToFront,
+    kClose
+  };
+  Kind kind;
+  std::string control;
+  PropertyId property{};  // of kUpdate
+  friend bool operator==(const PeerCall&, const PeerCall&) = default;
+};
+
+class HeadlessWindowing final : public Windowing {
+ public:
+  explicit HeadlessWindowing(HeadlessClock& clock) : clock_(clock) {}
+
+  // Lays down what the user does in the next modal window. The form must be gone when the action and the events that
+  // it set off are over. A failure inside the action is reported as one in an event handler is.
+  void ExpectModal(std::string form_name, std::function<void(Form&)> action);
+  // Lays down what the user does in the next pop-up menu, such as choosing one of its items. A menu that nobody
+  // expected closes again.
+  void ExpectPopUp(std::string item_name, std::function<void(MenuItem&)> action);
+  // One line for each modal window and menu that is still expected.
+  [[nodiscard]] std::vector<std::string> Unused() const;
+  void ForgetExpectations();
+
+  // The first control in tab order gets the focus.
+  [[nodiscard]] std::unique_ptr<FormPeer> Show(Form& form) override;
+  // A window that nobody expected, or that is still there after its action, is told to `on_unexpected` and closed.
+  void RunModal(Form& form) override;
+  // Runs tasks and timers in virtual time until `Quit`, or until nothing is left that could ever call it, or until
+  // `longest_run_ms` have passed: nobody is there to close a window.
+  void RunUntilQuit() override;
+  void Quit() override { quit_ = true; }
+  [[nodiscard]] ScreenSize Screen() override { return screen; }
+  // Each character is half as wide as the font is high.
+  [[nodiscard]] int TextWidth(std::string_view text, const FontDescription& font) override;
+
+  UnexpectedHandler on_unexpected;
+  ScreenSize screen{1024 * 15, 768 * 15, 15};
+  uint64_t longest_run_ms = 60 * 60 * 1000;
+  // Names of all forms that were shown, in order.
+  std::vector<std::string> shown_forms;
+  // What all peers were told, in order, where recording is on.
+  bool record_calls = false;
+  std::vector<PeerCall> calls;
+
+ private:
+  class Peer;
+  struct ExpectedModal {
+    std::string form_name;
+    std::function<void(Form&)> action;
+  };
+  struct ExpectedPopUp {
+    std::string item_name;
+    std::function<void(MenuItem&)> action;
+  };
+
+  void CloseUnexpected(Form& form, const std::string& detail);
+  void RunPopUp(MenuItem& item);
+
+  HeadlessClock& clock_;
+  std::deque<ExpectedModal> expected_;
+  std::deque<ExpectedPopUp> expected_menus_;
+  bool quit_ = false;
+};
+
+}  // namespace kestrun

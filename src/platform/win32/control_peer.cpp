@@ -1,0 +1,163 @@
+#include "platform/win32/control_peer.h"
+
+#include "platform/win32/wide_text.h"
+
+namespace kestrun {
+namespace {
+
+constexpr UINT_PTR kWatchId = 1;
+
+struct MouseMessage {
+  int button;
+  enum Kind { kNone, kDown, kMove, kUp, kDouble } kind;
+};
+
+MouseMessage KindOf(UINT message) {
+  switch (message) {
+    case WM_LBUTTONDOWN: return {mouse::kLeft, MouseMessage::kDown};
+    case WM_RBUTTONDOWN: return {mouse::kRight, MouseMessage::kDown};
+    case WM_MBUTTONDOWN: return {mouse::kMiddle, MouseMessage::kDown};
+    case WM_LBUTTONUP: return {mouse::kLeft, MouseMessage::kUp};
+    case WM_RBUTTONUP: return {mouse::kRight, MouseMessage::kUp};
+    case WM_MBUTTONUP: return {mouse::kMiddle, MouseMessage::kUp};
+    case WM_LBUTTONDBLCLK: return {mouse::kLeft, MouseMessage::kDouble};
+    case WM_MOUSEMOVE: return {0, MouseMessage::kMove};
+    default: return {0, MouseMessage::kNone};
+  }
+}
+
+int HeldButtons(WPARAM keys) {
+  return ((keys & MK_LBUTTON) ? mouse::kLeft : 0) | ((keys & MK_RBUTTON) ? mouse::kRight : 0) |
+         ((keys & MK_MBUTTON) ? mouse::kMiddle : 0);
+}
+
+}  // namespace
+
+int ShiftState() {
+  const auto down = [](int key) { return GetKeyState(key) < 0; };
+  return (down(VK_SHIFT) ? shift::kShift : 0) | (down(VK_CONTROL) ? shift::kCtrl : 0) |
+         (down(VK_MENU) ? shift::kAlt : 0);
+}
+
+void FireMouseEvent(Control& control, UINT message, WPARAM keys, POINT place, ScreenScale scale) {
+  const MouseMessage kind = KindOf(message);
+  const int x = scale.Twips(place.x);
+  const int y = scale.Twips(place.y);
+  DispatchEvent(control.form(), [&] {
+    switch (kind.kind) {
+      case MouseMessage::kDown: control.MouseDown(kind.button, ShiftState(), x, y); break;
+      case MouseMessage::kUp: control.MouseUp(kind.button, ShiftState(), x, y); break;
+      case MouseMessage::kMove: control.MouseMove(HeldButtons(keys), ShiftState(), x, y); break;
+      case MouseMessage::kDouble:
+      case MouseMessage::kNone: break;
+    }
+  });
+}
+
+RECT ControlPeer::Area() const {
+  const ScreenScale scale = form_.scale();
+  // Each edge is rounded by itself, so that controls that touch in twips touch in pixels.
+  return {scale.Pixels(control_->Left), scale.Pixels(control_->Top), scale.Pixels(control_->Left + control_->Width),
+          scale.Pixels(control_->Top + control_->Height)};
+}
+
+// ---- controls with a window ----------------------------------------------------------------------------------------
+
+WindowedPeer::~WindowedPeer() {
+  if (window_.IsValid()) RemoveWindowSubclass(window_.get(), &WindowedPeer::Watch, kWatchId);
+}
+
+void WindowedPeer::CreateWindowOf(const wchar_t* window_class, const std::wstring& text, DWORD style,
+                                  DWORD extended_style) {
+  const RECT area = Area();
+  style |= WS_CHILD | WS_CLIPSIBLINGS;
+  if (control().Visible) style |= WS_VISIBLE;
+  if (!control().Enabled) style |= WS_DISABLED;
+  window_.Reset(CreateWindowExW(extended_style, window_class, text.c_str(), style, area.left, area.top,
+                                area.right - area.left, area.bottom - area.top, form().ContainerWindow(control()),
+                                nullptr, GetModuleHandleW(nullptr), nullptr));
+  SendMessageW(window_.get(), WM_SETFONT, reinterpret_cast<WPARAM>(form().FontFor(control().Font)), FALSE);
+  SetWindowSubclass(window_.get(), &WindowedPeer::Watch, kWatchId, reinterpret_cast<DWORD_PTR>(this));
+  form().SetToolTip(control(), window_.get(), nullptr);
+}
+
+void WindowedPeer::Update(PropertyId property) {
+  switch (property) {
+    case PropertyId::kLeft:
+    case PropertyId::kTop:
+    case PropertyId::kWidth:
+    case PropertyId::kHeight: {
+      const RECT area = Area();
+      SetWindowPos(window(), nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+      break;
+    }
+    case PropertyId::kVisible: ShowWindow(window(), control().Visible ? SW_SHOWNA : SW_HIDE); break;
+    case PropertyId::kEnabled: EnableWindow(window(), control().Enabled); break;
+    case PropertyId::kFont:
+      SendMessageW(window(), WM_SETFONT, reinterpret_cast<WPARAM>(form().FontFor(control().Font)), TRUE);
+      break;
+    case PropertyId::kToolTipText: form().SetToolTip(control(), window(), nullptr); break;
+    case PropertyId::kForeColor:
+    case PropertyId::kBackColor: Repaint(); break;
+    default: break;
+  }
+}
+
+void WindowedPeer::Repaint() { InvalidateRect(window(), nullptr, TRUE); }
+
+HBRUSH WindowedPeer::PrepareColors(HDC target) {
+  SetTextColor(target, ToColorRef(control().ForeColor));
+  SetBkColor(target, ToColorRef(control().BackColor));
+  return form().BrushFor(control().BackColor);
+}
+
+void WindowedPeer::Dispatch(const std::function<void()>& action) {
+  const auto keep = form().shared_from_this();
+  DispatchEvent(&form().form(), action);
+}
+
+void WindowedPeer::PassMouse(UINT message, WPARAM first, LPARAM second) {
+  const auto keep = form().shared_from_this();
+  const POINT place{static_cast<short>(LOWORD(second)), static_cast<short>(HIWORD(second))};
+  FireMouseEvent(control(), message, first, place, form().scale());
+}
+
+bool WindowedPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
+  static_cast<void>(result);
+  if (message >= WM_MOUSEFIRST && message <= WM_MBUTTONDBLCLK) PassMouse(message, first, second);
+  if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
+    const bool gained = message == WM_SETFOCUS;
+    if (gained) form().form().SetActiveControl(&control());
+    Dispatch([&] { (gained ? control().GotFocus : control().LostFocus)(); });
+  }
+  return false;
+}
+
+LRESULT CALLBACK WindowedPeer::Watch(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR, DWORD_PTR data) {
+  auto* peer = reinterpret_cast<WindowedPeer*>(data);
+  const auto keep = peer->form().shared_from_this();
+  LRESULT result = 0;
+  if (message != WM_NCDESTROY && peer->HandleMessage(message, first, second, result)) return result;
+  return DefSubclassProc(window, message, first, second);
+}
+
+// ---- controls that their container draws ---------------------------------------------------------------------------
+
+void DrawnPeer::Create() {
+  shown_ = Area();
+  form().SetToolTip(control(), form().ContainerWindow(control()), &shown_);
+}
+
+void DrawnPeer::Update(PropertyId) {
+  const RECT before = shown_;
+  shown_ = Area();
+  const HWND container = form().ContainerWindow(control());
+  InvalidateRect(container, &before, FALSE);
+  InvalidateRect(container, &shown_, FALSE);
+  form().SetToolTip(control(), container, &shown_);
+}
+
+void DrawnPeer::Repaint() { InvalidateRect(form().ContainerWindow(control()), &shown_, FALSE); }
+
+}  // namespace kestrun

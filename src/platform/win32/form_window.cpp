@@ -1,0 +1,515 @@
+#include "platform/win32/form_window.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "platform/platform.h"
+#include "platform/win32/control_peer.h"
+#include "platform/win32/keyboard.h"
+#include "platform/win32/wide_text.h"
+
+namespace kestrun {
+namespace {
+
+constexpr const wchar_t* kFormClass = L"KestrunForm";
+constexpr int kFirstMenuCommand = 1000;
+constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers that the program is built for
+constexpr int kTipWidthTwips = 6000;
+
+std::vector<FormWindow*>& Windows() {
+  static std::vector<FormWindow*> windows;
+  return windows;
+}
+
+std::string FontKey(const FontDescription& font) {
+  return font.name + "|" + std::to_string(font.size_points) + (font.bold ? "b" : "") + (font.italic ? "i" : "") +
+         (font.underline ? "u" : "") + (font.strikethrough ? "s" : "");
+}
+
+RECT WorkArea(HWND near_window) {
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  GetMonitorInfoW(MonitorFromWindow(near_window, MONITOR_DEFAULTTOPRIMARY), &info);
+  return info.rcWork;
+}
+
+POINT MessagePlace(LPARAM second) { return {static_cast<short>(LOWORD(second)), static_cast<short>(HIWORD(second))}; }
+
+}  // namespace
+
+const std::vector<FormWindow*>& FormWindow::OpenWindows() { return Windows(); }
+
+FormWindow* FormWindow::Find(HWND window) {
+  const HWND root = GetAncestor(window, GA_ROOT);
+  const auto found =
+      std::find_if(Windows().begin(), Windows().end(), [root](const FormWindow* one) { return one->window() == root; });
+  return found == Windows().end() ? nullptr : *found;
+}
+
+FormWindow::FormWindow(Form& form) : form_(&form) {}
+
+FormWindow::~FormWindow() { Close(); }
+
+// ---- opening and closing -------------------------------------------------------------------------------------------
+
+DWORD FormWindow::Style() const {
+  DWORD style = WS_CLIPCHILDREN;
+  switch (static_cast<FormBorder>(form_->BorderStyle.get())) {
+    case FormBorder::kNone: return style | WS_POPUP;
+    case FormBorder::kFixedDialog: style |= WS_POPUP | WS_CAPTION | DS_MODALFRAME; break;
+    case FormBorder::kFixedSingle: style |= WS_CAPTION; break;
+    case FormBorder::kSizable: style |= WS_CAPTION | WS_THICKFRAME; break;
+  }
+  if (form_->ControlBox) style |= WS_SYSMENU;
+  if (form_->MinButton) style |= WS_MINIMIZEBOX;
+  if (form_->MaxButton) style |= WS_MAXIMIZEBOX;
+  return style;
+}
+
+DWORD FormWindow::ExtendedStyle() const {
+  DWORD style = WS_EX_CONTROLPARENT;
+  if (form_->BorderStyle == static_cast<int>(FormBorder::kFixedDialog)) style |= WS_EX_DLGMODALFRAME;
+  style |= form_->ShowInTaskbar ? WS_EX_APPWINDOW : 0;
+  return style;
+}
+
+void FormWindow::Open(HWND owner) {
+  WNDCLASSW window_class{};
+  window_class.style = CS_DBLCLKS;
+  window_class.lpfnWndProc = &FormWindow::HandleFormMessage;
+  window_class.hInstance = GetModuleHandleW(nullptr);
+  window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  window_class.lpszClassName = kFormClass;
+  RegisterClassW(&window_class);
+  scale_ = ScaleOf(owner);
+  window_.Reset(CreateWindowExW(ExtendedStyle(), kFormClass, ToWide(form_->Caption.get()).c_str(), Style(),
+                                CW_USEDEFAULT, CW_USEDEFAULT, 100, 100, owner, nullptr, window_class.hInstance,
+                                nullptr));
+  Windows().push_back(this);
+  // Access keys and the focus are shown from the start, not only after the first key.
+  SendMessageW(window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
+  tool_tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0,
+                               0, 0, window(), nullptr, window_class.hInstance, nullptr);
+  SendMessageW(tool_tips_, TTM_SETMAXTIPWIDTH, 0, scale_.Pixels(kTipWidthTwips));
+  SetIcons();
+  BuildMenu();
+  MakeControls();
+  PlaceWindow(owner);
+  ShowWindow(window(), form_->WindowState == 1   ? SW_SHOWMINIMIZED
+                       : form_->WindowState == 2 ? SW_SHOWMAXIMIZED
+                                                 : SW_SHOW);
+  FocusFirst();
+  UpdateWindow(window());
+}
+
+void FormWindow::Close() {
+  if (!window_.IsValid()) return;
+  std::erase(Windows(), this);
+  const HWND owner = GetWindow(window(), GW_OWNER);
+  // The owner comes back before this window goes: otherwise the system activates some other program.
+  if (owner && GetActiveWindow() == window()) SetActiveWindow(owner);
+  peers_.clear();
+  SetWindowLongPtrW(window(), GWLP_USERDATA, 0);
+  window_.Reset();
+}
+
+void FormWindow::SetIcons() {
+  const Picture* icon = form_->Icon.get().get();
+  if (!icon) return;
+  small_icon_ = MakeIcon(*icon, MulDiv(16, scale_.dpi(), 96));
+  large_icon_ = MakeIcon(*icon, MulDiv(32, scale_.dpi(), 96));
+  SendMessageW(window(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small_icon_.get()));
+  SendMessageW(window(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large_icon_.get()));
+}
+
+void FormWindow::MakeControls() {
+  SetWindowLongPtrW(window(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  // Containers first: what stands in them is made as their child.
+  const std::vector<Control*> order = form_->StackingOrder();
+  for (const bool containers : {true, false}) {
+    for (Control* control : order) {
+      if (control->IsContainer() != containers || PeerOf(*control)) continue;
+      if (auto peer = MakeControlPeer(*this, *control)) {
+        peers_.push_back(std::move(peer));
+        peers_.back()->Create();
+      }
+    }
+  }
+}
+
+void FormWindow::PlaceWindow(HWND owner) {
+  const SIZE client{scale_.Pixels(form_->ScaleWidth()), scale_.Pixels(form_->ScaleHeight())};
+  const bool no_frame = form_->BorderStyle == static_cast<int>(FormBorder::kNone);
+  SIZE outer = OuterSize(client, Style(), ExtendedStyle(), form_->HasMenu(), scale_);
+  if (no_frame) outer = {scale_.Pixels(form_->Width), scale_.Pixels(form_->Height)};
+  const RECT work = WorkArea(owner ? owner : window());
+  RECT frame = work;
+  const auto start = static_cast<StartPosition>(form_->StartUpPosition.get());
+  if (start == StartPosition::kCenterOwner && owner) GetWindowRect(owner, &frame);
+  POINT place{frame.left + (frame.right - frame.left - outer.cx) / 2,
+              frame.top + (frame.bottom - frame.top - outer.cy) / 2};
+  if (start == StartPosition::kManual) place = {scale_.Pixels(form_->Left), scale_.Pixels(form_->Top)};
+  // The whole window stays on the screen, its top left corner first of all.
+  place.x = std::max(work.left, std::min(place.x, work.right - outer.cx));
+  place.y = std::max(work.top, std::min(place.y, work.bottom - outer.cy));
+  SetWindowPos(window(), nullptr, place.x, place.y, outer.cx, outer.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::FocusFirst() {
+  if (ControlPeer* peer = form_->ActiveControl() ? PeerOf(*form_->ActiveControl()) : nullptr; peer && peer->window()) {
+    SetFocus(peer->window());
+    return;
+  }
+  const std::vector<Control*> order = form_->TabOrder();
+  if (!order.empty()) FocusControl(*order.front());
+}
+
+// ---- what the model tells ------------------------------------------------------------------------------------------
+
+void FormWindow::Update(Control& control, PropertyId property) {
+  if (&control != form_.get()) {
+    if (ControlPeer* peer = PeerOf(control)) peer->Update(property);
+    return;
+  }
+  switch (property) {
+    case PropertyId::kCaption: SetWindowTextW(window(), ToWide(form_->Caption.get()).c_str()); break;
+    case PropertyId::kWidth:
+    case PropertyId::kHeight:
+    case PropertyId::kLeft:
+    case PropertyId::kTop: FitToModel(); break;
+    case PropertyId::kEnabled: EnableWindow(window(), form_->Enabled); break;
+    case PropertyId::kIcon: SetIcons(); break;
+    case PropertyId::kWindowState:
+      ShowWindow(window(), form_->WindowState == 1 ? SW_MINIMIZE : form_->WindowState == 2 ? SW_MAXIMIZE : SW_RESTORE);
+      break;
+    default: InvalidateRect(window(), nullptr, FALSE);
+  }
+}
+
+void FormWindow::FitToModel() {
+  const SIZE client{scale_.Pixels(form_->ScaleWidth()), scale_.Pixels(form_->ScaleHeight())};
+  const SIZE outer = OuterSize(client, Style(), ExtendedStyle(), form_->HasMenu(), scale_);
+  SetWindowPos(window(), nullptr, 0, 0, outer.cx, outer.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::ControlsChanged() {
+  const auto is_gone = [this](const std::unique_ptr<ControlPeer>& peer) {
+    const auto& present = form_->controls();
+    return std::none_of(present.begin(), present.end(),
+                        [&peer](const Ref<Control>& control) { return control.get() == &peer->control(); });
+  };
+  const auto gone =
+      std::stable_partition(peers_.begin(), peers_.end(), [&](const auto& peer) { return !is_gone(peer); });
+  // A removed control may be the one whose event is under way: its peer goes in a later pass.
+  for (auto at = gone; at != peers_.end(); ++at) {
+    if ((*at)->window()) ShowWindow((*at)->window(), SW_HIDE);
+    platform().clock().Post([keep = shared_from_this(), dead = std::shared_ptr<ControlPeer>(std::move(*at))] {});
+  }
+  peers_.erase(gone, peers_.end());
+  MakeControls();
+  for (const Control* control : form_->StackingOrder()) {
+    const ControlPeer* peer = PeerOf(*control);
+    if (peer && peer->window())
+      SetWindowPos(peer->window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
+  MenuChanged();
+  InvalidateRect(window(), nullptr, FALSE);
+}
+
+void FormWindow::ListChanged(Control& control) {
+  if (ControlPeer* peer = PeerOf(control)) peer->ListChanged();
+}
+
+void FormWindow::Repaint(Control& control) {
+  if (&control == form_.get()) {
+    InvalidateRect(window(), nullptr, FALSE);
+  } else if (ControlPeer* peer = PeerOf(control)) {
+    peer->Repaint();
+  }
+}
+
+void FormWindow::FocusControl(Control& control) {
+  if (ControlPeer* peer = PeerOf(control); peer && peer->window()) SetFocus(peer->window());
+}
+
+ControlPeer* FormWindow::PeerOf(const Control& control) const {
+  const auto found =
+      std::find_if(peers_.begin(), peers_.end(), [&control](const auto& peer) { return &peer->control() == &control; });
+  return found == peers_.end() ? nullptr : found->get();
+}
+
+ControlPeer* FormWindow::PeerOf(HWND child) const {
+  const auto found =
+      std::find_if(peers_.begin(), peers_.end(), [child](const auto& peer) { return peer->window() == child; });
+  return child == nullptr || found == peers_.end() ? nullptr : found->get();
+}
+
+HWND FormWindow::ContainerWindow(const Control& control) const {
+  const Control* container = control.Container();
+  const ControlPeer* peer = container && container != form_.get() ? PeerOf(*container) : nullptr;
+  return peer && peer->window() ? peer->window() : window();
+}
+
+HFONT FormWindow::FontFor(const FontDescription& font) {
+  FontHandle& made = fonts_[FontKey(font)];
+  if (!made.IsValid()) made = MakeFont(font, scale_);
+  return made.get();
+}
+
+HBRUSH FormWindow::BrushFor(Color color) {
+  BrushHandle& made = brushes_[color];
+  if (!made.IsValid()) made.Reset(CreateSolidBrush(ToColorRef(color)));
+  return made.get();
+}
+
+void FormWindow::SetToolTip(Control& control, HWND tool_window, const RECT* area) {
+  std::wstring text = ToWide(control.ToolTipText.get());
+  TOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V2_SIZE;
+  tool.uFlags = TTF_SUBCLASS | (area ? 0 : TTF_IDISHWND);
+  tool.hwnd = area ? tool_window : window();
+  tool.uId = area ? reinterpret_cast<UINT_PTR>(&control) : reinterpret_cast<UINT_PTR>(tool_window);
+  if (area) tool.rect = *area;
+  SendMessageW(tool_tips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  if (text.empty() || (area && !control.Visible)) return;
+  tool.lpszText = text.data();
+  SendMessageW(tool_tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+// ---- menus ---------------------------------------------------------------------------------------------------------
+
+void FormWindow::BuildMenu() {
+  menu_stale_ = false;
+  menu_commands_.clear();
+  menu_bitmaps_.clear();
+  if (!form_->HasMenu()) {
+    SetMenu(window(), nullptr);
+    menu_.Reset();
+    return;
+  }
+  MenuHandle built(CreateMenu());
+  AddMenuItems(built.get(), form_->TopMenus());
+  SetMenu(window(), built.get());
+  menu_ = std::move(built);
+  DrawMenuBar(window());
+}
+
+void FormWindow::AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items) {
+  for (MenuItem* item : items) {
+    if (!item->Visible) continue;
+    if (item->Caption.get() == "-") {
+      AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+      continue;
+    }
+    std::wstring text = ToWide(item->Caption.get());
+    if (!item->Shortcut->empty()) text += L"\t" + ToWide(item->Shortcut.get());
+    const std::vector<MenuItem*> children = item->Items();
+    const UINT state = (item->Enabled ? MF_ENABLED : MF_GRAYED) | (item->Checked ? MF_CHECKED : MF_UNCHECKED);
+    const UINT_PTR command = kFirstMenuCommand + menu_commands_.size();
+    menu_commands_.push_back(item);
+    if (children.empty()) {
+      AppendMenuW(menu, MF_STRING | state, command, text.c_str());
+    } else {
+      const HMENU submenu = CreatePopupMenu();  // destroyed with the menu that holds it
+      AddMenuItems(submenu, children);
+      AppendMenuW(menu, MF_POPUP | state, reinterpret_cast<UINT_PTR>(submenu), text.c_str());
+    }
+    if (const Picture* picture = item->Picture.get().get()) {
+      menu_bitmaps_.push_back(MakeMenuBitmap(*picture, GetSystemMetrics(SM_CXMENUCHECK)));
+      MENUITEMINFOW info{};
+      info.cbSize = sizeof info;
+      info.fMask = MIIM_BITMAP;
+      info.hbmpItem = menu_bitmaps_.back().get();
+      SetMenuItemInfoW(menu, static_cast<UINT>(GetMenuItemCount(menu) - 1), TRUE, &info);
+    }
+  }
+}
+
+// Items often change several at a time: the menu is built once, in the next pass of the message loop.
+void FormWindow::MenuChanged() {
+  if (menu_stale_) return;
+  menu_stale_ = true;
+  platform().clock().Post([keep = weak_from_this()] {
+    const auto form = keep.lock();
+    if (form && form->is_open()) form->BuildMenu();
+  });
+}
+
+bool FormWindow::ChooseMenuCommand(int command) {
+  const int at = command - kFirstMenuCommand;
+  if (at < 0 || at >= static_cast<int>(menu_commands_.size())) return false;
+  return menu_commands_[static_cast<size_t>(at)]->Choose();
+}
+
+void FormWindow::PopUpMenu(MenuItem& item) {
+  BuildMenu();
+  const MenuHandle popup(CreatePopupMenu());
+  AddMenuItems(popup.get(), item.Items());
+  POINT place{};
+  GetCursorPos(&place);
+  const int command =
+      TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0, window(), nullptr);
+  if (command != 0) static_cast<void>(ChooseMenuCommand(command));
+  if (is_open()) BuildMenu();
+}
+
+// ---- messages ------------------------------------------------------------------------------------------------------
+
+LRESULT CALLBACK FormWindow::HandleFormMessage(HWND window, UINT message, WPARAM first, LPARAM second) {
+  auto* form_window = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (form_window) {
+    const auto keep = form_window->shared_from_this();
+    LRESULT result = 0;
+    if (form_window->HandleFormOnlyMessage(message, first, second, result)) return result;
+    if (form_window->HandleContainerMessage(window, *form_window->form_, message, first, second, result)) return result;
+  }
+  return DefWindowProcW(window, message, first, second);
+}
+
+bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
+  switch (message) {
+    case WM_CLOSE: DispatchEvent(form_.get(), [this] { form_->Unload(); }); return true;
+    case WM_SIZE:
+      if (first != SIZE_MINIMIZED) NoteSize();
+      return false;
+    case WM_ACTIVATE:
+      if (LOWORD(first) != WA_INACTIVE && HIWORD(first) == 0) {
+        FocusFirst();
+        return true;
+      }
+      return false;
+    case WM_SETFOCUS: FocusFirst(); return true;
+    case kDpiChanged: {
+      Rescale(ScreenScale(HIWORD(first)));
+      const auto* place = reinterpret_cast<const RECT*>(second);
+      SetWindowPos(window(), nullptr, place->left, place->top, place->right - place->left, place->bottom - place->top,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+      result = 0;
+      return true;
+    }
+    case WM_SYSCOLORCHANGE:
+      brushes_.clear();
+      InvalidateRect(window(), nullptr, TRUE);
+      return false;
+    default: return false;
+  }
+}
+
+void FormWindow::NoteSize() {
+  RECT client{};
+  GetClientRect(window(), &client);
+  const bool no_frame = form_->BorderStyle == static_cast<int>(FormBorder::kNone);
+  const int width = scale_.Twips(client.right) + (no_frame ? 0 : kFrameWidth);
+  const int height = scale_.Twips(client.bottom) + (no_frame ? 0 : form_->Height - form_->ScaleHeight());
+  // Rounding to pixels and back is no change of size.
+  const int pixel = scale_.Twips(1) + 1;
+  if (std::abs(width - form_->Width) <= pixel && std::abs(height - form_->Height) <= pixel) return;
+  form_->Width.StoreQuietly(width);
+  form_->Height.StoreQuietly(height);
+  DispatchEvent(form_.get(), [this] { form_->Resize(); });
+}
+
+void FormWindow::Rescale(ScreenScale scale) {
+  scale_ = scale;
+  fonts_.clear();
+  SetIcons();
+  for (const auto& peer : peers_) {
+    peer->Update(PropertyId::kFont);
+    peer->Update(PropertyId::kLeft);
+  }
+  InvalidateRect(window(), nullptr, TRUE);
+}
+
+bool FormWindow::HandleContainerMessage(HWND container_window, Control& container, UINT message, WPARAM first,
+                                        LPARAM second, LRESULT& result) {
+  result = 0;
+  switch (message) {
+    case WM_ERASEBKGND: result = 1; return true;
+    case WM_PAINT: Paint(container_window, container); return true;
+    case WM_COMMAND: return HandleCommand(first, second);
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORLISTBOX:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN: {
+      ControlPeer* peer = PeerOf(reinterpret_cast<HWND>(second));
+      const HBRUSH brush = peer ? peer->PrepareColors(reinterpret_cast<HDC>(first)) : nullptr;
+      result = reinterpret_cast<LRESULT>(brush);
+      return brush != nullptr;
+    }
+    default:
+      return message >= WM_MOUSEFIRST && message <= WM_MBUTTONDBLCLK &&
+             HandleMouse(container_window, container, message, first, second);
+  }
+}
+
+bool FormWindow::HandleCommand(WPARAM first, LPARAM second) {
+  if (second == 0) return ChooseMenuCommand(LOWORD(first));
+  ControlPeer* peer = PeerOf(reinterpret_cast<HWND>(second));
+  if (peer) peer->Notify(HIWORD(first));
+  return peer != nullptr;
+}
+
+Control* FormWindow::DrawnControlAt(Control& container, POINT place) const {
+  Control* found = nullptr;
+  for (Control* control : form_->StackingOrder()) {
+    const ControlPeer* peer = control->Container() == &container && control->Visible ? PeerOf(*control) : nullptr;
+    if (!peer || peer->window()) continue;
+    const RECT area = peer->Area();
+    if (PtInRect(&area, place)) found = control;
+  }
+  return found;
+}
+
+bool FormWindow::HandleMouse(HWND, Control& container, UINT message, WPARAM first, LPARAM second) {
+  POINT place = MessagePlace(second);
+  Control* drawn = DrawnControlAt(container, place);
+  Control& target = drawn && drawn->Enabled ? *drawn : container;
+  if (drawn && &target == drawn) {
+    const RECT area = PeerOf(*drawn)->Area();
+    place = {place.x - area.left, place.y - area.top};
+  }
+  const Ref<Control> keep(&target);
+  FireMouseEvent(target, message, first, place, scale_);
+  if (message == WM_LBUTTONDOWN) pressed_ = &target;
+  if (message == WM_LBUTTONUP) {
+    const bool clicked = pressed_ == &target;
+    pressed_ = nullptr;
+    if (clicked) DispatchEvent(form_.get(), [&] { target.Click(); });
+  }
+  if (message == WM_LBUTTONDBLCLK) DispatchEvent(form_.get(), [&] { target.DblClick(); });
+  return false;
+}
+
+// ---- painting ------------------------------------------------------------------------------------------------------
+
+void FormWindow::Paint(HWND container_window, Control& container) {
+  PAINTSTRUCT paint{};
+  const HDC screen = BeginPaint(container_window, &paint);
+  RECT client{};
+  GetClientRect(container_window, &client);
+  if (client.right > 0 && client.bottom > 0) {
+    const MemoryDevice buffer(CreateCompatibleDC(screen));
+    const BitmapHandle bitmap(CreateCompatibleBitmap(screen, client.right, client.bottom));
+    const HGDIOBJ previous = SelectObject(buffer.get(), bitmap.get());
+    PaintContent(buffer.get(), container, client);
+    BitBlt(screen, 0, 0, client.right, client.bottom, buffer.get(), 0, 0, SRCCOPY);
+    SelectObject(buffer.get(), previous);
+  }
+  EndPaint(container_window, &paint);
+}
+
+void FormWindow::PaintContent(HDC target, Control& container, const RECT& client) {
+  if (ControlPeer* panel = &container == form_.get() ? nullptr : PeerOf(container)) {
+    panel->DrawBackground(target, client);
+  } else {
+    FillColor(target, client, form_->BackColor);
+    if (const Picture* picture = form_->Picture.get().get()) DrawPictureTo(target, *picture, client);
+  }
+  for (Control* control : form_->StackingOrder()) {
+    if (control->Container() != &container || !control->Visible) continue;
+    ControlPeer* peer = PeerOf(*control);
+    if (peer && !peer->window()) peer->Draw(target, peer->Area());
+  }
+}
+
+}  // namespace kestrun

@@ -1,0 +1,99 @@
+// One shown form: its window, the peers of its controls, and what they share. Lives as long as an event of it is under
+// way, also when the form closes in the middle of it.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "forms/form.h"
+#include "forms/menu_item.h"
+#include "platform/win32/graphics.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/screen_scale.h"
+
+namespace kestrun {
+
+class ControlPeer;
+
+class FormWindow : public std::enable_shared_from_this<FormWindow> {
+ public:
+  explicit FormWindow(Form& form);
+  ~FormWindow();
+
+  // Makes the window with all its controls and shows it, in front of the owner when there is one.
+  void Open(HWND owner);
+  void Close();
+
+  void Update(Control& control, PropertyId property);
+  void ControlsChanged();
+  void MenuChanged();
+  void ListChanged(Control& control);
+  void Repaint(Control& control);
+  void FocusControl(Control& control);
+  void PopUpMenu(MenuItem& item);
+
+  [[nodiscard]] HWND window() const { return window_.get(); }
+  [[nodiscard]] Form& form() const { return *form_; }
+  [[nodiscard]] ScreenScale scale() const { return scale_; }
+  [[nodiscard]] bool is_open() const { return window_.IsValid(); }
+  // Null for a control that has no peer.
+  [[nodiscard]] ControlPeer* PeerOf(const Control& control) const;
+  [[nodiscard]] ControlPeer* PeerOf(HWND window) const;
+  // The window that a control's container has.
+  [[nodiscard]] HWND ContainerWindow(const Control& control) const;
+
+  // Shared by all peers of the form; valid until its scale changes.
+  [[nodiscard]] HFONT FontFor(const FontDescription& font);
+  [[nodiscard]] HBRUSH BrushFor(Color color);
+  void SetToolTip(Control& control, HWND tool_window, const RECT* area);
+
+  // Handles a message of the form's window or of a panel's. False when the system is to handle it.
+  bool HandleContainerMessage(HWND window, Control& container, UINT message, WPARAM first, LPARAM second,
+                              LRESULT& result);
+  [[nodiscard]] bool ChooseMenuCommand(int command);
+
+  // The open window that holds the given one; null when it is no form's.
+  [[nodiscard]] static FormWindow* Find(HWND window);
+  // The open form windows in the order of their opening.
+  [[nodiscard]] static const std::vector<FormWindow*>& OpenWindows();
+
+ private:
+  static LRESULT CALLBACK HandleFormMessage(HWND window, UINT message, WPARAM first, LPARAM second);
+
+  [[nodiscard]] DWORD Style() const;
+  [[nodiscard]] DWORD ExtendedStyle() const;
+  void MakeControls();
+  void PlaceWindow(HWND owner);
+  void FitToModel();
+  void FocusFirst();
+  void BuildMenu();
+  void AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items);
+  void SetIcons();
+  void Rescale(ScreenScale scale);
+  void Paint(HWND window, Control& container);
+  void PaintContent(HDC target, Control& container, const RECT& client);
+  bool HandleCommand(WPARAM first, LPARAM second);
+  bool HandleMouse(HWND window, Control& container, UINT message, WPARAM first, LPARAM second);
+  [[nodiscard]] Control* DrawnControlAt(Control& container, POINT place) const;
+  bool HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result);
+  void NoteSize();
+
+  Ref<Form> form_;
+  ScreenScale scale_;
+  WindowHandle window_;
+  HWND tool_tips_ = nullptr;  // owned by window_
+  MenuHandle menu_;
+  std::vector<MenuItem*> menu_commands_;  // by command number, from kFirstMenuCommand
+  std::vector<BitmapHandle> menu_bitmaps_;
+  bool menu_stale_ = false;
+  std::map<std::string, FontHandle> fonts_;
+  std::map<Color, BrushHandle> brushes_;
+  std::vector<std::unique_ptr<ControlPeer>> peers_;
+  IconHandle small_icon_;
+  IconHandle large_icon_;
+  Control* pressed_ = nullptr;  // the drawn control under the pressed button
+};
+
+}  // namespace kestrun

@@ -1,0 +1,25 @@
+// Colours, fonts and pictures of the model in terms of GDI.
+#pragma once
+
+#include <string_view>
+
+#include "forms/color.h"
+#include "forms/picture.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/screen_scale.h"
+#include "platform/windowing.h"
+
+namespace kestrun {
+
+[[nodiscard]] COLORREF ToColorRef(Color color);
+[[nodiscard]] FontHandle MakeFont(const FontDescription& font, ScreenScale scale);
+// The picture's pixels averaged to another size, with their transparency.
+[[nodiscard]] std::vector<uint32_t> ScalePixels(const Picture& picture, int width, int height);
+// Draws the whole picture into the area.
+void DrawPictureTo(HDC target, const Picture& picture, const RECT& area);
+[[nodiscard]] IconHandle MakeIcon(const Picture& picture, int size_pixels);
+// A bitmap for a menu item, with its transparency.
+[[nodiscard]] BitmapHandle MakeMenuBitmap(const Picture& picture, int size_pixels);
+void FillColor(HDC target, const RECT& area, Color color);
+
+}  // namespace kestrun

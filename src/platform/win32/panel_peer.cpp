@@ -1,0 +1,78 @@
+#include "platform/win32/panel_peer.h"
+
+#include "forms/frame.h"
+#include "forms/picture_box.h"
+#include "platform/win32/wide_text.h"
+
+namespace kestrun {
+namespace {
+
+constexpr const wchar_t* kPanelClass = L"KestrunPanel";
+
+void RegisterPanelClass() {
+  WNDCLASSW window_class{};
+  window_class.style = CS_DBLCLKS;
+  window_class.lpfnWndProc = DefWindowProcW;
+  window_class.hInstance = GetModuleHandleW(nullptr);
+  window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  window_class.lpszClassName = kPanelClass;
+  RegisterClassW(&window_class);
+}
+
+}  // namespace
+
+void PanelPeer::CreatePanel(DWORD extended_style) {
+  RegisterPanelClass();
+  CreateWindowOf(kPanelClass, L"", WS_CLIPCHILDREN, WS_EX_CONTROLPARENT | extended_style);
+}
+
+void PanelPeer::Update(PropertyId property) {
+  WindowedPeer::Update(property);
+  if (property == PropertyId::kPicture || property == PropertyId::kCaption || property == PropertyId::kFont) Repaint();
+}
+
+bool PanelPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
+  return form().HandleContainerMessage(window(), control(), message, first, second, result);
+}
+
+void FramePeer::Create() { CreatePanel(0); }
+
+void FramePeer::DrawBackground(HDC target, const RECT& area) {
+  const auto& frame = static_cast<Frame&>(control());
+  FillColor(target, area, frame.BackColor);
+  if (frame.BorderStyle == 0) return;
+  const HGDIOBJ previous = SelectObject(target, form().FontFor(frame.Font));
+  const std::wstring caption = ToWide(frame.Caption.get());
+  RECT text{0, 0, 0, 0};
+  DrawTextW(target, caption.c_str(), -1, &text, DT_SINGLELINE | DT_CALCRECT);
+  RECT edge = area;
+  edge.top += text.bottom / 2;
+  DrawEdge(target, &edge, EDGE_ETCHED, BF_RECT);
+  if (!caption.empty()) {
+    const int inset = form().scale().Pixels(135);
+    RECT gap{area.left + inset - 3, area.top, area.left + inset + text.right + 3, area.top + text.bottom};
+    FillColor(target, gap, frame.BackColor);
+    OffsetRect(&text, area.left + inset, area.top);
+    SetBkMode(target, TRANSPARENT);
+    SetTextColor(target, frame.Enabled ? ToColorRef(frame.ForeColor) : GetSysColor(COLOR_GRAYTEXT));
+    DrawTextW(target, caption.c_str(), -1, &text, DT_SINGLELINE);
+  }
+  SelectObject(target, previous);
+}
+
+void PictureBoxPeer::Create() {
+  CreatePanel(static_cast<PictureBox&>(control()).BorderStyle == 0 ? 0 : WS_EX_CLIENTEDGE);
+}
+
+void PictureBoxPeer::DrawBackground(HDC target, const RECT& area) {
+  const auto& box = static_cast<PictureBox&>(control());
+  FillColor(target, area, box.BackColor);
+  const Picture* picture = box.Picture.get().get();
+  if (!picture) return;
+  const int dpi = form().scale().dpi();
+  DrawPictureTo(target, *picture,
+                {area.left, area.top, area.left + MulDiv(picture->width_pixels(), dpi, 96),
+                 area.top + MulDiv(picture->height_pixels(), dpi, 96)});
+}
+
+}  // namespace kestrun

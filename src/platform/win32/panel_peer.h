@@ -1,0 +1,32 @@
+// The peers of containers: a window of ours that draws its own background and the controls that have no window.
+#pragma once
+
+#include "platform/win32/control_peer.h"
+
+namespace kestrun {
+
+class PanelPeer : public WindowedPeer {
+ public:
+  using WindowedPeer::WindowedPeer;
+  void Update(PropertyId property) override;
+
+ protected:
+  void CreatePanel(DWORD extended_style);
+  bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) override;
+};
+
+class FramePeer final : public PanelPeer {
+ public:
+  using PanelPeer::PanelPeer;
+  void Create() override;
+  void DrawBackground(HDC target, const RECT& area) override;
+};
+
+class PictureBoxPeer final : public PanelPeer {
+ public:
+  using PanelPeer::PanelPeer;
+  void Create() override;
+  void DrawBackground(HDC target, const RECT& area) override;
+};
+
+}  // namespace kestrun

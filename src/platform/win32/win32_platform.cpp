@@ -1,0 +1,15 @@
+#include "platform/win32/win32_platform.h"
+
+namespace kestrun {
+
+Win32Platform::Win32Platform() {
+  static_cast<void>(OleInitialize(nullptr));
+  InstallCodePage(&code_page_);
+}
+
+Win32Platform::~Win32Platform() {
+  InstallCodePage(nullptr);
+  OleUninitialize();
+}
+
+}  // namespace kestrun

@@ -1,0 +1,71 @@
+// The small services of Windows: the program, settings, shell, processes, internet, clipboard, and the code page.
+#pragma once
+
+#include "base/code_page.h"
+#include "platform/platform.h"
+
+namespace kestrun {
+
+// The system's ANSI code page.
+class SystemCodePage final : public CodePage {
+ public:
+  [[nodiscard]] std::string Encode(std::string_view utf8) const override;
+  [[nodiscard]] std::string Decode(std::string_view bytes) const override;
+};
+
+class Win32Program final : public Program {
+ public:
+  [[nodiscard]] std::string Folder() override;
+  [[nodiscard]] std::string ExeName() override;
+  [[nodiscard]] std::string CommandLine() override;
+  [[nodiscard]] Version ProgramVersion() override { return {}; }
+};
+
+// The branch of the user's registry where GetSetting and SaveSetting have always kept their values.
+class Win32UserSettings final : public UserSettings {
+ public:
+  [[nodiscard]] std::optional<std::string> Get(std::string_view application, std::string_view section,
+                                               std::string_view key) override;
+  void Save(std::string_view application, std::string_view section, std::string_view key,
+            std::string_view value) override;
+  void Delete(std::string_view application, std::string_view section, std::string_view key) override;
+};
+
+class Win32Registry final : public Registry {
+ public:
+  [[nodiscard]] std::optional<std::string> Read(RegistryRoot root, std::string_view key,
+                                                std::string_view name) override;
+  bool Write(RegistryRoot root, std::string_view key, std::string_view name, std::string_view value) override;
+  bool DeleteKey(RegistryRoot root, std::string_view key) override;
+};
+
+class Win32Shell final : public Shell {
+ public:
+  int Open(std::string_view operation, std::string_view file, std::string_view parameters, std::string_view directory,
+           int show_command) override;
+  [[nodiscard]] std::string TemporaryFolder() override;
+  [[nodiscard]] std::string WindowsFolder() override;
+  [[nodiscard]] std::string SystemFolder() override;
+  [[nodiscard]] std::string ShellFolder(int csidl) override;
+};
+
+class Win32Processes final : public Processes {
+ public:
+  [[nodiscard]] std::vector<std::string> RunningNames() override;
+  void EndProcess() override;
+};
+
+class Win32Internet final : public Internet {
+ public:
+  [[nodiscard]] bool IsUrl(std::string_view text) override;
+  [[nodiscard]] bool IsConnected() override;
+  [[nodiscard]] int DownloadToFile(std::string_view url, std::string_view path) override;
+};
+
+class Win32Clipboard final : public Clipboard {
+ public:
+  [[nodiscard]] std::string Text() override;
+  void SetText(std::string_view text) override;
+};
+
+}  // namespace kestrun

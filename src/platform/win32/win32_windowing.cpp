@@ -1,0 +1,118 @@
+#include "platform/win32/win32_windowing.h"
+
+#include "platform/win32/control_peer.h"
+#include "platform/win32/keyboard.h"
+#include "platform/win32/message_loop.h"
+#include "platform/win32/wide_text.h"
+
+namespace kestrun {
+namespace {
+
+// The model's hold on a form's window: events that are under way keep the window itself.
+class Win32FormPeer final : public FormPeer {
+ public:
+  explicit Win32FormPeer(std::shared_ptr<FormWindow> window) : window_(std::move(window)) {}
+  void Close() override { window_->Close(); }
+  void Update(Control& control, PropertyId property) override { window_->Update(control, property); }
+  void ControlsChanged() override { window_->ControlsChanged(); }
+  void MenuChanged() override { window_->MenuChanged(); }
+  void ListChanged(Control& control) override { window_->ListChanged(control); }
+  void SetFocus(Control& control) override { window_->FocusControl(control); }
+  void Repaint(Control& control) override { window_->Repaint(control); }
+  void PopUpMenu(MenuItem& item) override { window_->PopUpMenu(item); }
+  void BringToFront() override { SetForegroundWindow(window_->window()); }
+
+ private:
+  std::shared_ptr<FormWindow> window_;
+};
+
+bool FilterMessage(MSG& message) {
+  if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
+  FormWindow* form_window = FormWindow::Find(message.hwnd);
+  return form_window && HandleKeyMessage(*form_window, message);
+}
+
+// While it lives all open forms but one take no input.
+class OthersDisabled {
+ public:
+  explicit OthersDisabled(const Form& form) {
+    for (const FormWindow* one : FormWindow::OpenWindows()) {
+      if (&one->form() == &form || !IsWindowEnabled(one->window())) continue;
+      EnableWindow(one->window(), FALSE);
+      disabled_.push_back(one->window());
+    }
+  }
+  ~OthersDisabled() { Enable(); }
+  OthersDisabled(const OthersDisabled&) = delete;
+  OthersDisabled& operator=(const OthersDisabled&) = delete;
+
+  void Enable() {
+    for (const HWND window : disabled_) EnableWindow(window, TRUE);
+    if (!disabled_.empty()) SetActiveWindow(disabled_.back());
+    disabled_.clear();
+  }
+
+ private:
+  std::vector<HWND> disabled_;
+};
+
+}  // namespace
+
+Win32Windowing::Win32Windowing() {
+  const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
+  InitCommonControlsEx(&controls);
+  SetMessageFilter(&FilterMessage);
+}
+
+Win32Windowing::~Win32Windowing() { SetMessageFilter(nullptr); }
+
+std::unique_ptr<FormPeer> Win32Windowing::Show(Form& form) {
+  const FormWindow* owner = nullptr;
+  if (form.IsModal() && !FormWindow::OpenWindows().empty()) {
+    owner = FormWindow::Find(GetActiveWindow());
+    if (!owner) owner = FormWindow::OpenWindows().back();
+  }
+  auto window = std::make_shared<FormWindow>(form);
+  window->Open(owner ? owner->window() : nullptr);
+  return std::make_unique<Win32FormPeer>(std::move(window));
+}
+
+void Win32Windowing::RunModal(Form& form) {
+  OthersDisabled others(form);
+  MSG message{};
+  while (form.IsShown()) {
+    const BOOL fetched = GetMessageW(&message, nullptr, 0, 0);
+    if (fetched <= 0) {
+      // The end of the program is the outer loop's business.
+      PostQuitMessage(static_cast<int>(message.wParam));
+      return;
+    }
+    DispatchOne(message);
+  }
+}
+
+void Win32Windowing::RunUntilQuit() {
+  MSG message{};
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchOne(message);
+}
+
+void Win32Windowing::Quit() { PostQuitMessage(0); }
+
+ScreenSize Win32Windowing::Screen() {
+  const ScreenScale scale = ScaleOf(nullptr);
+  return {scale.Twips(GetSystemMetrics(SM_CXSCREEN)), scale.Twips(GetSystemMetrics(SM_CYSCREEN)), 1440 / scale.dpi()};
+}
+
+int Win32Windowing::TextWidth(std::string_view text, const FontDescription& font) {
+  const ScreenScale scale = ScaleOf(nullptr);
+  const FontHandle handle = MakeFont(font, scale);
+  const MemoryDevice device(CreateCompatibleDC(nullptr));
+  const HGDIOBJ previous = SelectObject(device.get(), handle.get());
+  const std::wstring wide = ToWide(text);
+  SIZE size{};
+  GetTextExtentPoint32W(device.get(), wide.data(), static_cast<int>(wide.size()), &size);
+  SelectObject(device.get(), previous);
+  return scale.Twips(size.cx);
+}
+
+}  // namespace kestrun

@@ -1,0 +1,20 @@
+// Forms on the Windows desktop.
+#pragma once
+
+#include "platform/windowing.h"
+
+namespace kestrun {
+
+class Win32Windowing final : public Windowing {
+ public:
+  Win32Windowing();
+  ~Win32Windowing() override;
+  [[nodiscard]] std::unique_ptr<FormPeer> Show(Form& form) override;
+  void RunModal(Form& form) override;
+  void RunUntilQuit() override;
+  void Quit() override;
+  [[nodiscard]] ScreenSize Screen() override;
+  [[nodiscard]] int TextWidth(std::string_view text, const FontDescription& font) override;
+};
+
+}  // namespace kestrun

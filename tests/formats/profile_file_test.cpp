@@ -1,0 +1,164 @@
+#include <gtest/gtest.h>
+
+#include "base/runtime_error.h"
+#include "formats/profile/profile_file.h"
+#include "support/headless_fixture.h"
+
+namespace kestrun {
+namespace {
+
+constexpr const char* kContent = "[a]\r\nj=1\r\nk=old\r\n";
+
+// Passes calls on to the real files and lets the n-th call fail with "Disk full".
+class FailingFiles final : public FileSystem {
+ public:
+  FailingFiles(FileSystem& files, int calls_until_failure) : files_(files), left_(calls_until_failure) {}
+  [[nodiscard]] bool HasFailed() const { return left_ < 0; }
+
+  std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override {
+    Count();
+    return std::make_unique<CountedFile>(*this, files_.Open(path, mode));
+  }
+  bool Exists(std::string_view path) override { return files_.Exists(path); }
+  bool IsFolder(std::string_view path) override { return files_.IsFolder(path); }
+  void Copy(std::string_view from, std::string_view to) override { Count(), files_.Copy(from, to); }
+  void Delete(std::string_view path) override { files_.Delete(path); }
+  void Rename(std::string_view from, std::string_view to) override { Count(), files_.Rename(from, to); }
+  void Replace(std::string_view from, std::string_view to) override { Count(), files_.Replace(from, to); }
+  void MakeFolder(std::string_view path) override { Count(), files_.MakeFolder(path); }
+  void RemoveFolder(std::string_view path) override { Count(), files_.RemoveFolder(path); }
+  std::vector<FolderEntry> List(std::string_view folder) override { return files_.List(folder); }
+  void SetWriteTime(std::string_view path, uint64_t time) override { Count(), files_.SetWriteTime(path, time); }
+  std::string CurrentFolder() override { return files_.CurrentFolder(); }
+
+ private:
+  class CountedFile final : public File {
+   public:
+    CountedFile(FailingFiles& owner, std::unique_ptr<File> file) : owner_(owner), file_(std::move(file)) {}
+    uint64_t Size() override { return owner_.Count(), file_->Size(); }
+    size_t ReadAt(uint64_t offset, MutableByteView buffer) override {
+      return owner_.Count(), file_->ReadAt(offset, buffer);
+    }
+    void WriteAt(uint64_t offset, ByteView bytes) override {
+      // Half of the bytes arrive before the disk is full.
+      if (owner_.left_ == 0) file_->WriteAt(offset, bytes.first(bytes.size() / 2));
+      owner_.Count();
+      file_->WriteAt(offset, bytes);
+    }
+    void Close() override { owner_.Count(), file_->Close(); }
+
+   private:
+    FailingFiles& owner_;
+    std::unique_ptr<File> file_;
+  };
+
+  void Count() {
+    if (left_-- == 0) Raise(error::kDiskFull);
+  }
+
+  FileSystem& files_;
+  int left_;
+};
+
+// Every file refuses to be opened for writing, as one with the read-only mark does.
+class ReadOnlyFiles final : public FileSystem {
+ public:
+  explicit ReadOnlyFiles(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
+  std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override {
+    if (path == path_ && mode != OpenMode::kRead) Raise(error::kPermissionDenied);
+    return files_.Open(path, mode);
+  }
+  bool Exists(std::string_view path) override { return files_.Exists(path); }
+  bool IsFolder(std::string_view path) override { return files_.IsFolder(path); }
+  void Copy(std::string_view from, std::string_view to) override { files_.Copy(from, to); }
+  void Delete(std::string_view path) override { files_.Delete(path); }
+  void Rename(std::string_view from, std::string_view to) override { files_.Rename(from, to); }
+  void Replace(std::string_view from, std::string_view to) override { files_.Replace(from, to); }
+  void MakeFolder(std::string_view path) override { files_.MakeFolder(path); }
+  void RemoveFolder(std::string_view path) override { files_.RemoveFolder(path); }
+  std::vector<FolderEntry> List(std::string_view folder) override { return files_.List(folder); }
+  void SetWriteTime(std::string_view path, uint64_t time) override { files_.SetWriteTime(path, time); }
+  std::string CurrentFolder() override { return files_.CurrentFolder(); }
+
+ private:
+  FileSystem& files_;
+  std::string path_;
+};
+
+class ProfileFileTest : public HeadlessTest {
+ protected:
+  [[nodiscard]] size_t FileCount() { return native_files.List(Path("program")).size(); }
+  std::string ini_ = ProgramPath("packit.ini");
+};
+
+TEST_F(ProfileFileTest, AMissingFileHasNoKeysAndTheFirstWriteCreatesIt) {
+  EXPECT_EQ(ReadProfileValue(ini_, "a", "k"), std::nullopt);
+  EXPECT_TRUE(WriteProfileValue(ini_, "a", "k", "v"));
+  EXPECT_EQ(ReadFile(ini_), "[a]\r\nk=v\r\n");
+  EXPECT_EQ(ReadProfileValue(ini_, "a", "k"), "v");
+  EXPECT_EQ(FileCount(), 1u);
+}
+
+TEST_F(ProfileFileTest, AFolderInThePlaceOfTheFileIsNoFaultAndStays) {
+  native_files.MakeFolder(ini_);
+  EXPECT_EQ(ReadProfileValue(ini_, "a", "k"), std::nullopt);
+  EXPECT_FALSE(WriteProfileValue(ini_, "a", "k", "v"));
+  EXPECT_TRUE(native_files.IsFolder(ini_));
+  EXPECT_EQ(FileCount(), 1u);
+}
+
+TEST_F(ProfileFileTest, AMissingFolderIsNotCreated) {
+  EXPECT_FALSE(WriteProfileValue(Path("nowhere\\packit.ini"), "a", "k", "v"));
+  EXPECT_FALSE(FileIsThere(Path("nowhere")));
+}
+
+TEST_F(ProfileFileTest, AReadOnlyFileStaysAsItIs) {
+  WriteFile(ini_, kContent);
+  ReadOnlyFiles files(native_files, ini_);
+  desktop.UseFiles(files);
+  EXPECT_FALSE(WriteProfileValue(ini_, "a", "k", "new"));
+  EXPECT_EQ(ReadFile(ini_), kContent);
+  EXPECT_EQ(FileCount(), 1u);
+}
+
+TEST_F(ProfileFileTest, WhereverAWriteFailsTheOldFileIsIntactAndNothingElseIsLeft) {
+  int failures = 0;
+  for (bool failed = true; failed; ++failures) {
+    WriteFile(ini_, kContent);
+    FailingFiles files(native_files, failures);
+    desktop.UseFiles(files);
+    const bool written = WriteProfileValue(ini_, "a", "k", "new");
+    failed = files.HasFailed();
+    EXPECT_EQ(written, !failed);
+    EXPECT_EQ(ReadFile(ini_), failed ? kContent : "[a]\r\nj=1\r\nk=new\r\n") << "failure at call " << failures;
+    EXPECT_EQ(FileCount(), 1u) << "failure at call " << failures;
+  }
+  // Opening, size, reading, the new file's opening, writing and closing, and the replacement: each has failed once.
+  EXPECT_EQ(failures, 8);
+}
+
+TEST_F(ProfileFileTest, AnUnchangedValueDoesNotTouchTheFile) {
+  WriteFile(ini_, kContent);
+  FailingFiles files(native_files, 3);  // enough to open and read the file
+  desktop.UseFiles(files);
+  EXPECT_TRUE(WriteProfileValue(ini_, "a", "k", "old"));
+  EXPECT_FALSE(files.HasFailed());
+}
+
+TEST_F(ProfileFileTest, AValueIsCutAtTwoHundredAndFiftyFourBytes) {
+  WriteProfileValue(ini_, "a", "k", std::string(300, 'x'));
+  EXPECT_EQ(ReadProfileValue(ini_, "a", "k"), std::string(254, 'x'));
+  EXPECT_EQ(ReadFile(ini_), "[a]\r\nk=" + std::string(300, 'x') + "\r\n");
+}
+
+TEST_F(ProfileFileTest, ADefaultIsCutAndLosesTheBlanksAtItsEnd) {
+  EXPECT_EQ(ShapeProfileDefault("  d  "), "  d");
+  EXPECT_EQ(ShapeProfileDefault("'d'"), "'d'");
+  EXPECT_EQ(ShapeProfileDefault(""), "");
+  EXPECT_EQ(ShapeProfileDefault("   "), "");
+  EXPECT_EQ(ShapeProfileDefault(std::string(300, 'x')), std::string(254, 'x'));
+  EXPECT_EQ(ShapeProfileDefault("C:\\Карты 地図 é😀"), "C:\\Карты 地図 é😀");
+}
+
+}  // namespace
+}  // namespace kestrun

@@ -1,0 +1,81 @@
+#include "forms/window_registry.h"
+
+#include <gtest/gtest.h>
+
+#include "forms/command_button.h"
+#include "support/headless_fixture.h"
+
+namespace kestrun {
+namespace {
+
+int loads = 0;
+bool refuse_to_close = false;
+
+class frmregistered final : public Form {
+ public:
+  static constexpr const char* kName = "frmregistered";
+  frmregistered() : Form(kName) {
+    QueryUnload = [](bool& cancel) { cancel = refuse_to_close; };
+    CmdClose.Click = [this] { Unload(); };
+  }
+  CommandButton& CmdClose = Add<CommandButton>("CmdClose");
+
+ protected:
+  void Load() override { ++loads; }
+};
+
+const WindowRegistration registration(frmregistered::kName, [] { return MakeRef<frmregistered>(); });
+
+class WindowRegistryTest : public HeadlessTest {
+ protected:
+  WindowRegistryTest() {
+    loads = 0;
+    refuse_to_close = false;
+  }
+  ~WindowRegistryTest() override { CloseAllWindows(); }
+};
+
+TEST_F(WindowRegistryTest, AWindowIsMadeOnFirstUseAndLoadedOnce) {
+  EXPECT_EQ(LoadedWindow("frmregistered"), nullptr);
+  frmregistered& window = Window<frmregistered>();
+  EXPECT_EQ(&WindowByName("FRMREGISTERED"), &window);
+  window.Show();
+  EXPECT_EQ(loads, 1);
+}
+
+TEST_F(WindowRegistryTest, AWindowThatDoesNotExistIsPassedOver) {
+  EXPECT_FALSE(ShowWindow("frmnowhere"));
+  EXPECT_FALSE(ShowWindowModal("frmnowhere"));
+}
+
+TEST_F(WindowRegistryTest, AClosedWindowIsMadeAnewAtItsNextUse) {
+  Window<frmregistered>().Show();
+  Window<frmregistered>().Unload();
+  EXPECT_EQ(LoadedWindow("frmregistered"), nullptr);
+  Window<frmregistered>().Show();
+  EXPECT_EQ(loads, 2);
+}
+
+TEST_F(WindowRegistryTest, AButtonMayCloseItsOwnWindow) {
+  Window<frmregistered>().Show();
+  EXPECT_TRUE(Window<frmregistered>().CmdClose.Press());
+  EXPECT_EQ(LoadedWindow("frmregistered"), nullptr);
+  RunPendingEvents();
+}
+
+TEST_F(WindowRegistryTest, AWindowThatRefusesToCloseStays) {
+  Window<frmregistered>().Show();
+  refuse_to_close = true;
+  EXPECT_FALSE(Window<frmregistered>().Unload());
+  EXPECT_TRUE(Window<frmregistered>().IsShown());
+}
+
+TEST_F(WindowRegistryTest, AModalWindowReturnsWhenItHasBeenClosed) {
+  desktop.windowing().ExpectModal("frmregistered",
+                                  [](Form& form) { static_cast<frmregistered&>(form).CmdClose.Press(); });
+  EXPECT_TRUE(ShowWindowModal("frmregistered"));
+  EXPECT_EQ(LoadedWindow("frmregistered"), nullptr);
+}
+
+}  // namespace
+}  // namespace kestrun
