@@ -13,7 +13,7 @@ constexpr size_t kChargeEvery = 1 << 16;
 
 std::u16string Fold(RuntimeContext& context, std::u16string_view text) {
   context.Charge(text.size() / kUnitsPerStep);
-  if (text.size() > kChargeEvery) context.ChargeMemory(text.size() * sizeof(char16_t));
+  if (text.size() > kChargeEvery) ChargeText(context, text.size());
   std::u16string folded(text.size(), u'\0');
   std::transform(text.begin(), text.end(), folded.begin(), LowerUnit);
   return folded;
