@@ -16,6 +16,14 @@ namespace {
 
 const WindowRegistration registration(frmain::kName, [] { return MakeRef<frmain>(); });
 
+// A zip has to be opened before the map in it can go into the game.
+bool IsZip(const std::string& path) {
+  Bytes start(4);
+  bool read = false;
+  Attempt([&] { read = platform().files().Open(path, OpenMode::kRead)->ReadAt(0, start) == start.size(); });
+  return read && AsChars(start) == "PK\x03\x04";
+}
+
 // Runs one command of the window; its failure is reported without a context, and the window goes on.
 template <class Command>
 void RunCommand(Command&& command) {
@@ -114,6 +122,10 @@ void frmain::PutSelectedMap(int32_t mode) {
     return;
   }
   const std::string path = FileMaps.Path() + "\\" + FileMaps.FileName();
+  if (IsZip(path)) {
+    MsgBox("The file '" + FileMaps.FileName() + "' is a zip archive. Unpack it and select the map inside.");
+    return;
+  }
   std::string name = ChosenName();
   const bool packed = PutMap(path, name, mode, true);
   std::string message = packed ? "Successfully packed map" : "Failed to pack map";

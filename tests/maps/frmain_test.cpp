@@ -107,6 +107,15 @@ TEST_F(MainWindowTest, ADoubleClickPutsTheMapIn) {
   EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "D08M03.BMS"), "BMS oasis");
 }
 
+TEST_F(MainWindowTest, AZipIsNotPutInAsIfItWereAMap) {
+  WriteFile(MapPath("Pack.zip"), "PK\x03\x04 members");
+  const std::string before = ReadFile(GamePath("dflw.pff"));
+  MainOnMaps().FileMaps.ListIndex = 2;
+  desktop.dialogs().ExpectBox("The file 'Pack.zip' is a zip archive. Unpack it and select the map inside.");
+  Main().Command2.Press();
+  EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
+}
+
 TEST_F(MainWindowTest, RefreshSeesNewMaps) {
   MainOnMaps();
   WriteFile(MapPath("New.bms"), "BMS new");
