@@ -114,7 +114,9 @@ int Start(const std::string& program) {
 #ifdef _WIN32
   const std::wstring path(program.begin(), program.end());
   const wchar_t* text = _wgetenv(L"KESTRUN_ARGUMENTS");
-  return static_cast<int>(_wspawnl(_P_WAIT, path.c_str(), path.c_str(), text ? text : L"", nullptr));
+  // The runtime library joins the words by blanks and quotes nothing.
+  const std::wstring name = L"\"" + path + L"\"";
+  return static_cast<int>(_wspawnl(_P_WAIT, path.c_str(), name.c_str(), text ? text : L"", nullptr));
 #else
   std::fprintf(stderr, "kestrun_demo: start is for Windows programs: %s\n", program.c_str());
   return 2;
