@@ -94,7 +94,6 @@ std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression)
 }
 
 void Engine::Define(const std::shared_ptr<Module>& module) {
-  modules_.push_back(module);
   for (const auto& tree : module->procedures) {
     globals_.DefineProcedure(tree->name, MakeRef<Procedure>(module, *tree, nullptr));
   }
@@ -165,7 +164,6 @@ void Engine::ExecuteText(const Variant& text, bool global) {
     globals_.DefineProcedure(tree->name, MakeRef<Procedure>(module, *tree, nullptr));
   }
   for (const auto& tree : module->classes) DefineClass(module, *tree);
-  modules_.push_back(module);
   machine_.RunInside(*module);
 }
 

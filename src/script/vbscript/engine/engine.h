@@ -115,7 +115,6 @@ class Engine final : public RuntimeContext {
   Ref<ErrObject> err_;
   std::shared_ptr<EngineLink> link_;
   ClassInstance* living_ = nullptr;
-  std::vector<std::shared_ptr<Module>> modules_;  // those that errors may still point into
   std::chrono::steady_clock::time_point deadline_;
   int activities_ = 0;
   bool stopping_ = false;

@@ -95,14 +95,17 @@ const StatementMark* Machine::MarkAt(const Code& code, const Instruction* pc) {
   return behind == code.marks.begin() ? nullptr : &*(behind - 1);
 }
 
+ErrorPlace Machine::PlaceOf(const Code& code, const StatementMark* mark) {
+  return {code.module ? code.module->shared_from_this() : nullptr, mark ? mark->position : 0};
+}
+
 // Finds the frame that goes on after an error: this one or a caller's, as far down as the native code that called.
 const Instruction* Machine::Recover(const RuntimeError& error, const Instruction* pc) {
   const auto* placed = dynamic_cast<const PlacedError*>(&error);
   const StatementMark* mark = MarkAt(*Top().code, pc);
-  const ErrorPlace here{Top().code->module, mark ? mark->position : 0};
   const auto* named = dynamic_cast<const NamedError*>(&error);
   const std::string name = placed ? placed->name() : named ? named->name() : std::string();
-  const ErrorPlace place = placed ? placed->place() : here;
+  const ErrorPlace place = placed ? placed->place() : PlaceOf(*Top().code, mark);
   engine_.err().Set(error);
   while (true) {
     const Frame& frame = Top();

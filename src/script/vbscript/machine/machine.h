@@ -19,7 +19,7 @@ class Engine;
 
 // Where an error arose.
 struct ErrorPlace {
-  const Module* module = nullptr;
+  std::shared_ptr<const Module> module;  // kept, because executed text is gone with its statement
   uint32_t position = 0;
 };
 
@@ -27,7 +27,7 @@ struct ErrorPlace {
 class PlacedError : public RuntimeError {
  public:
   PlacedError(const RuntimeError& error, ErrorPlace place, std::string name = {})
-      : RuntimeError(error), place_(place), name_(std::move(name)) {}
+      : RuntimeError(error), place_(std::move(place)), name_(std::move(name)) {}
   [[nodiscard]] const ErrorPlace& place() const { return place_; }
   // What the error is about; empty when it is about no name.
   [[nodiscard]] const std::string& name() const { return name_; }
@@ -121,6 +121,7 @@ class Machine {
   void TakeByValue(const Code& code, Variant* arguments);
   [[nodiscard]] Variant* FreeStack(uint32_t count);
   [[nodiscard]] static const StatementMark* MarkAt(const Code& code, const Instruction* pc);
+  [[nodiscard]] static ErrorPlace PlaceOf(const Code& code, const StatementMark* mark);
   void Refuel();
   void BindOuterNames(Module& module, std::vector<NameId>& names, std::vector<Variant*>& places);
   [[nodiscard]] Variant* ExtraLocal(NameId name);

@@ -1,6 +1,7 @@
 // Memory of one module's tree: nodes are made one behind the other and go together.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -28,12 +29,14 @@ class Arena {
   }
 
  private:
-  static constexpr size_t kBlockSize = size_t{32} * 1024;
+  static constexpr size_t kFirstBlock = 512;
+  static constexpr size_t kLargestBlock = size_t{64} * 1024;
 
   void* Take(size_t bytes) {
     bytes = (bytes + alignof(std::max_align_t) - 1) & ~(alignof(std::max_align_t) - 1);
     if (bytes > left_) {
-      const size_t size = bytes > kBlockSize ? bytes : kBlockSize;
+      block_size_ = std::min(kLargestBlock, 2 * block_size_);
+      const size_t size = std::max(bytes, block_size_);
       blocks_.push_back(std::make_unique<std::byte[]>(size));
       next_ = blocks_.back().get();
       left_ = size;
@@ -45,6 +48,7 @@ class Arena {
   }
 
   std::vector<std::unique_ptr<std::byte[]>> blocks_;
+  size_t block_size_ = kFirstBlock / 2;
   std::byte* next_ = nullptr;
   size_t left_ = 0;
 };

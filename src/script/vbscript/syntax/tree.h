@@ -200,7 +200,7 @@ struct ClassTree {
   std::vector<std::unique_ptr<ProcedureTree>> procedures;
 };
 
-struct Module {
+struct Module : std::enable_shared_from_this<Module> {
   explicit Module(std::string_view text) : source(text) {}
 
   SourceText source;
