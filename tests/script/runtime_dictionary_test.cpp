@@ -136,6 +136,25 @@ TEST_F(RuntimeDictionaryTest, OrderSurvivesManyRemovals) {
   for (const Variant& key : keys.array().elements) EXPECT_EQ(dictionary->Item(key).whole(), key.whole() * 2);
 }
 
+TEST_F(RuntimeDictionaryTest, ManyRenamesKeepEveryItem) {
+  for (int32_t key = 0; key < 10; ++key) dictionary->Add(Variant(key), Variant(key));
+  for (int32_t turn = 0; turn < 1000; ++turn) dictionary->ChangeKey(Variant(turn * 10), Variant(turn * 10 + 10));
+  EXPECT_EQ(dictionary->Count(), 10U);
+  EXPECT_EQ(dictionary->Item(Variant(int32_t{10000})).whole(), 0);
+  for (int32_t key = 1; key < 10; ++key) EXPECT_EQ(dictionary->Item(Variant(key)).whole(), key);
+  EXPECT_EQ(dictionary->Count(), 10U);
+}
+
+TEST_F(RuntimeDictionaryTest, AddingAndRemovingByTurnsStaysSmall) {
+  for (int32_t turn = 0; turn < 100000; ++turn) {
+    dictionary->Add(Variant(turn), Variant("x"));
+    dictionary->Remove(Variant(turn));
+  }
+  EXPECT_EQ(dictionary->Count(), 0U);
+  dictionary->Add(Variant(0.0), Variant("zero"));
+  EXPECT_TRUE(dictionary->Exists(Variant(-0.0)));
+}
+
 TEST_F(RuntimeDictionaryTest, MembersAreReachedByName) {
   const Ref<Object> object = CreateScriptObject("scripting.dictionary", context);
   CallMember(*object, "add", {Variant("a"), Variant(int32_t{1})});

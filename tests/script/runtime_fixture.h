@@ -28,7 +28,7 @@ class TestContext final : public RuntimeContext {
     if (charged > step_limit) throw OutOfTime();
   }
   void ChargeMemory(size_t bytes) override {
-    if (bytes > memory_limit) Raise(error::kOutOfStringSpace);
+    if (bytes > memory_limit) Raise(error::kOutOfMemory);
   }
   [[nodiscard]] bool allow_ui() const override { return ui; }
   [[nodiscard]] int locale() const override { return locale_number; }

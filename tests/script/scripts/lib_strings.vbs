@@ -72,3 +72,24 @@ WScript.Echo Len(text), Mid(text, 9999, 2), InStrRev(text, "a") '=> 20000 ab 199
 '---- Line ends and other characters by name
 WScript.Echo Len(vbCrLf), Asc(vbCr), Asc(vbLf), Asc(vbTab), Len(vbNewLine), Len(vbNullString), Asc(vbNullChar) '=> 2 13 10 9 2 0 0
 WScript.Echo Escape("a" & vbTab & "b" & vbFormFeed & vbVerticalTab) '=> a%09b%0C%0B
+'---- A list that changes while it is joined
+Dim shared
+Class Meddler
+  Public Default Property Get Text
+    ReDim shared(0)
+    Text = "x"
+  End Property
+End Class
+shared = Array(New Meddler, "b", "c")
+WScript.Echo Join(shared, "-"), UBound(shared) '=> x-b-c 0
+shared = Array(New Meddler, "xb", "c")
+WScript.Echo Join(Filter(shared, "x"), "-"), UBound(shared) '=> x-xb 0
+'---- Objects stand for their default property in every argument
+Class Box
+  Public Default Property Get Value
+    Value = "hello"
+  End Property
+End Class
+Set b = New Box
+WScript.Echo Len(b), UCase(b), Mid(b, 2, 3), InStr(b, "l"), Replace(b, "l", "L"), b & "!", StrReverse(b) '=> 5 HELLO ell 3 heLLo hello! olleh
+WScript.Echo TypeName(b), VarType(b), IsObject(b), IsNumeric(b), IsDate(b), b = "hello" '=> Box 8 True False False True

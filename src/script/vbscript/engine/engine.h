@@ -86,6 +86,7 @@ class Engine final : public RuntimeContext {
   // RuntimeContext.
   void Charge(uint64_t steps) override { machine_.Charge(steps); }
   void ChargeMemory(size_t bytes) override;
+  [[nodiscard]] size_t most_text_units() const override { return limits_.text_units; }
   [[nodiscard]] bool allow_ui() const override { return allow_ui_; }
   [[nodiscard]] int locale() const override { return locale_; }
   void set_locale(int locale) override { locale_ = locale; }

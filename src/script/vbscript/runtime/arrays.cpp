@@ -21,6 +21,7 @@ const ArrayBody& ArrayArgument(const Variant& argument) {
   return argument.array();
 }
 
+// The list is held by the caller, because reading an object's text may run code that changes the script's variable.
 // A list of texts has one dimension: error 13 for a value that is no array, 5 for another shape.
 const ArrayBody& ListArgument(const Variant& argument) {
   const ArrayBody& array = ArrayArgument(argument);
@@ -58,7 +59,8 @@ Variant UBound(RuntimeContext&, Arguments arguments) { return SizeOfDimension(ar
 
 // Filter(list, wanted[, include[, compare]]): the texts that hold `wanted`, or those that do not.
 Variant Filter(RuntimeContext& context, Arguments arguments) {
-  const ArrayBody& list = ListArgument(arguments[0]);
+  const Variant held = arguments[0];
+  const ArrayBody& list = ListArgument(held);
   const TextArgument wanted(arguments[1]);
   const bool include = !IsGiven(arguments, 2) || ToBoolean(arguments[2]);
   const bool ignore_case = TextCompareArgument(arguments, 3);
@@ -74,7 +76,8 @@ Variant Filter(RuntimeContext& context, Arguments arguments) {
 
 // Join(list[, delimiter]): a blank between the texts unless another delimiter is given.
 Variant Join(RuntimeContext& context, Arguments arguments) {
-  const ArrayBody& list = ListArgument(arguments[0]);
+  const Variant held = arguments[0];
+  const ArrayBody& list = ListArgument(held);
   const Variant delimiter = IsGiven(arguments, 1) ? ToTextValue(arguments[1]) : Variant(std::u16string(u" "));
   std::u16string joined;
   size_t asked = 1 << 14;
@@ -83,9 +86,10 @@ Variant Join(RuntimeContext& context, Arguments arguments) {
     if (at > 0) joined.append(delimiter.text());
     joined.append(ElementText(list.elements[at]).view());
     if (joined.size() < asked) continue;
+    ChargeText(context, joined.size());
     asked = joined.size() * 2;
-    context.ChargeMemory(asked * sizeof(char16_t));
   }
+  ChargeText(context, joined.size());
   return Variant(std::move(joined));
 }
 

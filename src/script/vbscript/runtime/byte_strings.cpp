@@ -14,7 +14,7 @@ namespace {
 std::string BytesOf(RuntimeContext& context, const Variant& argument) {
   const TextArgument text(argument);
   context.Charge(text.size() / 64);
-  context.ChargeMemory(text.size() * sizeof(char16_t));
+  ChargeText(context, text.size());
   std::string bytes;
   bytes.reserve(text.size() * 2);
   for (const char16_t unit : text.view()) {

@@ -11,6 +11,8 @@ namespace kestrun::vbs {
 
 class RuntimeContext;
 
+inline constexpr size_t kMostTextUnits = size_t{64} * 1024 * 1024;
+
 // The way back from a script's object to its engine, for objects that the host may keep longer than that.
 class ContextHandle final : public RefCounted {
  public:
@@ -34,8 +36,10 @@ class RuntimeContext {
   // Counts work against the time limit. Called in every loop whose length a script controls; throws the engine's own
   // fault, which no script can catch, once the time is up.
   virtual void Charge(uint64_t steps) = 0;
-  // Asked before a large text or array is built. Error 14 or 7 when the script's memory budget does not hold it.
+  // Asked before something large is built. Error 7 when the script's memory budget does not hold it.
   virtual void ChargeMemory(size_t bytes) = 0;
+  // The longest text that a script may build, in UTF-16 units.
+  [[nodiscard]] virtual size_t most_text_units() const { return kMostTextUnits; }
   // True while scripts may raise their own dialogues.
   [[nodiscard]] virtual bool allow_ui() const = 0;
   // The locale's number that GetLocale gives; 1033 is English (United States).
@@ -52,5 +56,8 @@ class RuntimeContext {
 inline constexpr uint32_t kFirstRandomState = 0x50000;
 
 inline constexpr int kEnglishUnitedStates = 1033;
+
+// Asked before a text of this length is built: error 14 beyond the longest text, else as ChargeMemory.
+void ChargeText(RuntimeContext& context, size_t units);
 
 }  // namespace kestrun::vbs

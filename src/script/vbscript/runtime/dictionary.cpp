@@ -1,7 +1,9 @@
 #include "script/vbscript/runtime/dictionary.h"
 
+#include <algorithm>
 #include <array>
-#include <functional>
+#include <bit>
+#include <utility>
 
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
@@ -26,10 +28,23 @@ bool IsNumberKey(const Variant& key) {
   }
 }
 
-size_t HashText(const std::u16string& text, bool ignore_case) {
+constexpr size_t kNowhere = SIZE_MAX;
+constexpr size_t kFirstSlots = 16;
+
+// Spreads the bits of a key over the whole word.
+uint64_t Spread(uint64_t bits) {
+  bits = (bits ^ bits >> 32) * 0x9E3779B97F4A7C15U;
+  return bits ^ bits >> 29;
+}
+
+bool IsCounting(const Variant& key) { return key.Is(VarType::kInteger) || key.Is(VarType::kLong); }
+
+double NumberOf(const Variant& key) { return (IsCounting(key) ? key.whole() : ToDouble(key)) + 0.0; }
+
+uint64_t HashText(const std::u16string& text, bool ignore_case) {
   uint64_t hash = 14695981039346656037U;  // FNV-1a
   for (const char16_t unit : text) hash = (hash ^ (ignore_case ? LowerUnit(unit) : unit)) * 1099511628211U;
-  return static_cast<size_t>(hash);
+  return Spread(hash);
 }
 
 bool EqualTexts(const std::u16string& left, const std::u16string& right, bool ignore_case) {
@@ -100,25 +115,26 @@ class KeyWalk final : public Enumeration {
 
 }  // namespace
 
-size_t Dictionary::KeyHash::operator()(const Variant& key) const {
-  if (IsNumberKey(key)) return std::hash<double>()(ToDouble(key));
-  if (key.Is(VarType::kString)) return HashText(key.text(), *ignore_case);
-  if (key.Is(VarType::kObject)) return std::hash<const void*>()(key.object());
-  return static_cast<size_t>(key.type()) * 31 + (key.Is(VarType::kBoolean) && key.boolean() ? 1 : 0);
+uint64_t Dictionary::HashOf(const Variant& key) const {
+  if (IsNumberKey(key)) return Spread(std::bit_cast<uint64_t>(NumberOf(key)));
+  if (key.Is(VarType::kString)) return HashText(key.text(), ignore_case_);
+  if (key.Is(VarType::kObject)) return Spread(reinterpret_cast<uintptr_t>(key.object()));
+  return Spread(static_cast<uint64_t>(key.type()) * 2 + (key.Is(VarType::kBoolean) && key.boolean() ? 1 : 0));
 }
 
-bool Dictionary::KeyEqual::operator()(const Variant& left, const Variant& right) const {
-  if (IsNumberKey(left)) return IsNumberKey(right) && ToDouble(left) == ToDouble(right);
+bool Dictionary::SameKey(const Variant& left, const Variant& right) const {
+  if (IsCounting(left) && IsCounting(right)) return left.whole() == right.whole();
+  if (IsNumberKey(left)) return IsNumberKey(right) && NumberOf(left) == NumberOf(right);
   if (left.type() != right.type()) return false;
   switch (left.type()) {
-    case VarType::kString: return EqualTexts(left.text(), right.text(), *ignore_case);
+    case VarType::kString: return EqualTexts(left.text(), right.text(), ignore_case_);
     case VarType::kObject: return left.object() == right.object();
     case VarType::kBoolean: return left.boolean() == right.boolean();
     default: return true;
   }
 }
 
-Dictionary::Dictionary(RuntimeContext&) : places_(16, KeyHash{&ignore_case_}, KeyEqual{&ignore_case_}) {}
+Dictionary::Dictionary(RuntimeContext&) : slots_(kFirstSlots) {}
 
 const MemberTable& Dictionary::Members() const { return kMembers; }
 
@@ -126,40 +142,64 @@ MemberId Dictionary::DefaultMember() const { return kItemMember; }
 
 std::unique_ptr<Enumeration> Dictionary::Enumerate() { return std::make_unique<KeyWalk>(Keys()); }
 
-Dictionary::Entry& Dictionary::Append(const Variant& key, const Variant& item) {
-  if (places_.size() >= kMostItems) RaiseScript(error::kOutOfMemory);
-  DropGaps();
-  places_.emplace(key, entries_.size());
-  return entries_.emplace_back(Entry{key, item});
+size_t Dictionary::Find(const Variant& key, uint64_t hash) const {
+  const size_t mask = slots_.size() - 1;
+  for (size_t slot = hash & mask; slots_[slot] != 0; slot = (slot + 1) & mask) {
+    const Entry& entry = entries_[slots_[slot] - 1];
+    if (entry.present && entry.hash == hash && SameKey(entry.key, key)) return slots_[slot] - 1;
+  }
+  return kNowhere;
 }
 
-// Gaps are dropped once they outnumber the items, so that adding and removing by turns stays cheap.
-void Dictionary::DropGaps() {
-  if (entries_.size() < 32 || entries_.size() < places_.size() * 2) return;
-  std::vector<Entry> kept;
-  kept.reserve(places_.size() + 1);
-  for (Entry& entry : entries_) {
-    if (!entry.present) continue;
-    places_[entry.key] = kept.size();
-    kept.push_back(std::move(entry));
-  }
-  entries_ = std::move(kept);
+size_t Dictionary::FindPresent(const Variant& key) const {
+  CheckKey(key);
+  const size_t place = Find(key, HashOf(key));
+  if (place == kNowhere) RaiseScript(error::kElementNotFound);
+  return place;
+}
+
+void Dictionary::Link(size_t place) {
+  const size_t mask = slots_.size() - 1;
+  size_t slot = entries_[place].hash & mask;
+  while (slots_[slot] != 0) slot = (slot + 1) & mask;
+  slots_[slot] = static_cast<uint32_t>(place + 1);
+  ++used_slots_;
+}
+
+// Drops the gaps and gives the slots room for twice as many items as there are.
+void Dictionary::Rebuild() {
+  std::erase_if(entries_, [](const Entry& entry) { return !entry.present; });
+  slots_.assign(std::bit_ceil(std::max(kFirstSlots, entries_.size() * 4)), 0);
+  used_slots_ = 0;
+  for (size_t place = 0; place < entries_.size(); ++place) Link(place);
+}
+
+Dictionary::Entry& Dictionary::Append(const Variant& key, const Variant& item, uint64_t hash) {
+  if (count_ >= kMostItems) RaiseScript(error::kOutOfMemory);
+  if ((used_slots_ + 1) * 2 > slots_.size()) Rebuild();
+  Entry& entry = entries_.emplace_back(Entry{key, item, hash});
+  Link(entries_.size() - 1);
+  ++count_;
+  return entry;
 }
 
 Dictionary::Entry& Dictionary::FindOrAdd(const Variant& key) {
   CheckKey(key);
-  const auto found = places_.find(key);
-  return found == places_.end() ? Append(key, Variant()) : entries_[found->second];
+  const uint64_t hash = HashOf(key);
+  const size_t place = Find(key, hash);
+  return place == kNowhere ? Append(key, Variant(), hash) : entries_[place];
 }
 
 void Dictionary::Add(const Variant& key, const Variant& item) {
-  if (Exists(key)) RaiseScript(error::kKeyExists);
-  Append(key, item);
+  CheckKey(key);
+  const uint64_t hash = HashOf(key);
+  if (Find(key, hash) != kNowhere) RaiseScript(error::kKeyExists);
+  Append(key, item, hash);
 }
 
 bool Dictionary::Exists(const Variant& key) const {
   CheckKey(key);
-  return places_.contains(key);
+  return Find(key, HashOf(key)) != kNowhere;
 }
 
 const Variant& Dictionary::Item(const Variant& key) { return FindOrAdd(key).item; }
@@ -171,29 +211,31 @@ void Dictionary::SetItem(const Variant& key, const Variant& item) {
 }
 
 void Dictionary::ChangeKey(const Variant& key, const Variant& new_key) {
-  CheckKey(key);
   CheckKey(new_key);
-  const auto found = places_.find(key);
-  if (found == places_.end()) RaiseScript(error::kElementNotFound);
-  const size_t place = found->second;
-  const auto same = places_.find(new_key);
-  if (same != places_.end() && same->second != place) RaiseScript(error::kKeyExists);
-  places_.erase(found);
-  places_.emplace(new_key, place);
-  entries_[place].key = new_key;
+  size_t place = FindPresent(key);
+  const uint64_t hash = HashOf(new_key);
+  const size_t same = Find(new_key, hash);
+  if (same != kNowhere && same != place) RaiseScript(error::kKeyExists);
+  if ((used_slots_ + 1) * 2 > slots_.size()) {
+    Rebuild();
+    place = FindPresent(key);
+  }
+  const Variant old_key = std::exchange(entries_[place].key, new_key);
+  entries_[place].hash = hash;
+  Link(place);
 }
 
 void Dictionary::Remove(const Variant& key) {
-  CheckKey(key);
-  const auto found = places_.find(key);
-  if (found == places_.end()) RaiseScript(error::kElementNotFound);
-  const Entry removed = std::move(entries_[found->second]);
-  entries_[found->second].present = false;
-  places_.erase(found);
+  const size_t place = FindPresent(key);
+  const Entry removed = std::move(entries_[place]);
+  entries_[place].present = false;
+  --count_;
 }
 
 void Dictionary::RemoveAll() {
-  places_.clear();
+  count_ = 0;
+  used_slots_ = 0;
+  slots_.assign(kFirstSlots, 0);
   const std::vector<Entry> removed = std::exchange(entries_, {});
 }
 
@@ -218,7 +260,7 @@ Variant Dictionary::Items() const {
 
 void Dictionary::set_compare_mode(int mode) {
   if (Count() != 0 || mode < 0 || mode > 2) RaiseScript(error::kInvalidProcedureCall);
-  places_.clear();
+  RemoveAll();
   ignore_case_ = mode != 0;
 }
 

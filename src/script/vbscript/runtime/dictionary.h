@@ -1,8 +1,7 @@
 // Scripting.Dictionary: items by key, in the order in which the keys came.
 #pragma once
 
-#include <optional>
-#include <unordered_map>
+#include <cstdint>
 #include <vector>
 
 #include "base/object.h"
@@ -35,7 +34,7 @@ class Dictionary final : public TableObject {
   void RemoveAll();
   [[nodiscard]] Variant Keys() const;
   [[nodiscard]] Variant Items() const;
-  [[nodiscard]] size_t Count() const { return places_.size(); }
+  [[nodiscard]] size_t Count() const { return count_; }
   [[nodiscard]] int compare_mode() const { return ignore_case_ ? 1 : 0; }
   // Error 5 once there are items.
   void set_compare_mode(int mode);
@@ -44,26 +43,29 @@ class Dictionary final : public TableObject {
   struct Entry {
     Variant key;
     Variant item;
+    uint64_t hash = 0;
     bool present = true;
   };
-  struct KeyHash {
-    bool* ignore_case;
-    size_t operator()(const Variant& key) const;
-  };
-  struct KeyEqual {
-    bool* ignore_case;
-    bool operator()(const Variant& left, const Variant& right) const;
-  };
 
+  [[nodiscard]] uint64_t HashOf(const Variant& key) const;
+  [[nodiscard]] bool SameKey(const Variant& left, const Variant& right) const;
+  // The place of a key's entry, or kNowhere. Error 5 for what is no key.
+  [[nodiscard]] size_t Find(const Variant& key, uint64_t hash) const;
+  [[nodiscard]] size_t FindPresent(const Variant& key) const;
   Entry& FindOrAdd(const Variant& key);
-  Entry& Append(const Variant& key, const Variant& item);
-  void DropGaps();
+  Entry& Append(const Variant& key, const Variant& item, uint64_t hash);
+  void Link(size_t place);
+  void Rebuild();
   template <class Pick>
   [[nodiscard]] Variant List(Pick pick) const;
 
   bool ignore_case_ = false;
-  std::vector<Entry> entries_;  // with gaps where items were removed
-  std::unordered_map<Variant, size_t, KeyHash, KeyEqual> places_;
+  size_t count_ = 0;
+  std::vector<Entry> entries_;  // in the order of their coming, with gaps where items were removed
+  // Open addressing: places in entries_ plus one, 0 for a free slot. A slot whose entry is gone, or has another key by
+  // now, is passed over and dropped at the next rebuild.
+  std::vector<uint32_t> slots_;
+  size_t used_slots_ = 0;
 };
 
 }  // namespace kestrun::vbs

@@ -58,7 +58,7 @@ Variant Escape(RuntimeContext& context, Arguments arguments) {
   if (arguments[0].Is(VarType::kNull)) return arguments[0];
   const TextArgument text(arguments[0]);
   context.Charge(text.size() / 16);
-  context.ChargeMemory(text.size() * 6 * sizeof(char16_t));
+  ChargeText(context, text.size() * 6);
   std::u16string escaped;
   for (const char16_t unit : text.view()) {
     if (StaysPlain(unit)) {
@@ -78,7 +78,7 @@ Variant Unescape(RuntimeContext& context, Arguments arguments) {
   const TextArgument text(arguments[0]);
   const std::u16string_view view = text.view();
   context.Charge(view.size() / 16);
-  context.ChargeMemory(view.size() * sizeof(char16_t));
+  ChargeText(context, view.size());
   std::u16string plain;
   for (size_t at = 0; at < view.size();) {
     const Decoded next = view[at] == u'%' ? DecodeAt(view, at) : Decoded{view[at], 1};

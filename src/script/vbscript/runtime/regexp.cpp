@@ -162,8 +162,8 @@ Variant RegExp::Replace(const Variant& text, const Variant& replacement) {
     expansion.AppendTo(result, matcher);
     done = matcher.end(0);
     if (result.size() < asked) return;
+    ChargeText(context(), result.size());
     asked = result.size() * 2;
-    context().ChargeMemory(asked * sizeof(char16_t));
   });
   return Variant(std::move(result.append(subject.view(), done)));
 }

@@ -22,12 +22,12 @@ Variant Slice(RuntimeContext& context, const TextArgument& text, size_t from, si
   const std::u16string_view view = text.view();
   if (from == 0 && count >= view.size()) return text.value();
   const std::u16string_view part = view.substr(std::min(from, view.size()), count);
-  if (part.size() > kLargeText) context.ChargeMemory(part.size() * sizeof(char16_t));
+  if (part.size() > kLargeText) ChargeText(context, part.size());
   return Variant(std::u16string(part));
 }
 
 void ReserveLarge(RuntimeContext& context, size_t units) {
-  if (units > kLargeText) context.ChargeMemory(units * sizeof(char16_t));
+  if (units > kLargeText) ChargeText(context, units);
 }
 
 Variant Position(size_t place) { return CountValue(place == kNotFound ? 0 : place + 1); }

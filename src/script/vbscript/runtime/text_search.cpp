@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "base/text.h"
-
 namespace kestrun::vbs {
 namespace {
 
@@ -13,13 +11,9 @@ constexpr size_t kChargeEvery = 1 << 16;
 
 }  // namespace
 
-char16_t LowerUnit(char16_t unit) { return static_cast<char16_t>(LowerCodePoint(unit)); }
-
-char16_t UpperUnit(char16_t unit) { return static_cast<char16_t>(UpperCodePoint(unit)); }
-
 std::u16string Fold(RuntimeContext& context, std::u16string_view text) {
   context.Charge(text.size() / kUnitsPerStep);
-  if (text.size() > kChargeEvery) context.ChargeMemory(text.size() * sizeof(char16_t));
+  if (text.size() > kChargeEvery) ChargeText(context, text.size());
   std::u16string folded(text.size(), u'\0');
   std::transform(text.begin(), text.end(), folded.begin(), LowerUnit);
   return folded;

@@ -4,13 +4,21 @@
 #include <string>
 #include <string_view>
 
+#include "base/text.h"
 #include "script/vbscript/runtime/context.h"
 
 namespace kestrun::vbs {
 
-// Without regard to case: every unit in lower case.
-[[nodiscard]] char16_t LowerUnit(char16_t unit);
-[[nodiscard]] char16_t UpperUnit(char16_t unit);
+// One unit in the other case.
+[[nodiscard]] inline char16_t LowerUnit(char16_t unit) {
+  if (unit < 0x80) return static_cast<char16_t>(unit >= u'A' && unit <= u'Z' ? unit + 32 : unit);
+  return static_cast<char16_t>(LowerCodePoint(unit));
+}
+[[nodiscard]] inline char16_t UpperUnit(char16_t unit) {
+  if (unit < 0x80) return static_cast<char16_t>(unit >= u'a' && unit <= u'z' ? unit - 32 : unit);
+  return static_cast<char16_t>(UpperCodePoint(unit));
+}
+// Every unit in lower case, for comparing without regard to case.
 [[nodiscard]] std::u16string Fold(RuntimeContext& context, std::u16string_view text);
 // Below, at or above zero, unit by unit.
 [[nodiscard]] int CompareFolded(RuntimeContext& context, std::u16string_view left, std::u16string_view right);
