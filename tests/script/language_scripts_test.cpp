@@ -23,7 +23,7 @@ class LanguageScript : public testing::TestWithParam<std::string> {};
 
 TEST_P(LanguageScript, PrintsWhatItsLinesSay) {
   const std::string file = GetParam() + ".vbs";
-  std::ifstream stream(std::string(KESTRUN_SCRIPT_FOLDER) + "/" + file, std::ios::binary);
+  std::ifstream stream(std::filesystem::path(KESTRUN_SCRIPT_FOLDER) / file, std::ios::binary);
   const std::string text(std::istreambuf_iterator<char>(stream), {});
   int compared = 0;
   for (const ScriptCase& script : SplitScripts(text)) compared += RunScriptCase(script, file);

@@ -377,3 +377,55 @@ Dim o, i
 Set o = New C
 For i = 1 To 5 : o.Add i & "," : Next
 WScript.Echo o.Text '=> 1,2,3,4,5,
+'---- A variable may have the name of its class
+Class Person : Public Name : End Class
+Set person = New Person
+person.Name = "one"
+Set another = New Person
+WScript.Echo person.Name, TypeName(another) '=> one Person
+Sub S
+  Set person = New Person
+  WScript.Echo TypeName(person.Name)
+End Sub
+S '=> Empty
+Sub T
+  Dim person
+  Set person = New Person
+  WScript.Echo TypeName(person)
+End Sub
+T '=> Person
+'---- Set through an indexed default property
+Class Bag
+  Private d
+  Private Sub Class_Initialize : Set d = CreateObject("Scripting.Dictionary") : End Sub
+  Public Default Property Get Item(k)
+    If IsObject(d(k)) Then Set Item = d(k) Else Item = d(k)
+  End Property
+  Public Property Let Item(k, v) : d(k) = v : End Property
+  Public Property Set Item(k, v) : Set d(k) = v : End Property
+End Class
+Dim b
+Set b = New Bag
+b("a") = 1
+Set b("inner") = New Bag
+b("inner")("x") = "nested"
+WScript.Echo b("a"), b("inner")("x"), b.Item("inner").Item("x") '=> 1 nested nested
+b("a") = b("a") + 10
+WScript.Echo b("a") '=> 11
+'---- A field goes by reference inside the class and by value from outside
+Class D
+  Public X
+  Public Sub Run
+    X = 1
+    Inc X
+    WScript.Echo X
+    X = 5
+    Inc Me.X
+    WScript.Echo X
+  End Sub
+  Private Sub Inc(ByRef v) : v = v + 1 : End Sub
+End Class
+Dim o
+Set o = New D
+o.Run '=> 2
+'=> 5

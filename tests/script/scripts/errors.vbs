@@ -209,9 +209,6 @@ K = 2 '!! 501
 '---- A procedure cannot be assigned
 Sub S : End Sub
 S = 1 '!! 501
-'---- A class cannot be assigned
-Class C : End Class
-C = 1 '!! 501
 '---- A host's object cannot be assigned
 WScript = 1 '!! 501
 '---- A builtin cannot be assigned

@@ -95,7 +95,9 @@ Compiler::Meaning Compiler::Resolve(NameId name, NameUse use) {
       return {.kind = MeaningKind::kOwnMember, .member = member};
     }
   }
-  if (const Meaning global = ResolveGlobal(name); global.kind != MeaningKind::kUnresolved) return global;
+  const Meaning global = ResolveGlobal(name);
+  const bool free = global.kind == MeaningKind::kClass && IsAssignedHere(name);  // Set person = New Person
+  if (global.kind != MeaningKind::kUnresolved && !free) return global;
   if (const Meaning library = ResolveLibrary(name); library.kind != MeaningKind::kUnresolved) return library;
   return ResolveNew(name, use);
 }

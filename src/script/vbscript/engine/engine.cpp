@@ -183,7 +183,7 @@ Variant Engine::MakeProcedureReference(const Variant& name) {
 
 Variant Engine::MakeObject(NameId class_name) {
   const GlobalEntry& entry = globals_.Entry(class_name);
-  if (entry.kind != GlobalKind::kClass) {
+  if (!entry.definition) {
     const Ref<Object> object = CreateScriptObject(names_.Spelling(class_name), *this);
     if (!object) RaiseScript(error::kClassNotDefined);
     return Variant(object);

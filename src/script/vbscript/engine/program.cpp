@@ -34,7 +34,6 @@ void GlobalScope::Rebind(GlobalEntry& entry, GlobalKind kind) {
   entry.kind = kind;
   entry.version = ++epoch_;
   entry.procedure.Reset();
-  entry.definition.Reset();
 }
 
 void GlobalScope::GiveSlot(GlobalEntry& entry) {

@@ -65,7 +65,7 @@ struct GlobalEntry {
   uint32_t slot = UINT32_MAX;
   uint32_t version = 0;
   Ref<Procedure> procedure;
-  Ref<ClassDefinition> definition;
+  Ref<ClassDefinition> definition;  // stays when a variable takes the name: New still finds the class
 };
 
 // The values stand in one block that never moves, because calls hold the addresses of what they were given.

@@ -50,7 +50,7 @@ class TextArgument {
 // A comparison mode: 0 binary, 1 text; error 5 for others. True for text.
 [[nodiscard]] bool TextCompareArgument(Arguments arguments, size_t index);
 
-// Whole numbers with the argument's value in the narrowest of Integer, Long and Double that holds it.
+// A count or position as functions give it: a Long.
 [[nodiscard]] Variant CountValue(size_t count);
 
 }  // namespace kestrun::vbs
