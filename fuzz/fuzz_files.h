@@ -51,7 +51,10 @@ class MemoryFiles final : public FileSystem {
       std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(offset), count, buffer.begin());
       return count;
     }
+    // A small disk: an archive whose offsets lie far away fills it.
     void WriteAt(uint64_t offset, ByteView bytes) override {
+      constexpr uint64_t kDiskBytes = 1 << 24;
+      if (offset + bytes.size() > kDiskBytes) Raise(error::kDiskFull);
       if (offset + bytes.size() > bytes_.size()) bytes_.resize(offset + bytes.size());
       std::copy(bytes.begin(), bytes.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(offset));
     }

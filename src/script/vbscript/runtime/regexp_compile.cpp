@@ -12,29 +12,31 @@ class Emitter {
  public:
   explicit Emitter(RegExpProgram& program) : program_(program) {}
 
-  void Emit(const Node& node) {
+  void Emit(const PatternNode& node) {
     switch (node.kind) {
       case NodeKind::kUnit: EmitUnit(node); return;
-      case NodeKind::kAny: Append(Operation::kAny); return;
-      case NodeKind::kSet: Append(Operation::kSet, node.value); return;
-      case NodeKind::kLineStart: Append(Operation::kLineStart); return;
-      case NodeKind::kLineEnd: Append(Operation::kLineEnd); return;
-      case NodeKind::kWordBoundary: Append(Operation::kWordBoundary); return;
-      case NodeKind::kNoWordBoundary: Append(Operation::kNoWordBoundary); return;
-      case NodeKind::kBackReference: Append(Operation::kBackReference, node.value); return;
+      case NodeKind::kAny: Append(PatternOperation::kAny); return;
+      case NodeKind::kSet: Append(PatternOperation::kSet, node.value); return;
+      case NodeKind::kLineStart: Append(PatternOperation::kLineStart); return;
+      case NodeKind::kLineEnd: Append(PatternOperation::kLineEnd); return;
+      case NodeKind::kWordBoundary: Append(PatternOperation::kWordBoundary); return;
+      case NodeKind::kNoWordBoundary: Append(PatternOperation::kNoWordBoundary); return;
+      case NodeKind::kBackReference: Append(PatternOperation::kBackReference, node.value); return;
       case NodeKind::kSequence:
         for (const auto& child : node.children) Emit(*child);
         return;
       case NodeKind::kAlternatives: EmitAlternatives(node); return;
       case NodeKind::kGroup: EmitGroup(node); return;
       case NodeKind::kRepeat: EmitRepeat(node); return;
-      case NodeKind::kLookAhead: EmitLook(node, Operation::kLookAhead, Operation::kEndLookAhead); return;
-      case NodeKind::kRefuseAhead: EmitLook(node, Operation::kRefuseAhead, Operation::kEndRefuseAhead); return;
+      case NodeKind::kLookAhead: EmitLook(node, PatternOperation::kLookAhead, PatternOperation::kEndLookAhead); return;
+      case NodeKind::kRefuseAhead:
+        EmitLook(node, PatternOperation::kRefuseAhead, PatternOperation::kEndRefuseAhead);
+        return;
     }
   }
 
-  uint32_t Append(Operation operation, uint32_t first = 0) {
-    Instruction instruction{operation};
+  uint32_t Append(PatternOperation operation, uint32_t first = 0) {
+    PatternInstruction instruction{operation};
     instruction.first = first;
     program_.code.push_back(instruction);
     return Here() - 1;
@@ -43,18 +45,18 @@ class Emitter {
  private:
   [[nodiscard]] uint32_t Here() const { return static_cast<uint32_t>(program_.code.size()); }
 
-  void EmitUnit(const Node& node) {
+  void EmitUnit(const PatternNode& node) {
     const auto unit = static_cast<char16_t>(node.value);
-    Append(Operation::kUnit, program_.ignore_case ? LowerUnit(unit) : unit);
+    Append(PatternOperation::kUnit, program_.ignore_case ? LowerUnit(unit) : unit);
   }
 
   // Fork to the first or to the rest, once per alternative but the last.
-  void EmitAlternatives(const Node& node) {
+  void EmitAlternatives(const PatternNode& node) {
     std::vector<uint32_t> exits;
     for (size_t at = 0; at + 1 < node.children.size(); ++at) {
-      const uint32_t fork = Append(Operation::kFork, Here() + 1);
+      const uint32_t fork = Append(PatternOperation::kFork, Here() + 1);
       Emit(*node.children[at]);
-      exits.push_back(Append(Operation::kJump));
+      exits.push_back(Append(PatternOperation::kJump));
       program_.code[fork].second = Here();
     }
     Emit(*node.children.back());
@@ -62,11 +64,11 @@ class Emitter {
   }
 
   // Both ends are set together when the group is through, so that a turn that fails half way leaves the last whole one.
-  void EmitGroup(const Node& node) {
+  void EmitGroup(const PatternNode& node) {
     const uint32_t slot = NewSlots(1);
-    program_.code[Append(Operation::kSavePosition)].slot = slot;
+    program_.code[Append(PatternOperation::kSavePosition)].slot = slot;
     Emit(*node.children[0]);
-    program_.code[Append(Operation::kCloseGroup, node.value)].slot = slot;
+    program_.code[Append(PatternOperation::kCloseGroup, node.value)].slot = slot;
   }
 
   uint32_t NewSlots(uint32_t count) {
@@ -75,10 +77,10 @@ class Emitter {
     return slot;
   }
 
-  void EmitRepeat(const Node& node) {
-    const Node& body = *node.children[0];
+  void EmitRepeat(const PatternNode& node) {
+    const PatternNode& body = *node.children[0];
     if (body.IsOneUnit()) {
-      const uint32_t run = Append(Operation::kRun);
+      const uint32_t run = Append(PatternOperation::kRun);
       program_.code[run].least = node.least;
       program_.code[run].most = node.most;
       program_.code[run].greedy = node.greedy;
@@ -86,20 +88,20 @@ class Emitter {
       return;
     }
     const uint32_t slot = NewSlots(2);
-    program_.code[Append(Operation::kClearCount)].slot = slot;
-    const uint32_t head = Append(Operation::kLoop);
+    program_.code[Append(PatternOperation::kClearCount)].slot = slot;
+    const uint32_t head = Append(PatternOperation::kLoop);
     program_.code[head].slot = slot;
     program_.code[head].least = node.least;
     program_.code[head].most = node.most;
     program_.code[head].greedy = node.greedy;
-    const uint32_t enter = Append(Operation::kEnterLoop);
+    const uint32_t enter = Append(PatternOperation::kEnterLoop);
     program_.code[enter].slot = slot;
     Emit(body);
-    Append(Operation::kJump, head);
+    Append(PatternOperation::kJump, head);
     program_.code[head].first = Here();
   }
 
-  void EmitLook(const Node& node, Operation begin, Operation end) {
+  void EmitLook(const PatternNode& node, PatternOperation begin, PatternOperation end) {
     const uint32_t slot = NewSlots(1);
     const uint32_t start = Append(begin);
     program_.code[start].slot = slot;
@@ -154,7 +156,7 @@ RegExpProgram CompileRegExp(std::u16string_view pattern, bool ignore_case, bool 
   for (UnitSet& set : program.sets) Normalize(set);
   Emitter emitter(program);
   emitter.Emit(*tree.root);
-  emitter.Append(Operation::kMatch);
+  emitter.Append(PatternOperation::kMatch);
   return program;
 }
 

@@ -48,11 +48,11 @@ bool RegExpMatcher::IsWordAt(int64_t place) const {
   return place >= 0 && place < int64_t{length_} && IsWordUnit(text_[static_cast<size_t>(place)]);
 }
 
-bool RegExpMatcher::MatchesUnit(const Instruction& instruction, char16_t unit) const {
+bool RegExpMatcher::MatchesUnit(const PatternInstruction& instruction, char16_t unit) const {
   switch (instruction.operation) {
-    case Operation::kUnit:
+    case PatternOperation::kUnit:
       return (program_.ignore_case ? LowerUnit(unit) : unit) == static_cast<char16_t>(instruction.first);
-    case Operation::kAny: return unit != u'\n';
+    case PatternOperation::kAny: return unit != u'\n';
     default: break;
   }
   const UnitSet& set = program_.sets[instruction.first];
@@ -65,12 +65,12 @@ bool RegExpMatcher::MatchesUnit(const Instruction& instruction, char16_t unit) c
 
 // The next place where a match can begin at all.
 uint32_t RegExpMatcher::NextCandidate(uint32_t from) const {
-  const Instruction& first = program_.code.front();
-  if (first.operation == Operation::kUnit && !program_.ignore_case) {
+  const PatternInstruction& first = program_.code.front();
+  if (first.operation == PatternOperation::kUnit && !program_.ignore_case) {
     const size_t place = text_.find(static_cast<char16_t>(first.first), from);
     return place == std::u16string_view::npos ? length_ + 1 : static_cast<uint32_t>(place);
   }
-  if (first.operation == Operation::kLineStart && !program_.multiline) return from == 0 ? 0 : length_ + 1;
+  if (first.operation == PatternOperation::kLineStart && !program_.multiline) return from == 0 ? 0 : length_ + 1;
   return from;
 }
 
@@ -87,7 +87,7 @@ bool RegExpMatcher::RunAt(uint32_t start) {
   stack_.clear();
   pc_ = 0;
   position_ = start;
-  while (program_.code[pc_].operation != Operation::kMatch) {
+  while (program_.code[pc_].operation != PatternOperation::kMatch) {
     CountStep();
     if (!Step() && !Backtrack()) return false;
   }
@@ -98,59 +98,59 @@ bool RegExpMatcher::RunAt(uint32_t start) {
 
 // One instruction. False when it does not match here.
 bool RegExpMatcher::Step() {
-  const Instruction& instruction = program_.code[pc_];
+  const PatternInstruction& instruction = program_.code[pc_];
   switch (instruction.operation) {
-    case Operation::kUnit:
-    case Operation::kAny:
-    case Operation::kSet:
+    case PatternOperation::kUnit:
+    case PatternOperation::kAny:
+    case PatternOperation::kSet:
       if (position_ == length_ || !MatchesUnit(instruction, text_[position_])) return false;
       ++position_;
       ++pc_;
       return true;
-    case Operation::kRun: return StepRun(instruction);
-    case Operation::kBackReference: return StepBackReference(instruction);
-    case Operation::kSavePosition: SetSlot(instruction.slot, position_); break;
-    case Operation::kCloseGroup:
+    case PatternOperation::kRun: return StepRun(instruction);
+    case PatternOperation::kBackReference: return StepBackReference(instruction);
+    case PatternOperation::kSavePosition: SetSlot(instruction.slot, position_); break;
+    case PatternOperation::kCloseGroup:
       SetSlot(instruction.first * 2, slots_[instruction.slot]);
       SetSlot(instruction.first * 2 + 1, position_);
       break;
-    case Operation::kClearCount: SetSlot(instruction.slot, 0); break;
-    case Operation::kFork:
+    case PatternOperation::kClearCount: SetSlot(instruction.slot, 0); break;
+    case PatternOperation::kFork:
       Push(EntryKind::kChoice, instruction.second, position_);
       pc_ = instruction.first;
       return true;
-    case Operation::kJump: pc_ = instruction.first; return true;
-    case Operation::kLoop: return StepLoop(instruction);
-    case Operation::kEnterLoop: EnterLoop(instruction.slot); break;
-    case Operation::kLookAhead:
-    case Operation::kEndLookAhead:
-    case Operation::kRefuseAhead:
-    case Operation::kEndRefuseAhead: return StepLook(instruction);
+    case PatternOperation::kJump: pc_ = instruction.first; return true;
+    case PatternOperation::kLoop: return StepLoop(instruction);
+    case PatternOperation::kEnterLoop: EnterLoop(instruction.slot); break;
+    case PatternOperation::kLookAhead:
+    case PatternOperation::kEndLookAhead:
+    case PatternOperation::kRefuseAhead:
+    case PatternOperation::kEndRefuseAhead: return StepLook(instruction);
     default: return StepPlace(instruction);
   }
   ++pc_;
   return true;
 }
 
-bool RegExpMatcher::StepPlace(const Instruction& instruction) {
+bool RegExpMatcher::StepPlace(const PatternInstruction& instruction) {
   const int64_t here = position_;
   const bool boundary = IsWordAt(here - 1) != IsWordAt(here);
   bool holds = false;
   switch (instruction.operation) {
-    case Operation::kLineStart:
+    case PatternOperation::kLineStart:
       holds = position_ == 0 || (program_.multiline && IsLineBreak(text_[position_ - 1]));
       break;
-    case Operation::kLineEnd:
+    case PatternOperation::kLineEnd:
       holds = position_ == length_ || (program_.multiline && IsLineBreak(text_[position_]));
       break;
-    case Operation::kWordBoundary: holds = boundary; break;
+    case PatternOperation::kWordBoundary: holds = boundary; break;
     default: holds = !boundary; break;
   }
   if (holds) ++pc_;
   return holds;
 }
 
-bool RegExpMatcher::StepBackReference(const Instruction& instruction) {
+bool RegExpMatcher::StepBackReference(const PatternInstruction& instruction) {
   const uint32_t from = slots_[instruction.first * 2];
   const uint32_t to = slots_[instruction.first * 2 + 1];
   ++pc_;
@@ -168,8 +168,8 @@ bool RegExpMatcher::StepBackReference(const Instruction& instruction) {
 }
 
 // A run of single units needs one entry on the stack, however long it is.
-bool RegExpMatcher::StepRun(const Instruction& instruction) {
-  const Instruction& unit = program_.code[pc_ + 1];
+bool RegExpMatcher::StepRun(const PatternInstruction& instruction) {
+  const PatternInstruction& unit = program_.code[pc_ + 1];
   const uint32_t wanted = instruction.greedy ? instruction.most : instruction.least;
   const uint32_t start = position_;
   const uint32_t room = std::min(wanted, length_ - position_);
@@ -198,7 +198,7 @@ bool RegExpMatcher::ResumeLazyRun(const Entry& entry) {
 
 // The head of a loop: another turn or on behind it. A turn that took nothing counts only where one is still due, and
 // then stands for all that are.
-bool RegExpMatcher::StepLoop(const Instruction& instruction) {
+bool RegExpMatcher::StepLoop(const PatternInstruction& instruction) {
   const uint32_t count = slots_[instruction.slot];
   const bool idle = count > 0 && slots_[instruction.slot + 1] == position_;
   if (idle && count > instruction.least) return false;
@@ -221,19 +221,19 @@ void RegExpMatcher::EnterLoop(uint32_t slot) {
   SetSlot(slot + 1, position_);
 }
 
-bool RegExpMatcher::StepLook(const Instruction& instruction) {
+bool RegExpMatcher::StepLook(const PatternInstruction& instruction) {
   switch (instruction.operation) {
-    case Operation::kLookAhead:
-    case Operation::kRefuseAhead: {
+    case PatternOperation::kLookAhead:
+    case PatternOperation::kRefuseAhead: {
       // The slot's undo entry must lie below the barrier, or ending the look ahead would lose it.
       Push(EntryKind::kUndo, instruction.slot, slots_[instruction.slot]);
       slots_[instruction.slot] = static_cast<uint32_t>(stack_.size());
-      const bool refuse = instruction.operation == Operation::kRefuseAhead;
+      const bool refuse = instruction.operation == PatternOperation::kRefuseAhead;
       Push(EntryKind::kBarrier, refuse ? instruction.first : kNoPosition, position_);
       ++pc_;
       return true;
     }
-    case Operation::kEndLookAhead: {
+    case PatternOperation::kEndLookAhead: {
       const size_t height = slots_[instruction.slot];
       position_ = stack_[height].value;
       DropChoices(height);

@@ -35,11 +35,11 @@ class RegExpMatcher {
 
   bool RunAt(uint32_t start);
   bool Step();
-  bool StepPlace(const Instruction& instruction);
-  bool StepLook(const Instruction& instruction);
-  bool StepLoop(const Instruction& instruction);
-  bool StepRun(const Instruction& instruction);
-  bool StepBackReference(const Instruction& instruction);
+  bool StepPlace(const PatternInstruction& instruction);
+  bool StepLook(const PatternInstruction& instruction);
+  bool StepLoop(const PatternInstruction& instruction);
+  bool StepRun(const PatternInstruction& instruction);
+  bool StepBackReference(const PatternInstruction& instruction);
   void EnterLoop(uint32_t slot);
   bool Backtrack();
   bool ResumeLazyRun(const Entry& entry);
@@ -48,7 +48,7 @@ class RegExpMatcher {
   // Forgets the choices above `height` but keeps what undoes the slots.
   void DropChoices(size_t height);
   void UnwindTo(size_t height);
-  [[nodiscard]] bool MatchesUnit(const Instruction& instruction, char16_t unit) const;
+  [[nodiscard]] bool MatchesUnit(const PatternInstruction& instruction, char16_t unit) const;
   [[nodiscard]] bool IsWordAt(int64_t place) const;
   [[nodiscard]] uint32_t NextCandidate(uint32_t from) const;
   void CountStep(uint32_t steps = 1);

@@ -10,8 +10,8 @@ namespace {
 constexpr int kMostNesting = 250;
 constexpr uint32_t kMostRepeats = 1'000'000'000;
 
-std::unique_ptr<Node> NewNode(NodeKind kind, uint32_t value = 0) {
-  auto node = std::make_unique<Node>();
+std::unique_ptr<PatternNode> NewNode(NodeKind kind, uint32_t value = 0) {
+  auto node = std::make_unique<PatternNode>();
   node->kind = kind;
   node->value = value;
   return node;
@@ -91,7 +91,7 @@ class Parser {
     return true;
   }
 
-  std::unique_ptr<Node> ParseAlternatives() {
+  std::unique_ptr<PatternNode> ParseAlternatives() {
     if (++depth_ > kMostNesting) RaiseScript(error::kOutOfStackSpace);
     auto first = ParseSequence();
     if (Sees(u'|')) {
@@ -104,7 +104,7 @@ class Parser {
     return first;
   }
 
-  std::unique_ptr<Node> ParseSequence() {
+  std::unique_ptr<PatternNode> ParseSequence() {
     auto sequence = NewNode(NodeKind::kSequence);
     while (!AtEnd() && !Sees(u'|') && !Sees(u')')) {
       auto atom = ParseAtom();
@@ -113,7 +113,7 @@ class Parser {
     return sequence;
   }
 
-  std::unique_ptr<Node> ParseAtom() {
+  std::unique_ptr<PatternNode> ParseAtom() {
     const char16_t unit = pattern_[at_++];
     switch (unit) {
       case u'.': return NewNode(NodeKind::kAny);
@@ -134,7 +134,7 @@ class Parser {
     }
   }
 
-  std::unique_ptr<Node> ParseGroup() {
+  std::unique_ptr<PatternNode> ParseGroup() {
     NodeKind kind = NodeKind::kGroup;
     bool plain = false;
     if (Take(u"?:")) {
@@ -192,7 +192,7 @@ class Parser {
     return ReadBounds();
   }
 
-  std::unique_ptr<Node> ParseQuantifier(std::unique_ptr<Node> atom) {
+  std::unique_ptr<PatternNode> ParseQuantifier(std::unique_ptr<PatternNode> atom) {
     const std::optional<Bounds> bounds = ReadQuantifier();
     if (!bounds) return atom;
     if (atom->IsPlace()) RaiseScript(error::kRegExpQuantifier);
@@ -205,12 +205,12 @@ class Parser {
     return repeat;
   }
 
-  std::unique_ptr<Node> SetNode(UnitSet set) {
+  std::unique_ptr<PatternNode> SetNode(UnitSet set) {
     tree_.sets.push_back(std::move(set));
     return NewNode(NodeKind::kSet, static_cast<uint32_t>(tree_.sets.size() - 1));
   }
 
-  std::unique_ptr<Node> ParseEscape() {
+  std::unique_ptr<PatternNode> ParseEscape() {
     if (AtEnd()) RaiseScript(error::kRegExpSyntax);
     const char16_t unit = pattern_[at_];
     if (unit == u'b' || unit == u'B') {
@@ -307,7 +307,7 @@ class Parser {
     return ReadCharacterEscape();
   }
 
-  std::unique_ptr<Node> ParseSet() {
+  std::unique_ptr<PatternNode> ParseSet() {
     UnitSet set;
     set.negated = Take(u'^');
     while (!Sees(u']')) {

@@ -20,7 +20,7 @@ struct UnitSet {
   [[nodiscard]] bool Contains(char16_t unit) const;
 };
 
-enum class Operation : uint8_t {
+enum class PatternOperation : uint8_t {
   kUnit,  // the unit `first`
   kAny,   // anything but a line feed
   kSet,   // a unit of set `first`
@@ -44,8 +44,8 @@ enum class Operation : uint8_t {
   kMatch,
 };
 
-struct Instruction {
-  Operation operation;
+struct PatternInstruction {
+  PatternOperation operation;
   bool greedy = true;
   uint32_t slot = 0;
   uint32_t first = 0;
@@ -57,7 +57,7 @@ struct Instruction {
 inline constexpr uint32_t kUnlimited = UINT32_MAX;
 
 struct RegExpProgram {
-  std::vector<Instruction> code;
+  std::vector<PatternInstruction> code;
   std::vector<UnitSet> sets;
   // Slots 2n and 2n + 1 hold where group n begins and ends; group 0 is the whole match. Loop state follows.
   uint32_t group_count = 1;

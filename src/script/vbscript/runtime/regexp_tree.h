@@ -27,13 +27,13 @@ enum class NodeKind {
   kRefuseAhead,
 };
 
-struct Node {
+struct PatternNode {
   NodeKind kind;
   uint32_t value = 0;  // unit, set, or group
   uint32_t least = 0;
   uint32_t most = 0;
   bool greedy = true;
-  std::vector<std::unique_ptr<Node>> children;
+  std::vector<std::unique_ptr<PatternNode>> children;
 
   [[nodiscard]] bool IsOneUnit() const {
     return kind == NodeKind::kUnit || kind == NodeKind::kAny || kind == NodeKind::kSet;
@@ -43,7 +43,7 @@ struct Node {
 };
 
 struct RegExpTree {
-  std::unique_ptr<Node> root;
+  std::unique_ptr<PatternNode> root;
   std::vector<UnitSet> sets;
   uint32_t group_count = 1;
 };
