@@ -37,11 +37,14 @@ LRESULT CALLBACK Win32Clock::Handle(HWND window, UINT message, WPARAM first, LPA
 uint64_t Win32Clock::NowMs() { return GetTickCount64(); }
 
 double Win32Clock::LocalDateTime() {
-  SYSTEMTIME now{};
-  GetLocalTime(&now);
-  double days = 0;
-  SystemTimeToVariantTime(&now, &days);
-  return days + now.wMilliseconds / 86400000.0;
+  FILETIME now{};
+  GetSystemTimeAsFileTime(&now);
+  FILETIME local{};
+  FileTimeToLocalFileTime(&now, &local);
+  constexpr double kTicksPerDay = 864e9;         // of 100 nanoseconds
+  constexpr double kDaysBefore1899End = 109205;  // from 1601-01-01 to 1899-12-30
+  const uint64_t ticks = (static_cast<uint64_t>(local.dwHighDateTime) << 32) | local.dwLowDateTime;
+  return static_cast<double>(ticks) / kTicksPerDay - kDaysBefore1899End;
 }
 
 void Win32Clock::SleepMs(uint32_t milliseconds) { ::Sleep(milliseconds); }

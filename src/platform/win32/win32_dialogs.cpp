@@ -9,6 +9,7 @@
 #include "forms/label.h"
 #include "forms/text_box.h"
 #include "platform/win32/form_window.h"
+#include "platform/win32/late_call.h"
 #include "platform/win32/wide_text.h"
 
 namespace kestrun {
@@ -139,16 +140,19 @@ std::optional<std::string> Win32Dialogs::PickFile(const FileDialogRequest& reque
   dialog.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
   dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
   dialog.Flags |= request.save ? OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST : OFN_FILEMUSTEXIST;
-  const BOOL chosen = request.save ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog);
+  const BOOL chosen = request.save ? KESTRUN_LATE(L"comdlg32.dll", GetSaveFileNameW)(&dialog)
+                                   : KESTRUN_LATE(L"comdlg32.dll", GetOpenFileNameW)(&dialog);
   return chosen ? std::optional(FromWide(path.c_str())) : std::nullopt;
 }
 
 std::optional<std::string> Win32Dialogs::PickFolder(std::string_view prompt, int root_csidl,
                                                     std::string_view start_folder) {
+  // The dialogue is a COM object of the shell.
+  static_cast<void>(KESTRUN_LATE(L"ole32.dll", OleInitialize)(nullptr));
   const std::wstring title = ToWide(prompt);
   const std::wstring start = ToWidePath(start_folder);
   LPITEMIDLIST root = nullptr;
-  SHGetSpecialFolderLocation(nullptr, root_csidl, &root);
+  KESTRUN_LATE(L"shell32.dll", SHGetSpecialFolderLocation)(nullptr, root_csidl, &root);
   BROWSEINFOW dialog{};
   dialog.hwndOwner = Owner();
   dialog.pidlRoot = root;
@@ -156,11 +160,11 @@ std::optional<std::string> Win32Dialogs::PickFolder(std::string_view prompt, int
   dialog.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
   dialog.lpfn = &OpenOnFolder;
   dialog.lParam = start.empty() ? 0 : reinterpret_cast<LPARAM>(start.c_str());
-  const LPITEMIDLIST chosen = SHBrowseForFolderW(&dialog);
+  const LPITEMIDLIST chosen = KESTRUN_LATE(L"shell32.dll", SHBrowseForFolderW)(&dialog);
   wchar_t path[MAX_PATH] = {};
-  const bool has_path = chosen && SHGetPathFromIDListW(chosen, path);
-  CoTaskMemFree(chosen);
-  CoTaskMemFree(root);
+  const bool has_path = chosen && KESTRUN_LATE(L"shell32.dll", SHGetPathFromIDListW)(chosen, path);
+  KESTRUN_LATE(L"ole32.dll", CoTaskMemFree)(chosen);
+  KESTRUN_LATE(L"ole32.dll", CoTaskMemFree)(root);
   return has_path ? std::optional(FromWide(path)) : std::nullopt;
 }
 
@@ -172,7 +176,8 @@ std::optional<uint32_t> Win32Dialogs::PickColor(uint32_t preset) {
   dialog.rgbResult = ToColorRef(preset);
   dialog.lpCustColors = custom_colors;
   dialog.Flags = CC_RGBINIT | CC_FULLOPEN;
-  return ChooseColorW(&dialog) ? std::optional<uint32_t>(dialog.rgbResult) : std::nullopt;
+  return KESTRUN_LATE(L"comdlg32.dll", ChooseColorW)(&dialog) ? std::optional<uint32_t>(dialog.rgbResult)
+                                                              : std::nullopt;
 }
 
 }  // namespace kestrun

@@ -2,14 +2,8 @@
 
 namespace kestrun {
 
-Win32Platform::Win32Platform() {
-  static_cast<void>(OleInitialize(nullptr));
-  InstallCodePage(&code_page_);
-}
+Win32Platform::Win32Platform() { InstallCodePage(&code_page_); }
 
-Win32Platform::~Win32Platform() {
-  InstallCodePage(nullptr);
-  OleUninitialize();
-}
+Win32Platform::~Win32Platform() { InstallCodePage(nullptr); }
 
 }  // namespace kestrun

@@ -10,7 +10,7 @@
 
 namespace kestrun {
 
-// Also sets the process up: COM for the dialogues, the ANSI code page for single-byte text.
+// Also installs the ANSI code page for single-byte text.
 class Win32Platform final : public Platform {
  public:
   Win32Platform();

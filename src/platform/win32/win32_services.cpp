@@ -6,6 +6,7 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/late_call.h"
 #include "platform/win32/wide_text.h"
 
 namespace kestrun {
@@ -155,8 +156,9 @@ bool Win32Registry::DeleteKey(RegistryRoot root, std::string_view key) {
 
 int Win32Shell::Open(std::string_view operation, std::string_view file, std::string_view parameters,
                      std::string_view directory, int show_command) {
-  const HINSTANCE result = ShellExecuteW(GetDesktopWindow(), ToWide(operation).c_str(), ToWide(file).c_str(),
-                                         ToWide(parameters).c_str(), ToWide(directory).c_str(), show_command);
+  const HINSTANCE result =
+      KESTRUN_LATE(L"shell32.dll", ShellExecuteW)(GetDesktopWindow(), ToWide(operation).c_str(), ToWide(file).c_str(),
+                                                  ToWide(parameters).c_str(), ToWide(directory).c_str(), show_command);
   return static_cast<int>(reinterpret_cast<INT_PTR>(result));
 }
 
@@ -174,7 +176,8 @@ std::string Win32Shell::SystemFolder() {
 
 std::string Win32Shell::ShellFolder(int csidl) {
   wchar_t path[MAX_PATH] = {};
-  return SHGetSpecialFolderPathW(nullptr, path, csidl, FALSE) ? FromWide(path) : std::string();
+  return KESTRUN_LATE(L"shell32.dll", SHGetSpecialFolderPathW)(nullptr, path, csidl, FALSE) ? FromWide(path)
+                                                                                            : std::string();
 }
 
 std::vector<std::string> Win32Processes::RunningNames() {
@@ -191,16 +194,19 @@ std::vector<std::string> Win32Processes::RunningNames() {
 
 void Win32Processes::EndProcess() { ExitProcess(0); }
 
-bool Win32Internet::IsUrl(std::string_view text) { return PathIsURLW(ToWide(text).c_str()) == TRUE; }
+bool Win32Internet::IsUrl(std::string_view text) {
+  return KESTRUN_LATE(L"shlwapi.dll", PathIsURLW)(ToWide(text).c_str()) == TRUE;
+}
 
 bool Win32Internet::IsConnected() {
   DWORD flags = 0;
-  return InternetGetConnectedState(&flags, 0) != FALSE;
+  return KESTRUN_LATE(L"wininet.dll", InternetGetConnectedState)(&flags, 0) != FALSE;
 }
 
 int Win32Internet::DownloadToFile(std::string_view url, std::string_view path) {
   constexpr DWORD kGetNewestVersion = 16;
-  return URLDownloadToFileW(nullptr, ToWide(url).c_str(), ToWidePath(path).c_str(), kGetNewestVersion, nullptr);
+  return KESTRUN_LATE(L"urlmon.dll", URLDownloadToFileW)(nullptr, ToWide(url).c_str(), ToWidePath(path).c_str(),
+                                                         kGetNewestVersion, nullptr);
 }
 
 std::string Win32Clipboard::Text() {
