@@ -11,8 +11,9 @@ namespace kestrun::vbs {
   /* values: a = b as it stands, with Let, with Set; registers a to a+n-1 emptied */                                   \
   X(Move)                                                                                                              \
   X(Let)                                                                                                               \
-  X(LetTemporary) X(Set) X(Clear) /* register a stands for b; register a keeps the array b in place; register a        \
-                                     stands for element c of b */                                                      \
+  X(LetTemporary)                                                                                                      \
+  X(Set) X(Clear) /* register a stands for b; register a keeps the array b in place; register a                        \
+                     stands for element c of b */                                                                      \
       X(MakeReference) X(Pin) X(ElementReference)                                                                      \
           X(ElementReferenceMany)     /* element c of b (Many: n indexes from register c on); Borrow: for the next     \
                                          instruction only */                                                           \
