@@ -18,6 +18,10 @@ if(KESTRUN_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+if(KESTRUN_FUZZ)
+  # Every floor reports its coverage to the fuzzer.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
 if(MINGW)
   # One file that needs nothing but Windows itself, from Windows 7 on.
   add_compile_definitions(UNICODE _UNICODE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)

@@ -1,5 +1,5 @@
-// Regular expressions from any pattern on any text: no crash, no endless run, spans inside the text, and a replacement of
-// every match by itself gives the text back. The first byte holds the switches, a zero unit parts pattern and text.
+// Regular expressions from any pattern on any text: no crash, no endless run, spans inside the text, and a replacement
+// of every match by itself gives the text back. The first byte holds the switches, a zero unit parts pattern and text.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -296,3 +296,10 @@ End With
 '---- Stop does nothing
 Stop
 WScript.Echo "on" '=> on
+'---- A Case with a text that is no number does not match a number
+Select Case 5
+  Case "", "abc"
+    WScript.Echo "no"
+  Case "5"
+    WScript.Echo "as a number" '=> as a number
+End Select

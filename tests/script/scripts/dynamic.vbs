@@ -117,3 +117,16 @@ For i = 1 To 100
   Execute "sum = sum + " & i
 Next
 WScript.Echo sum '=> 5050
+'---- Me inside executed text
+Class C
+  Public V
+  Public Sub M
+    Execute "Me.V = 5"
+    WScript.Echo V, Eval("Me.V + 1")
+  End Sub
+End Class
+Dim o
+Set o = New C
+o.M '=> 5 6
+'---- Me outside a method
+Execute "Set x = Me" '!! 1037

@@ -2,6 +2,11 @@
 #include "script/vbscript/compiler/compiler.h"
 
 namespace kestrun::vbs {
+namespace {
+
+constexpr uint32_t kLiteralCase = 3;  // one side is a literal, and a text that is no number just differs
+
+}  // namespace
 
 // A failing condition resumes at the first statement of its branch.
 void Compiler::CompileIf(const IfStatement& statement) {
@@ -65,7 +70,7 @@ void Compiler::CompileCase(const CaseBranch& branch, int subject, Label& body, L
     const bool last = value == branch.values.back();
     const Operand operand = Value(*value);
     EmitJump(last ? next : body, last ? Opcode::kJumpUnlessEqual : Opcode::kJumpIfEqual, Register(subject), operand,
-             IsLiteral(*value) ? 1 : 0);
+             IsLiteral(*value) ? kLiteralCase : 0);
     next_register_ = saved;
   }
 }

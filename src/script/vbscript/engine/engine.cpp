@@ -78,10 +78,11 @@ void Engine::ChargeMemory(size_t bytes) {
   }
 }
 
-std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression) {
+std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression, bool inside_method) {
   auto module = std::make_shared<Module>(text);
   try {
     Parser parser(*module, names_, [this](std::string_view date) { return ReadDateLiteral(*this, date); });
+    if (inside_method) parser.AllowMe();
     if (as_expression) {
       parser.ParseEvaluation();
     } else {
@@ -145,16 +146,16 @@ void Engine::AddObject(std::string_view name, const Variant& object) {
   globals_.DefineValue(names_.Intern(name), GlobalKind::kObject, object);
 }
 
-std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression) {
+std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression, bool inside_method) {
   try {
-    return Parse(ToText(text), as_expression);
+    return Parse(ToText(text), as_expression, inside_method);
   } catch (const ModuleError& error) {
     throw RuntimeError(error.number, std::string(ScriptErrorText(error.number)));
   }
 }
 
 void Engine::ExecuteText(const Variant& text, bool global) {
-  const std::shared_ptr<Module> module = ParseExecuted(text, false);
+  const std::shared_ptr<Module> module = ParseExecuted(text, false, !global && machine_.InMethod());
   if (global || !machine_.InProcedure()) {
     Define(module);
     machine_.RunGlobal(*module);
@@ -169,7 +170,7 @@ void Engine::ExecuteText(const Variant& text, bool global) {
 
 Variant Engine::EvaluateText(const Variant& text) {
   if (!text.Is(VarType::kString)) return text;
-  const std::shared_ptr<Module> module = ParseExecuted(text, true);
+  const std::shared_ptr<Module> module = ParseExecuted(text, true, machine_.InMethod());
   return machine_.InProcedure() ? machine_.RunInside(*module) : machine_.EvaluateGlobal(*module);
 }
 

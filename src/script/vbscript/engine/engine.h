@@ -53,7 +53,8 @@ class Engine final : public RuntimeContext {
   ~Engine() override;
 
   // Parses a module's text; throws ModuleError.
-  [[nodiscard]] std::shared_ptr<Module> Parse(std::string_view text, bool as_expression = false);
+  [[nodiscard]] std::shared_ptr<Module> Parse(std::string_view text, bool as_expression = false,
+                                              bool inside_method = false);
   // Makes the module's procedures, classes and declared names known.
   void Define(const std::shared_ptr<Module>& module);
   // Define, then the global code.
@@ -102,7 +103,7 @@ class Engine final : public RuntimeContext {
  private:
   friend class ClassInstance;
 
-  [[nodiscard]] std::shared_ptr<Module> ParseExecuted(const Variant& text, bool as_expression);
+  [[nodiscard]] std::shared_ptr<Module> ParseExecuted(const Variant& text, bool as_expression, bool inside_method);
   void DefineClass(const std::shared_ptr<Module>& module, const ClassTree& tree);
   void AddMethod(ClassDefinition& definition, const std::shared_ptr<Module>& module, const ProcedureTree& tree);
   void ReleaseEverything();

@@ -59,8 +59,14 @@ bool Machine::SlowTest(const Instruction& at, int comparison) {
   }
   const Variant held_left(left);
   const Variant held_right(right);
-  const Variant truth = Compare(held_left, held_right, wanted, at.n != 0);
-  return truth.Is(VarType::kBoolean) && truth.boolean();
+  const bool is_case = (at.n & 2) != 0;
+  try {
+    const Variant truth = Compare(held_left, held_right, wanted, at.n != 0);
+    return truth.Is(VarType::kBoolean) && truth.boolean();
+  } catch (const RuntimeError& error) {
+    if (!is_case || error.number() != error::kTypeMismatch || held_left.Is(VarType::kObject)) throw;
+    return false;
+  }
 }
 
 void Machine::Concatenate(const Instruction& at) {

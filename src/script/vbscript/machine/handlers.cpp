@@ -19,8 +19,6 @@ const Instruction* Machine::DoPin(const Instruction* pc) {
   return pc + 1;
 }
 
-const Instruction* Machine::DoElementReference(const Instruction* pc) { return DoElementReferenceMany(pc); }
-
 const Instruction* Machine::DoElementReferenceMany(const Instruction* pc) {
   const Arguments indexes{registers_ + pc->c, pc->n};
   Variant& array = At(pc->b);

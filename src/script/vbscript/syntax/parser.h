@@ -22,6 +22,8 @@ class Parser {
   Parser(Module& module, NameTable& names, DateReader read_date);
 
   void ParseModule();
+  // For text that is executed in a method.
+  void AllowMe() { in_class_ = true; }
   // One expression and nothing behind it.
   void ParseEvaluation();
 

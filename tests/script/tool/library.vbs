@@ -1,0 +1,1 @@
+Function Shared() : Shared = "from the other module" : End Function
