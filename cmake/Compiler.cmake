@@ -27,11 +27,6 @@ if(MINGW)
   add_compile_definitions(UNICODE _UNICODE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)
   add_link_options(-static)
 endif()
-if(KESTRUN_FUZZ)
-  # Coverage in all code; the fuzzer's own main only in the targets.
-  add_compile_options(-fsanitize=fuzzer-no-link)
-  add_link_options(-fsanitize=fuzzer-no-link)
-endif()
 # g++ 12 sees overlaps in std::string that are not there once it inlines at -O3.
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   target_compile_options(kestrun_options INTERFACE $<$<CONFIG:Release>:-Wno-error=restrict>)
