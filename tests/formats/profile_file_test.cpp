@@ -2,63 +2,13 @@
 
 #include "base/runtime_error.h"
 #include "formats/profile/profile_file.h"
+#include "support/failing_files.h"
 #include "support/headless_fixture.h"
 
 namespace kestrun {
 namespace {
 
 constexpr const char* kContent = "[a]\r\nj=1\r\nk=old\r\n";
-
-// Passes calls on to the real files and lets the n-th call fail with "Disk full".
-class FailingFiles final : public FileSystem {
- public:
-  FailingFiles(FileSystem& files, int calls_until_failure) : files_(files), left_(calls_until_failure) {}
-  [[nodiscard]] bool HasFailed() const { return left_ < 0; }
-
-  std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override {
-    Count();
-    return std::make_unique<CountedFile>(*this, files_.Open(path, mode));
-  }
-  bool Exists(std::string_view path) override { return files_.Exists(path); }
-  bool IsFolder(std::string_view path) override { return files_.IsFolder(path); }
-  void Copy(std::string_view from, std::string_view to) override { Count(), files_.Copy(from, to); }
-  void Delete(std::string_view path) override { files_.Delete(path); }
-  void Rename(std::string_view from, std::string_view to) override { Count(), files_.Rename(from, to); }
-  void Replace(std::string_view from, std::string_view to) override { Count(), files_.Replace(from, to); }
-  void MakeFolder(std::string_view path) override { Count(), files_.MakeFolder(path); }
-  void RemoveFolder(std::string_view path) override { Count(), files_.RemoveFolder(path); }
-  std::vector<FolderEntry> List(std::string_view folder) override { return files_.List(folder); }
-  void SetWriteTime(std::string_view path, uint64_t time) override { Count(), files_.SetWriteTime(path, time); }
-  std::string CurrentFolder() override { return files_.CurrentFolder(); }
-
- private:
-  class CountedFile final : public File {
-   public:
-    CountedFile(FailingFiles& owner, std::unique_ptr<File> file) : owner_(owner), file_(std::move(file)) {}
-    uint64_t Size() override { return owner_.Count(), file_->Size(); }
-    size_t ReadAt(uint64_t offset, MutableByteView buffer) override {
-      return owner_.Count(), file_->ReadAt(offset, buffer);
-    }
-    void WriteAt(uint64_t offset, ByteView bytes) override {
-      // Half of the bytes arrive before the disk is full.
-      if (owner_.left_ == 0) file_->WriteAt(offset, bytes.first(bytes.size() / 2));
-      owner_.Count();
-      file_->WriteAt(offset, bytes);
-    }
-    void Close() override { owner_.Count(), file_->Close(); }
-
-   private:
-    FailingFiles& owner_;
-    std::unique_ptr<File> file_;
-  };
-
-  void Count() {
-    if (left_-- == 0) Raise(error::kDiskFull);
-  }
-
-  FileSystem& files_;
-  int left_;
-};
 
 // Every file refuses to be opened for writing, as one with the read-only mark does.
 class ReadOnlyFiles final : public FileSystem {

@@ -4,6 +4,7 @@
 
 #include "frame/frame_fixture.h"
 #include "maps/frmoverwrite.h"
+#include "support/failing_files.h"
 
 namespace kestrun {
 namespace {
@@ -242,6 +243,27 @@ TEST_F(PutMapTest, WithoutWarningsAMissingProgramIsStartedAllTheSame) {
   EXPECT_TRUE(Put("NEW.BMS", kPutInArchive, false));
   EXPECT_EQ(desktop.shell().openings.size(), 1U);
 }
+
+// The disk fills up at each call in turn: the user is told, the map stays, and no half copy is left beside the archive.
+class PutMapFailureTest : public PutMapTest, public testing::WithParamInterface<int> {};
+
+TEST_P(PutMapFailureTest, AFailureAtAnyCallIsToldAndLeavesTheMapAlone) {
+  FailingFiles files(native_files, GetParam());
+  desktop.UseFiles(files);
+  bool told = false;
+  desktop.OnUnexpected(
+      [&](const UnexpectedQuestion& question) { told = told || StartsWith(question.text, "Error: "); });
+  const bool packed = Put("NEW.BMS");
+  desktop.UseFiles(native_files);
+  EXPECT_EQ(ReadFile(MapPath("Oasis.bms")), map);
+  EXPECT_EQ(told, !packed);
+  if (packed) {
+    EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), map);
+  }
+  EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS.new")));
+}
+
+INSTANTIATE_TEST_SUITE_P(AtEachCall, PutMapFailureTest, testing::Range(0, 24));
 
 }  // namespace
 }  // namespace kestrun

@@ -1,5 +1,4 @@
-// A file system that fails at its n-th call, for walking a failure through every step of an operation. Calls on open
-// files count like the others. It does not model failures that leave half a write behind.
+// A file layer that fails at its n-th call, for walking a failure through every step of an operation.
 #pragma once
 
 #include <memory>
@@ -12,91 +11,58 @@
 
 namespace kestrun {
 
-class FailingFileSystem final : public FileSystem {
+// Passes calls on to the real files and lets one of them fail: the first for 0, the second for 1 ... Clean-up
+// by Delete and questions about what is there never fail.
+class FailingFiles final : public FileSystem {
  public:
-  // Fails at the n-th call from now on, counted from 1, with the error number; never for 0.
-  FailingFileSystem(FileSystem& real, int fail_at, int error_number)
-      : real_(real), fail_at_(fail_at), error_number_(error_number) {}
-
-  [[nodiscard]] bool has_failed() const { return has_failed_; }
+  FailingFiles(FileSystem& files, int calls_until_failure, int error_number = error::kDiskFull)
+      : files_(files), left_(calls_until_failure), error_number_(error_number) {}
+  [[nodiscard]] bool HasFailed() const { return left_ < 0; }
 
   std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override {
     Count();
-    return std::make_unique<FailingFile>(*this, real_.Open(path, mode));
+    return std::make_unique<CountedFile>(*this, files_.Open(path, mode));
   }
-  bool Exists(std::string_view path) override { return real_.Exists(path); }
-  bool IsFolder(std::string_view path) override { return real_.IsFolder(path); }
-  void Copy(std::string_view from, std::string_view to) override {
-    Count();
-    real_.Copy(from, to);
-  }
-  void Delete(std::string_view path) override {
-    Count();
-    real_.Delete(path);
-  }
-  void Rename(std::string_view from, std::string_view to) override {
-    Count();
-    real_.Rename(from, to);
-  }
-  void Replace(std::string_view from, std::string_view to) override {
-    Count();
-    real_.Replace(from, to);
-  }
-  void MakeFolder(std::string_view path) override {
-    Count();
-    real_.MakeFolder(path);
-  }
-  void RemoveFolder(std::string_view path) override {
-    Count();
-    real_.RemoveFolder(path);
-  }
-  std::vector<FolderEntry> List(std::string_view folder) override {
-    Count();
-    return real_.List(folder);
-  }
-  void SetWriteTime(std::string_view path, uint64_t file_time) override {
-    Count();
-    real_.SetWriteTime(path, file_time);
-  }
-  std::string CurrentFolder() override { return real_.CurrentFolder(); }
+  bool Exists(std::string_view path) override { return files_.Exists(path); }
+  bool IsFolder(std::string_view path) override { return files_.IsFolder(path); }
+  void Copy(std::string_view from, std::string_view to) override { Count(), files_.Copy(from, to); }
+  void Delete(std::string_view path) override { files_.Delete(path); }
+  void Rename(std::string_view from, std::string_view to) override { Count(), files_.Rename(from, to); }
+  void Replace(std::string_view from, std::string_view to) override { Count(), files_.Replace(from, to); }
+  void MakeFolder(std::string_view path) override { Count(), files_.MakeFolder(path); }
+  void RemoveFolder(std::string_view path) override { Count(), files_.RemoveFolder(path); }
+  std::vector<FolderEntry> List(std::string_view folder) override { return files_.List(folder); }
+  void SetWriteTime(std::string_view path, uint64_t time) override { Count(), files_.SetWriteTime(path, time); }
+  std::string CurrentFolder() override { return files_.CurrentFolder(); }
 
  private:
-  class FailingFile final : public File {
+  class CountedFile final : public File {
    public:
-    FailingFile(FailingFileSystem& owner, std::unique_ptr<File> real) : owner_(owner), real_(std::move(real)) {}
-    uint64_t Size() override {
-      owner_.Count();
-      return real_->Size();
-    }
+    CountedFile(FailingFiles& owner, std::unique_ptr<File> file) : owner_(owner), file_(std::move(file)) {}
+    uint64_t Size() override { return owner_.Count(), file_->Size(); }
     size_t ReadAt(uint64_t offset, MutableByteView buffer) override {
-      owner_.Count();
-      return real_->ReadAt(offset, buffer);
+      return owner_.Count(), file_->ReadAt(offset, buffer);
     }
     void WriteAt(uint64_t offset, ByteView bytes) override {
+      // Half of the bytes arrive before the disk is full.
+      if (owner_.left_ == 0) file_->WriteAt(offset, bytes.first(bytes.size() / 2));
       owner_.Count();
-      real_->WriteAt(offset, bytes);
+      file_->WriteAt(offset, bytes);
     }
-    void Close() override {
-      owner_.Count();
-      real_->Close();
-    }
+    void Close() override { owner_.Count(), file_->Close(); }
 
    private:
-    FailingFileSystem& owner_;
-    std::unique_ptr<File> real_;
+    FailingFiles& owner_;
+    std::unique_ptr<File> file_;
   };
 
   void Count() {
-    if (++calls_ != fail_at_) return;
-    has_failed_ = true;
-    Raise(error_number_);
+    if (left_-- == 0) Raise(error_number_);
   }
 
-  FileSystem& real_;
-  int fail_at_;
+  FileSystem& files_;
+  int left_;
   int error_number_;
-  int calls_ = 0;
-  bool has_failed_ = false;
 };
 
 }  // namespace kestrun
