@@ -38,6 +38,7 @@ class MemoryFiles final : public FileSystem {
   void RemoveFolder(std::string_view) override {}
   std::vector<FolderEntry> List(std::string_view) override { return {}; }
   void SetWriteTime(std::string_view, uint64_t) override {}
+  void SetLocalTimes(std::string_view, const LocalFileTimes&) override {}
   std::string CurrentFolder() override { return "C:\\"; }
 
  private:
