@@ -10,6 +10,7 @@ namespace {
 // Places of fields in the archive that BuildArchive lays out.
 constexpr size_t kCountField = 8;
 constexpr size_t kStrideField = 12;
+constexpr size_t kTableOffsetField = 16;
 constexpr size_t kEntryOffsetField = 4;
 constexpr size_t kEntryLengthField = 8;
 
@@ -68,6 +69,41 @@ TEST_F(PffLyingArchiveTest, AnEntryOverTheTableIsNotWrittenInPlace) {
 TEST_F(PffLyingArchiveTest, AnEntryBehindTheEndDoesNotStretchTheFile) {
   LieInEntry(kEntryOffsetField, 0xFFFFF000);
   ExpectPutRefused("AAAA", Sentence("says that 'A.BMS' lies behind its end, so it is left as it is."));
+}
+
+TEST_F(PffLyingArchiveTest, TheLastEntryBehindTheEndIsNotGrownInPlace) {
+  LieInEntry(kEntryOffsetField, 0xFFFFF000);
+  LieInEntry(kEntryLengthField, kTable + 0x1000);  // in 32 bits, ends where the table starts
+  ExpectPutRefused(std::string(kTable + 0x1001, 'A'),
+                   Sentence("says that 'A.BMS' lies behind its end, so it is left as it is."));
+}
+
+TEST_F(PffLyingArchiveTest, AnEntryWhoseLengthRunsBackwardsGoesBehindTheData) {
+  LieInEntry(kEntryOffsetField, 0x7FFFFFFF);
+  LieInEntry(kEntryLengthField, static_cast<uint32_t>(kTable) - 0x7FFFFFFFU);  // ends where the table starts
+  WriteAndLoad();
+  EXPECT_TRUE(Pack("A.BMS", "AAAA"));
+  archive.SavePffFile();
+  EXPECT_EQ(FileBytes().substr(20, 12), "aaaabbbbAAAA");
+  EXPECT_EQ(Stored("A.BMS"), "AAAA");
+  EXPECT_EQ(Stored("B.BMS"), "bbbb");
+}
+
+TEST_F(PffLyingArchiveTest, ATableOverTheHeaderIsRefused) {
+  Lie(kTableOffsetField, 19);
+  Write();
+  EXPECT_FALSE(archive.LoadPff(archive_path));
+  EXPECT_EQ(events, std::vector<std::string>{"321 " + Sentence("says that its table lies over its header.")});
+}
+
+TEST_F(PffLyingArchiveTest, AnEmptyArchiveWhoseTableLiesBehindItsEndTakesNoFile) {
+  Lie(kCountField, 0);
+  Lie(kTableOffsetField, 0xFFFFF000);
+  Write();
+  EXPECT_FALSE(archive.LoadPff(archive_path));
+  EXPECT_EQ(events, std::vector<std::string>{"321 " + Sentence("says that its table lies behind its end.")});
+  EXPECT_EQ(ErrorNumberOf([&] { return Pack("A.BMS", "x"); }), error::kInvalidFileFormat);
+  EXPECT_EQ(FileBytes(), std::string(AsChars(bytes_)));
 }
 
 TEST_F(PffLyingArchiveTest, DataBehindTheTrailerIsWrittenInPlace) {

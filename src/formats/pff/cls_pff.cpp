@@ -51,12 +51,17 @@ Header ReadHeader(const std::string& path) {
 }
 
 // The counts and offsets of a header are claims: none is believed further than the file reaches.
-void CheckTable(const Header& header, uint64_t file_bytes, const std::string& path) {
+void CheckTablePlace(const Header& header, uint64_t file_bytes, const std::string& path) {
+  const uint64_t start = static_cast<uint32_t>(header.table_offset);
+  if (start < pff::kHeaderBytes) RefuseFormat("The archive '" + path + "' says that its table lies over its header.");
+  if (start > file_bytes) RefuseFormat("The archive '" + path + "' says that its table lies behind its end.");
+}
+
+void CheckTableSize(const Header& header, uint64_t file_bytes, const std::string& path) {
   if (header.total_files <= 0) Raise(error::kSubscriptOutOfRange, "The archive '" + path + "' holds no entries.");
   const auto count = static_cast<uint64_t>(header.total_files);
   const auto stride = static_cast<uint64_t>(static_cast<uint32_t>(header.item_size));
   const auto start = static_cast<uint64_t>(static_cast<uint32_t>(header.table_offset));
-  if (start > file_bytes) RefuseFormat("The archive '" + path + "' says that its table lies behind its end.");
   if (count > file_bytes || start + (count - 1) * stride + pff::kEntryBytes > file_bytes) {
     RefuseFormat("The archive '" + path + "' is too short for the " + std::to_string(count) +
                  " entries that its header claims.");
@@ -297,8 +302,6 @@ bool ClsPFF::LoadPff(const std::string& path) {
     Progress(20);
     working_ = saved_;
     Progress(25);
-    // An archive that was saved empty cannot be loaded, but its header is whole: it may be added to.
-    if (working_.total_files == 0) readable_ = Readable::kYes;
     ReadTable(path);
     readable_ = Readable::kYes;
     Progress(80);
@@ -318,7 +321,10 @@ void ClsPFF::ReadTable(const std::string& path) {
   const std::unique_ptr<File> file = platform().files().Open(path, OpenMode::kRead);
   Progress(30);
   file_bytes_ = file->Size();
-  CheckTable(working_, file_bytes_, path);
+  CheckTablePlace(working_, file_bytes_, path);
+  // An archive that was saved empty cannot be loaded, but its header is whole: it may be added to.
+  if (working_.total_files == 0) readable_ = Readable::kYes;
+  CheckTableSize(working_, file_bytes_, path);
   entries_.resize(static_cast<size_t>(working_.total_files));
   if (working_.item_size == static_cast<int32_t>(pff::kEntryBytes)) {
     ReadExactly(*file, static_cast<uint32_t>(working_.table_offset), pff::RecordBytes(std::span(entries_)));
@@ -516,9 +522,9 @@ int32_t ClsPFF::PlaceExisting(Entry& entry, int32_t length) {
     CheckPlace(entry, length);
     return AddChecked(entry.offset, 1);
   }
-  if (int64_t{entry.offset} + entry.length == working_.table_offset) {
+  if (entry.length >= 0 && int64_t{entry.offset} + entry.length == working_.table_offset) {
+    CheckPlace(entry, entry.length);
     const int32_t position = AddChecked(entry.offset, 1);
-    if (static_cast<uint32_t>(entry.offset) < pff::kHeaderBytes) RefusePlace(entry, "over its header");
     working_.table_offset = AddChecked(working_.table_offset, length - entry.length);
     return position;
   }
