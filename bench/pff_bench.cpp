@@ -122,6 +122,8 @@ bool Run(const std::string& folder, int32_t entries) {
               put * 1e3, bare * 1e3, rewriting * 1e3);
   const bool beside_bare = Report("times the bare calls", put / bare, kMostOfBare, true);
   const bool beside_rewriting = Report("times less than rewriting", rewriting / put, kLeastOfRewriting, false);
+  // What no put can pass that reads and writes the table once.
+  std::printf("  %-34s %10.2f\n", "(the bare calls beside rewriting)", rewriting / bare);
   unlink(path.c_str());
   return beside_bare && beside_rewriting;
 }

@@ -16,8 +16,9 @@ namespace kestrun {
 class FailingFiles final : public FileSystem {
  public:
   FailingFiles(FileSystem& files, int calls_until_failure, int error_number = error::kDiskFull)
-      : files_(files), left_(calls_until_failure), error_number_(error_number) {}
+      : files_(files), first_(calls_until_failure), left_(calls_until_failure), error_number_(error_number) {}
   [[nodiscard]] bool HasFailed() const { return left_ < 0; }
+  [[nodiscard]] int CallsMade() const { return first_ - left_; }
 
   std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override {
     Count();
@@ -64,6 +65,7 @@ class FailingFiles final : public FileSystem {
   }
 
   FileSystem& files_;
+  int first_;
   int left_;
   int error_number_;
 };

@@ -22,6 +22,8 @@ constexpr int32_t kItemInfoBytes = 4;
 constexpr int kKeyAlreadyUsed = 457;
 // A table whose records lie further apart is read in pieces of this size: the gaps are never all held in memory.
 constexpr size_t kReadPieceBytes = size_t{4} << 20;
+// What the entries may always take in memory. A larger table has to be justified by the file's own size.
+constexpr uint64_t kAllowedTableBytes = uint64_t{4} << 20;
 
 struct OwnError {
   int32_t number;
@@ -49,15 +51,24 @@ Header ReadHeader(const std::string& path) {
 }
 
 // The counts and offsets of a header are claims: none is believed further than the file reaches.
-void CheckTable(const Header& header, uint64_t file_bytes, const std::string& path) {
+void CheckTablePlace(const Header& header, uint64_t file_bytes, const std::string& path) {
+  const uint64_t start = static_cast<uint32_t>(header.table_offset);
+  if (start < pff::kHeaderBytes) RefuseFormat("The archive '" + path + "' says that its table lies over its header.");
+  if (start > file_bytes) RefuseFormat("The archive '" + path + "' says that its table lies behind its end.");
+}
+
+void CheckTableSize(const Header& header, uint64_t file_bytes, const std::string& path) {
   if (header.total_files <= 0) Raise(error::kSubscriptOutOfRange, "The archive '" + path + "' holds no entries.");
   const auto count = static_cast<uint64_t>(header.total_files);
   const auto stride = static_cast<uint64_t>(static_cast<uint32_t>(header.item_size));
   const auto start = static_cast<uint64_t>(static_cast<uint32_t>(header.table_offset));
-  if (start > file_bytes) RefuseFormat("The archive '" + path + "' says that its table lies behind its end.");
   if (count > file_bytes || start + (count - 1) * stride + pff::kEntryBytes > file_bytes) {
     RefuseFormat("The archive '" + path + "' is too short for the " + std::to_string(count) +
                  " entries that its header claims.");
+  }
+  if (count * pff::kEntryBytes > std::max(file_bytes, kAllowedTableBytes)) {
+    RefuseFormat("The archive '" + path + "' claims " + std::to_string(count) +
+                 " entries that lie over each other, more than it can hold.");
   }
 }
 
@@ -124,9 +135,11 @@ void ClsPFF::RequirePath() const {
   if (path_.empty()) RaiseOwn(1031);
 }
 
-// After a load that failed half-way the table in memory is not the file's: saving it would lose every other entry.
+// After a load that failed half-way the table in memory is not the file's: saving it would lose every other entry. The
+// headers may also be those of an earlier archive, whose count says nothing about the entries that are here.
 void ClsPFF::RequireReadable() const {
-  if (readable_ == Readable::kYes) return;
+  const bool count_holds = working_.total_files >= 0 && static_cast<size_t>(working_.total_files) <= entries_.size();
+  if (readable_ == Readable::kYes && count_holds) return;
   RaiseTold(RuntimeError(error::kInvalidFileFormat,
                          "The archive '" + path_ + "' could not be read, so it is left as it is."));
 }
@@ -212,6 +225,8 @@ int32_t ClsPFF::FileCRC32(Index index) {
   if (!IsNumeric(index)) Raise(error::kTypeMismatch);
   Bytes buffer;
   if (!ExtractFile(static_cast<int32_t>(number), buffer, "")) return -1;
+  // An empty file that waits to be saved can be extracted, but has no second byte.
+  if (buffer.empty()) Raise(error::kSubscriptOutOfRange);
   const uint32_t crc = std::accumulate(buffer.begin() + 1, buffer.end(), 0xFFFFFFFFU, [](uint32_t sum, uint8_t byte) {
     return table[(sum ^ byte) & 0xFF] ^ (sum >> 8);
   });
@@ -256,6 +271,7 @@ void ClsPFF::Reset(const std::string& path) {
   entries_.clear();
   queue_.assign(1, Staged{});
   waiting_.clear();
+  file_bytes_ = 0;
   readable_ = Readable::kYes;
 }
 
@@ -286,8 +302,6 @@ bool ClsPFF::LoadPff(const std::string& path) {
     Progress(20);
     working_ = saved_;
     Progress(25);
-    // An archive that was saved empty cannot be loaded, but its header is whole: it may be added to.
-    if (working_.total_files == 0) readable_ = Readable::kYes;
     ReadTable(path);
     readable_ = Readable::kYes;
     Progress(80);
@@ -306,7 +320,11 @@ bool ClsPFF::LoadPff(const std::string& path) {
 void ClsPFF::ReadTable(const std::string& path) {
   const std::unique_ptr<File> file = platform().files().Open(path, OpenMode::kRead);
   Progress(30);
-  CheckTable(working_, file->Size(), path);
+  file_bytes_ = file->Size();
+  CheckTablePlace(working_, file_bytes_, path);
+  // An archive that was saved empty cannot be loaded, but its header is whole: it may be added to.
+  if (working_.total_files == 0) readable_ = Readable::kYes;
+  CheckTableSize(working_, file_bytes_, path);
   entries_.resize(static_cast<size_t>(working_.total_files));
   if (working_.item_size == static_cast<int32_t>(pff::kEntryBytes)) {
     ReadExactly(*file, static_cast<uint32_t>(working_.table_offset), pff::RecordBytes(std::span(entries_)));
@@ -357,28 +375,33 @@ void ClsPFF::SavePffFile() {
 bool ClsPFF::ExtractFile(int32_t number, Bytes& buffer, const std::string& destination) {
   Progress(1);
   RequirePath();
-  const Entry& entry = EntryAt(number);
+  // A copy: a handler of the progress may load another archive.
+  const Entry entry = EntryAt(number);
   const int32_t waiting = FileWaiting(DecodeText(pff::TrimName(pff::NameBytes(entry))));
   Progress(10);
   if (waiting != 0) {
     Progress(50);
-    buffer = queue_[static_cast<size_t>(waiting)].data;
+    buffer = StagedAt(static_cast<size_t>(waiting)).data;
     Progress(65);
   } else {
-    if (entry.length <= 0) Raise(error::kSubscriptOutOfRange);
-    Progress(30);
-    const std::unique_ptr<File> file = platform().files().Open(path_, OpenMode::kRead);
-    const uint64_t offset = static_cast<uint32_t>(entry.offset);
-    if (offset + static_cast<uint64_t>(entry.length) > file->Size()) Raise(error::kInputPastEnd);
-    buffer.resize(static_cast<size_t>(entry.length));
-    ReadExactly(*file, offset, buffer);
-    Progress(50);
+    ReadStored(entry, buffer);
   }
   Progress(80);
   if (!destination.empty()) platform().files().WriteAll(destination, buffer);
   Progress(100);
   Progress(0);
   return true;
+}
+
+void ClsPFF::ReadStored(const Entry& entry, Bytes& buffer) const {
+  if (entry.length <= 0) Raise(error::kSubscriptOutOfRange);
+  Progress(30);
+  const std::unique_ptr<File> file = platform().files().Open(path_, OpenMode::kRead);
+  const uint64_t offset = static_cast<uint32_t>(entry.offset);
+  if (offset + static_cast<uint64_t>(entry.length) > file->Size()) Raise(error::kInputPastEnd);
+  buffer.resize(static_cast<size_t>(entry.length));
+  ReadExactly(*file, offset, buffer);
+  Progress(50);
 }
 
 const Bytes& ClsPFF::FileBuffer(const std::string& path, Bytes& buffer) {
@@ -399,48 +422,87 @@ bool ClsPFF::PackFile(ByteView buffer, const std::string& name) {
   Progress(5);
   RequirePath();
   RequireReadable();
-  const std::string name_bytes = EncodeText(name);
-  if (name_bytes.size() > pff::kNameBytes) RaiseOwn(1032);
-  if (const auto character = FirstUnencodable(name)) {
-    RaiseTold(RuntimeError(error::kInvalidProcedureCall,
-                           "The name '" + name + "' cannot be stored in the archive: it has no character for '" +
-                               *character + "'. Choose a name without it."));
-  }
+  const std::string name_bytes = RequireName(name);
   const int32_t length = LengthOf(buffer);
   Progress(30);
   queue_.emplace_back();
-  Staged& staged = queue_.back();
+  const size_t element = queue_.size() - 1;
   const std::string trimmed = ZTrim(name);
   Entry entry;
   int32_t index = -1;
   if (!PFFFileExists(name, index)) {
-    const int32_t table_offset = AddChecked(working_.table_offset, length);
     index = working_.total_files;
-    if (static_cast<size_t>(index) >= entries_.size()) entries_.resize(static_cast<size_t>(index) + 1);
-    staged.position = kAppend;
-    entry.offset = working_.table_offset;
-    ++working_.total_files;
-    working_.table_offset = table_offset;
-  } else if (const int32_t element = FileWaiting(trimmed); element != 0) {
-    return ReplaceStaged(element, buffer);
+    queue_[element].position = kAppend;
+    entry.offset = AppendEntry(length);
+  } else if (const int32_t waiting = FileWaiting(trimmed); waiting != 0) {
+    return ReplaceStaged(waiting, buffer);
   } else {
     Entry& present = entries_[static_cast<size_t>(index)];
-    staged.position = PlaceExisting(present, length);
+    queue_[element].position = PlaceExisting(present, length);
     entry.offset = present.offset;
   }
+  // From here on handlers of the progress may have changed the archive: what was staged is found by its number.
   Progress(50);
   entry.length = length;
   entry.name = pff::PadName(name_bytes, '\0');
-  entries_[static_cast<size_t>(index)] = entry;
+  EntryAt(index) = entry;
   Progress(60);
-  staged.data.assign(buffer.begin(), buffer.end());
+  StagedAt(element).data.assign(buffer.begin(), buffer.end());
   Progress(100);
-  const bool added = waiting_.emplace(ToLower(trimmed), static_cast<int32_t>(queue_.size() - 1)).second;
+  const bool added = waiting_.emplace(ToLower(trimmed), static_cast<int32_t>(element)).second;
   if (!added) Raise(kKeyAlreadyUsed, "This key is already associated with an element of this collection");
   RunPendingEvents();
   Progress(0);
   edited_ = true;
   return true;
+}
+
+// The bytes of a name that the table can hold.
+std::string ClsPFF::RequireName(const std::string& name) const {
+  std::string bytes = EncodeText(name);
+  if (bytes.size() > pff::kNameBytes) RaiseOwn(1032);
+  if (const auto character = FirstUnencodable(name)) {
+    RaiseTold(RuntimeError(error::kInvalidProcedureCall,
+                           "The name '" + name + "' cannot be stored in the archive: it has no character for '" +
+                               *character + "'. Choose a name without it."));
+  }
+  return bytes;
+}
+
+// Adds an entry whose data is to lie behind all other, and gives the data's offset.
+int32_t ClsPFF::AppendEntry(int32_t length) {
+  const int32_t offset = working_.table_offset;
+  const int32_t table_offset = AddChecked(offset, length);
+  const auto count = static_cast<size_t>(working_.total_files) + 1;
+  if (entries_.size() < count) entries_.resize(count);
+  ++working_.total_files;
+  working_.table_offset = table_offset;
+  return offset;
+}
+
+ClsPFF::Staged& ClsPFF::StagedAt(size_t element) {
+  if (element >= queue_.size()) Raise(error::kSubscriptOutOfRange);
+  return queue_[element];
+}
+
+// The place of an entry is its archive's claim. Writing there must not destroy what makes the archive readable, nor
+// stretch the file.
+void ClsPFF::CheckPlace(const Entry& entry, int32_t length) const {
+  if (length == 0) return;
+  const uint64_t start = static_cast<uint32_t>(entry.offset);
+  const uint64_t end = start + static_cast<uint64_t>(length);
+  const uint64_t table = static_cast<uint32_t>(working_.table_offset);
+  const uint64_t table_end = table + entries_.size() * pff::kEntryBytes + pff::kTrailer.size();
+  if (start < pff::kHeaderBytes) RefusePlace(entry, "over its header");
+  if (end <= table) return;
+  if (start < table_end) RefusePlace(entry, "over its table");
+  if (end > file_bytes_) RefusePlace(entry, "behind its end");
+}
+
+void ClsPFF::RefusePlace(const Entry& entry, const std::string& place) const {
+  const std::string name = DecodeText(pff::TrimName(pff::NameBytes(entry)));
+  RaiseTold(RuntimeError(error::kInvalidFileFormat, "The archive '" + path_ + "' says that '" + name + "' lies " +
+                                                        place + ", so it is left as it is."));
 }
 
 bool ClsPFF::ReplaceStaged(int32_t element, ByteView buffer) {
@@ -456,8 +518,12 @@ bool ClsPFF::ReplaceStaged(int32_t element, ByteView buffer) {
 // Decides where the new data of an entry that is in the file goes, and moves the table when it must. Gives the staged
 // position.
 int32_t ClsPFF::PlaceExisting(Entry& entry, int32_t length) {
-  if (entry.length >= length) return AddChecked(entry.offset, 1);
-  if (int64_t{entry.offset} + entry.length == working_.table_offset) {
+  if (entry.length >= length) {
+    CheckPlace(entry, length);
+    return AddChecked(entry.offset, 1);
+  }
+  if (entry.length >= 0 && int64_t{entry.offset} + entry.length == working_.table_offset) {
+    CheckPlace(entry, entry.length);
     const int32_t position = AddChecked(entry.offset, 1);
     working_.table_offset = AddChecked(working_.table_offset, length - entry.length);
     return position;
@@ -481,6 +547,9 @@ int32_t ClsPFF::FileWaiting(std::string_view name) const {
 }
 
 bool ClsPFF::PFFFileExists(std::string_view name, int32_t& index) const {
+  index = -1;
+  // Encoded, such a name would be found under its question marks.
+  if (FirstUnencodable(name)) return false;
   const pff::NameMatcher matcher(EncodeText(name));
   const size_t count = std::min(entries_.size(), static_cast<size_t>(std::max(working_.total_files, 0)));
   const auto end = entries_.begin() + static_cast<std::ptrdiff_t>(count);

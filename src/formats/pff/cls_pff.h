@@ -10,7 +10,8 @@
 //   1034 "This additional information is too big for this kind of PFF file."
 //   1035 "You cannot change the file name of an existsing file. First Create a new pff file!"
 // and standard errors: 5 for a name that the code page cannot hold, 6 past 2 GB, 9 for an entry that does not exist,
-// 62 for data that lies outside the file, 321 for changing an archive that could not be read, the file layer's own.
+// 62 for data that lies outside the file, 321 for changing an archive that could not be read or for writing where an
+// entry claims a place over the header, over the table or behind the end, and the file layer's own.
 #pragma once
 
 #include <cstdint>
@@ -112,11 +113,17 @@ class ClsPFF final : public TableObject {
   [[noreturn]] void RaiseTold(const RuntimeError& failure) const;
   void RequirePath() const;
   void RequireReadable() const;
+  [[nodiscard]] std::string RequireName(const std::string& name) const;
   void ReadTable(const std::string& path);
+  void ReadStored(const pff::Entry& entry, Bytes& buffer) const;
   [[nodiscard]] size_t Resolve(Index index);
   [[nodiscard]] pff::Entry& EntryAt(Index index) { return entries_[Resolve(index)]; }
   [[nodiscard]] bool ReplaceStaged(int32_t element, ByteView buffer);
   [[nodiscard]] int32_t PlaceExisting(pff::Entry& entry, int32_t length);
+  [[nodiscard]] int32_t AppendEntry(int32_t length);
+  [[nodiscard]] Staged& StagedAt(size_t element);
+  void CheckPlace(const pff::Entry& entry, int32_t length) const;
+  [[noreturn]] void RefusePlace(const pff::Entry& entry, const std::string& place) const;
   void Reset(const std::string& path);
 
   std::vector<pff::Entry> entries_;
@@ -128,6 +135,7 @@ class ClsPFF final : public TableObject {
   std::vector<Staged> queue_ = std::vector<Staged>(1);  // element 0 is never used
   std::map<std::string, int32_t> waiting_;              // queue element by lower-case trimmed name
   int32_t item_info_size_ = 0;
+  uint64_t file_bytes_ = 0;  // of the archive when it was loaded
   Readable readable_ = Readable::kYes;
 };
 
