@@ -24,7 +24,7 @@ namespace kestrun {
 // Runs a command line in a folder; true when it succeeds.
 [[nodiscard]] inline bool RunIn(std::string folder, const std::string& command) {
   std::replace(folder.begin(), folder.end(), '\\', '/');
-  return std::system(("cd " + ShellWord(folder) + " && { " + command + "; } >/dev/null 2>&1").c_str()) == 0;
+  return std::system(("cd " + ShellWord(folder) + " && {\n" + command + "\n} >/dev/null 2>&1").c_str()) == 0;
 }
 
 }  // namespace kestrun

@@ -6,7 +6,7 @@
 #include "base/code_page.h"
 #include "base/member_rows.h"
 #include "base/number.h"
-#include "formats/zip/cls_crc32.h"
+#include "formats/zip/crc32.h"
 #include "formats/zip/zip_layout.h"
 
 namespace kestrun {
@@ -15,14 +15,12 @@ namespace {
 constexpr std::array<uint32_t, 3> kFirstKeys{0x12345678, 0x23456789, 0x34567890};
 constexpr uint32_t kMultiplier = 134775813;
 
-uint32_t NextCrc(uint32_t crc, uint8_t byte) { return (crc >> 8) ^ Cls_CRC32::GetcrcTable((crc ^ byte) & 255); }
-
 }  // namespace
 
 void Cls_Encrypt::UpdateKeys(uint8_t plain) {
-  keys_[0] = NextCrc(keys_[0], plain);
+  keys_[0] = crc32::Next(keys_[0], plain);
   keys_[1] = (keys_[1] + (keys_[0] & 255)) * kMultiplier + 1;
-  keys_[2] = NextCrc(keys_[2], static_cast<uint8_t>(keys_[1] >> 24));
+  keys_[2] = crc32::Next(keys_[2], static_cast<uint8_t>(keys_[1] >> 24));
 }
 
 uint8_t Cls_Encrypt::NextKeyByte() const {

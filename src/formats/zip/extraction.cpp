@@ -6,9 +6,18 @@
 
 #include "base/code_page.h"
 #include "formats/zip/mod_disk_io.h"
+#include "formats/zip/mod_inflate64.h"
+#include "formats/zip/reduce.h"
 #include "platform/platform.h"
 
 namespace kestrun::zip {
+namespace {
+
+// How the decompression routines are told the announced size.
+int64_t LastByte(const Item& item) { return int64_t{item.uncompressed_size} - 1; }
+
+}  // namespace
+
 Extraction::Extraction(const std::string& path, std::shared_ptr<const Directory> directory, std::string destination)
     : directory_(std::move(directory)),
       destination_(std::move(destination)),
@@ -82,7 +91,10 @@ void Extraction::Expand(const Item& item) {
     case 4:
     case 5:
       // What comes out stays in memory: a reduced member gives no file.
+      status_ = static_cast<int16_t>(Reduce(data_, item.method, LastByte(item), reduced_));
       return;
+    case 8:
+    case 9: Inflate(data_, LastByte(item), item.method == 9); return Write(item);
     default: return;
   }
 }

@@ -43,6 +43,7 @@ class Extraction {
   std::unique_ptr<File> file_;
   // Not shared between extractions: a box can let events in that extract another member.
   Bytes data_;
+  Bytes reduced_;  // what the last reduced member holds
   std::string password_;
   Ref<Cls_Encrypt> cipher_ = MakeRef<Cls_Encrypt>();
   Cls_CRC32 checksum_;
