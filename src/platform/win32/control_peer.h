@@ -43,6 +43,17 @@ class ControlPeer {
     static_cast<void>(area);
   }
 
+  // What controls that paint themselves ask for; see FormPeer.
+  virtual void ShowPopup(const PixelRect& screen_area, std::function<void(Canvas&)> paint) {
+    static_cast<void>(screen_area);
+    static_cast<void>(paint);
+  }
+  virtual void HidePopup() {}
+  virtual void TellAccessibility(AccessibleEvent event, int child) {
+    static_cast<void>(event);
+    static_cast<void>(child);
+  }
+
   // The control's place in its container, in pixels.
   [[nodiscard]] RECT Area() const;
 

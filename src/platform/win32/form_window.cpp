@@ -250,6 +250,19 @@ HWND FormWindow::ContainerWindow(const Control& control) const {
   return peer && peer->window() ? peer->window() : window();
 }
 
+PixelPoint FormWindow::ScreenPosition(const Control& control) const {
+  const ControlPeer* peer = PeerOf(control);
+  POINT place{};
+  if (peer && !peer->window()) place = {peer->Area().left, peer->Area().top};
+  ClientToScreen(peer && peer->window() ? peer->window() : ContainerWindow(control), &place);
+  return {place.x, place.y};
+}
+
+PixelRect FormWindow::ScreenArea() const {
+  const RECT work = WorkArea(window());
+  return {work.left, work.top, work.right, work.bottom};
+}
+
 HFONT FormWindow::FontFor(const FontDescription& font) {
   FontHandle& made = fonts_[FontKey(font)];
   if (!made.IsValid()) made = MakeFont(font, scale_);

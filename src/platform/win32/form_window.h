@@ -44,6 +44,11 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   // The window that a control's container has.
   [[nodiscard]] HWND ContainerWindow(const Control& control) const;
 
+  // The top left corner on the desktop of what the control paints.
+  [[nodiscard]] PixelPoint ScreenPosition(const Control& control) const;
+  // The work area of the form's screen.
+  [[nodiscard]] PixelRect ScreenArea() const;
+
   // Shared by all peers of the form; valid until its scale changes.
   [[nodiscard]] HFONT FontFor(const FontDescription& font);
   [[nodiscard]] HBRUSH BrushFor(Color color);

@@ -15,6 +15,7 @@ class Win32Windowing final : public Windowing {
   void Quit() override;
   [[nodiscard]] ScreenSize Screen() override;
   [[nodiscard]] int TextWidth(std::string_view text, const FontDescription& font) override;
+  [[nodiscard]] PixelSize MeasureText(std::string_view text, const FontDescription& font, int dpi) override;
 };
 
 }  // namespace kestrun
