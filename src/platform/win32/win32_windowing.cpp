@@ -120,14 +120,11 @@ int Win32Windowing::TextWidth(std::string_view text, const FontDescription& font
 }
 
 PixelSize Win32Windowing::MeasureText(std::string_view text, const FontDescription& font, int dpi) {
-  const FontHandle handle = MakeFont(font, ScreenScale(dpi));
-  const MemoryDevice device(CreateCompatibleDC(nullptr));
-  const HGDIOBJ previous = SelectObject(device.get(), handle.get());
-  const std::wstring wide = ToWide(text);
-  SIZE size{};
-  GetTextExtentPoint32W(device.get(), wide.data(), static_cast<int>(wide.size()), &size);
-  SelectObject(device.get(), previous);
-  return {size.cx, size.cy};
+  if (!measuring_.IsValid()) measuring_.Reset(CreateCompatibleDC(nullptr));
+  const HGDIOBJ previous = SelectObject(measuring_.get(), fonts_.Get(font, dpi));
+  const PixelSize size = MeasureLine(measuring_.get(), text);
+  SelectObject(measuring_.get(), previous);
+  return size;
 }
 
 }  // namespace kestrun
