@@ -403,7 +403,9 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
     case WM_SYSCOLORCHANGE:
       brushes_.clear();
       InvalidateRect(window(), nullptr, TRUE);
+      for (const auto& peer : peers_) peer->Repaint();
       return false;
+    case WM_MOUSEWHEEL: return PassWheel(first, second);
     default: return false;
   }
 }
@@ -460,6 +462,11 @@ bool FormWindow::HandleCommand(WPARAM first, LPARAM second) {
   ControlPeer* peer = PeerOf(reinterpret_cast<HWND>(second));
   if (peer) peer->Notify(HIWORD(first));
   return peer != nullptr;
+}
+
+bool FormWindow::PassWheel(WPARAM first, LPARAM second) {
+  ControlPeer* peer = PeerOf(WindowFromPoint(MessagePlace(second)));
+  return peer && peer->TakeWheel(first);
 }
 
 Control* FormWindow::DrawnControlAt(Control& container, POINT place) const {

@@ -58,6 +58,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   bool HandleContainerMessage(HWND window, Control& container, UINT message, WPARAM first, LPARAM second,
                               LRESULT& result);
   [[nodiscard]] bool ChooseMenuCommand(int command);
+  // Gives a turn of the wheel to the control under the mouse; false when there is none that takes it.
+  bool PassWheel(WPARAM first, LPARAM second);
 
   // The open window that holds the given one; null when it is no form's.
   [[nodiscard]] static FormWindow* Find(HWND window);
