@@ -14,9 +14,11 @@
 #include "forms/option_button.h"
 #include "forms/picture_box.h"
 #include "forms/text_box.h"
+#include "forms/user_control.h"
 #include "platform/platform.h"
 #include "platform/win32/control_peer.h"
 #include "platform/win32/panel_peer.h"
+#include "platform/win32/user_control_peer.h"
 #include "platform/win32/wide_text.h"
 
 namespace kestrun {
@@ -325,7 +327,8 @@ std::unique_ptr<ControlPeer> MakeControlPeer(FormWindow& form, Control& control)
   const std::string type = control.TypeName();
   const auto* row = std::find_if(kPeers.begin(), kPeers.end(),
                                  [&type](const PeerRow& candidate) { return candidate.type_name == type; });
-  return row == kPeers.end() ? nullptr : row->make(form, control);
+  if (row != kPeers.end()) return row->make(form, control);
+  return dynamic_cast<UserControl*>(&control) ? std::make_unique<UserControlPeer>(form, control) : nullptr;
 }
 
 }  // namespace kestrun

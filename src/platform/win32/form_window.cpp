@@ -250,6 +250,19 @@ HWND FormWindow::ContainerWindow(const Control& control) const {
   return peer && peer->window() ? peer->window() : window();
 }
 
+PixelPoint FormWindow::ScreenPosition(const Control& control) const {
+  const ControlPeer* peer = PeerOf(control);
+  POINT place{};
+  if (peer && !peer->window()) place = {peer->Area().left, peer->Area().top};
+  ClientToScreen(peer && peer->window() ? peer->window() : ContainerWindow(control), &place);
+  return {place.x, place.y};
+}
+
+PixelRect FormWindow::ScreenArea() const {
+  const RECT work = WorkArea(window());
+  return {work.left, work.top, work.right, work.bottom};
+}
+
 HFONT FormWindow::FontFor(const FontDescription& font) {
   FontHandle& made = fonts_[FontKey(font)];
   if (!made.IsValid()) made = MakeFont(font, scale_);
@@ -390,7 +403,9 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
     case WM_SYSCOLORCHANGE:
       brushes_.clear();
       InvalidateRect(window(), nullptr, TRUE);
+      for (const auto& peer : peers_) peer->Repaint();
       return false;
+    case WM_MOUSEWHEEL: return PassWheel(first, second);
     default: return false;
   }
 }
@@ -447,6 +462,11 @@ bool FormWindow::HandleCommand(WPARAM first, LPARAM second) {
   ControlPeer* peer = PeerOf(reinterpret_cast<HWND>(second));
   if (peer) peer->Notify(HIWORD(first));
   return peer != nullptr;
+}
+
+bool FormWindow::PassWheel(WPARAM first, LPARAM second) {
+  ControlPeer* peer = PeerOf(WindowFromPoint(MessagePlace(second)));
+  return peer && peer->TakeWheel(first);
 }
 
 Control* FormWindow::DrawnControlAt(Control& container, POINT place) const {

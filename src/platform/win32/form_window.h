@@ -44,6 +44,11 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   // The window that a control's container has.
   [[nodiscard]] HWND ContainerWindow(const Control& control) const;
 
+  // The top left corner on the desktop of what the control paints.
+  [[nodiscard]] PixelPoint ScreenPosition(const Control& control) const;
+  // The work area of the form's screen.
+  [[nodiscard]] PixelRect ScreenArea() const;
+
   // Shared by all peers of the form; valid until its scale changes.
   [[nodiscard]] HFONT FontFor(const FontDescription& font);
   [[nodiscard]] HBRUSH BrushFor(Color color);
@@ -53,6 +58,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   bool HandleContainerMessage(HWND window, Control& container, UINT message, WPARAM first, LPARAM second,
                               LRESULT& result);
   [[nodiscard]] bool ChooseMenuCommand(int command);
+  // Gives a turn of the wheel to the control under the mouse; false when there is none that takes it.
+  bool PassWheel(WPARAM first, LPARAM second);
 
   // The open window that holds the given one; null when it is no form's.
   [[nodiscard]] static FormWindow* Find(HWND window);

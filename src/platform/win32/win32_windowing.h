@@ -1,6 +1,7 @@
 // Forms on the Windows desktop.
 #pragma once
 
+#include "platform/win32/gdi_canvas.h"
 #include "platform/windowing.h"
 
 namespace kestrun {
@@ -15,6 +16,11 @@ class Win32Windowing final : public Windowing {
   void Quit() override;
   [[nodiscard]] ScreenSize Screen() override;
   [[nodiscard]] int TextWidth(std::string_view text, const FontDescription& font) override;
+  [[nodiscard]] PixelSize MeasureText(std::string_view text, const FontDescription& font, int dpi) override;
+
+ private:
+  FontCache fonts_;
+  MemoryDevice measuring_;
 };
 
 }  // namespace kestrun
