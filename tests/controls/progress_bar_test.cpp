@@ -123,9 +123,17 @@ TEST_F(ProgressBarTest, ResizingLaysTheLabelsOutAndDraws) {
 }
 
 TEST_F(ProgressBarTest, ResizingCountsTheTwipsOfTheScreensPixels) {
-  desktop.windowing().screen.twips_per_pixel = 10;
+  desktop.windowing().screen.twips_per_pixel = 12;
   FontDescription font;
-  font.size_points = 12;
+  font.size_points = 10;
+  bar.Font = font;
+  EXPECT_EQ(bar.LblPercent.Height, 240);
+}
+
+TEST_F(ProgressBarTest, TheTextIsNotCutOnAFineScreen) {
+  desktop.windowing().screen.twips_per_pixel = 6;
+  FontDescription font;
+  font.size_points = 10;
   bar.Font = font;
   EXPECT_EQ(bar.LblPercent.Height, 240);
 }
@@ -235,6 +243,12 @@ TEST_F(ProgressBarTest, TheLabelsAreTheBarsOwnAndNotTheForms) {
   const std::vector<Control*> order{&bar, &bar.lbl, &bar.LblPercent};
   EXPECT_EQ(form->StackingOrder(), order);
   EXPECT_EQ(bar.lbl.Container(), &bar);
+}
+
+TEST_F(ProgressBarTest, ALabelKeepsItsPlaceInTheBar) {
+  bar.LblPercent.ZOrder(1);
+  const std::vector<Control*> order{&bar, &bar.lbl, &bar.LblPercent};
+  EXPECT_EQ(form->StackingOrder(), order);
 }
 
 TEST_F(ProgressBarTest, TheLabelsGoWithTheirBar) {

@@ -16,6 +16,9 @@ constexpr Color kDefaultProgressColor = 0xFF0000;
 constexpr Color kWrittenForeColor = color::kWhite;
 constexpr Color kReadForeColor = color::kBlack;
 
+// A line of text is a fifth higher than the font's size, which is 20 twips a point.
+constexpr double kLineTwipsPerPoint = 24;
+
 constexpr Member kRows[]{
     PropertyRow<&ProgressBar::Value>("Value"),
     PropertyRow<&ProgressBar::Progresscolor>("Progresscolor"),
@@ -34,6 +37,12 @@ const MemberTable kTable{&Control::kControlMembers, kRows};
 int Twips(double value) {
   constexpr double kMost = std::numeric_limits<int>::max();
   return static_cast<int>(RoundToEven(std::clamp(value, 0.0, kMost)));
+}
+
+// As many pixels as twice the font's size; where pixels are so fine that this would cut the text, one line of it.
+int TextHeight(double size_points) {
+  const int twips_per_pixel = platform().windowing().Screen().twips_per_pixel;
+  return Twips(size_points * std::max<double>(2 * twips_per_pixel, kLineTwipsPerPoint));
 }
 
 std::string PercentText(double share) { return " " + ToText(Variant(RoundToEven(share * 100) + 0.0)) + "% "; }
@@ -57,7 +66,7 @@ void ProgressBar::Resized() {
   lbl.Left = 0;
   lbl.Top = 0;
   lbl.Height = Height.get();
-  LblPercent.Height = Twips(Font->size_points * 2 * platform().windowing().Screen().twips_per_pixel);
+  LblPercent.Height = TextHeight(Font->size_points);
   LblPercent.Left = 0;
   LblPercent.Width = Width.get();
   LblPercent.Top = static_cast<int>(RoundToEven(Height / 2.0 - LblPercent.Height / 2.0));
