@@ -167,6 +167,48 @@ TEST_F(Win32UserControlTest, TextIsSeen) {
   EXPECT_GT(lit(), some);
 }
 
+TEST_F(Win32UserControlTest, OfAVeryLongTextTheSidePaintsThatItIsAlignedTo) {
+  const std::string filler(100000, 'i');
+  std::string two_bytes;
+  for (int letter = 0; letter < 50001; ++letter) two_bytes += "Ж";
+  const auto paint = [this](const std::string& text, TextPlacement placement) {
+    sample().on_paint = [&](Canvas& canvas) { canvas.Text(text, {0, 50, 200, 100}, {}, color::kWhite, placement); };
+    sample().Invalidate();
+    Pump();
+    sample().on_paint = nullptr;
+  };
+  const auto pixels = [](int from, int to) {
+    std::vector<Color> row;
+    for (int x = from; x < to; ++x) {
+      for (int y = 60; y < 90; ++y) row.push_back(PixelAt(Handle(), x, y));
+    }
+    return row;
+  };
+  paint("WAVE", TextPlacement::kLeft);
+  const auto at_left = pixels(0, 20);
+  paint("WAVE" + filler, TextPlacement::kLeft);
+  EXPECT_EQ(pixels(0, 20), at_left);
+  paint("WAVE", TextPlacement::kRight);
+  const auto at_right = pixels(180, 200);
+  paint(filler + "WAVE", TextPlacement::kRight);
+  EXPECT_EQ(pixels(180, 200), at_right);
+  paint("I", TextPlacement::kCenter);
+  EXPECT_NE(pixels(95, 105), std::vector<Color>(300, kSampleBackground));
+  EXPECT_EQ(pixels(0, 90), std::vector<Color>(2700, kSampleBackground));
+  // Cut at any byte: no half of a letter is shown as a mark of its own.
+  paint("Ж", TextPlacement::kLeft);
+  const int step = sample().MeasureText("ЖЖ", {}).width / 2;
+  const auto letter = pixels(0, step);
+  paint(two_bytes, TextPlacement::kLeft);
+  EXPECT_EQ(pixels(0, step), letter);
+  paint(two_bytes, TextPlacement::kRight);
+  const auto last = pixels(200 - step, 200);
+  paint("x" + two_bytes, TextPlacement::kRight);
+  EXPECT_EQ(pixels(200 - step, 200), last);
+  paint("x" + two_bytes, TextPlacement::kCenter);
+  EXPECT_NE(pixels(95, 105), std::vector<Color>(300, kSampleBackground));
+}
+
 TEST_F(Win32UserControlTest, AlignsFramesClipsAndMarksTheFocus) {
   const auto count = [](int from, int to) {
     int lit = 0;
@@ -224,6 +266,7 @@ TEST_F(Win32UserControlTest, TextIsMeasuredTheSameInAndOutsideOfPaint) {
   EXPECT_GT(inside.width, 20);
   EXPECT_EQ(sample().MeasureText("Wide Ж", font), inside);
   EXPECT_EQ(sample().MeasureText("", font), (PixelSize{0, inside.height}));
+  EXPECT_EQ(sample().MeasureText("a\r\tb", font), sample().MeasureText("a  b", font));
 }
 
 TEST_F(Win32UserControlTest, APaintMayCloseItsOwnForm) {
@@ -234,6 +277,30 @@ TEST_F(Win32UserControlTest, APaintMayCloseItsOwnForm) {
   sample().Invalidate();
   Pump();
   EXPECT_EQ(LoadedWindow(frmsamples::kName), nullptr);
+}
+
+TEST_F(Win32UserControlTest, AFailingPaintIsReportedOnce) {
+  int boxes = 0;
+  const TimerId timer = platform.clock().StartTimer(10, [&boxes] {
+    const HWND box = FindWindowW(L"#32770", nullptr);
+    if (!box || !IsWindowVisible(box)) return;
+    ++boxes;
+    SendMessageW(box, WM_COMMAND, IDOK, 0);
+  });
+  sample().on_paint = [](Canvas&) { Raise(error::kTypeMismatch); };
+  sample().Invalidate();
+  Pump();
+  Pump();
+  platform.clock().StopTimer(timer);
+  EXPECT_EQ(boxes, 1);
+  EXPECT_EQ(PixelAt(Handle(), 150, 10), kSampleBackground);
+}
+
+TEST_F(Win32UserControlTest, PaintsAnewWhenTheSystemsColoursChange) {
+  const int before = sample().paints;
+  SendMessageW(window().window(), WM_SYSCOLORCHANGE, 0, 0);
+  Pump();
+  EXPECT_EQ(sample().paints, before + 1);
 }
 
 // ---- size and frame ------------------------------------------------------------------------------------------------
@@ -379,6 +446,22 @@ TEST_F(Win32UserControlTest, AHandlerSeesAKeyFirstAndMaySwallowIt) {
 TEST_F(Win32UserControlTest, ArrowsReachItOnce) {
   PressKey(VK_DOWN);
   EXPECT_THAT(Log(), ElementsAre("key 40 0"));
+}
+
+TEST_F(Win32UserControlTest, TheKeysOfPopUpMenusReachIt) {
+  sample().taken_key = VK_F10;
+  SetFocus(Handle());
+  Pump();
+  sample().log.clear();
+  Send(WM_KEYDOWN, VK_APPS, 1);
+  BYTE keys[256] = {};
+  GetKeyboardState(keys);
+  keys[VK_SHIFT] = 0x80;
+  SetKeyboardState(keys);
+  Send(WM_SYSKEYDOWN, VK_F10, 1);
+  keys[VK_SHIFT] = 0;
+  SetKeyboardState(keys);
+  EXPECT_THAT(Log(), ElementsAre("key 93 0", "key 121 1"));
 }
 
 TEST_F(Win32UserControlTest, CharactersArriveWhole) {
