@@ -405,7 +405,6 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
       InvalidateRect(window(), nullptr, TRUE);
       for (const auto& peer : peers_) peer->Repaint();
       return false;
-    case WM_MOUSEWHEEL: return PassWheel(first, second);
     default: return false;
   }
 }

@@ -25,6 +25,14 @@ std::string_view VisiblePart(std::string_view text, int width, TextPlacement pla
   return text.substr(from, to - from);
 }
 
+// One line: characters that would break it or jump are blanks.
+std::wstring ToLine(std::string_view text) {
+  std::wstring line = ToWide(text);
+  std::replace_if(
+      line.begin(), line.end(), [](wchar_t unit) { return unit < L' '; }, L' ');
+  return line;
+}
+
 }  // namespace
 
 // ---- fonts and the bitmap ------------------------------------------------------------------------------------------
@@ -40,7 +48,7 @@ HFONT FontCache::Get(const FontDescription& font, int dpi) {
 }
 
 PixelSize MeasureLine(HDC device, std::string_view text) {
-  const std::wstring wide = ToWide(text);
+  const std::wstring wide = ToLine(text);
   SIZE size{};
   GetTextExtentPoint32W(device, wide.data(), static_cast<int>(wide.size()), &size);
   if (!text.empty()) return {size.cx, size.cy};
@@ -107,15 +115,18 @@ void GdiCanvas::FocusRectangle(const PixelRect& area) {
 void GdiCanvas::Text(std::string_view text, const PixelRect& area, const FontDescription& font, Color color,
                      TextPlacement placement) {
   if (text.empty() || area.IsEmpty()) return;
-  RECT place = ToRect(area);
-  const std::wstring wide = ToWide(VisiblePart(text, area.width(), placement));
-  const UINT aligned = placement == TextPlacement::kRight    ? DT_RIGHT
-                       : placement == TextPlacement::kCenter ? DT_CENTER
-                                                             : DT_LEFT;
+  const std::wstring line = ToLine(VisiblePart(text, area.width(), placement));
+  const auto length = static_cast<UINT>(line.size());
   SelectObject(target_, fonts_.Get(font, dpi_));
   SetTextColor(target_, ToColorRef(color));
-  DrawTextW(target_, wide.data(), static_cast<int>(wide.size()), &place,
-            aligned | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+  SIZE size{};
+  GetTextExtentPoint32W(target_, line.data(), static_cast<int>(length), &size);
+  const int room = area.width() - static_cast<int>(size.cx);  // below 0 for a text that is cut
+  const int before = placement == TextPlacement::kRight ? room : placement == TextPlacement::kCenter ? room / 2 : 0;
+  const RECT place = ToRect(area);
+  // Drawn directly: the system's call for aligned text takes no more than some hundred characters everywhere.
+  ExtTextOutW(target_, area.left + before, area.top + (area.height() - static_cast<int>(size.cy)) / 2, ETO_CLIPPED,
+              &place, line.data(), length, nullptr);
 }
 
 PixelSize GdiCanvas::MeasureText(std::string_view text, const FontDescription& font) {

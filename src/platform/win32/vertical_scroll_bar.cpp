@@ -12,6 +12,12 @@ decltype(kFunction) FindFlatCall(const char* name) {
       reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"comctl32.dll"), name)));
 }
 
+// The flat calls do what the plain ones do for a window whose bar is not flat.
+template <class Flat, class Plain>
+auto FlatOrPlain(Flat flat, Plain plain) {
+  return [flat, plain](auto... arguments) { return flat ? flat(arguments...) : plain(arguments...); };
+}
+
 SCROLLINFO InfoOf(const ScrollBarState& state) {
   const int page = std::max(state.page, 1);
   SCROLLINFO info{};
@@ -42,24 +48,19 @@ void VerticalScrollBar::Show(HWND window, const ScrollBarState& state) {
   const ScrollBarState before = shown_;
   shown_ = state;
   if (state.flat != before.flat) SetFlat(window, state.flat);
-  // The flat calls do what the plain ones do for a window whose bar is not flat.
-  static const auto set_info = FindFlatCall<&FlatSB_SetScrollInfo>("FlatSB_SetScrollInfo");
+  static const auto set_info = FlatOrPlain(FindFlatCall<&FlatSB_SetScrollInfo>("FlatSB_SetScrollInfo"), &SetScrollInfo);
+  static const auto show = FlatOrPlain(FindFlatCall<&FlatSB_ShowScrollBar>("FlatSB_ShowScrollBar"), &ShowScrollBar);
   SCROLLINFO info = InfoOf(state);
-  if (state.visible) {
-    if (set_info && state.flat) {
-      set_info(window, SB_VERT, &info, TRUE);
-    } else {
-      SetScrollInfo(window, SB_VERT, &info, TRUE);
-    }
-  }
-  if (state.visible != before.visible) ShowScrollBar(window, SB_VERT, state.visible);
+  if (state.visible) set_info(window, SB_VERT, &info, TRUE);
+  if (state.visible != before.visible) show(window, SB_VERT, state.visible);
 }
 
 std::optional<int> VerticalScrollBar::PositionOf(HWND window, WPARAM first) const {
   SCROLLINFO info{};
   info.cbSize = sizeof info;
   info.fMask = SIF_TRACKPOS;
-  GetScrollInfo(window, SB_VERT, &info);
+  static const auto get_info = FlatOrPlain(FindFlatCall<&FlatSB_GetScrollInfo>("FlatSB_GetScrollInfo"), &GetScrollInfo);
+  get_info(window, SB_VERT, &info);
   const int page = std::max(shown_.page, 1);
   int position = shown_.position;
   switch (LOWORD(first)) {

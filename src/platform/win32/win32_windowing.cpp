@@ -38,9 +38,11 @@ class Win32FormPeer final : public FormPeer {
 };
 
 bool FilterMessage(MSG& message) {
-  if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
+  const bool is_key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+  if (!is_key && message.message != WM_MOUSEWHEEL) return false;
   FormWindow* form_window = FormWindow::Find(message.hwnd);
-  return form_window && HandleKeyMessage(*form_window, message);
+  if (!form_window) return false;
+  return is_key ? HandleKeyMessage(*form_window, message) : form_window->PassWheel(message.wParam, message.lParam);
 }
 
 // While it lives all open forms but one take no input.
