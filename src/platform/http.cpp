@@ -36,6 +36,19 @@ std::string_view CharsetOf(std::string_view content_type) {
 
 bool IsUtf8(std::string_view charset) { return EqualsNoCase(charset, "utf-8") || EqualsNoCase(charset, "utf8"); }
 
+bool IsToken(std::string_view text) {
+  static constexpr std::string_view kSigns = "!#$%&'*+-.^_`|~";
+  const auto belongs = [](char c) {
+    const char lower = static_cast<char>(c | 0x20);
+    return (lower >= 'a' && lower <= 'z') || (c >= '0' && c <= '9') || kSigns.find(c) != std::string_view::npos;
+  };
+  return !text.empty() && std::all_of(text.begin(), text.end(), belongs);
+}
+
+bool HasControls(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 32 || c == 127; });
+}
+
 }  // namespace
 
 std::optional<std::string> HttpResponse::Header(std::string_view name) const {
@@ -54,10 +67,14 @@ std::string ResponseText(const HttpResponse& response) {
 
 std::optional<HttpHeader> ParseHeaderLine(std::string_view line) {
   const size_t colon = line.find(':');
-  if (colon == 0 || colon == std::string_view::npos) return std::nullopt;
-  const std::string_view name = line.substr(0, colon);
-  if (name.find_first_of(kBlanks) != std::string_view::npos) return std::nullopt;
-  return HttpHeader{std::string(name), DecodeText(WithoutBlanks(line.substr(colon + 1)))};
+  if (colon == std::string_view::npos || !IsToken(line.substr(0, colon))) return std::nullopt;
+  return HttpHeader{std::string(line.substr(0, colon)), std::string(WithoutBlanks(line.substr(colon + 1)))};
+}
+
+bool IsWellFormed(const HttpRequest& request) {
+  return IsToken(request.method) && !HasControls(request.url) &&
+         std::all_of(request.headers.begin(), request.headers.end(),
+                     [](const HttpHeader& header) { return IsToken(header.name) && !HasControls(header.value); });
 }
 
 bool HasNoBody(std::string_view method, int status) {

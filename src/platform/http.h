@@ -46,9 +46,13 @@ struct HttpResponse {
 // The body as UTF-8 text, read by the charset of Content-Type: UTF-8 where it says so, the code page everywhere else.
 [[nodiscard]] std::string ResponseText(const HttpResponse& response);
 
-// One "Name: value" line of a head, code page bytes, without blanks around the value; nothing when it is none: no
-// colon, an empty name, or a blank in the name.
+// One "Name: value" line of a head, without blanks around the value; nothing when it is none: no colon, or a name that
+// is no token.
 [[nodiscard]] std::optional<HttpHeader> ParseHeaderLine(std::string_view line);
+
+// True when the method and the header names are tokens (RFC 9110, 5.6.2) and neither the values nor the URL hold
+// control characters: what is sent can be read in one way only.
+[[nodiscard]] bool IsWellFormed(const HttpRequest& request);
 
 // True when this answer has no body whatever its headers say: to HEAD, and with 1xx, 204 or 304.
 [[nodiscard]] bool HasNoBody(std::string_view method, int status);

@@ -44,7 +44,7 @@ class Internet {
   [[nodiscard]] virtual int DownloadToFile(std::string_view url, std::string_view path) = 0;
   // One request, whose answer is awaited here: redirects are followed, time-outs are the service's own. Any status is
   // an answer. Nothing on every failure: no connection, a bad URL, a time-out, a response that is cut off, malformed or
-  // larger than kMostResponseBytes. Never raises on its own account; what `on_event` raises passes through.
+  // larger than kMostResponseBytes, a fault in `on_event`. Never raises.
   [[nodiscard]] virtual std::optional<HttpResponse> Send(const HttpRequest& request) = 0;
 };
 
