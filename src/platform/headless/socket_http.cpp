@@ -14,13 +14,13 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "platform/headless/file_descriptor.h"
+#include "platform/http_redirect.h"
 
 namespace kestrun {
 namespace {
 
 constexpr int kConnectMs = 60000;
 constexpr int kTransferMs = 30000;
-constexpr int kMostRedirects = 10;
 constexpr std::string_view kScheme = "http://";
 
 [[noreturn]] void Refuse(const char* why) { Raise(error::kAutomationError, why); }
@@ -64,17 +64,6 @@ Target ParseUrl(std::string_view url) {
     Refuse("The URL names no server.");
   }
   return target;
-}
-
-// Where a redirect leads, seen from the page that sent it (RFC 3986, 5.2, without "." and "..").
-std::string ResolveLocation(const Target& from, const std::string& location) {
-  if (location.find("://") != std::string::npos) return location;
-  if (StartsWith(location, "//")) return "http:" + location;
-  const std::string site = std::string(kScheme) + from.authority;
-  if (StartsWith(location, "/")) return site + location;
-  const std::string path = from.resource.substr(0, from.resource.find('?'));
-  if (StartsWith(location, "?")) return site + path + location;
-  return site + path.substr(0, path.rfind('/') + 1) + location;
 }
 
 void WaitFor(const FileDescriptor& socket, short events, int limit_ms) {
@@ -143,44 +132,20 @@ std::string RequestHead(const HttpRequest& request, const Target& target) {
   return head + "\r\n";
 }
 
-HttpResponse SendOnce(const HttpRequest& request, const Target& target) {
+HttpResponse SendOnce(const HttpRequest& request) {
+  if (!IsWellFormed(request)) Refuse("The request is malformed.");
+  const Target target = ParseUrl(request.url);
   const FileDescriptor socket = Connect(target);
   if (SendAll(socket, RequestHead(request, target))) static_cast<void>(SendAll(socket, AsChars(request.body)));
   return ReadHttpResponse(
       request.method, [&socket](std::span<char> buffer) { return Receive(socket, buffer); }, request.on_event);
 }
 
-bool IsRedirect(int status) {
-  return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
-}
-
-// The request that a redirect asks for: a form that was posted is not posted again, but for 307 and 308.
-HttpRequest Redirected(HttpRequest request, int status, std::string url) {
-  request.url = std::move(url);
-  if (status == 307 || status == 308 || request.method == "GET" || request.method == "HEAD") return request;
-  request.method = "GET";
-  request.body = {};
-  std::erase_if(request.headers, [](const HttpHeader& header) { return EqualsNoCase(header.name, "Content-Type"); });
-  return request;
-}
-
-HttpResponse SendAndFollow(HttpRequest request) {
-  for (int redirects = 0; redirects <= kMostRedirects; ++redirects) {
-    if (!IsWellFormed(request)) Refuse("The request is malformed.");
-    const Target target = ParseUrl(request.url);
-    HttpResponse response = SendOnce(request, target);
-    const std::optional<std::string> location = response.Header("Location");
-    if (!IsRedirect(response.status) || !location) return response;
-    request = Redirected(std::move(request), response.status, ResolveLocation(target, *location));
-  }
-  Refuse("The server sends the request from place to place.");
-}
-
 }  // namespace
 
 std::optional<HttpResponse> SendOverSockets(const HttpRequest& request) {
   std::optional<HttpResponse> response;
-  Attempt([&] { response = SendAndFollow(request); });
+  Attempt([&] { response = FollowRedirects(request, SendOnce); });
   return response;
 }
 

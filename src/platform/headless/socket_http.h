@@ -12,8 +12,8 @@
 
 namespace kestrun {
 
-// Follows up to ten redirects. Waits 60 seconds for a connection and 30 for each piece of an answer. Nothing on every
-// failure; never raises.
+// Follows redirects (platform/http_redirect.h). Waits 60 seconds for a connection and 30 for each piece of an answer.
+// Nothing on every failure; never raises.
 [[nodiscard]] std::optional<HttpResponse> SendOverSockets(const HttpRequest& request);
 
 // Fills the buffer with what has arrived and gives the count, 0 at the end of the stream.

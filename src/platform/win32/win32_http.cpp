@@ -2,6 +2,7 @@
 
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "platform/http_redirect.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/late_call.h"
 #include "platform/win32/wide_text.h"
@@ -102,37 +103,49 @@ class UserProxy {
   SharedText bypass_;
 };
 
-// Session, connection and request of one exchange, closed in the opposite order.
-struct Exchange {
-  InternetHandle session;
-  InternetHandle connection;
-  InternetHandle request;
-};
-
-Exchange OpenExchange(const HttpRequest& request) {
-  const Target target = CrackUrl(request.url);
-  Exchange exchange;
-  exchange.session.Reset(WINHTTP_CALL(WinHttpOpen)(kAgent, WINHTTP_ACCESS_TYPE_AUTOMATIC_PROXY, nullptr, nullptr, 0));
-  std::optional<UserProxy> proxy;
-  if (!exchange.session.IsValid()) {
-    proxy.emplace();
-    exchange.session = proxy->OpenSession();
+// The library with the user's proxy. Cookies live as long, and so go with a request from redirect to redirect.
+class Session {
+ public:
+  Session() : handle_(WINHTTP_CALL(WinHttpOpen)(kAgent, WINHTTP_ACCESS_TYPE_AUTOMATIC_PROXY, nullptr, nullptr, 0)) {
+    if (handle_.IsValid()) return;
+    proxy_.emplace();
+    handle_ = proxy_->OpenSession();
+    Require(handle_.IsValid(), "The HTTP library cannot start");
     // These systems speak the newer protocols but do not offer them unasked.
     DWORD protocols =
         WINHTTP_FLAG_SECURE_PROTOCOL_TLS1 | WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_1 | WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_2;
-    WINHTTP_CALL(WinHttpSetOption)
-    (exchange.session.get(), WINHTTP_OPTION_SECURE_PROTOCOLS, &protocols, sizeof protocols);
+    WINHTTP_CALL(WinHttpSetOption)(handle_.get(), WINHTTP_OPTION_SECURE_PROTOCOLS, &protocols, sizeof protocols);
   }
-  Require(exchange.session.IsValid(), "The HTTP library cannot start");
-  exchange.connection.Reset(WINHTTP_CALL(WinHttpConnect)(exchange.session.get(), target.host.c_str(), target.port, 0));
-  Require(exchange.connection.IsValid(), "The server's name cannot be used");
-  exchange.request.Reset(WINHTTP_CALL(WinHttpOpenRequest)(
-      exchange.connection.get(), ToWide(request.method).c_str(), target.resource.c_str(), nullptr, WINHTTP_NO_REFERER,
-      WINHTTP_DEFAULT_ACCEPT_TYPES, target.secure ? WINHTTP_FLAG_SECURE : 0));
-  Require(exchange.request.IsValid(), "The request cannot be opened");
-  if (proxy) proxy->Apply(exchange.session, exchange.request, ToWide(request.url));
-  return exchange;
-}
+
+  [[nodiscard]] HINTERNET get() const { return handle_.get(); }
+  void ApplyProxy(const InternetHandle& request, const std::string& url) const {
+    if (proxy_) proxy_->Apply(handle_, request, ToWide(url));
+  }
+
+ private:
+  InternetHandle handle_;
+  std::optional<UserProxy> proxy_;
+};
+
+// Connection and request of one exchange, closed in the opposite order.
+struct Exchange {
+  Exchange(const Session& session, const HttpRequest& wanted) {
+    const Target target = CrackUrl(wanted.url);
+    connection.Reset(WINHTTP_CALL(WinHttpConnect)(session.get(), target.host.c_str(), target.port, 0));
+    Require(connection.IsValid(), "The server's name cannot be used");
+    request.Reset(WINHTTP_CALL(WinHttpOpenRequest)(
+        connection.get(), ToWide(wanted.method).c_str(), target.resource.c_str(), nullptr, WINHTTP_NO_REFERER,
+        WINHTTP_DEFAULT_ACCEPT_TYPES, target.secure ? WINHTTP_FLAG_SECURE : 0));
+    Require(request.IsValid(), "The request cannot be opened");
+    session.ApplyProxy(request, wanted.url);
+    DWORD policy = WINHTTP_OPTION_REDIRECT_POLICY_NEVER;
+    Require(WINHTTP_CALL(WinHttpSetOption)(request.get(), WINHTTP_OPTION_REDIRECT_POLICY, &policy, sizeof policy),
+            "Redirects cannot be kept back");
+  }
+
+  InternetHandle connection;
+  InternetHandle request;
+};
 
 void SendBody(HINTERNET handle, const HttpRequest& request) {
   if (request.body.size() > MAXLONG) Raise(error::kAutomationError, "The body is too large to be sent.");
@@ -197,11 +210,9 @@ void CheckLength(const HttpRequest& request, const HttpResponse& response) {
   if (told && ParseLength(*told) != response.body.size()) Raise(error::kAutomationError, "The answer is cut off.");
 }
 
-}  // namespace
-
-HttpResponse SendThroughWinHttp(const HttpRequest& request) {
+HttpResponse SendOnce(const Session& session, const HttpRequest& request) {
   if (!IsWellFormed(request)) Raise(error::kAutomationError, "The request is malformed.");
-  const Exchange exchange = OpenExchange(request);
+  const Exchange exchange(session, request);
   const HINTERNET handle = exchange.request.get();
   SendBody(handle, request);
   HttpResponse response;
@@ -211,6 +222,13 @@ HttpResponse SendThroughWinHttp(const HttpRequest& request) {
   ReadBody(handle, response.body, request.on_event);
   CheckLength(request, response);
   return response;
+}
+
+}  // namespace
+
+HttpResponse SendThroughWinHttp(const HttpRequest& request) {
+  const Session session;
+  return FollowRedirects(request, [&session](const HttpRequest& next) { return SendOnce(session, next); });
 }
 
 }  // namespace kestrun

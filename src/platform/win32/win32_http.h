@@ -5,8 +5,9 @@
 
 namespace kestrun {
 
-// Follows redirects and waits as long as the library does by default; goes through the proxy that the user's system
-// settings name. Raises error 440 with a sentence for every failure, 429 when the library is missing.
+// Follows redirects (platform/http_redirect.h), waits as long as the library does by default, and goes through the
+// proxy that the user's system settings name. Raises error 440 with a sentence for every failure, 429 when the library
+// is missing.
 [[nodiscard]] HttpResponse SendThroughWinHttp(const HttpRequest& request);
 
 }  // namespace kestrun
