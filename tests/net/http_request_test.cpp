@@ -2,41 +2,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "base/runtime_error.h"
-#include "net/cls_http.h"
-#include "support/headless_fixture.h"
-#include "support/loopback_server.h"
-#ifdef _WIN32
-#include "platform/win32/win32_services.h"
-#else
-#include "platform/headless/socket_http.h"
-#endif
+#include <chrono>
+#include <thread>
+
+#include "net/loopback_fixture.h"
 
 namespace kestrun {
 namespace {
 
-using testing::HasSubstr;
-using testing::SizeIs;
-
-class HttpRequestTest : public HeadlessTest {
- protected:
-  HttpRequestTest() {
-#ifdef _WIN32
-    desktop.internet().transport = [](const HttpRequest& request) { return Win32Internet().Send(request); };
-#else
-    desktop.internet().transport = SendOverSockets;
-#endif
-  }
-
-  [[nodiscard]] std::string Get(std::string_view path) { return http.DownloadURl(server.Url(path), "GET"); }
-  [[nodiscard]] ServedRequest LastServed() const {
-    const std::vector<ServedRequest> requests = server.Requests();
-    return requests.empty() ? ServedRequest() : requests.back();
-  }
-
-  LoopbackServer server;
-  ClsHTTP http;
-};
+using HttpRequestTest = LoopbackTest;
 
 TEST_F(HttpRequestTest, APlainRequestGivesThePage) {
   server.AnswerPage("/page?x=1", "Content-Type: text/html\r\n", "<html>page</html>");
