@@ -1,5 +1,8 @@
 #include "platform/win32/win32_http.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "platform/http_redirect.h"
