@@ -33,6 +33,7 @@ TEST_F(ListBoxTest, ASelectedRowWithAndWithoutFocus) {
   list.AddItem("alpha");
   list.Refresh();
   list.SetListIndex(0);
+  list.OnFocus(false);
   EXPECT_THAT(Painted(), ElementsAre("Fill 0,0,200,110 FFFFFF", std::string("Fill 1,1,200,22 ") + kUnfocused,
                                      std::string("Frame 1,1,200,22 ") + kBorder, "Text 5,1,200,23 FFFFFF left 'alpha'",
                                      "Focus -1,0,201,23", "Line 0,110,200,111 000000"));
