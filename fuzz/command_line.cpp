@@ -28,6 +28,7 @@ class NoFiles final : public kestrun::FileSystem {
   void RemoveFolder(std::string_view) override { Refuse(); }
   std::vector<kestrun::FolderEntry> List(std::string_view) override { Refuse(); }
   void SetWriteTime(std::string_view, uint64_t) override { Refuse(); }
+  void SetLocalTimes(std::string_view, const kestrun::LocalFileTimes&) override { Refuse(); }
   std::string CurrentFolder() override { return "C:\\"; }
 
  private:

@@ -1,9 +1,11 @@
-// Files in memory for the fuzz targets: flat names, nothing but what reading and writing one archive needs.
+// Files in memory for the fuzz targets: flat names, nothing but what reading and writing one archive needs. Folders are
+// noted, and nothing asks for them.
 #pragma once
 
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -15,6 +17,7 @@ namespace kestrun {
 class MemoryFiles final : public FileSystem {
  public:
   std::map<std::string, Bytes, std::less<>> content;
+  std::set<std::string, std::less<>> folders;
 
   std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override {
     const auto found = content.find(path);
@@ -24,7 +27,7 @@ class MemoryFiles final : public FileSystem {
     return std::make_unique<MemoryFile>(bytes);
   }
   bool Exists(std::string_view path) override { return content.contains(path); }
-  bool IsFolder(std::string_view) override { return false; }
+  bool IsFolder(std::string_view path) override { return folders.contains(path); }
   void Copy(std::string_view from, std::string_view to) override {
     content[std::string(to)] = content[std::string(from)];
   }
@@ -34,10 +37,11 @@ class MemoryFiles final : public FileSystem {
     content[std::string(to)] = std::move(content[std::string(from)]);
     content.erase(std::string(from));
   }
-  void MakeFolder(std::string_view) override {}
+  void MakeFolder(std::string_view path) override { folders.emplace(path); }
   void RemoveFolder(std::string_view) override {}
   std::vector<FolderEntry> List(std::string_view) override { return {}; }
   void SetWriteTime(std::string_view, uint64_t) override {}
+  void SetLocalTimes(std::string_view, const LocalFileTimes&) override {}
   std::string CurrentFolder() override { return "C:\\"; }
 
  private:

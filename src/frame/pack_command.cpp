@@ -4,9 +4,11 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "formats/pff/cls_pff.h"
+#include "formats/zip/cls_zip.h"
+#include "formats/zip/member_path.h"
 #include "frame/folders.h"
 #include "frame/game_paths.h"
-#include "frame/pack_zip.h"
+#include "frame/path_text.h"
 #include "frame/settings.h"
 #include "frame/show_error.h"
 #include "frame/web_paths.h"
@@ -34,6 +36,35 @@ Bytes ReadSource(ClsPFF& archive, const std::string& path) {
   archive.PFFError = nullptr;
   if (buffer.empty()) throw failure;
   return buffer;
+}
+
+std::string UnpackedPath(const std::string& folder, const std::string& member) {
+  if (!zip::StaysInside(member)) {
+    Raise(error::kPathNotFound, "The zip's member '" + member + "' leads outside its folder.");
+  }
+  return folder + "\\" + member;
+}
+
+// What an earlier zip of the same name left in the folder must not pass for a member that cannot be unpacked.
+void DeleteLeftovers(const Cls_Zip& zip, const std::string& folder) {
+  for (int32_t member = 1; member <= zip.FileCount(); ++member) {
+    const std::string path = UnpackedPath(folder, zip.FileName(member));
+    if (!zip.IsDir(member) && platform().files().Exists(path)) platform().files().Delete(path);
+  }
+}
+
+// Unpacks every member into the folder, which is left behind, and stages each file under its own base name.
+void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::string& folder) {
+  const Ref<Cls_Zip> zip = MakeRef<Cls_Zip>();
+  zip->Get_Contents(zip_path);
+  DeleteLeftovers(*zip, folder);
+  const Cls_Zip::Selection all(static_cast<size_t>(zip->FileCount()) + 1, true);
+  zip->UnPack(all, folder);
+  for (int32_t member = 1; member <= zip->FileCount(); ++member) {
+    if (zip->IsDir(member)) continue;
+    const std::string name = zip->FileName(member);
+    archive.PackFile(ReadSource(archive, UnpackedPath(folder, name)), GetFileName(name));
+  }
 }
 
 void PackInto(const std::string& source, const std::string& name, const std::string& archive_path, bool is_zip,

@@ -32,6 +32,13 @@ class File {
   virtual void Close() = 0;
 };
 
+// Moments in local time: 100-nanosecond units since 1601-01-01, as the clock on the wall counts them.
+struct LocalFileTimes {
+  uint64_t creation = 0;
+  uint64_t access = 0;
+  uint64_t write = 0;
+};
+
 struct FolderEntry {
   std::string name;
   bool is_folder = false;
@@ -61,6 +68,8 @@ class FileSystem {
   [[nodiscard]] virtual std::vector<FolderEntry> List(std::string_view folder) = 0;
   // Last write time: 100-nanosecond units since 1601-01-01 UTC.
   virtual void SetWriteTime(std::string_view path, uint64_t file_time) = 0;
+  // All times of a file; a system that cannot set the creation time leaves that one as it is.
+  virtual void SetLocalTimes(std::string_view path, const LocalFileTimes& times) = 0;
   [[nodiscard]] virtual std::string CurrentFolder() = 0;
 
   // Whole-file forms of the above.

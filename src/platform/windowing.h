@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -82,6 +83,8 @@ class Windowing {
   virtual void RunUntilQuit() = 0;
   virtual void Quit() = 0;
   [[nodiscard]] virtual ScreenSize Screen() = 0;
+  // 0x00BBGGRR of a system colour by its number, as the user has set it; nothing for a number that is none.
+  [[nodiscard]] virtual std::optional<uint32_t> SystemColor(int number) = 0;
   // Width in twips of one line of text.
   [[nodiscard]] virtual int TextWidth(std::string_view text, const FontDescription& font) = 0;
   // Extent in pixels of one line of text on a screen with that many dots per inch.

@@ -28,6 +28,7 @@ class ReadOnlyFiles final : public FileSystem {
   void RemoveFolder(std::string_view path) override { files_.RemoveFolder(path); }
   std::vector<FolderEntry> List(std::string_view folder) override { return files_.List(folder); }
   void SetWriteTime(std::string_view path, uint64_t time) override { files_.SetWriteTime(path, time); }
+  void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override { files_.SetLocalTimes(path, times); }
   std::string CurrentFolder() override { return files_.CurrentFolder(); }
 
  private:

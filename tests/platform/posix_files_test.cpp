@@ -439,6 +439,24 @@ TEST_F(PosixFilesTest, WriteTimeCountsFrom1601) {
   EXPECT_EQ(ErrorNumberOf([&] { files_.SetWriteTime(Path("b"), 0); }), error::kFileNotFound);
 }
 
+TEST_F(PosixFilesTest, LocalTimesAreThoseOfTheClockOnTheWall) {
+  Write("a", "");
+  constexpr uint64_t kNoonOf1970 = 116444736000000000 + uint64_t{12 * 3600} * 10'000'000;
+  constexpr uint64_t kDay = uint64_t{24 * 3600} * 10'000'000;
+  files_.SetLocalTimes(Path("a"), {kNoonOf1970, kNoonOf1970 + 2 * kDay, kNoonOf1970 + kDay});
+  struct stat status {};
+  ASSERT_EQ(::stat(Path("a").c_str(), &status), 0);
+  tm written{};
+  ::localtime_r(&status.st_mtim.tv_sec, &written);
+  EXPECT_EQ(written.tm_mday, 2);
+  EXPECT_EQ(written.tm_hour, 12);
+  tm read{};
+  ::localtime_r(&status.st_atim.tv_sec, &read);
+  EXPECT_EQ(read.tm_mday, 3);
+  EXPECT_EQ(read.tm_hour, 12);
+  EXPECT_EQ(ErrorNumberOf([&] { files_.SetLocalTimes(Path("b"), {}); }), error::kFileNotFound);
+}
+
 TEST_F(PosixFilesTest, CurrentFolderIsThere) { EXPECT_TRUE(files_.IsFolder(files_.CurrentFolder())); }
 
 TEST_F(PosixFilesTest, FileWithoutATellableSizeReadsAsEmpty) {

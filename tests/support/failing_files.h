@@ -34,6 +34,9 @@ class FailingFiles final : public FileSystem {
   void RemoveFolder(std::string_view path) override { Count(), files_.RemoveFolder(path); }
   std::vector<FolderEntry> List(std::string_view folder) override { return files_.List(folder); }
   void SetWriteTime(std::string_view path, uint64_t time) override { Count(), files_.SetWriteTime(path, time); }
+  void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override {
+    Count(), files_.SetLocalTimes(path, times);
+  }
   std::string CurrentFolder() override { return files_.CurrentFolder(); }
 
  private:

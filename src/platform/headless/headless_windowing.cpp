@@ -1,6 +1,7 @@
 #include "platform/headless/headless_windowing.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <utility>
@@ -208,6 +209,16 @@ const HeadlessPopup* HeadlessWindowing::PopupOf(const Control& control) const {
   const auto found = std::find_if(popups_.begin(), popups_.end(),
                                   [&control](const HeadlessPopup& popup) { return popup.control == &control; });
   return found == popups_.end() ? nullptr : &*found;
+}
+
+std::optional<uint32_t> HeadlessWindowing::SystemColor(int number) {
+  // By number from 0: scroll bars, desktop, ..., button face at 15, ..., menu bar.
+  static constexpr std::array<uint32_t, 31> kColors{
+      0xC8C8C8, 0x000000, 0xD1B499, 0xDBCDBF, 0xF0F0F0, 0xFFFFFF, 0x646464, 0x000000, 0x000000, 0x000000, 0xB4B4B4,
+      0xFCF7F4, 0xABABAB, 0xFF9933, 0xFFFFFF, 0xF0F0F0, 0xA0A0A0, 0x6D6D6D, 0x000000, 0x000000, 0xFFFFFF, 0x696969,
+      0xE3E3E3, 0x000000, 0xE1FFFF, 0x000000, 0xCC6600, 0xEAD1B9, 0xF2E4D7, 0xFF9933, 0xF0F0F0};
+  if (number < 0 || static_cast<size_t>(number) >= kColors.size()) return std::nullopt;
+  return kColors[static_cast<size_t>(number)];
 }
 
 PixelSize HeadlessWindowing::MeasureText(std::string_view text, const FontDescription& font, int dpi) {

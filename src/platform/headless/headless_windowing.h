@@ -72,6 +72,8 @@ class HeadlessWindowing final : public Windowing {
   void RunUntilQuit() override;
   void Quit() override { quit_ = true; }
   [[nodiscard]] ScreenSize Screen() override { return screen; }
+  // Those of a plain desktop, 0 to 30.
+  [[nodiscard]] std::optional<uint32_t> SystemColor(int number) override;
   // Each character is half as wide as the font is high.
   [[nodiscard]] int TextWidth(std::string_view text, const FontDescription& font) override;
   [[nodiscard]] PixelSize MeasureText(std::string_view text, const FontDescription& font, int dpi) override;

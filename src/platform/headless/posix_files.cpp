@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <ctime>
 #include <limits>
 
 #include "base/runtime_error.h"
@@ -272,6 +273,23 @@ FolderEntry MakeEntry(int folder, const char* name) {
   return entry;
 }
 
+timespec ToTimespec(uint64_t file_time) {
+  constexpr uint64_t kUnitsPerSecond = 10'000'000;
+  constexpr int64_t kSecondsFrom1601To1970 = 11'644'473'600;
+  return {static_cast<time_t>(static_cast<int64_t>(file_time / kUnitsPerSecond) - kSecondsFrom1601To1970),
+          static_cast<long>(file_time % kUnitsPerSecond * 100)};
+}
+
+// What the clock on the wall shows, by the rules for summer time of that day.
+timespec LocalToTimespec(uint64_t file_time) {
+  timespec moment = ToTimespec(file_time);
+  tm parts{};
+  ::gmtime_r(&moment.tv_sec, &parts);
+  parts.tm_isdst = -1;
+  moment.tv_sec = ::mktime(&parts);
+  return moment;
+}
+
 }  // namespace
 
 void PosixFileSystem::MapDrive(char letter, std::string folder) {
@@ -378,13 +396,14 @@ std::vector<FolderEntry> PosixFileSystem::List(std::string_view folder) {
 }
 
 void PosixFileSystem::SetWriteTime(std::string_view path, uint64_t file_time) {
-  constexpr uint64_t kUnitsPerSecond = 10'000'000;
-  constexpr int64_t kSecondsFrom1601To1970 = 11'644'473'600;
   const std::string native = NativePath(path);
-  const timespec written{
-      static_cast<time_t>(static_cast<int64_t>(file_time / kUnitsPerSecond) - kSecondsFrom1601To1970),
-      static_cast<long>(file_time % kUnitsPerSecond * 100)};
-  const std::array times{timespec{0, UTIME_OMIT}, written};
+  const std::array times{timespec{0, UTIME_OMIT}, ToTimespec(file_time)};
+  if (::utimensat(AT_FDCWD, native.c_str(), times.data(), 0) != 0) RaiseForPath(errno, native);
+}
+
+void PosixFileSystem::SetLocalTimes(std::string_view path, const LocalFileTimes& local) {
+  const std::string native = NativePath(path);
+  const std::array times{LocalToTimespec(local.access), LocalToTimespec(local.write)};
   if (::utimensat(AT_FDCWD, native.c_str(), times.data(), 0) != 0) RaiseForPath(errno, native);
 }
 

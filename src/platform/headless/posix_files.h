@@ -34,6 +34,7 @@ class PosixFileSystem final : public FileSystem {
   // Names that hold a "\" are left out: no path of ours can reach them.
   [[nodiscard]] std::vector<FolderEntry> List(std::string_view folder) override;
   void SetWriteTime(std::string_view path, uint64_t file_time) override;
+  void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override;
   [[nodiscard]] std::string CurrentFolder() override;
 
  private:

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "forms/check_box.h"
 #include "forms/command_button.h"
+#include "forms/composite_control.h"
 #include "forms/file_list_box.h"
 #include "forms/frame.h"
 #include "forms/image.h"
@@ -328,7 +329,9 @@ std::unique_ptr<ControlPeer> MakeControlPeer(FormWindow& form, Control& control)
   const auto* row = std::find_if(kPeers.begin(), kPeers.end(),
                                  [&type](const PeerRow& candidate) { return candidate.type_name == type; });
   if (row != kPeers.end()) return row->make(form, control);
-  return dynamic_cast<UserControl*>(&control) ? std::make_unique<UserControlPeer>(form, control) : nullptr;
+  if (dynamic_cast<UserControl*>(&control)) return std::make_unique<UserControlPeer>(form, control);
+  if (dynamic_cast<CompositeControl*>(&control)) return std::make_unique<CompositePeer>(form, control);
+  return nullptr;
 }
 
 }  // namespace kestrun

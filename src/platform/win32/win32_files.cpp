@@ -104,6 +104,22 @@ DWORD AttributesOf(std::string_view path) { return GetFileAttributesW(ToWidePath
   RaiseWindowsError(failure);
 }
 
+FileHandle OpenForTimes(std::string_view path) {
+  FileHandle handle(CreateFileW(ToWidePath(path).c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  if (!handle.IsValid()) RaiseLastError();
+  return handle;
+}
+
+FILETIME ToFileTime(uint64_t units) { return {static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)}; }
+
+FILETIME LocalToFileTime(uint64_t units) {
+  const FILETIME local = ToFileTime(units);
+  FILETIME time{};
+  Require(LocalFileTimeToFileTime(&local, &time));
+  return time;
+}
+
 }  // namespace
 
 void RaiseWindowsError(unsigned long windows_error) {
@@ -204,12 +220,17 @@ std::vector<FolderEntry> Win32FileSystem::List(std::string_view folder) {
 }
 
 void Win32FileSystem::SetWriteTime(std::string_view path, uint64_t file_time) {
-  const FileHandle handle(CreateFileW(ToWidePath(path).c_str(), FILE_WRITE_ATTRIBUTES,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-  if (!handle.IsValid()) RaiseLastError();
-  const FILETIME time{static_cast<DWORD>(file_time), static_cast<DWORD>(file_time >> 32)};
+  const FileHandle handle = OpenForTimes(path);
+  const FILETIME time = ToFileTime(file_time);
   Require(SetFileTime(handle.get(), nullptr, nullptr, &time));
+}
+
+void Win32FileSystem::SetLocalTimes(std::string_view path, const LocalFileTimes& times) {
+  const FileHandle handle = OpenForTimes(path);
+  const FILETIME creation = LocalToFileTime(times.creation);
+  const FILETIME access = LocalToFileTime(times.access);
+  const FILETIME write = LocalToFileTime(times.write);
+  Require(SetFileTime(handle.get(), &creation, &access, &write));
 }
 
 std::string Win32FileSystem::CurrentFolder() {

@@ -18,6 +18,7 @@ class Win32FileSystem final : public FileSystem {
   void RemoveFolder(std::string_view path) override;
   [[nodiscard]] std::vector<FolderEntry> List(std::string_view folder) override;
   void SetWriteTime(std::string_view path, uint64_t file_time) override;
+  void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override;
   [[nodiscard]] std::string CurrentFolder() override;
 };
 

@@ -116,6 +116,11 @@ ScreenSize Win32Windowing::Screen() {
   return {scale.Twips(GetSystemMetrics(SM_CXSCREEN)), scale.Twips(GetSystemMetrics(SM_CYSCREEN)), 1440 / scale.dpi()};
 }
 
+std::optional<uint32_t> Win32Windowing::SystemColor(int number) {
+  if (number < 0 || number > COLOR_MENUBAR) return std::nullopt;
+  return GetSysColor(number);
+}
+
 int Win32Windowing::TextWidth(std::string_view text, const FontDescription& font) {
   const ScreenScale scale = ScaleOf(nullptr);
   return scale.Twips(MeasureText(text, font, scale.dpi()).width);

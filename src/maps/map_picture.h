@@ -1,0 +1,33 @@
+// The preview picture of a map: where it is, and what it shows.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "forms/picture.h"
+
+namespace kestrun {
+
+// The local path of the picture that the settings hold for a map, under its whole path or its file name; empty when
+// there is none. A picture on the web is downloaded to "preview.jpg" in the temporary folder. `Url`, if given, takes
+// the stored value, web address or path. Failures are shown.
+[[nodiscard]] std::string GetMapPath(std::string Map, std::string* Url = nullptr);
+
+// What a picture file is by its first bytes.
+namespace image_kind {
+inline constexpr int32_t kMissing = 0;
+inline constexpr int32_t kJpeg = 1;
+inline constexpr int32_t kGif = 2;
+inline constexpr int32_t kBitmap = 4;
+inline constexpr int32_t kPng = 8;
+inline constexpr int32_t kOther = 255;
+}  // namespace image_kind
+[[nodiscard]] int32_t ImageKind(const std::string& Path);
+
+// The decoded picture of a file: JPEG, GIF, BMP, ICO, CUR, WMF, EMF or PNG. Error 53 when it is missing, 481 when it is
+// no picture.
+[[nodiscard]] Ref<Picture> LoadPictureFile(const std::string& Path);
+// The picture of a map, null when it has none or it cannot be shown.
+[[nodiscard]] Ref<Picture> LoadMapPicture(const std::string& Map);
+
+}  // namespace kestrun
