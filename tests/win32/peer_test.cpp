@@ -79,6 +79,9 @@ class PeerTest : public testing::Test {
   void TearDown() override {
     CloseAllWindows();
     Pump();
+    // A form that closes itself as the last one ends the message loop, which the next test needs.
+    MSG quit{};
+    PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
     _wputenv_s(L"KESTRUN_DPI", L"");
   }
 
