@@ -251,6 +251,11 @@ TEST_F(UserControlPeerTest, TheBarMovesByLinesPagesAndThumb) {
   EXPECT_EQ(scroll(SB_PAGEDOWN), 60);
   EXPECT_EQ(scroll(SB_PAGEUP), 50);
   EXPECT_EQ(scroll(SB_THUMBTRACK, 33), 33);
+  // The bar itself follows a moment later.
+  for (int wait = 0; wait < 200 && BarInfo().nPos != 33; ++wait) {
+    Sleep(10);
+    Pump();
+  }
   EXPECT_EQ(BarInfo().nPos, 33);
   EXPECT_EQ(scroll(SB_BOTTOM), 90);
   EXPECT_EQ(scroll(SB_PAGEDOWN), 90);
