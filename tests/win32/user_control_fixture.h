@@ -11,6 +11,7 @@
 #include "platform/win32/control_peer.h"
 #include "platform/win32/win32_platform.h"
 #include "support/sample_user_control.h"
+#include "win32/message_queue.h"
 
 namespace kestrun {
 
@@ -47,10 +48,7 @@ class UserControlWindowTest : public testing::Test {
   }
   void TearDown() override {
     CloseAllWindows();
-    Pump();
-    // A form that closes itself as the last one ends the message loop, which the next test needs.
-    MSG quit{};
-    PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+    EmptyMessageQueue();
     _wputenv_s(L"KESTRUN_DPI", L"");
   }
 
