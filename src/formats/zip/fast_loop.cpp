@@ -21,16 +21,6 @@ inline void CopyWord(uint8_t* to, const uint8_t* from) {
   std::memcpy(to, &word, sizeof word);
 }
 
-struct Pair {
-  uint64_t words[2];
-};
-
-inline void CopyPair(uint8_t* to, const uint8_t* from) {
-  Pair pair;
-  std::memcpy(&pair, from, sizeof pair);
-  std::memcpy(to, &pair, sizeof pair);
-}
-
 // Up to 31 bytes more than asked are written behind the match.
 [[gnu::always_inline]] inline void CopyMatch(uint8_t* to, size_t length, size_t distance) {
   const uint8_t* from = to - distance;
