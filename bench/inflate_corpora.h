@@ -14,9 +14,10 @@
 
 namespace kestrun {
 
+// Several buffers where they are small: expanding one alone again and again, a processor would learn it by heart.
 struct Corpus {
   std::string name;
-  Bytes bytes;
+  std::vector<Bytes> buffers;
 };
 
 using RandomEngine = std::minstd_rand;
@@ -80,10 +81,10 @@ inline Bytes ReadOwnExecutable(size_t most) {
 }
 
 // A mission's first fields, then objects of 64 bytes: type, number, position, angles, side, many zeros, a name.
-inline Bytes MakeRecords(size_t bytes) {
+inline Bytes MakeRecords(size_t bytes, uint32_t seed) {
   constexpr size_t kRecordBytes = 64;
   const char* const names[] = {"tree", "palm", "rock", "hut", "tower", "guard", "truck", "crate", "fence", "waypoint"};
-  RandomEngine random(static_cast<RandomEngine::result_type>(bytes));
+  RandomEngine random(seed);
   MissionFields fields;
   fields.mission_name = "River Crossing";
   fields.designer = "Somebody";
@@ -110,12 +111,19 @@ inline Bytes MakeRecords(size_t bytes) {
   return mission;
 }
 
+inline Corpus MakeMissions(const std::string& name, size_t bytes) {
+  constexpr uint32_t kMissions = 8;
+  Corpus corpus{name, {}};
+  for (uint32_t seed = 1; seed <= kMissions; ++seed) corpus.buffers.push_back(MakeRecords(bytes, seed));
+  return corpus;
+}
+
 inline std::vector<Corpus> MakeCorpora() {
-  return {{"text", MakeProse(1 << 19)},
-          {"executable", ReadOwnExecutable(4 << 20)},
-          {"records 20 KB", MakeRecords(20000)},
-          {"records 40 KB", MakeRecords(40000)},
-          {"records 60 KB", MakeRecords(60000)}};
+  return {{"text", {MakeProse(1 << 19)}},
+          {"executable", {ReadOwnExecutable(4 << 20)}},
+          MakeMissions("records 20 KB", 20000),
+          MakeMissions("records 40 KB", 40000),
+          MakeMissions("records 60 KB", 60000)};
 }
 
 }  // namespace kestrun
