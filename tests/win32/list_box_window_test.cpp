@@ -9,6 +9,7 @@
 #include "forms/window_registry.h"
 #include "platform/win32/control_peer.h"
 #include "platform/win32/win32_platform.h"
+#include "win32/message_queue.h"
 
 namespace kestrun {
 namespace {
@@ -45,9 +46,7 @@ class ListBoxWindowTest : public testing::Test {
   }
   void TearDown() override {
     CloseAllWindows();
-    Pump();
-    MSG quit{};
-    PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+    EmptyMessageQueue();
   }
 
   static frmlistwindow& form() { return Window<frmlistwindow>(); }
