@@ -1,4 +1,4 @@
-#include "gallery/frmgallery.h"
+#include "app/gallery/frmgallery.h"
 
 #include "controls/list_box/color_blend.h"
 #include "forms/check_box.h"
