@@ -1,6 +1,6 @@
 // Shows the gallery of controls; not part of a release.
-#include "forms/window_registry.h"
 #include "app/gallery/frmgallery.h"
+#include "forms/window_registry.h"
 #include "platform/win32/win32_platform.h"
 
 int main() {
