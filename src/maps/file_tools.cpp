@@ -6,6 +6,7 @@
 #include "base/number.h"
 #include "base/runtime_error.h"
 #include "formats/zip/cls_crc32.h"
+#include "frame/folders.h"
 #include "frame/program_pictures.h"
 #include "frame/show_error.h"
 #include "platform/platform.h"
@@ -14,15 +15,18 @@ namespace kestrun {
 namespace {
 
 // The shell tells the icon of a type only by a file of that type.
-constexpr const char* kScratchFile = "c:\\tmp1304930549302.";
+constexpr const char* kScratchName = "tmp1304930549302.";
 // What an entry needs of its text's width.
 constexpr double kRoom = 1.1;
 
 // A scratch file that goes when it is no longer needed.
 class ScratchFile {
  public:
-  explicit ScratchFile(std::string path) : path_(std::move(path)) {
-    platform().files().Open(path_, OpenMode::kReadWrite)->Close();
+  // In the root of the first drive; where a user may not write there, in the temporary folder.
+  explicit ScratchFile(const std::string& name) : path_("c:\\" + name) {
+    if (Attempt([&] { Make(); })) return;
+    path_ = SpecialFolder(folder::kTemporary) + name;
+    Make();
   }
   ~ScratchFile() {
     Attempt([&] { platform().files().Delete(path_); });
@@ -33,6 +37,8 @@ class ScratchFile {
   [[nodiscard]] const std::string& path() const { return path_; }
 
  private:
+  void Make() const { platform().files().Open(path_, OpenMode::kReadWrite)->Close(); }
+
   std::string path_;
 };
 
@@ -85,7 +91,7 @@ bool DeleteFolder(const std::string& Path) {
 Ref<Picture> GetIcon(const std::string& Extension, int32_t Size) {
   if (Extension.empty()) return {};
   try {
-    const ScratchFile scratch(kScratchFile + Extension);
+    const ScratchFile scratch(kScratchName + Extension);
     auto icon = platform().pictures().FileIcon(scratch.path(), static_cast<uint32_t>(Size));
     if (!icon) return MapPicture();
     return MakeRef<Picture>(icon->width, icon->height, std::move(icon->pixels));

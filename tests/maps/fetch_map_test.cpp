@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "base/convert.h"
 #include "frame/frame_fixture.h"
 #include "frame/path_text.h"
@@ -197,6 +199,15 @@ TEST_F(FetchMapTest, AMemberThatLeadsOutOfTheFolderIsNeitherWrittenNorGiven) {
   desktop.dialogs().ExpectBox("error writing file");
   EXPECT_EQ(GetFileFromZip(zip), "");
   EXPECT_EQ(ReadFile(Path("temp\\outside.bms")), "BMS of the user");
+}
+
+TEST_F(FetchMapTest, WhatAnEarlierZipLeftBehindIsNotTakenForAMemberThatCannotBeUnpacked) {
+  std::filesystem::create_directories(std::filesystem::path(ReplaceAll(TempPath("tempzip"), "\\", "/")));
+  WriteFile(TempPath("tempzip\\Desert.bms"), "BMS of an earlier zip");
+  const std::string zip = ZipOf({{.name = "Desert.bms", .stored = "data", .method = 6}});
+  PickRow(0);
+  EXPECT_EQ(GetFileFromZip(zip), TempPath("tempzip\\Desert.bms"));
+  EXPECT_FALSE(FileIsThere(TempPath("tempzip\\Desert.bms")));
 }
 
 TEST_F(FetchMapTest, AnEncryptedMemberAsksForItsPassword) {
