@@ -53,6 +53,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   bool HandleContainerMessage(HWND window, Control& container, UINT message, WPARAM first, LPARAM second,
                               LRESULT& result);
   [[nodiscard]] bool ChooseMenuCommand(int command);
+  // Paints what lies behind a panel: its container's background, and the controls that the container draws.
+  void PaintBehind(HDC target, const ControlPeer& peer);
 
   // The open window that holds the given one; null when it is no form's.
   [[nodiscard]] static FormWindow* Find(HWND window);
