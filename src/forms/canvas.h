@@ -9,28 +9,10 @@
 
 #include "forms/color.h"
 #include "forms/picture.h"
+#include "platform/pixels.h"
 #include "platform/windowing.h"
 
 namespace kestrun {
-
-struct PixelSize {
-  int width = 0;
-  int height = 0;
-  friend bool operator==(const PixelSize&, const PixelSize&) = default;
-};
-
-// Right and bottom edges are not part of the rectangle.
-struct PixelRect {
-  int left = 0;
-  int top = 0;
-  int right = 0;
-  int bottom = 0;
-  [[nodiscard]] int width() const { return right - left; }
-  [[nodiscard]] int height() const { return bottom - top; }
-  [[nodiscard]] bool IsEmpty() const { return right <= left || bottom <= top; }
-  [[nodiscard]] bool Contains(int x, int y) const { return x >= left && x < right && y >= top && y < bottom; }
-  friend bool operator==(const PixelRect&, const PixelRect&) = default;
-};
 
 // How a line of text stands in its rectangle. It is always centred vertically, drawn in one line and clipped.
 enum class TextPlacement { kLeft = 0, kCenter = 1, kRight = 2 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 namespace kestrun {
 
@@ -28,5 +29,8 @@ inline constexpr Color kWhite = 0xFFFFFF;
 [[nodiscard]] constexpr Color Rgb(uint8_t red, uint8_t green, uint8_t blue) {
   return static_cast<Color>(red) | (static_cast<Color>(green) << 8) | (static_cast<Color>(blue) << 16);
 }
+
+// 0x00BBGGRR for any colour, system colours as the user has set them; nothing for a value that is no colour.
+[[nodiscard]] std::optional<Color> PlainColor(Color value);
 
 }  // namespace kestrun

@@ -2,6 +2,7 @@
 // to its container. Scripts may keep a reference after the form has gone: every access then gives error 424.
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "base/object.h"
@@ -80,6 +81,8 @@ class Control : public TableObject {
   [[nodiscard]] virtual bool TakesFocus() const { return HasBody(); }
   // True for controls that other controls can stand in.
   [[nodiscard]] virtual bool IsContainer() const { return false; }
+  // Controls that this one is made of, from back to front; the form does not list them.
+  [[nodiscard]] virtual std::span<const Ref<Control>> Constituents() const { return {}; }
   // True when it is visible and enabled and all its containers are, so that a user can act on it.
   [[nodiscard]] bool IsUsable() const;
 
@@ -89,6 +92,7 @@ class Control : public TableObject {
  protected:
   friend void internal::NotifyPropertyChanged(Control& owner, PropertyId id);
   friend class Form;
+  friend class CompositeControl;
 
   // Runs after a property was stored and before the peer hears of it: where a control keeps its own rules.
   virtual void PropertyChanged(PropertyId id) { static_cast<void>(id); }

@@ -127,7 +127,14 @@ void Form::PopupMenu(MenuItem& item) {
   if (peer_) peer_->PopUpMenu(item);
 }
 
-std::vector<Control*> Form::StackingOrder() const { return stacking_; }
+std::vector<Control*> Form::StackingOrder() const {
+  std::vector<Control*> order;
+  for (Control* control : stacking_) {
+    order.push_back(control);
+    for (const Ref<Control>& constituent : control->Constituents()) order.push_back(constituent.get());
+  }
+  return order;
+}
 
 Control* Form::FindControl(std::string_view name, int index) const {
   const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Ref<Control>& control) {
@@ -181,7 +188,7 @@ void Form::Restack(Control& control, bool in_front) {
     if (peer_ && in_front) peer_->BringToFront();
     return;
   }
-  std::erase(stacking_, &control);
+  if (std::erase(stacking_, &control) == 0) return;  // a constituent keeps its place
   stacking_.insert(in_front ? stacking_.end() : stacking_.begin(), &control);
   if (peer_) peer_->ControlsChanged();
 }

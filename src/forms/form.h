@@ -69,7 +69,8 @@ class Form : public Control {
   [[nodiscard]] bool IsShown() const { return shown_; }
   void PopupMenu(MenuItem& item);
 
-  // All controls in the order of their making, and in stacking order from back to front.
+  // All controls in the order of their making. In stacking order, from back to front, also those that other controls
+  // are made of.
   [[nodiscard]] const std::vector<Ref<Control>>& controls() const { return controls_; }
   [[nodiscard]] std::vector<Control*> StackingOrder() const;
   // Null when there is none. Names compare without regard to case.

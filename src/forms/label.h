@@ -3,6 +3,7 @@
 #pragma once
 
 #include "forms/control.h"
+#include "forms/picture.h"
 
 namespace kestrun {
 
@@ -21,6 +22,9 @@ class Label final : public Control {
   // 0 transparent, 1 opaque.
   Property<int> BackStyle{*this, PropertyId::kBackStyle, 1};
   Property<int> BorderStyle{*this, PropertyId::kBorderStyle};
+
+  // The mouse's picture over the label; none for the usual one. Its hot spot is its top left corner.
+  Property<Ref<Picture>> MouseIcon{*this, PropertyId::kMousePointer};
 
   [[nodiscard]] std::string TypeName() const override { return "Label"; }
   [[nodiscard]] const MemberTable& Members() const override;

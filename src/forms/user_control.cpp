@@ -1,5 +1,9 @@
 #include "forms/user_control.h"
 
+#include <utility>
+
+#include "platform/platform.h"
+
 namespace kestrun {
 
 void UserControl::Resized(PixelSize client, int dpi) {
@@ -18,5 +22,32 @@ void UserControl::OnFocus(bool) {}
 void UserControl::OnScroll(int) {}
 std::string UserControl::AccessibleChildName(int) const { return {}; }
 bool UserControl::IsAccessibleChildSelected(int) const { return false; }
+PixelRect UserControl::AccessibleChildArea(int) const { return {}; }
+
+PixelSize UserControl::MeasureText(std::string_view text, const FontDescription& font) const {
+  return platform().windowing().MeasureText(text, font, dpi_);
+}
+
+void UserControl::ShowPopup(const PixelRect& screen_area, std::function<void(Canvas&)> paint) {
+  if (FormPeer* shown = peer()) shown->ShowPopup(*this, screen_area, std::move(paint));
+}
+
+void UserControl::HidePopup() {
+  if (FormPeer* shown = peer()) shown->HidePopup(*this);
+}
+
+PixelPoint UserControl::ScreenPosition() const {
+  FormPeer* shown = peer();
+  return shown ? shown->ScreenPosition(*this) : PixelPoint{};
+}
+
+PixelRect UserControl::ScreenArea() const {
+  FormPeer* shown = peer();
+  return shown ? shown->ScreenArea(*this) : PixelRect{};
+}
+
+void UserControl::TellAccessibility(AccessibleEvent event, int child) {
+  if (FormPeer* shown = peer()) shown->TellAccessibility(*this, event, child);
+}
 
 }  // namespace kestrun

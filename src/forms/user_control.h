@@ -2,7 +2,9 @@
 // model works as well without one.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 
 #include "forms/canvas.h"
 #include "forms/control.h"
@@ -39,9 +41,13 @@ class UserControl : public Control {
   virtual bool OnKeyDown(int key_code, int shift_state);
   virtual void OnKeyPress(char32_t character);
   virtual void OnFocus(bool has_focus);
+  // The user moved the scroll bar; from 0 to its maximum.
   virtual void OnScroll(int position);
 
+  // Both are read again whenever the control is painted anew or one of its properties changes.
   [[nodiscard]] virtual ScrollBarState VerticalScrollBar() const { return {}; }
+  // What stands around the client area: 0 nothing, 1 a line, 2 a sunken edge.
+  [[nodiscard]] virtual int FrameKind() const { return 0; }
 
   // What a screen reader asks for.
   enum class Role { kPanel, kList, kProgressBar, kLink };
@@ -51,6 +57,10 @@ class UserControl : public Control {
   [[nodiscard]] virtual int AccessibleChildCount() const { return 0; }
   [[nodiscard]] virtual std::string AccessibleChildName(int child) const;
   [[nodiscard]] virtual bool IsAccessibleChildSelected(int child) const;
+  // The row that the keys work on; -1 when it is the control itself.
+  [[nodiscard]] virtual int AccessibleFocusedChild() const { return -1; }
+  // The row's place in the client area; empty when it is out of sight.
+  [[nodiscard]] virtual PixelRect AccessibleChildArea(int child) const;
 
   // Stored properties, under the names of the control's own tables.
   virtual void WriteProperties(PropertyBag& bag) const { static_cast<void>(bag); }
@@ -61,6 +71,23 @@ class UserControl : public Control {
   [[nodiscard]] int dpi() const { return dpi_; }
   // Paints again soon; several calls paint once.
   void Invalidate() { Refresh(); }
+
+  // Extent of one line, also outside of Paint.
+  [[nodiscard]] PixelSize MeasureText(std::string_view text, const FontDescription& font) const;
+
+  // A small bordered surface in front of all windows, such as a tip over a row that is too long. It takes neither the
+  // focus nor the mouse. The area, its border included, is in pixels of the desktop. Shown again it moves and is
+  // painted anew. It goes with the control.
+  void ShowPopup(const PixelRect& screen_area, std::function<void(Canvas&)> paint);
+  void HidePopup();
+  // Where the client area's top left corner is on the desktop.
+  [[nodiscard]] PixelPoint ScreenPosition() const;
+  // The part of the desktop that the control's screen shows. Another screen than the main one may start left of 0.
+  [[nodiscard]] PixelRect ScreenArea() const;
+  [[nodiscard]] PixelSize ScreenSize() const { return {ScreenArea().width(), ScreenArea().height()}; }
+
+  // Tells screen readers; the child is a row, -1 for the control itself.
+  void TellAccessibility(AccessibleEvent event, int child = -1);
 
  private:
   PixelSize client_;

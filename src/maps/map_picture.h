@@ -9,8 +9,8 @@
 namespace kestrun {
 
 // The local path of the picture that the settings hold for a map, under its whole path or its file name; empty when
-// there is none. A picture on the web is downloaded to "preview.jpg" in the temporary folder. `Url`, if given, takes the
-// stored value, web address or path. Failures are shown.
+// there is none. A picture on the web is downloaded to "preview.jpg" in the temporary folder. `Url`, if given, takes
+// the stored value, web address or path. Failures are shown.
 [[nodiscard]] std::string GetMapPath(std::string Map, std::string* Url = nullptr);
 
 // What a picture file is by its first bytes.

@@ -2,16 +2,24 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "platform/pixels.h"
+
 namespace kestrun {
 
+class Canvas;
 class Control;
 class Form;
 class MenuItem;
 enum class PropertyId : uint8_t;
+
+// What screen readers are told of a control that paints itself.
+enum class AccessibleEvent { kFocus, kSelection, kName, kChildren };
 
 // What stands on the screen for one shown form with all its controls.
 class FormPeer {
@@ -33,6 +41,18 @@ class FormPeer {
   // Shows the item's submenu at the mouse, and returns when it has closed and its command has run.
   virtual void PopUpMenu(MenuItem& item) = 0;
   virtual void BringToFront() = 0;
+
+  // For controls that paint themselves; pixels of the desktop.
+  // A bordered surface in front of all windows that never takes the focus or the mouse. One for each control: showing
+  // it again moves it and paints it anew. It goes with the form, and when the control is hidden or removed.
+  virtual void ShowPopup(Control& control, const PixelRect& screen_area, std::function<void(Canvas&)> paint) = 0;
+  virtual void HidePopup(Control& control) = 0;
+  // The top left corner of what the control paints.
+  [[nodiscard]] virtual PixelPoint ScreenPosition(const Control& control) = 0;
+  // The screen that the control is on, without the task bar.
+  [[nodiscard]] virtual PixelRect ScreenArea(const Control& control) = 0;
+  // The child is a row of the control, -1 for the control itself.
+  virtual void TellAccessibility(Control& control, AccessibleEvent event, int child) = 0;
 };
 
 struct ScreenSize {
@@ -63,8 +83,12 @@ class Windowing {
   virtual void RunUntilQuit() = 0;
   virtual void Quit() = 0;
   [[nodiscard]] virtual ScreenSize Screen() = 0;
+  // 0x00BBGGRR of a system colour by its number, as the user has set it; nothing for a number that is none.
+  [[nodiscard]] virtual std::optional<uint32_t> SystemColor(int number) = 0;
   // Width in twips of one line of text.
   [[nodiscard]] virtual int TextWidth(std::string_view text, const FontDescription& font) = 0;
+  // Extent in pixels of one line of text on a screen with that many dots per inch.
+  [[nodiscard]] virtual PixelSize MeasureText(std::string_view text, const FontDescription& font, int dpi) = 0;
 };
 
 }  // namespace kestrun

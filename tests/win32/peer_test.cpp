@@ -18,6 +18,7 @@
 #include "platform/win32/keyboard.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/win32_platform.h"
+#include "win32/live_handles.h"
 
 namespace kestrun {
 namespace {
@@ -312,19 +313,21 @@ TEST_F(PeerTest, GeometryFollowsTheScreensScale) {
 }
 
 TEST_F(PeerTest, NothingIsLeftOverWhenWindowsComeAndGo) {
-  const auto count = [](DWORD kind) { return GetGuiResources(GetCurrentProcess(), kind); };
   const auto open_and_close = [this] {
     form().Show();
     Pump();
     CloseAllWindows();
     Pump();
   };
-  open_and_close();
-  const DWORD graphics = count(GR_GDIOBJECTS);
-  const DWORD windows = count(GR_USEROBJECTS);
+  // The system keeps some objects for windows to come; only what grows after that is lost.
+  for (int round = 0; round < 25; ++round) open_and_close();
+  const int graphics = LiveGraphicsObjects();
+  const int windows = LiveWindows();
+  ASSERT_GT(graphics, 0);
+  ASSERT_GT(windows, 0);
   for (int round = 0; round < 50; ++round) open_and_close();
-  EXPECT_LE(count(GR_GDIOBJECTS), graphics + 2);
-  EXPECT_LE(count(GR_USEROBJECTS), windows + 2);
+  EXPECT_LE(LiveGraphicsObjects(), graphics + 2);
+  EXPECT_LE(LiveWindows(), windows + 2);
 }
 
 TEST(AccessKey, IsTheLetterBehindTheMark) {

@@ -33,6 +33,22 @@ struct PeerCall {
   friend bool operator==(const PeerCall&, const PeerCall&) = default;
 };
 
+// A surface that a control shows in front of all windows.
+struct HeadlessPopup {
+  const Form* form;
+  const Control* control;
+  PixelRect area;
+  std::function<void(Canvas&)> paint;
+};
+
+// What a screen reader was told.
+struct AccessibilityCall {
+  AccessibleEvent event;
+  std::string control;
+  int child;
+  friend bool operator==(const AccessibilityCall&, const AccessibilityCall&) = default;
+};
+
 class HeadlessWindowing final : public Windowing {
  public:
   explicit HeadlessWindowing(HeadlessClock& clock) : clock_(clock) {}
@@ -56,8 +72,14 @@ class HeadlessWindowing final : public Windowing {
   void RunUntilQuit() override;
   void Quit() override { quit_ = true; }
   [[nodiscard]] ScreenSize Screen() override { return screen; }
+  // Those of a plain desktop, 0 to 30.
+  [[nodiscard]] std::optional<uint32_t> SystemColor(int number) override;
   // Each character is half as wide as the font is high.
   [[nodiscard]] int TextWidth(std::string_view text, const FontDescription& font) override;
+  [[nodiscard]] PixelSize MeasureText(std::string_view text, const FontDescription& font, int dpi) override;
+  // What the control shows in front of all windows now; null for nothing. Its `paint` takes any canvas.
+  [[nodiscard]] const HeadlessPopup* PopupOf(const Control& control) const;
+  [[nodiscard]] int dpi() const { return 1440 / screen.twips_per_pixel; }
 
   UnexpectedHandler on_unexpected;
   ScreenSize screen{1024 * 15, 768 * 15, 15};
@@ -67,6 +89,7 @@ class HeadlessWindowing final : public Windowing {
   // What all peers were told, in order, where recording is on.
   bool record_calls = false;
   std::vector<PeerCall> calls;
+  std::vector<AccessibilityCall> accessibility_calls;
 
  private:
   class Peer;
@@ -81,10 +104,12 @@ class HeadlessWindowing final : public Windowing {
 
   void CloseUnexpected(Form& form, const std::string& detail);
   void RunPopUp(MenuItem& item);
+  void HidePopup(const Control& control);
 
   HeadlessClock& clock_;
   std::deque<ExpectedModal> expected_;
   std::deque<ExpectedPopUp> expected_menus_;
+  std::vector<HeadlessPopup> popups_;
   bool quit_ = false;
 };
 

@@ -26,12 +26,12 @@ MouseMessage KindOf(UINT message) {
   }
 }
 
+}  // namespace
+
 int HeldButtons(WPARAM keys) {
   return ((keys & MK_LBUTTON) ? mouse::kLeft : 0) | ((keys & MK_RBUTTON) ? mouse::kRight : 0) |
          ((keys & MK_MBUTTON) ? mouse::kMiddle : 0);
 }
-
-}  // namespace
 
 int ShiftState() {
   const auto down = [](int key) { return GetKeyState(key) < 0; };

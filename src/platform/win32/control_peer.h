@@ -43,6 +43,28 @@ class ControlPeer {
     static_cast<void>(area);
   }
 
+  // What controls that paint themselves ask for; see FormPeer.
+  virtual void ShowPopup(const PixelRect& screen_area, std::function<void(Canvas&)> paint) {
+    static_cast<void>(screen_area);
+    static_cast<void>(paint);
+  }
+  virtual void HidePopup() {}
+  // A turn of the wheel; true when it is done with.
+  virtual bool TakeWheel(WPARAM first) {
+    static_cast<void>(first);
+    return false;
+  }
+  // A key before the form uses it; true when it is done with.
+  virtual bool TakeKey(int key, int shift_state) {
+    static_cast<void>(key);
+    static_cast<void>(shift_state);
+    return false;
+  }
+  virtual void TellAccessibility(AccessibleEvent event, int child) {
+    static_cast<void>(event);
+    static_cast<void>(child);
+  }
+
   // The control's place in its container, in pixels.
   [[nodiscard]] RECT Area() const;
 
@@ -94,6 +116,8 @@ class DrawnPeer : public ControlPeer {
 
 // The shift state of the keyboard, as event handlers get it.
 [[nodiscard]] int ShiftState();
+// The mouse buttons that a mouse message says are down.
+[[nodiscard]] int HeldButtons(WPARAM keys);
 // Fires the mouse event that a message means; place in pixels inside the control.
 void FireMouseEvent(Control& control, UINT message, WPARAM keys, POINT place, ScreenScale scale);
 

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "forms/check_box.h"
 #include "forms/command_button.h"
+#include "forms/composite_control.h"
 #include "forms/file_list_box.h"
 #include "forms/frame.h"
 #include "forms/image.h"
@@ -14,9 +15,11 @@
 #include "forms/option_button.h"
 #include "forms/picture_box.h"
 #include "forms/text_box.h"
+#include "forms/user_control.h"
 #include "platform/platform.h"
 #include "platform/win32/control_peer.h"
 #include "platform/win32/panel_peer.h"
+#include "platform/win32/user_control_peer.h"
 #include "platform/win32/wide_text.h"
 
 namespace kestrun {
@@ -369,7 +372,10 @@ std::unique_ptr<ControlPeer> MakeControlPeer(FormWindow& form, Control& control)
   const std::string type = control.TypeName();
   const auto* row = std::find_if(kPeers.begin(), kPeers.end(),
                                  [&type](const PeerRow& candidate) { return candidate.type_name == type; });
-  return row == kPeers.end() ? nullptr : row->make(form, control);
+  if (row != kPeers.end()) return row->make(form, control);
+  if (dynamic_cast<UserControl*>(&control)) return std::make_unique<UserControlPeer>(form, control);
+  if (dynamic_cast<CompositeControl*>(&control)) return std::make_unique<CompositePeer>(form, control);
+  return nullptr;
 }
 
 }  // namespace kestrun

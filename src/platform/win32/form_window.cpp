@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "forms/label.h"
 #include "platform/platform.h"
 #include "platform/win32/control_peer.h"
 #include "platform/win32/keyboard.h"
@@ -209,10 +210,9 @@ void FormWindow::FitToModel() {
 }
 
 void FormWindow::ControlsChanged() {
-  const auto is_gone = [this](const std::unique_ptr<ControlPeer>& peer) {
-    const auto& present = form_->controls();
-    return std::none_of(present.begin(), present.end(),
-                        [&peer](const Ref<Control>& control) { return control.get() == &peer->control(); });
+  const std::vector<Control*> present = form_->StackingOrder();
+  const auto is_gone = [&present](const std::unique_ptr<ControlPeer>& peer) {
+    return std::find(present.begin(), present.end(), &peer->control()) == present.end();
   };
   const auto gone =
       std::stable_partition(peers_.begin(), peers_.end(), [&](const auto& peer) { return !is_gone(peer); });
@@ -223,7 +223,7 @@ void FormWindow::ControlsChanged() {
   }
   peers_.erase(gone, peers_.end());
   MakeControls();
-  for (const Control* control : form_->StackingOrder()) {
+  for (const Control* control : present) {
     const ControlPeer* peer = PeerOf(*control);
     if (peer && peer->window())
       SetWindowPos(peer->window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -264,6 +264,19 @@ HWND FormWindow::ContainerWindow(const Control& control) const {
   const Control* container = control.Container();
   const ControlPeer* peer = container && container != form_.get() ? PeerOf(*container) : nullptr;
   return peer && peer->window() ? peer->window() : window();
+}
+
+PixelPoint FormWindow::ScreenPosition(const Control& control) const {
+  const ControlPeer* peer = PeerOf(control);
+  POINT place{};
+  if (peer && !peer->window()) place = {peer->Area().left, peer->Area().top};
+  ClientToScreen(peer && peer->window() ? peer->window() : ContainerWindow(control), &place);
+  return {place.x, place.y};
+}
+
+PixelRect FormWindow::ScreenArea() const {
+  const RECT work = WorkArea(window());
+  return {work.left, work.top, work.right, work.bottom};
 }
 
 HFONT FormWindow::FontFor(const FontDescription& font) {
@@ -413,6 +426,7 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
     case WM_SYSCOLORCHANGE:
       brushes_.clear();
       InvalidateRect(window(), nullptr, TRUE);
+      for (const auto& peer : peers_) peer->Repaint();
       return false;
     default: return false;
   }
@@ -435,6 +449,7 @@ void FormWindow::NoteSize() {
 void FormWindow::Rescale(ScreenScale scale) {
   scale_ = scale;
   fonts_.clear();
+  cursor_picture_.Reset();
   SetIcons();
   for (const auto& peer : peers_) {
     peer->Update(PropertyId::kFont);
@@ -449,6 +464,10 @@ bool FormWindow::HandleContainerMessage(HWND container_window, Control& containe
   switch (message) {
     case WM_ERASEBKGND: result = 1; return true;
     case WM_PAINT: Paint(container_window, container); return true;
+    case WM_SETCURSOR:
+      result = TRUE;
+      return reinterpret_cast<HWND>(first) == container_window && LOWORD(second) == HTCLIENT &&
+             ShowMouseIcon(container_window, container);
     case WM_COMMAND: return HandleCommand(first, second);
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORLISTBOX:
@@ -470,6 +489,11 @@ bool FormWindow::HandleCommand(WPARAM first, LPARAM second) {
   ControlPeer* peer = PeerOf(reinterpret_cast<HWND>(second));
   if (peer) peer->Notify(HIWORD(first));
   return peer != nullptr;
+}
+
+bool FormWindow::PassWheel(WPARAM first, LPARAM second) {
+  ControlPeer* peer = PeerOf(WindowFromPoint(MessagePlace(second)));
+  return peer && peer->TakeWheel(first);
 }
 
 Control* FormWindow::DrawnControlAt(Control& container, POINT place) const {
@@ -501,6 +525,22 @@ bool FormWindow::HandleMouse(HWND, Control& container, UINT message, WPARAM firs
   }
   if (message == WM_LBUTTONDBLCLK) DispatchEvent(form_.get(), [&] { target.DblClick(); });
   return false;
+}
+
+bool FormWindow::ShowMouseIcon(HWND container_window, Control& container) {
+  POINT place{};
+  GetCursorPos(&place);
+  ScreenToClient(container_window, &place);
+  const auto* label = dynamic_cast<Label*>(DrawnControlAt(container, place));
+  if (!label || !label->MouseIcon.get()) return false;
+  if (cursor_picture_ != label->MouseIcon.get()) {
+    IconHandle made = MakeCursor(*label->MouseIcon.get(), scale_.dpi());
+    SetCursor(made.get());
+    cursor_ = std::move(made);
+    cursor_picture_ = label->MouseIcon;
+  }
+  SetCursor(cursor_.get());
+  return true;
 }
 
 // ---- painting ------------------------------------------------------------------------------------------------------

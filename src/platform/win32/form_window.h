@@ -44,6 +44,11 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   // The window that a control's container has.
   [[nodiscard]] HWND ContainerWindow(const Control& control) const;
 
+  // The top left corner on the desktop of what the control paints.
+  [[nodiscard]] PixelPoint ScreenPosition(const Control& control) const;
+  // The work area of the form's screen.
+  [[nodiscard]] PixelRect ScreenArea() const;
+
   // Shared by all peers of the form; valid until its scale changes.
   [[nodiscard]] HFONT FontFor(const FontDescription& font);
   [[nodiscard]] HBRUSH BrushFor(Color color);
@@ -53,6 +58,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   bool HandleContainerMessage(HWND window, Control& container, UINT message, WPARAM first, LPARAM second,
                               LRESULT& result);
   [[nodiscard]] bool ChooseMenuCommand(int command);
+  // Gives a turn of the wheel to the control under the mouse; false when there is none that takes it.
+  bool PassWheel(WPARAM first, LPARAM second);
   // Paints what lies behind a panel: its container's background, and the controls that the container draws.
   void PaintBehind(HDC target, const ControlPeer& peer);
 
@@ -78,6 +85,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   void PaintContent(HDC target, Control& container, const RECT& client);
   bool HandleCommand(WPARAM first, LPARAM second);
   bool HandleMouse(HWND window, Control& container, UINT message, WPARAM first, LPARAM second);
+  // True when the mouse is over a drawn control that has a mouse picture, which is then shown.
+  bool ShowMouseIcon(HWND window, Control& container);
   [[nodiscard]] Control* DrawnControlAt(Control& container, POINT place) const;
   bool HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result);
   void NoteSize();
@@ -95,6 +104,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   std::vector<std::unique_ptr<ControlPeer>> peers_;
   IconHandle small_icon_;
   IconHandle large_icon_;
+  Ref<Picture> cursor_picture_;  // what cursor_ was made of
+  IconHandle cursor_;
   Control* pressed_ = nullptr;  // the drawn control under the pressed button
 };
 

@@ -9,6 +9,8 @@
 namespace kestrun {
 namespace {
 
+constexpr int kLargestCursor = 256;
+
 // A top-down 32-bit bitmap and its pixels.
 struct PixelBitmap {
   BitmapHandle bitmap;
@@ -67,6 +69,28 @@ struct PixelSum {
     return byte(alpha / weight) << 24 | byte(red / alpha) << 16 | byte(green / alpha) << 8 | byte(blue / alpha);
   }
 };
+
+// A square icon, or a mouse cursor whose hot spot is its top left corner.
+IconHandle MakeIconOrCursor(const Picture& picture, int size_pixels, bool is_icon) {
+  PixelBitmap colors = MakePixelBitmap(size_pixels, size_pixels);
+  if (!colors.pixels) return {};
+  const std::vector<uint32_t> pixels = ScalePixels(picture, size_pixels, size_pixels);
+  std::copy(pixels.begin(), pixels.end(), colors.pixels);
+  // One bit for each pixel, rows padded to 16 bits: set where nothing is drawn.
+  const size_t row_bytes = (static_cast<size_t>(size_pixels) + 15) / 16 * 2;
+  std::vector<uint8_t> mask_bits(row_bytes * static_cast<size_t>(size_pixels));
+  for (size_t at = 0; at < pixels.size(); ++at) {
+    const size_t x = at % static_cast<size_t>(size_pixels);
+    const size_t y = at / static_cast<size_t>(size_pixels);
+    if (pixels[at] >> 24 == 0) mask_bits[y * row_bytes + x / 8] |= static_cast<uint8_t>(0x80 >> (x % 8));
+  }
+  const BitmapHandle mask(CreateBitmap(size_pixels, size_pixels, 1, 1, mask_bits.data()));
+  ICONINFO info{};
+  info.fIcon = is_icon;
+  info.hbmColor = colors.bitmap.get();
+  info.hbmMask = mask.get();
+  return IconHandle(CreateIconIndirect(&info));
+}
 
 }  // namespace
 
@@ -129,25 +153,11 @@ void DrawPictureTo(HDC target, const Picture& picture, const RECT& area) {
   SelectObject(source.get(), previous);
 }
 
-IconHandle MakeIcon(const Picture& picture, int size_pixels) {
-  PixelBitmap colors = MakePixelBitmap(size_pixels, size_pixels);
-  if (!colors.pixels) return {};
-  const std::vector<uint32_t> pixels = ScalePixels(picture, size_pixels, size_pixels);
-  std::copy(pixels.begin(), pixels.end(), colors.pixels);
-  // One bit for each pixel, rows padded to 16 bits: set where nothing is drawn.
-  const size_t row_bytes = (static_cast<size_t>(size_pixels) + 15) / 16 * 2;
-  std::vector<uint8_t> mask_bits(row_bytes * static_cast<size_t>(size_pixels));
-  for (size_t at = 0; at < pixels.size(); ++at) {
-    const size_t x = at % static_cast<size_t>(size_pixels);
-    const size_t y = at / static_cast<size_t>(size_pixels);
-    if (pixels[at] >> 24 == 0) mask_bits[y * row_bytes + x / 8] |= static_cast<uint8_t>(0x80 >> (x % 8));
-  }
-  const BitmapHandle mask(CreateBitmap(size_pixels, size_pixels, 1, 1, mask_bits.data()));
-  ICONINFO info{};
-  info.fIcon = TRUE;
-  info.hbmColor = colors.bitmap.get();
-  info.hbmMask = mask.get();
-  return IconHandle(CreateIconIndirect(&info));
+IconHandle MakeIcon(const Picture& picture, int size_pixels) { return MakeIconOrCursor(picture, size_pixels, true); }
+
+IconHandle MakeCursor(const Picture& picture, int dpi) {
+  const int largest = std::clamp(std::max(picture.width_pixels(), picture.height_pixels()), 1, kLargestCursor);
+  return MakeIconOrCursor(picture, MulDiv(largest, dpi, 96), false);
 }
 
 BitmapHandle MakeMenuBitmap(const Picture& picture, int size_pixels) {

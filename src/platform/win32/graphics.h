@@ -18,6 +18,8 @@ namespace kestrun {
 // Draws the whole picture into the area.
 void DrawPictureTo(HDC target, const Picture& picture, const RECT& area);
 [[nodiscard]] IconHandle MakeIcon(const Picture& picture, int size_pixels);
+// A mouse cursor of the picture's own size at 96 dots per inch, larger on finer screens.
+[[nodiscard]] IconHandle MakeCursor(const Picture& picture, int dpi);
 // A bitmap for a menu item, with its transparency.
 [[nodiscard]] BitmapHandle MakeMenuBitmap(const Picture& picture, int size_pixels);
 void FillColor(HDC target, const RECT& area, Color color);

@@ -134,6 +134,12 @@ bool FireKey(FormWindow& form_window, Control* focused, Fire&& fire) {
   return !form_window.is_open();
 }
 
+// A control that paints itself uses keys such as Enter and the arrows before the form does.
+bool OfferKey(FormWindow& form_window, int key, int shift_state) {
+  ControlPeer* peer = form_window.PeerOf(GetFocus());
+  return peer && peer->TakeKey(key, shift_state);
+}
+
 bool HandleKeyDown(FormWindow& form_window, int key) {
   Control* focused = FocusedControl(form_window);
   const int shift_state = ShiftState();
@@ -141,6 +147,7 @@ bool HandleKeyDown(FormWindow& form_window, int key) {
   if (FireKey(form_window, focused, [&](Control& control) { control.KeyDown(code, shift_state); }) || code == 0)
     return true;
   if (ChooseShortcut(form_window.form(), key, shift_state)) return true;
+  if (key != VK_TAB && OfferKey(form_window, key, shift_state)) return true;
   if ((shift_state & (shift::kCtrl | shift::kAlt)) != 0) {
     if (key != 'A' || shift_state != shift::kCtrl || !dynamic_cast<TextBox*>(focused)) return false;
     SendMessageW(GetFocus(), EM_SETSEL, 0, -1);
@@ -230,6 +237,9 @@ bool HandleKeyMessage(FormWindow& form_window, MSG& message) {
   const auto keep = form_window.shared_from_this();
   switch (message.message) {
     case WM_KEYDOWN: return HandleKeyDown(form_window, static_cast<int>(message.wParam));
+    case WM_SYSKEYDOWN:
+      // Shift+F10 opens a pop-up menu; all other keys of this kind are the system's.
+      return message.wParam == VK_F10 && ShiftState() == shift::kShift && OfferKey(form_window, VK_F10, shift::kShift);
     case WM_CHAR: return HandleCharacter(form_window, message);
     case WM_SYSCHAR: return HandleAccessKey(form_window, static_cast<wchar_t>(message.wParam));
     case WM_KEYUP: {

@@ -1,5 +1,6 @@
 #include "platform/win32/panel_peer.h"
 
+#include "forms/composite_control.h"
 #include "forms/frame.h"
 #include "forms/picture_box.h"
 #include "platform/win32/wide_text.h"
@@ -73,6 +74,31 @@ void PictureBoxPeer::DrawBackground(HDC target, const RECT& area) {
   DrawPictureTo(target, *picture,
                 {area.left, area.top, area.left + MulDiv(picture->width_pixels(), dpi, 96),
                  area.top + MulDiv(picture->height_pixels(), dpi, 96)});
+}
+
+DWORD CompositePeer::BorderStyle() const {
+  return static_cast<CompositeControl&>(control()).BorderStyle == 0 ? 0 : WS_EX_CLIENTEDGE;
+}
+
+void CompositePeer::Create() { CreatePanel(BorderStyle()); }
+
+void CompositePeer::Update(PropertyId property) {
+  PanelPeer::Update(property);
+  if (property == PropertyId::kBorderStyle) {
+    const auto others = GetWindowLongPtrW(window(), GWL_EXSTYLE) & ~static_cast<LONG_PTR>(WS_EX_CLIENTEDGE);
+    SetWindowLongPtrW(window(), GWL_EXSTYLE, others | static_cast<LONG_PTR>(BorderStyle()));
+    SetWindowPos(window(), nullptr, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+  }
+  Repaint();
+}
+
+void CompositePeer::DrawBackground(HDC target, const RECT& area) {
+  if (static_cast<CompositeControl&>(control()).BackStyle == 0) {
+    form().PaintBehind(target, *this);
+  } else {
+    FillColor(target, area, control().BackColor);
+  }
 }
 
 }  // namespace kestrun

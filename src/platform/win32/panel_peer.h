@@ -29,4 +29,16 @@ class PictureBoxPeer final : public PanelPeer {
   void DrawBackground(HDC target, const RECT& area) override;
 };
 
+// A control that is made of other controls.
+class CompositePeer final : public PanelPeer {
+ public:
+  using PanelPeer::PanelPeer;
+  void Create() override;
+  void Update(PropertyId property) override;
+  void DrawBackground(HDC target, const RECT& area) override;
+
+ private:
+  [[nodiscard]] DWORD BorderStyle() const;
+};
+
 }  // namespace kestrun

@@ -21,15 +21,28 @@ class Win32FormPeer final : public FormPeer {
   void Repaint(Control& control) override { window_->Repaint(control); }
   void PopUpMenu(MenuItem& item) override { window_->PopUpMenu(item); }
   void BringToFront() override { SetForegroundWindow(window_->window()); }
+  void ShowPopup(Control& control, const PixelRect& screen_area, std::function<void(Canvas&)> paint) override {
+    if (ControlPeer* peer = window_->PeerOf(control)) peer->ShowPopup(screen_area, std::move(paint));
+  }
+  void HidePopup(Control& control) override {
+    if (ControlPeer* peer = window_->PeerOf(control)) peer->HidePopup();
+  }
+  PixelPoint ScreenPosition(const Control& control) override { return window_->ScreenPosition(control); }
+  PixelRect ScreenArea(const Control&) override { return window_->ScreenArea(); }
+  void TellAccessibility(Control& control, AccessibleEvent event, int child) override {
+    if (ControlPeer* peer = window_->PeerOf(control)) peer->TellAccessibility(event, child);
+  }
 
  private:
   std::shared_ptr<FormWindow> window_;
 };
 
 bool FilterMessage(MSG& message) {
-  if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
+  const bool is_key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+  if (!is_key && message.message != WM_MOUSEWHEEL) return false;
   FormWindow* form_window = FormWindow::Find(message.hwnd);
-  return form_window && HandleKeyMessage(*form_window, message);
+  if (!form_window) return false;
+  return is_key ? HandleKeyMessage(*form_window, message) : form_window->PassWheel(message.wParam, message.lParam);
 }
 
 // While it lives all open forms but one take no input.
@@ -103,16 +116,22 @@ ScreenSize Win32Windowing::Screen() {
   return {scale.Twips(GetSystemMetrics(SM_CXSCREEN)), scale.Twips(GetSystemMetrics(SM_CYSCREEN)), 1440 / scale.dpi()};
 }
 
+std::optional<uint32_t> Win32Windowing::SystemColor(int number) {
+  if (number < 0 || number > COLOR_MENUBAR) return std::nullopt;
+  return GetSysColor(number);
+}
+
 int Win32Windowing::TextWidth(std::string_view text, const FontDescription& font) {
   const ScreenScale scale = ScaleOf(nullptr);
-  const FontHandle handle = MakeFont(font, scale);
-  const MemoryDevice device(CreateCompatibleDC(nullptr));
-  const HGDIOBJ previous = SelectObject(device.get(), handle.get());
-  const std::wstring wide = ToWide(text);
-  SIZE size{};
-  GetTextExtentPoint32W(device.get(), wide.data(), static_cast<int>(wide.size()), &size);
-  SelectObject(device.get(), previous);
-  return scale.Twips(size.cx);
+  return scale.Twips(MeasureText(text, font, scale.dpi()).width);
+}
+
+PixelSize Win32Windowing::MeasureText(std::string_view text, const FontDescription& font, int dpi) {
+  if (!measuring_.IsValid()) measuring_.Reset(CreateCompatibleDC(nullptr));
+  const HGDIOBJ previous = SelectObject(measuring_.get(), fonts_.Get(font, dpi));
+  const PixelSize size = MeasureLine(measuring_.get(), text);
+  SelectObject(measuring_.get(), previous);
+  return size;
 }
 
 }  // namespace kestrun

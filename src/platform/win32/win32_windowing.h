@@ -1,6 +1,7 @@
 // Forms on the Windows desktop.
 #pragma once
 
+#include "platform/win32/gdi_canvas.h"
 #include "platform/windowing.h"
 
 namespace kestrun {
@@ -14,7 +15,13 @@ class Win32Windowing final : public Windowing {
   void RunUntilQuit() override;
   void Quit() override;
   [[nodiscard]] ScreenSize Screen() override;
+  [[nodiscard]] std::optional<uint32_t> SystemColor(int number) override;
   [[nodiscard]] int TextWidth(std::string_view text, const FontDescription& font) override;
+  [[nodiscard]] PixelSize MeasureText(std::string_view text, const FontDescription& font, int dpi) override;
+
+ private:
+  FontCache fonts_;
+  MemoryDevice measuring_;
 };
 
 }  // namespace kestrun

@@ -1,0 +1,44 @@
+// A control that is made of other controls instead of painting itself. Its constituents stand in it as in a frame, and
+// are drawn and clicked like any others, but they are its own: the form does not list them, and scripts reach them only
+// through what the control gives out.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "forms/control.h"
+
+namespace kestrun {
+
+class CompositeControl : public Control {
+ public:
+  using Control::Control;
+
+  // 0 shows what lies behind the control, 1 its own background.
+  Property<int> BackStyle{*this, PropertyId::kBackStyle, 1};
+  Property<int> BorderStyle{*this, PropertyId::kBorderStyle};
+
+  [[nodiscard]] bool TakesFocus() const override { return false; }
+  [[nodiscard]] bool IsContainer() const override { return true; }
+  [[nodiscard]] std::span<const Ref<Control>> Constituents() const override { return constituents_; }
+
+ protected:
+  // Adds one in front of those that are there. It lives as long as the control.
+  template <class T>
+  T& AddConstituent(std::string name, int index = -1) {
+    Ref<T> made = MakeRef<T>(form(), std::move(name), index);
+    constituents_.push_back(made);
+    made->SetContainer(*this);
+    return *made;
+  }
+
+  // Runs when the control's size has changed.
+  virtual void Resized() {}
+  void PropertyChanged(PropertyId id) override;
+  void Disconnect() override;
+
+ private:
+  std::vector<Ref<Control>> constituents_;  // back to front
+};
+
+}  // namespace kestrun

@@ -1,0 +1,199 @@
+#include "platform/win32/accessible_control.h"
+
+#include <algorithm>
+
+#include "platform/win32/late_call.h"
+#include "platform/win32/wide_text.h"
+
+namespace kestrun {
+namespace {
+
+constexpr const wchar_t* kAccessibility = L"oleacc.dll";
+
+void SetNumber(VARIANT& target, long number) {
+  target.vt = VT_I4;
+  target.lVal = number;
+}
+
+long RoleOf(UserControl::Role role) {
+  switch (role) {
+    case UserControl::Role::kList: return ROLE_SYSTEM_LIST;
+    case UserControl::Role::kProgressBar: return ROLE_SYSTEM_PROGRESSBAR;
+    case UserControl::Role::kLink: return ROLE_SYSTEM_LINK;
+    case UserControl::Role::kPanel: break;
+  }
+  return ROLE_SYSTEM_PANE;
+}
+
+}  // namespace
+
+bool AccessibleControl::Answer(WPARAM first, LRESULT& result) {
+  try {
+    result =
+        KESTRUN_LATE(kAccessibility, LresultFromObject)(__uuidof(IAccessible), first, static_cast<IAccessible*>(this));
+    return true;
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
+void AccessibleControl::Disconnect() { control_.Reset(); }
+
+HRESULT AccessibleControl::QueryInterface(REFIID id, void** object) {
+  if (!object) return E_POINTER;
+  *object = nullptr;
+  if (id != __uuidof(IUnknown) && id != __uuidof(IDispatch) && id != __uuidof(IAccessible)) return E_NOINTERFACE;
+  *object = static_cast<IAccessible*>(this);
+  Retain();
+  return S_OK;
+}
+
+ULONG AccessibleControl::AddRef() {
+  Retain();
+  return references();
+}
+
+ULONG AccessibleControl::Release() {
+  const ULONG left = references() - 1;
+  RefCounted::Release();
+  return left;
+}
+
+HRESULT AccessibleControl::GetTypeInfoCount(UINT* count) {
+  *count = 0;
+  return S_OK;
+}
+
+HRESULT AccessibleControl::RowOf(const VARIANT& child, int& row) const {
+  if (!control_) return CO_E_OBJNOTCONNECTED;
+  if (child.vt != VT_I4) return E_INVALIDARG;
+  row = -1;
+  if (child.lVal == CHILDID_SELF) return S_OK;
+  if (child.lVal < 1 || child.lVal > control_->AccessibleChildCount()) return E_INVALIDARG;
+  row = static_cast<int>(child.lVal) - 1;
+  return S_OK;
+}
+
+HRESULT AccessibleControl::get_accParent(IDispatch** parent) {
+  if (!control_) return CO_E_OBJNOTCONNECTED;
+  return KESTRUN_LATE(kAccessibility, AccessibleObjectFromWindow)(
+      window_, static_cast<DWORD>(OBJID_WINDOW), __uuidof(IDispatch), reinterpret_cast<void**>(parent));
+}
+
+HRESULT AccessibleControl::get_accChildCount(long* count) {
+  if (!control_) return CO_E_OBJNOTCONNECTED;
+  *count = control_->AccessibleChildCount();
+  return S_OK;
+}
+
+// Rows are no objects of their own: this object answers for them by their numbers.
+HRESULT AccessibleControl::get_accChild(VARIANT child, IDispatch** object) {
+  *object = nullptr;
+  int row = -1;
+  const HRESULT found = RowOf(child, row);
+  return found == S_OK ? S_FALSE : found;
+}
+
+HRESULT AccessibleControl::get_accName(VARIANT child, BSTR* name) {
+  *name = nullptr;
+  int row = -1;
+  if (const HRESULT found = RowOf(child, row); found != S_OK) return found;
+  const std::wstring text = ToWide(row < 0 ? control_->AccessibleName() : control_->AccessibleChildName(row));
+  if (text.empty()) return S_FALSE;
+  *name = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+  return *name ? S_OK : E_OUTOFMEMORY;
+}
+
+HRESULT AccessibleControl::get_accRole(VARIANT child, VARIANT* role) {
+  int row = -1;
+  if (const HRESULT found = RowOf(child, row); found != S_OK) return found;
+  const bool is_list = control_->AccessibleRole() == UserControl::Role::kList;
+  SetNumber(*role, row < 0   ? RoleOf(control_->AccessibleRole())
+                   : is_list ? ROLE_SYSTEM_LISTITEM
+                             : ROLE_SYSTEM_STATICTEXT);
+  return S_OK;
+}
+
+long AccessibleControl::ControlState() const {
+  long state = control_->TakesFocus() ? STATE_SYSTEM_FOCUSABLE : 0;
+  if (GetFocus() == window_) state |= STATE_SYSTEM_FOCUSED;
+  if (!IsWindowVisible(window_)) state |= STATE_SYSTEM_INVISIBLE;
+  if (!IsWindowEnabled(window_)) state |= STATE_SYSTEM_UNAVAILABLE;
+  if (control_->AccessibleRole() == UserControl::Role::kLink) state |= STATE_SYSTEM_LINKED;
+  return state;
+}
+
+long AccessibleControl::RowState(int row) const {
+  long state = STATE_SYSTEM_SELECTABLE | STATE_SYSTEM_FOCUSABLE;
+  if (control_->IsAccessibleChildSelected(row)) state |= STATE_SYSTEM_SELECTED;
+  if (row == control_->AccessibleFocusedChild() && GetFocus() == window_) state |= STATE_SYSTEM_FOCUSED;
+  if (control_->AccessibleChildArea(row).IsEmpty()) state |= STATE_SYSTEM_OFFSCREEN | STATE_SYSTEM_INVISIBLE;
+  return state;
+}
+
+HRESULT AccessibleControl::get_accState(VARIANT child, VARIANT* state) {
+  int row = -1;
+  if (const HRESULT found = RowOf(child, row); found != S_OK) return found;
+  SetNumber(*state, row < 0 ? ControlState() : RowState(row));
+  return S_OK;
+}
+
+HRESULT AccessibleControl::get_accFocus(VARIANT* child) {
+  child->vt = VT_EMPTY;
+  if (!control_) return CO_E_OBJNOTCONNECTED;
+  if (GetFocus() != window_) return S_FALSE;
+  SetNumber(*child, control_->AccessibleFocusedChild() + 1);
+  return S_OK;
+}
+
+// The row that the keys work on when it is selected, otherwise the first selected one; a reader finds the others by
+// their states.
+HRESULT AccessibleControl::get_accSelection(VARIANT* child) {
+  child->vt = VT_EMPTY;
+  if (!control_) return CO_E_OBJNOTCONNECTED;
+  const int count = control_->AccessibleChildCount();
+  int row = control_->AccessibleFocusedChild();
+  if (row < 0 || row >= count || !control_->IsAccessibleChildSelected(row)) {
+    row = 0;
+    while (row < count && !control_->IsAccessibleChildSelected(row)) ++row;
+  }
+  if (row >= count) return S_FALSE;
+  SetNumber(*child, row + 1);
+  return S_OK;
+}
+
+HRESULT AccessibleControl::accLocation(long* left, long* top, long* width, long* height, VARIANT child) {
+  *left = *top = *width = *height = 0;
+  int row = -1;
+  if (const HRESULT found = RowOf(child, row); found != S_OK) return found;
+  RECT place{};
+  GetWindowRect(window_, &place);
+  if (row >= 0) {
+    const PixelRect area = control_->AccessibleChildArea(row);
+    POINT corner{area.left, area.top};
+    ClientToScreen(window_, &corner);
+    place = {corner.x, corner.y, corner.x + area.width(), corner.y + area.height()};
+  }
+  *left = place.left;
+  *top = place.top;
+  *width = std::max(0L, place.right - place.left);
+  *height = std::max(0L, place.bottom - place.top);
+  return S_OK;
+}
+
+HRESULT AccessibleControl::accHitTest(long left, long top, VARIANT* child) {
+  child->vt = VT_EMPTY;
+  if (!control_) return CO_E_OBJNOTCONNECTED;
+  RECT place{};
+  GetWindowRect(window_, &place);
+  if (!PtInRect(&place, {left, top})) return S_FALSE;
+  POINT inside{left, top};
+  ScreenToClient(window_, &inside);
+  const int count = control_->AccessibleChildCount();
+  int row = 0;
+  while (row < count && !control_->AccessibleChildArea(row).Contains(inside.x, inside.y)) ++row;
+  SetNumber(*child, row < count ? row + 1 : CHILDID_SELF);
+  return S_OK;
+}
+
+}  // namespace kestrun

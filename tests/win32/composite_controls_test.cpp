@@ -1,0 +1,205 @@
+// Controls that are made of other controls, on a real form with real messages.
+#include <gtest/gtest.h>
+
+#include "controls/progress_bar/progress_bar.h"
+#include "controls/quick_link/help_picture.h"
+#include "controls/quick_link/quick_link.h"
+#include "forms/form.h"
+#include "forms/window_registry.h"
+#include "platform/win32/control_peer.h"
+#include "platform/win32/win32_platform.h"
+
+namespace kestrun {
+namespace {
+
+class frmcomposite final : public Form {
+ public:
+  static constexpr const char* kName = "frmcomposite";
+  frmcomposite() : Form(kName) {
+    Caption = "Composite";
+    BackColor = 0x00C0C0;
+    SetClientSize(6000, 4500);
+    ProgressBar1.Move(150, 150, 4500, 450);
+    QuickLinks.Move(150, 900, 4500, 3000);
+    QuickLinks.BackColor = color::kWhite;
+    QuickLinks.AddLink("pack1", "Play a new map");
+    QuickLinks.AddLink("pack2", "Change map when hosting");
+  }
+
+  ProgressBar& ProgressBar1 = Add<ProgressBar>("ProgressBar1");
+  QuickLink& QuickLinks = Add<QuickLink>("QuickLinks");
+};
+
+const WindowRegistration registration(frmcomposite::kName, [] { return MakeRef<frmcomposite>(); });
+
+class CompositeControlsTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    form().Show();
+    ASSERT_FALSE(FormWindow::OpenWindows().empty()) << "no window came up: is there a display?";
+    Pump();
+  }
+  void TearDown() override {
+    CloseAllWindows();
+    Pump();
+    _wputenv_s(L"KESTRUN_DPI", L"");
+  }
+
+  frmcomposite& form() { return Window<frmcomposite>(); }
+  ProgressBar& bar() { return form().ProgressBar1; }
+  QuickLink& links() { return form().QuickLinks; }
+  FormWindow& window() { return *FormWindow::OpenWindows().back(); }
+  HWND HandleOf(Control& control) { return window().PeerOf(control)->window(); }
+  void Pump() { platform.clock().RunPendingEvents(); }
+
+  // A pixel of what is on the screen, 0x00BBGGRR; place in twips inside the control's client area.
+  COLORREF PixelOf(Control& control, int x, int y) {
+    UpdateWindow(HandleOf(control));
+    const HDC screen = GetDC(HandleOf(control));
+    const COLORREF pixel = GetPixel(screen, window().scale().Pixels(x), window().scale().Pixels(y));
+    ReleaseDC(HandleOf(control), screen);
+    return pixel;
+  }
+  // How many pixels of the label's own area are not the panel's white.
+  int InkOf(const Label& label) {
+    int ink = 0;
+    for (int y = label.Top; y < label.Top + label.Height; y += 15) {
+      for (int x = label.Left; x < label.Left + label.Width; x += 15) ink += PixelOf(links(), x, y) != 0xFFFFFF;
+    }
+    return ink;
+  }
+  LPARAM PlaceOn(const Control& constituent) {
+    return MAKELPARAM(window().scale().Pixels(constituent.Left + 60), window().scale().Pixels(constituent.Top + 60));
+  }
+  void MoveTo(LPARAM place) {
+    PostMessageW(HandleOf(links()), WM_MOUSEMOVE, 0, place);
+    Pump();
+  }
+  void ClickAt(LPARAM place) {
+    PostMessageW(HandleOf(links()), WM_LBUTTONDOWN, MK_LBUTTON, place);
+    PostMessageW(HandleOf(links()), WM_LBUTTONUP, 0, place);
+    Pump();
+  }
+
+  Win32Platform platform;
+  PlatformInstallation installation{platform};
+};
+
+TEST_F(CompositeControlsTest, TheFilledPartOfAProgressBarIsPaintedAndTheRestIsNot) {
+  bar().BackColor = color::kWhite;
+  bar().ShowPercent = false;
+  bar().Value = 50;
+  Pump();
+  EXPECT_EQ(PixelOf(bar(), 15, 225), 0xFF0000U);
+  EXPECT_EQ(PixelOf(bar(), 2220, 225), 0xFF0000U);
+  EXPECT_EQ(PixelOf(bar(), 2280, 225), 0xFFFFFFU);
+  bar().Value = 0;
+  Pump();
+  EXPECT_EQ(PixelOf(bar(), 15, 225), 0xFFFFFFU);
+}
+
+TEST_F(CompositeControlsTest, TheProgressBarFollowsItsSize) {
+  bar().BackColor = color::kWhite;
+  bar().ShowPercent = false;
+  bar().Value = 100;
+  bar().Width = 3000;
+  Pump();
+  RECT area{};
+  GetClientRect(HandleOf(bar()), &area);
+  EXPECT_EQ(area.right, 200);
+  EXPECT_EQ(PixelOf(bar(), 2985, 435), 0xFF0000U);
+}
+
+TEST_F(CompositeControlsTest, AFrameThatIsSetLaterIsShown) {
+  bar().BroderStyle = 1;
+  Pump();
+  RECT area{};
+  GetClientRect(HandleOf(bar()), &area);
+  EXPECT_LT(area.right, window().scale().Pixels(4500));
+  bar().BroderStyle = 0;
+  GetClientRect(HandleOf(bar()), &area);
+  EXPECT_EQ(area.right, window().scale().Pixels(4500));
+}
+
+TEST_F(CompositeControlsTest, ATransparentPanelShowsWhatIsBehindIt) {
+  links().BackStyle = 0;
+  Pump();
+  EXPECT_EQ(PixelOf(links(), 4400, 2900), 0x00C0C0U);
+  links().BackStyle = 1;
+  Pump();
+  EXPECT_EQ(PixelOf(links(), 4400, 2900), 0xFFFFFFU);
+}
+
+TEST_F(CompositeControlsTest, TheMouseOverALinkMakesItBoldAndUnderlined) {
+  const int plain_ink = InkOf(links().LblLink(1));
+  ASSERT_GT(plain_ink, 0);
+  MoveTo(PlaceOn(links().LblLink(1)));
+  EXPECT_TRUE(links().LblLink(1).Font->bold);
+  EXPECT_TRUE(links().LblLink(1).Font->underline);
+  EXPECT_FALSE(links().LblLink(0).Font->bold);
+  EXPECT_GT(InkOf(links().LblLink(1)), plain_ink);
+  MoveTo(MAKELPARAM(2, 2));
+  EXPECT_FALSE(links().LblLink(1).Font->bold);
+  EXPECT_EQ(InkOf(links().LblLink(1)), plain_ink);
+}
+
+TEST_F(CompositeControlsTest, AClickOnALinkTellsItsKey) {
+  std::string clicked;
+  links().LinkClick = [&](const std::string& key, int index) { clicked += key + std::to_string(index); };
+  bool closed = false;
+  links().LblCloseClick = [&] { closed = true; };
+  ClickAt(PlaceOn(links().LblLink(1)));
+  ClickAt(PlaceOn(links().LblClose));
+  EXPECT_EQ(clicked, "pack21");
+  EXPECT_TRUE(closed);
+}
+
+TEST_F(CompositeControlsTest, ALinkThatIsAddedToAShownPanelIsPaintedAndClicked) {
+  links().AddLink("late", "A late one");
+  Pump();
+  std::string clicked;
+  links().LinkClick = [&](const std::string& key, int) { clicked = key; };
+  EXPECT_GT(InkOf(links().LblLink(2)), 0);
+  ClickAt(PlaceOn(links().LblLink(2)));
+  EXPECT_EQ(clicked, "late");
+}
+
+TEST_F(CompositeControlsTest, AHandlerMayTakeThePanelAway) {
+  links().LinkClick = [this](const std::string&, int) { form().Remove(form().QuickLinks); };
+  ClickAt(PlaceOn(links().LblLink(0)));
+  EXPECT_EQ(form().FindControl("QuickLinks"), nullptr);
+}
+
+TEST_F(CompositeControlsTest, TheMouseTakesTheLinksPicture) {
+  links().MouseLinkIcon = HelpPicture();
+  const HWND panel = HandleOf(links());
+  const auto show_cursor_over = [&](const Control& constituent) {
+    POINT place{window().scale().Pixels(constituent.Left + 60), window().scale().Pixels(constituent.Top + 60)};
+    ClientToScreen(panel, &place);
+    SetCursorPos(place.x, place.y);
+    SetCursor(nullptr);
+    SendMessageW(panel, WM_SETCURSOR, reinterpret_cast<WPARAM>(panel), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    return GetCursor();
+  };
+  const HCURSOR arrow = LoadCursorW(nullptr, IDC_ARROW);
+  EXPECT_EQ(show_cursor_over(links().Label1), arrow);
+  const HCURSOR picture = show_cursor_over(links().LblLink(0));
+  EXPECT_NE(picture, arrow);
+  EXPECT_NE(picture, nullptr);
+  EXPECT_EQ(show_cursor_over(links().LblLink(1)), picture);
+}
+
+TEST_F(CompositeControlsTest, TheHelpPictureIsPaintedAtEveryScale) {
+  for (const int dpi : {96, 144, 192}) {
+    CloseAllWindows();
+    Pump();
+    _wputenv_s(L"KESTRUN_DPI", std::to_wstring(dpi).c_str());
+    form().Show();
+    Pump();
+    const Image& image = links().Image1;
+    EXPECT_EQ(PixelOf(links(), image.Left + 75, image.Top + 240), 0x8F6E2CU) << dpi;
+  }
+}
+
+}  // namespace
+}  // namespace kestrun
