@@ -239,9 +239,23 @@ class PlainListPeer final : public ListPeer<ListBox> {
  public:
   using ListPeer::ListPeer;
 
+  void Create() override {
+    ListPeer::Create();
+    ShowExtent();
+  }
+
+  void Update(PropertyId property) override {
+    if (property == PropertyId::kScrollBars) {
+      ShowExtent();
+    } else {
+      ListPeer::Update(property);
+    }
+  }
+
  protected:
+  // The scroll bar below shows only while the extent is wider than the list.
   [[nodiscard]] DWORD ChoiceStyle() const override {
-    return Model().MultiSelect == 1 ? LBS_MULTIPLESEL : Model().MultiSelect == 2 ? LBS_EXTENDEDSEL : 0;
+    return WS_HSCROLL | (Model().MultiSelect == 1 ? LBS_MULTIPLESEL : Model().MultiSelect == 2 ? LBS_EXTENDEDSEL : 0);
   }
   void ShowChoice() override {
     if (Model().MultiSelect == 0) {
@@ -249,6 +263,9 @@ class PlainListPeer final : public ListPeer<ListBox> {
       return;
     }
     for (int row = 0; row < Model().ListCount(); ++row) SendMessageW(window(), LB_SETSEL, Model().Selected(row), row);
+  }
+  void ShowExtent() {
+    SendMessageW(window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(Model().HorizontalExtent.get()), 0);
   }
   void TakeMarks() override {
     if (Model().MultiSelect == 0) return;
