@@ -2,8 +2,8 @@
 
 #include "base/text.h"
 #include "frame/game_paths.h"
-#include "frame/program_site.h"
 #include "frame/show_error.h"
+#include "frame/site.h"
 #include "frame/style_hook.h"
 #include "platform/platform.h"
 
@@ -66,7 +66,7 @@ frmhelp::frmhelp() : Form(kName) {
 }
 
 void frmhelp::Connect() {
-  Label3.Click = [] { RunCommand([] { OpenPage(kHomePage); }); };
+  Label3.Click = [] { RunCommand([] { OpenPage(std::string(kSite)); }); };
   Label5.Click = [] { RunCommand([] { ShowDesigner(); }); };
   Label6.Click = [] { RunCommand([] { OpenSiteOfStyle(); }); };
   Command1.Click = [this] { Unload(); };

@@ -1,5 +1,5 @@
 #include "frame/program_pictures.h"
-#include "frame/program_site.h"
+#include "frame/site.h"
 #include "maps/frmhelp.h"
 #include "platform/platform.h"
 
@@ -18,14 +18,14 @@ constexpr int kStyleHeight = 4 * kLine;
 constexpr int kButtonTop = 3180;
 constexpr int kButtonHeight = 375;
 
-void PlaceLine(Label& label, int top, const char* caption) {
+void PlaceLine(Label& label, int top, const std::string& caption) {
   label.Caption = caption;
   label.Move(kTextLeft, top, kTextWidth, kLine);
   label.BackStyle = 0;
 }
 
 // Links are as wide as their text, so that only the text answers the mouse.
-void PlaceLink(Label& label, int top, const char* caption, const char* tip) {
+void PlaceLink(Label& label, int top, const std::string& caption, const char* tip) {
   PlaceLine(label, top, caption);
   label.Width = platform().windowing().TextWidth(caption, label.Font) + 2 * 15;
   label.ToolTipText = tip;
@@ -52,7 +52,7 @@ void frmhelp::LayOut() {
   Label1.Height = 420;
   Label1.Font = {.name = "Tahoma", .size_points = 15, .bold = true};
   PlaceLine(Label2, 690, "A companion for Delta Force Land Warrior");
-  PlaceLink(Label3, 690 + kLine, kHomePage, "Open the home page of Kestrun");
+  PlaceLink(Label3, 690 + kLine, std::string(kSite), "Open the home page of Kestrun");
 
   PlaceLine(Label4, 1380, "");
   Label4.WordWrap = true;

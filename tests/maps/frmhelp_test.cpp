@@ -4,7 +4,7 @@
 
 #include "frame/commands.h"
 #include "frame/frame_fixture.h"
-#include "frame/program_site.h"
+#include "frame/site.h"
 #include "frame/style_hook.h"
 
 namespace kestrun {
@@ -98,7 +98,7 @@ TEST_F(AboutWindowTest, ASiteThatNamesAProgramOpensInTheBrowserAndRunsNothing) {
 
 TEST_F(AboutWindowTest, AClickOnTheLinkOpensTheHomePage) {
   About().Label3.Click();
-  EXPECT_EQ(desktop.shell().openings, (std::vector<ShellOpening>{{"open", kHomePage, "", "", 1}}));
+  EXPECT_EQ(desktop.shell().openings, (std::vector<ShellOpening>{{"open", std::string(kSite), "", "", 1}}));
 }
 
 TEST_F(AboutWindowTest, TheButtonClosesIt) {
