@@ -110,6 +110,7 @@ void frmopenmap::LayOutTasks() {
     label.BackStyle = 0;
     label.ForeColor = color::kHotLight;
   }
+  Label3.TabIndex = static_cast<int>(controls().size());  // behind the tasks, as it is read
 }
 
 void frmopenmap::FitPreview() {
