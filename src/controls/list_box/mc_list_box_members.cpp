@@ -9,7 +9,7 @@ namespace {
 
 McListBox& Self(Object& object) { return static_cast<McListBox&>(object); }
 
-Variant ArgumentOr(Arguments arguments, size_t at, const Variant& otherwise) {
+Variant ArgumentOr(Arguments arguments, size_t at, Variant otherwise) {
   if (at >= arguments.size() || arguments[at].IsMissing()) return otherwise;
   return arguments[at];
 }
