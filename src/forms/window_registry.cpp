@@ -33,6 +33,10 @@ WindowRegistration::WindowRegistration(std::string name, WindowFactory factory) 
   Factories().insert_or_assign(std::move(name), std::move(factory));
 }
 
+void UnregisterWindow(std::string_view name) {
+  if (const auto found = Factories().find(name); found != Factories().end()) Factories().erase(found);
+}
+
 std::vector<std::string> RegisteredWindows() {
   std::vector<std::string> names;
   for (const auto& [name, factory] : Factories()) names.push_back(name);
@@ -41,14 +45,18 @@ std::vector<std::string> RegisteredWindows() {
 
 bool IsWindowRegistered(std::string_view name) { return Factories().contains(name); }
 
-Form& WindowByName(std::string_view name) {
+Form& WindowBeforeLoad(std::string_view name) {
   if (Form* existing = LoadedWindow(name)) return *existing;
   const auto factory = Factories().find(name);
   if (factory == Factories().end()) Raise(error::kObjectRequired);
-  Ref<Form> made = factory->second();
-  Instances().push_back(made);
-  made->EnsureLoaded();
-  return *made;
+  Instances().push_back(factory->second());
+  return *Instances().back();
+}
+
+Form& WindowByName(std::string_view name) {
+  const Ref<Form> form(&WindowBeforeLoad(name));
+  form->EnsureLoaded();
+  return *form;
 }
 
 Form* LoadedWindow(std::string_view name) {

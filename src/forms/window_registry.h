@@ -21,6 +21,10 @@ class WindowRegistration {
   WindowRegistration(std::string name, WindowFactory factory);
 };
 
+// Takes a registration back: for a window that is not there for the whole life of the process, such as a test's. An
+// instance stays until it is closed.
+void UnregisterWindow(std::string_view name);
+
 // Names of all registered windows, sorted.
 [[nodiscard]] std::vector<std::string> RegisteredWindows();
 [[nodiscard]] bool IsWindowRegistered(std::string_view name);
@@ -28,6 +32,9 @@ class WindowRegistration {
 // The window's one instance, made and loaded on first use. Names compare without regard to case. Error 424 when no
 // window of that name is registered.
 [[nodiscard]] Form& WindowByName(std::string_view name);
+// The same, but an instance that is made here is not loaded yet: for a caller that sets what the load handler looks at.
+// Showing it loads it.
+[[nodiscard]] Form& WindowBeforeLoad(std::string_view name);
 // The instance if there is one at present, null otherwise; never makes one.
 [[nodiscard]] Form* LoadedWindow(std::string_view name);
 // All instances that exist at present.
