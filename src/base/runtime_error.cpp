@@ -43,6 +43,7 @@ constexpr std::array kErrorTexts{
     ErrorText{438, "Object doesn't support this property or method"},
     ErrorText{440, "Automation error"},
     ErrorText{450, "Wrong number of arguments or invalid property assignment"},
+    ErrorText{481, "Invalid picture"},
 };
 
 }  // namespace

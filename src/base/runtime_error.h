@@ -39,6 +39,7 @@ inline constexpr int kCannotCreateObject = 429;
 inline constexpr int kMemberNotFound = 438;
 inline constexpr int kAutomationError = 440;
 inline constexpr int kWrongArgumentCount = 450;
+inline constexpr int kInvalidPicture = 481;
 }  // namespace error
 
 // The platform's text for a standard number; "Application-defined or object-defined error" for any other.

@@ -68,7 +68,7 @@ void Form::SetClientSize(int width_twips, int height_twips) {
 }
 
 void Form::EnsureLoaded() {
-  if (loaded_) return;
+  if (loaded_ || !IsAlive()) return;  // a closed window never comes back
   loaded_ = true;
   Load();
 }

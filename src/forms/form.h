@@ -46,6 +46,9 @@ class Form : public Control {
   // The user or the program closes the form; a handler that sets the flag keeps it open.
   Event<bool&> QueryUnload;
   Event<> Resize;
+  // Full paths of files and folders that were dropped on the window. Only a form whose handler is set before it is
+  // shown takes them; others show the user that they do not.
+  Event<const std::vector<std::string>&> FilesDropped;
 
   // Client area in twips.
   [[nodiscard]] int ScaleWidth() const { return Width - kFrameWidth; }

@@ -1,4 +1,5 @@
-// Static text. Has no window of its own: its container draws it.
+// Static text. Has no window of its own: its container draws it. A label that answers a click is a link: keys reach it
+// as they reach a button, and Enter or the space bar clicks it.
 #pragma once
 
 #include "forms/control.h"
@@ -27,7 +28,8 @@ class Label final : public Control {
 
   [[nodiscard]] std::string TypeName() const override { return "Label"; }
   [[nodiscard]] const MemberTable& Members() const override;
-  [[nodiscard]] bool TakesFocus() const override { return false; }
+  // A link from the day its Click has a handler; what shows the form looks at that when the form is shown.
+  [[nodiscard]] bool TakesFocus() const override { return static_cast<bool>(Click); }
   [[nodiscard]] MemberId DefaultMember() const override { return FindMember("Caption"); }
 };
 

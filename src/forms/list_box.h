@@ -16,6 +16,8 @@ class ListBox final : public Control {
   // 0 one row, 1 several by click, 2 several with Ctrl and Shift.
   Property<int> MultiSelect{*this, PropertyId::kMultiSelect};
   Property<bool> Sorted{*this, PropertyId::kSorted};
+  // Width in pixels that can be scrolled to; at most the list's own width shows no scroll bar.
+  Property<int> HorizontalExtent{*this, PropertyId::kScrollBars};
 
   [[nodiscard]] int ListCount() const { return static_cast<int>(rows_.size()); }
   // Empty when the row does not exist.

@@ -41,14 +41,18 @@ std::vector<std::string> RegisteredWindows() {
 
 bool IsWindowRegistered(std::string_view name) { return Factories().contains(name); }
 
-Form& WindowByName(std::string_view name) {
+Form& WindowBeforeLoad(std::string_view name) {
   if (Form* existing = LoadedWindow(name)) return *existing;
   const auto factory = Factories().find(name);
   if (factory == Factories().end()) Raise(error::kObjectRequired);
-  Ref<Form> made = factory->second();
-  Instances().push_back(made);
-  made->EnsureLoaded();
-  return *made;
+  Instances().push_back(factory->second());
+  return *Instances().back();
+}
+
+Form& WindowByName(std::string_view name) {
+  const Ref<Form> form(&WindowBeforeLoad(name));
+  form->EnsureLoaded();
+  return *form;
 }
 
 Form* LoadedWindow(std::string_view name) {

@@ -28,6 +28,9 @@ class WindowRegistration {
 // The window's one instance, made and loaded on first use. Names compare without regard to case. Error 424 when no
 // window of that name is registered.
 [[nodiscard]] Form& WindowByName(std::string_view name);
+// The same, but an instance that is made here is not loaded yet: for a caller that sets what the load handler looks at.
+// Showing it loads it.
+[[nodiscard]] Form& WindowBeforeLoad(std::string_view name);
 // The instance if there is one at present, null otherwise; never makes one.
 [[nodiscard]] Form* LoadedWindow(std::string_view name);
 // All instances that exist at present.

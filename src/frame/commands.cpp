@@ -93,7 +93,7 @@ int RunRawCommand(const std::string& command) {
     return kCommandCarriedOut;
   }
   if (StartsWith(command, "-mapinfo")) {
-    OpenInWindow("frmmapinfo", "GetBMSInfo", command.size() > 9 ? command.substr(9) : std::string());
+    OpenInWindow("frmmapinfo", "LoadMap", command.size() > 9 ? command.substr(9) : std::string());
     return kCommandCarriedOut;
   }
   if (StartsWith(command, "-style")) {

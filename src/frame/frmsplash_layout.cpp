@@ -34,6 +34,7 @@ void frmsplash::LayOut() {
   Label2.Alignment = static_cast<int>(TextAlignment::kRight);
   Label2.Move(4500, 2280, 900, 270);
   Label2.ForeColor = color::kWhite;
+  Label2.TabStop = false;  // a key pressed too long at the start must not end it
   Label2.Font = {.underline = true};
 
   for (Label* label : {&Label1, &lblversion, &lblstatus, &Label2}) label->BackStyle = 0;

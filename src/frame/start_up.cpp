@@ -124,8 +124,9 @@ std::string WithoutQuotes(const std::string& text) {
   return quoted ? text.substr(1, text.size() - 2) : text;
 }
 
+// Before the window loads, since its load handler asks about the address.
 void SetAddress(const std::string& text) {
-  Object& box = *GetMember(WindowByName("frmopenmap"), "TxtFile").object();
+  Object& box = *GetMember(WindowBeforeLoad("frmopenmap"), "TxtFile").object();
   PutMember(box, "Text", text);
 }
 

@@ -14,6 +14,10 @@ void InstallStyleRuntime(StyleRuntime runtime) { Runtime() = std::move(runtime);
 
 bool StyleActive() { return Runtime().is_active && Runtime().is_active(); }
 
+StyleIdentity CurrentStyleIdentity() {
+  return StyleActive() && Runtime().identity ? Runtime().identity() : StyleIdentity{};
+}
+
 void LoadStyleFile(const std::string& path) {
   if (Runtime().load_file) Runtime().load_file(path);
 }

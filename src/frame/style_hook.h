@@ -9,16 +9,26 @@
 
 namespace kestrun {
 
+// Who made the current style, as its own file says.
+struct StyleIdentity {
+  std::string designer;
+  std::string site;
+  std::string version;  // of the program that it was made for
+};
+
 struct StyleRuntime {
   std::function<bool()> is_active;
   std::function<void(const std::string& path)> load_file;
   std::function<void(Form& form)> apply;
+  std::function<StyleIdentity()> identity = {};
 };
 
 void InstallStyleRuntime(StyleRuntime runtime);
 
 // The only test that windows make before they hand themselves over.
 [[nodiscard]] bool StyleActive();
+// Empty while no style is active.
+[[nodiscard]] StyleIdentity CurrentStyleIdentity();
 // Loads a style file and makes it the current one.
 void LoadStyleFile(const std::string& path);
 // Applies the current style to a window.

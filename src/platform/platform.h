@@ -5,6 +5,7 @@
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
+#include "platform/pictures.h"
 #include "platform/program.h"
 #include "platform/settings.h"
 #include "platform/shell.h"
@@ -24,6 +25,7 @@ class Platform {
   [[nodiscard]] virtual Internet& internet() = 0;
   [[nodiscard]] virtual Dialogs& dialogs() = 0;
   [[nodiscard]] virtual Clipboard& clipboard() = 0;
+  [[nodiscard]] virtual Pictures& pictures() = 0;
   [[nodiscard]] virtual Clock& clock() = 0;
   [[nodiscard]] virtual Windowing& windowing() = 0;
 };

@@ -1,9 +1,12 @@
 // The shell: opening things, known folders, running processes, the internet's state.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/http.h"
 
 namespace kestrun {
 
@@ -39,6 +42,10 @@ class Internet {
   [[nodiscard]] virtual bool IsConnected() = 0;
   // Fetches the newest version into a file; 0 on success, the service's error number otherwise.
   [[nodiscard]] virtual int DownloadToFile(std::string_view url, std::string_view path) = 0;
+  // One request, whose answer is awaited here: redirects are followed, time-outs are the service's own. Any status is
+  // an answer. Nothing on every failure: no connection, a bad URL, a time-out, a response that is cut off, malformed or
+  // larger than kMostResponseBytes, a fault in `on_event`. Never raises.
+  [[nodiscard]] virtual std::optional<HttpResponse> Send(const HttpRequest& request) = 0;
 };
 
 }  // namespace kestrun

@@ -244,5 +244,15 @@ TEST_F(ControlsTest, TabOrderHoldsUsableStopsOnly) {
   EXPECT_EQ(std::count(order.begin(), order.end(), &form->List1), 0);
 }
 
+TEST_F(ControlsTest, DroppedFilesReachTheFormsHandlerOnlyWhileItIsShown) {
+  std::vector<std::string> arrived;
+  form->FilesDropped = [&](const std::vector<std::string>& paths) { arrived = paths; };
+  DropFiles(*form, {"C:\\maps\\Oasis.bms"});
+  EXPECT_TRUE(arrived.empty());
+  form->Show();
+  DropFiles(*form, {"C:\\maps\\Oasis.bms", "C:\\maps\\Pack.zip"});
+  EXPECT_EQ(arrived, (std::vector<std::string>{"C:\\maps\\Oasis.bms", "C:\\maps\\Pack.zip"}));
+}
+
 }  // namespace
 }  // namespace kestrun

@@ -48,6 +48,21 @@ TEST_F(WindowRegistryTest, AWindowThatDoesNotExistIsPassedOver) {
   EXPECT_FALSE(ShowWindowModal("frmnowhere"));
 }
 
+TEST_F(WindowRegistryTest, AWindowCanBePreparedBeforeItsLoadHandlerRuns) {
+  Form& prepared = WindowBeforeLoad("frmregistered");
+  EXPECT_EQ(loads, 0);
+  EXPECT_EQ(&WindowByName("frmregistered"), &prepared);
+  EXPECT_EQ(loads, 1);
+}
+
+TEST_F(WindowRegistryTest, AClosedWindowThatSomebodyStillHoldsDoesNotComeBack) {
+  const Ref<Form> held(&Window<frmregistered>());
+  held->Unload();
+  held->Show();
+  EXPECT_EQ(loads, 1);
+  EXPECT_FALSE(held->IsShown());
+}
+
 TEST_F(WindowRegistryTest, AClosedWindowIsMadeAnewAtItsNextUse) {
   Window<frmregistered>().Show();
   Window<frmregistered>().Unload();

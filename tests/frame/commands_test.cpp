@@ -21,14 +21,13 @@ class PlainWindow final : public Form {
 class FileWindow final : public Form {
  public:
   using Form::Form;
-  void GetBMSInfo(const std::string& path) { file = path; }
+  void LoadMap(const std::string& path) { file = path; }
   void LoadStyle(const std::string& path) { file = path; }
   [[nodiscard]] const MemberTable& Members() const override;
   std::string file;
 };
 
-constexpr Member kRows[]{MethodRow<&FileWindow::GetBMSInfo>("GetBMSInfo"),
-                         MethodRow<&FileWindow::LoadStyle>("LoadStyle")};
+constexpr Member kRows[]{MethodRow<&FileWindow::LoadMap>("LoadMap"), MethodRow<&FileWindow::LoadStyle>("LoadStyle")};
 const MemberTable kTable{&Form::kFormMembers, kRows};
 const MemberTable& FileWindow::Members() const { return kTable; }
 

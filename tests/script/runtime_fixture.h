@@ -55,6 +55,7 @@ class TestPlatform final : public Platform, public Clock, public Dialogs {
   Internet& internet() override { throw std::logic_error("internet"); }
   Dialogs& dialogs() override { return *this; }
   Clipboard& clipboard() override { throw std::logic_error("clipboard"); }
+  Pictures& pictures() override { throw std::logic_error("pictures"); }
   Clock& clock() override { return *this; }
   Windowing& windowing() override { throw std::logic_error("windowing"); }
 

@@ -9,6 +9,7 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/bytes.h"
 #include "base/text.h"
@@ -87,6 +88,11 @@ class HeadlessTest : public testing::Test {
   [[nodiscard]] std::string Path(std::string_view name) const { return Folder() + "\\" + std::string(name); }
   [[nodiscard]] std::string ProgramPath(std::string_view name) const {
     return Path("program") + "\\" + std::string(name);
+  }
+
+  // What a user does who drops files from the desktop on a window: nothing, unless the window is shown and takes them.
+  static void DropFiles(Form& form, const std::vector<std::string>& paths) {
+    if (form.IsShown()) DispatchEvent(&form, [&] { form.FilesDropped(paths); });
   }
 
   // Whole files by path. Always through the real file system, whatever the platform uses at the moment.

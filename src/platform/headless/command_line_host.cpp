@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "platform/headless/socket_http.h"
 
 namespace kestrun {
 namespace {
@@ -106,6 +107,7 @@ CommandLineHost::CommandLineHost(std::string command_line) {
     std::_Exit(0);
   };
   platform_.internet().connected = HasNetworkInterface();
+  platform_.internet().transport = SendOverSockets;
   platform_.shell().open_result = kNoAssociation;
   platform_.clock().SetLocalDateTime(SystemDateTime());
   platform_.OnUnexpected(PrintQuestion);

@@ -8,6 +8,7 @@
 
 #include "platform/headless/headless_clock.h"
 #include "platform/headless/headless_dialogs.h"
+#include "platform/headless/headless_pictures.h"
 #include "platform/headless/headless_settings.h"
 #include "platform/headless/headless_shell.h"
 #include "platform/headless/headless_windowing.h"
@@ -57,6 +58,7 @@ class HeadlessPlatform final : public Platform {
   [[nodiscard]] HeadlessInternet& internet() override { return internet_; }
   [[nodiscard]] HeadlessDialogs& dialogs() override { return dialogs_; }
   [[nodiscard]] HeadlessClipboard& clipboard() override { return clipboard_; }
+  [[nodiscard]] HeadlessPictures& pictures() override { return pictures_; }
   [[nodiscard]] HeadlessClock& clock() override { return clock_; }
   [[nodiscard]] HeadlessWindowing& windowing() override { return windowing_; }
 
@@ -70,6 +72,7 @@ class HeadlessPlatform final : public Platform {
   HeadlessInternet internet_{[this]() -> FileSystem& { return *files_; }};
   HeadlessDialogs dialogs_;
   HeadlessClipboard clipboard_;
+  HeadlessPictures pictures_;
   HeadlessClock clock_;
   HeadlessWindowing windowing_{clock_};
 };

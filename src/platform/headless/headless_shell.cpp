@@ -89,4 +89,20 @@ int HeadlessInternet::DownloadToFile(std::string_view url, std::string_view path
   return Attempt([&] { files_().WriteAll(path, content); }) ? 0 : kDownloadFailure;
 }
 
+void HeadlessInternet::Answer(std::string url, HttpResponse response) {
+  answers_[std::move(url)] = std::move(response);
+}
+
+std::optional<HttpResponse> HeadlessInternet::Send(const HttpRequest& request) {
+  requests.push_back({request.method, request.url, request.headers, std::string(AsChars(request.body))});
+  if (transport) return transport(request);
+  const auto found = answers_.find(request.url);
+  if (found == answers_.end()) return std::nullopt;
+  // One event for the start and one for a body that arrives in one piece. A handler may lay down other answers.
+  HttpResponse response = found->second;
+  if (request.on_event) request.on_event();
+  if (request.on_event && !response.body.empty()) request.on_event();
+  return response;
+}
+
 }  // namespace kestrun

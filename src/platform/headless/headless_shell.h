@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -52,6 +53,15 @@ class HeadlessProcesses final : public Processes {
   std::function<void()> end;
 };
 
+// What a request said, with a copy of its body.
+struct SentRequest {
+  std::string method;
+  std::string url;
+  std::vector<HttpHeader> headers;
+  std::string body;
+  friend bool operator==(const SentRequest&, const SentRequest&) = default;
+};
+
 class HeadlessInternet final : public Internet {
  public:
   // Canned replies are written through this file system.
@@ -64,8 +74,14 @@ class HeadlessInternet final : public Internet {
   // cannot be written "download failure".
   [[nodiscard]] int DownloadToFile(std::string_view url, std::string_view path) override;
 
+  // The laid-down answer for the URL, whatever the method; nothing for a URL without one.
+  [[nodiscard]] std::optional<HttpResponse> Send(const HttpRequest& request) override;
+
   void Reply(std::string url, std::string_view content);
   void ReplyWithFailure(std::string url, int error_number);
+
+  // What Send answers for this URL from now on.
+  void Answer(std::string url, HttpResponse response);
 
   static constexpr int kObjectNotFound = static_cast<int>(0x800C0006);
   static constexpr int kDownloadFailure = static_cast<int>(0x800C0008);
@@ -73,6 +89,10 @@ class HeadlessInternet final : public Internet {
   bool connected = true;
   // Every URL that was asked for, in order.
   std::vector<std::string> downloads;
+  // Every request that was sent, in order.
+  std::vector<SentRequest> requests;
+  // Where set, sends the requests in the place of the laid-down answers: real sockets, for those who ask for them.
+  std::function<std::optional<HttpResponse>(const HttpRequest& request)> transport;
 
  private:
   struct CannedReply {
@@ -84,6 +104,7 @@ class HeadlessInternet final : public Internet {
 
   std::function<FileSystem&()> files_;
   std::map<std::string, CannedReply, std::less<>> replies_;
+  std::map<std::string, HttpResponse, std::less<>> answers_;
 };
 
 }  // namespace kestrun

@@ -239,9 +239,23 @@ class PlainListPeer final : public ListPeer<ListBox> {
  public:
   using ListPeer::ListPeer;
 
+  void Create() override {
+    ListPeer::Create();
+    ShowExtent();
+  }
+
+  void Update(PropertyId property) override {
+    if (property == PropertyId::kScrollBars) {
+      ShowExtent();
+    } else {
+      ListPeer::Update(property);
+    }
+  }
+
  protected:
+  // The scroll bar below shows only while the extent is wider than the list.
   [[nodiscard]] DWORD ChoiceStyle() const override {
-    return Model().MultiSelect == 1 ? LBS_MULTIPLESEL : Model().MultiSelect == 2 ? LBS_EXTENDEDSEL : 0;
+    return WS_HSCROLL | (Model().MultiSelect == 1 ? LBS_MULTIPLESEL : Model().MultiSelect == 2 ? LBS_EXTENDEDSEL : 0);
   }
   void ShowChoice() override {
     if (Model().MultiSelect == 0) {
@@ -249,6 +263,9 @@ class PlainListPeer final : public ListPeer<ListBox> {
       return;
     }
     for (int row = 0; row < Model().ListCount(); ++row) SendMessageW(window(), LB_SETSEL, Model().Selected(row), row);
+  }
+  void ShowExtent() {
+    SendMessageW(window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(Model().HorizontalExtent.get()), 0);
   }
   void TakeMarks() override {
     if (Model().MultiSelect == 0) return;
@@ -264,23 +281,63 @@ class FileListPeer final : public ListPeer<FileListBox> {
   using ListPeer::ListPeer;
 };
 
+void DrawLabel(FormWindow& form, const Label& label, HDC target, const RECT& area) {
+  if (label.BackStyle == 1) FillColor(target, area, label.BackColor);
+  RECT text = area;
+  if (label.BorderStyle == 1) DrawEdge(target, &text, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+  const HGDIOBJ previous = SelectObject(target, form.FontFor(label.Font));
+  SetBkMode(target, TRANSPARENT);
+  SetTextColor(target, label.Enabled ? ToColorRef(label.ForeColor) : GetSysColor(COLOR_GRAYTEXT));
+  const UINT aligned = label.Alignment == 1 ? DT_RIGHT : label.Alignment == 2 ? DT_CENTER : DT_LEFT;
+  const UINT lines = label.AutoSize && !label.WordWrap ? 0 : DT_WORDBREAK;
+  DrawTextW(target, ToWide(label.Caption.get()).c_str(), -1, &text, aligned | lines);
+  SelectObject(target, previous);
+}
+
 class LabelPeer final : public DrawnPeer {
  public:
   using DrawnPeer::DrawnPeer;
 
-  void Draw(HDC target, const RECT& area) override {
-    const auto& label = static_cast<Label&>(control());
-    if (label.BackStyle == 1) FillColor(target, area, label.BackColor);
-    RECT text = area;
-    if (label.BorderStyle == 1) DrawEdge(target, &text, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
-    const HGDIOBJ previous = SelectObject(target, form().FontFor(label.Font));
-    SetBkMode(target, TRANSPARENT);
-    SetTextColor(target, label.Enabled ? ToColorRef(label.ForeColor) : GetSysColor(COLOR_GRAYTEXT));
-    const UINT aligned = label.Alignment == 1 ? DT_RIGHT : label.Alignment == 2 ? DT_CENTER : DT_LEFT;
-    const UINT lines = label.AutoSize && !label.WordWrap ? 0 : DT_WORDBREAK;
-    DrawTextW(target, ToWide(label.Caption.get()).c_str(), -1, &text, aligned | lines);
-    SelectObject(target, previous);
+  void Draw(HDC target, const RECT& area) override { DrawLabel(form(), static_cast<Label&>(control()), target, area); }
+};
+
+// A label that answers a click: a system button underneath, for the keyboard and for screen readers, that looks like
+// the label, with the focus rectangle around it while it has the focus.
+class LinkPeer final : public WindowedPeer {
+ public:
+  using WindowedPeer::WindowedPeer;
+
+  void Create() override {
+    CreateWindowOf(L"BUTTON", ToWide(Model().Caption.get()), WS_TABSTOP | BS_OWNERDRAW | BS_NOTIFY, 0);
   }
+
+  void Update(PropertyId property) override {
+    WindowedPeer::Update(property);
+    if (property == PropertyId::kCaption) SetWindowTextW(window(), ToWide(Model().Caption.get()).c_str());
+    Repaint();
+  }
+
+  void Notify(int code) override {
+    if (code == BN_CLICKED) Dispatch([&] { control().Click(); });
+    if (code == BN_DBLCLK) Dispatch([&] { control().DblClick(); });
+  }
+
+  void DrawBackground(HDC target, const RECT& area) override {
+    if (Model().BackStyle == 0) form().PaintBehind(target, *this);
+    DrawLabel(form(), Model(), target, area);
+    if (GetFocus() == window()) DrawFocusRect(target, &area);
+  }
+
+ protected:
+  bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) override {
+    const bool done = WindowedPeer::HandleMessage(message, first, second, result);
+    if (message == WM_SETFOCUS || message == WM_KILLFOCUS || message == WM_ENABLE) Repaint();
+    if (message != WM_PAINT && message != WM_ERASEBKGND) return done;
+    return form().HandleContainerMessage(window(), control(), message, first, second, result);
+  }
+
+ private:
+  [[nodiscard]] Label& Model() const { return static_cast<Label&>(control()); }
 };
 
 class ImagePeer final : public DrawnPeer {
@@ -308,6 +365,10 @@ std::unique_ptr<ControlPeer> Make(FormWindow& form, Control& control) {
   return std::make_unique<Peer>(form, control);
 }
 
+std::unique_ptr<ControlPeer> MakeLabelPeer(FormWindow& form, Control& control) {
+  return control.TakesFocus() ? Make<LinkPeer>(form, control) : Make<LabelPeer>(form, control);
+}
+
 struct PeerRow {
   std::string_view type_name;
   PeerMaker make;
@@ -317,7 +378,7 @@ constexpr std::array kPeers{
     PeerRow{"TextBox", &Make<TextBoxPeer>},   PeerRow{"CommandButton", &Make<CommandButtonPeer>},
     PeerRow{"CheckBox", &Make<CheckBoxPeer>}, PeerRow{"OptionButton", &Make<OptionButtonPeer>},
     PeerRow{"ListBox", &Make<PlainListPeer>}, PeerRow{"FileListBox", &Make<FileListPeer>},
-    PeerRow{"Label", &Make<LabelPeer>},       PeerRow{"Image", &Make<ImagePeer>},
+    PeerRow{"Label", &MakeLabelPeer},         PeerRow{"Image", &Make<ImagePeer>},
     PeerRow{"Frame", &Make<FramePeer>},       PeerRow{"PictureBox", &Make<PictureBoxPeer>},
 };
 

@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 #include "platform/win32/control_peer.h"
 #include "platform/win32/keyboard.h"
+#include "platform/win32/late_call.h"
 #include "platform/win32/wide_text.h"
 
 namespace kestrun {
@@ -32,6 +33,20 @@ RECT WorkArea(HWND near_window) {
   info.cbSize = sizeof info;
   GetMonitorInfoW(MonitorFromWindow(near_window, MONITOR_DEFAULTTOPRIMARY), &info);
   return info.rcWork;
+}
+
+// The paths of a drop, which is given back to the system.
+std::vector<std::string> TakeDroppedPaths(HDROP drop) {
+  const auto query = KESTRUN_LATE(L"shell32.dll", DragQueryFileW);
+  std::vector<std::string> paths;
+  const UINT count = query(drop, 0xFFFFFFFF, nullptr, 0);
+  for (UINT at = 0; at < count; ++at) {
+    std::wstring path(query(drop, at, nullptr, 0) + size_t{1}, L'\0');
+    path.resize(query(drop, at, path.data(), static_cast<UINT>(path.size())));
+    paths.push_back(FromWide(path));
+  }
+  KESTRUN_LATE(L"shell32.dll", DragFinish)(drop);
+  return paths;
 }
 
 POINT MessagePlace(LPARAM second) { return {static_cast<short>(LOWORD(second)), static_cast<short>(HIWORD(second))}; }
@@ -71,6 +86,7 @@ DWORD FormWindow::ExtendedStyle() const {
   DWORD style = WS_EX_CONTROLPARENT;
   if (form_->BorderStyle == static_cast<int>(FormBorder::kFixedDialog)) style |= WS_EX_DLGMODALFRAME;
   style |= form_->ShowInTaskbar ? WS_EX_APPWINDOW : 0;
+  style |= form_->FilesDropped ? WS_EX_ACCEPTFILES : 0;
   return style;
 }
 
@@ -400,6 +416,13 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
       result = 0;
       return true;
     }
+    case WM_DROPFILES:
+      DispatchEvent(form_.get(), [&] {
+        const std::vector<std::string> paths = TakeDroppedPaths(reinterpret_cast<HDROP>(first));
+        SetForegroundWindow(window());
+        form_->FilesDropped(paths);
+      });
+      return true;
     case WM_SYSCOLORCHANGE:
       brushes_.clear();
       InvalidateRect(window(), nullptr, TRUE);

@@ -11,27 +11,6 @@ namespace {
 
 constexpr int kLargestCursor = 256;
 
-// A top-down 32-bit bitmap and its pixels.
-struct PixelBitmap {
-  BitmapHandle bitmap;
-  uint32_t* pixels = nullptr;
-};
-
-PixelBitmap MakePixelBitmap(int width, int height) {
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = -height;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
-  void* bits = nullptr;
-  PixelBitmap made;
-  made.bitmap.Reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-  made.pixels = static_cast<uint32_t*>(bits);
-  return made;
-}
-
 uint32_t Premultiplied(uint32_t pixel) {
   const uint32_t alpha = pixel >> 24;
   const auto channel = [&](int shift) { return (((pixel >> shift) & 0xFF) * alpha + 127) / 255 << shift; };
@@ -93,6 +72,21 @@ IconHandle MakeIconOrCursor(const Picture& picture, int size_pixels, bool is_ico
 }
 
 }  // namespace
+
+PixelBitmap MakePixelBitmap(int width, int height) {
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = width;
+  info.bmiHeader.biHeight = -height;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
+  void* bits = nullptr;
+  PixelBitmap made;
+  made.bitmap.Reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  made.pixels = static_cast<uint32_t*>(bits);
+  return made;
+}
 
 COLORREF ToColorRef(Color color) {
   return IsSystemColor(color) ? GetSysColor(static_cast<int>(color & 0xFF)) : color & 0xFFFFFF;

@@ -11,6 +11,13 @@
 
 namespace kestrun {
 
+// A top-down bitmap of 32-bit pixels; the pixels are null when the system refuses it.
+struct PixelBitmap {
+  BitmapHandle bitmap;
+  uint32_t* pixels = nullptr;
+};
+[[nodiscard]] PixelBitmap MakePixelBitmap(int width, int height);
+
 [[nodiscard]] COLORREF ToColorRef(Color color);
 [[nodiscard]] FontHandle MakeFont(const FontDescription& font, ScreenScale scale);
 // The picture's pixels averaged to another size, with their transparency.

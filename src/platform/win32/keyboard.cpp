@@ -34,17 +34,19 @@ bool StandsForGroup(const Form& form, const OptionButton& option) {
   return first == &option;
 }
 
-std::vector<Control*> TabStops(const Form& form) {
+std::vector<Control*> TabStops(const FormWindow& form_window) {
+  const Form& form = form_window.form();
   std::vector<Control*> stops = form.TabOrder();
-  std::erase_if(stops, [&form](const Control* control) {
+  std::erase_if(stops, [&](const Control* control) {
     const auto* option = dynamic_cast<const OptionButton*>(control);
-    return option && !StandsForGroup(form, *option);
+    const ControlPeer* peer = form_window.PeerOf(*control);
+    return (option && !StandsForGroup(form, *option)) || !peer || !peer->window();
   });
   return stops;
 }
 
 void MoveFocus(FormWindow& form_window, int step) {
-  const std::vector<Control*> stops = TabStops(form_window.form());
+  const std::vector<Control*> stops = TabStops(form_window);
   if (stops.empty()) return;
   const auto at = std::find(stops.begin(), stops.end(), FocusedControl(form_window));
   const auto count = static_cast<int>(stops.size());
@@ -79,9 +81,18 @@ CommandButton* FindButton(const Form& form, Property<bool> CommandButton::*role)
   return nullptr;
 }
 
+// True when the control is a label that answers clicks; it has had one then.
+bool ClickLink(Form& form, Control* control) {
+  const Ref<Label> link(dynamic_cast<Label*>(control));
+  if (!link || !link->TakesFocus() || !link->IsUsable()) return false;
+  DispatchEvent(&form, [&] { link->Click(); });
+  return true;
+}
+
 bool PressEnter(FormWindow& form_window, Control* focused) {
   const auto* box = dynamic_cast<TextBox*>(focused);
   if (box && box->MultiLine) return false;
+  if (ClickLink(form_window.form(), focused)) return true;
   auto* button = dynamic_cast<CommandButton*>(focused);
   if (!button) button = FindButton(form_window.form(), &CommandButton::Default);
   return button && button->Press();
@@ -195,6 +206,7 @@ void UseAccessKey(FormWindow& form_window, Control& control) {
     return;
   }
   form_window.FocusControl(control);
+  if (ClickLink(form_window.form(), &control)) return;
   if (auto* button = dynamic_cast<CommandButton*>(&control)) static_cast<void>(button->Press());
   if (auto* box = dynamic_cast<CheckBox*>(&control)) static_cast<void>(box->Press());
   if (auto* option = dynamic_cast<OptionButton*>(&control)) static_cast<void>(option->Press());

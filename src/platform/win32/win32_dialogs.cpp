@@ -139,7 +139,9 @@ std::optional<std::string> Win32Dialogs::PickFile(const FileDialogRequest& reque
   dialog.lpstrTitle = title.empty() ? nullptr : title.c_str();
   dialog.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
   dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
-  dialog.Flags |= request.save ? OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST : OFN_FILEMUSTEXIST;
+  dialog.Flags |= request.save ? OFN_PATHMUSTEXIST : OFN_FILEMUSTEXIST;
+  // Most commands ask before they overwrite, in their own words: the system asks only where its flag says so.
+  if (request.save) dialog.Flags |= request.flags & OFN_OVERWRITEPROMPT;
   const BOOL chosen = request.save ? KESTRUN_LATE(L"comdlg32.dll", GetSaveFileNameW)(&dialog)
                                    : KESTRUN_LATE(L"comdlg32.dll", GetOpenFileNameW)(&dialog);
   return chosen ? std::optional(FromWide(path.c_str())) : std::nullopt;

@@ -173,6 +173,13 @@ void Win32FileSystem::Delete(std::string_view path) {
   if (!DeleteFileW(ToWidePath(path).c_str())) RaiseForPath(path);
 }
 
+void Win32FileSystem::ClearReadOnly(std::string_view path) {
+  const std::wstring wide = ToWidePath(path);
+  const DWORD attributes = GetFileAttributesW(wide.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) == 0) return;
+  SetFileAttributesW(wide.c_str(), attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
+}
+
 void Win32FileSystem::Rename(std::string_view from, std::string_view to) {
   Require(MoveFileExW(ToWidePath(from).c_str(), ToWidePath(to).c_str(), MOVEFILE_COPY_ALLOWED));
 }

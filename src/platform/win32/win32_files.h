@@ -12,6 +12,7 @@ class Win32FileSystem final : public FileSystem {
   [[nodiscard]] bool IsFolder(std::string_view path) override;
   void Copy(std::string_view from, std::string_view to) override;
   void Delete(std::string_view path) override;
+  void ClearReadOnly(std::string_view path) override;
   void Rename(std::string_view from, std::string_view to) override;
   void Replace(std::string_view from, std::string_view to) override;
   void MakeFolder(std::string_view path) override;

@@ -5,6 +5,7 @@
 #include "platform/win32/win32_clock.h"
 #include "platform/win32/win32_dialogs.h"
 #include "platform/win32/win32_files.h"
+#include "platform/win32/win32_pictures.h"
 #include "platform/win32/win32_services.h"
 #include "platform/win32/win32_windowing.h"
 
@@ -25,6 +26,7 @@ class Win32Platform final : public Platform {
   [[nodiscard]] Internet& internet() override { return internet_; }
   [[nodiscard]] Dialogs& dialogs() override { return dialogs_; }
   [[nodiscard]] Clipboard& clipboard() override { return clipboard_; }
+  [[nodiscard]] Pictures& pictures() override { return pictures_; }
   [[nodiscard]] Clock& clock() override { return clock_; }
   [[nodiscard]] Windowing& windowing() override { return windowing_; }
 
@@ -39,6 +41,7 @@ class Win32Platform final : public Platform {
   Win32Internet internet_;
   Win32Dialogs dialogs_;
   Win32Clipboard clipboard_;
+  Win32Pictures pictures_;
   Win32Clock clock_;
   Win32Windowing windowing_;
 };

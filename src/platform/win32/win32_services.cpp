@@ -8,6 +8,9 @@
 #include "platform/win32/handles.h"
 #include "platform/win32/late_call.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/win32_http.h"
+// Only here: its types and those of winhttp.h exclude each other.
+#include <wininet.h>
 
 namespace kestrun {
 namespace {
@@ -215,6 +218,12 @@ int Win32Internet::DownloadToFile(std::string_view url, std::string_view path) {
   constexpr DWORD kGetNewestVersion = 16;
   return KESTRUN_LATE(L"urlmon.dll", URLDownloadToFileW)(nullptr, ToWide(url).c_str(), ToWidePath(path).c_str(),
                                                          kGetNewestVersion, nullptr);
+}
+
+std::optional<HttpResponse> Win32Internet::Send(const HttpRequest& request) {
+  std::optional<HttpResponse> response;
+  Attempt([&] { response = SendThroughWinHttp(request); });
+  return response;
 }
 
 std::string Win32Clipboard::Text() {

@@ -61,6 +61,7 @@ class Win32Internet final : public Internet {
   [[nodiscard]] bool IsUrl(std::string_view text) override;
   [[nodiscard]] bool IsConnected() override;
   [[nodiscard]] int DownloadToFile(std::string_view url, std::string_view path) override;
+  [[nodiscard]] std::optional<HttpResponse> Send(const HttpRequest& request) override;
 };
 
 class Win32Clipboard final : public Clipboard {

@@ -11,4 +11,3 @@
 #include <shlwapi.h>
 #include <tlhelp32.h>
 #include <urlmon.h>
-#include <wininet.h>

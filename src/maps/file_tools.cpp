@@ -1,0 +1,109 @@
+#include "maps/file_tools.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/number.h"
+#include "base/runtime_error.h"
+#include "formats/zip/cls_crc32.h"
+#include "frame/program_pictures.h"
+#include "frame/show_error.h"
+#include "platform/platform.h"
+
+namespace kestrun {
+namespace {
+
+// The shell tells the icon of a type only by a file of that type.
+constexpr const char* kScratchFile = "c:\\tmp1304930549302.";
+// What an entry needs of its text's width.
+constexpr double kRoom = 1.1;
+
+// A scratch file that goes when it is no longer needed.
+class ScratchFile {
+ public:
+  explicit ScratchFile(std::string path) : path_(std::move(path)) {
+    platform().files().Open(path_, OpenMode::kReadWrite)->Close();
+  }
+  ~ScratchFile() {
+    Attempt([&] { platform().files().Delete(path_); });
+  }
+  ScratchFile(const ScratchFile&) = delete;
+  ScratchFile& operator=(const ScratchFile&) = delete;
+
+  [[nodiscard]] const std::string& path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+std::string WithoutLastBackslash(std::string path) {
+  if (path.ends_with('\\')) path.pop_back();
+  return path;
+}
+
+void DeleteForced(const std::string& path) {
+  FileSystem& files = platform().files();
+  files.ClearReadOnly(path);
+  files.Delete(path);
+}
+
+void RemoveTree(const std::string& folder) {
+  FileSystem& files = platform().files();
+  for (const FolderEntry& entry : files.List(folder)) {
+    const std::string path = folder + "\\" + entry.name;
+    if (!entry.is_folder) {
+      DeleteForced(path);
+      continue;
+    }
+    // A link to a folder goes as an empty folder or as a file, so that what it leads to is never listed here.
+    const bool gone = Attempt([&] { files.RemoveFolder(path); }) || Attempt([&] { files.Delete(path); });
+    if (!gone) RemoveTree(path);
+  }
+  files.ClearReadOnly(folder);
+  files.RemoveFolder(folder);
+}
+
+}  // namespace
+
+int32_t FileChecksum(const std::string& Path) {
+  Bytes content = platform().files().ReadAll(Path);
+  content.push_back(0);
+  return static_cast<int32_t>(Cls_CRC32().CalcCRC32File(content));
+}
+
+bool DeleteFolder(const std::string& Path) {
+  const std::string folder = WithoutLastBackslash(Path);
+  // A bare drive is more than a folder.
+  if (folder.empty() || folder.ends_with(':')) return false;
+  return Attempt([&] {
+           if (!platform().files().IsFolder(folder)) Raise(error::kPathNotFound);
+           RemoveTree(folder);
+         }) &&
+         !platform().files().Exists(folder);
+}
+
+Ref<Picture> GetIcon(const std::string& Extension, int32_t Size) {
+  if (Extension.empty()) return {};
+  try {
+    const ScratchFile scratch(kScratchFile + Extension);
+    auto icon = platform().pictures().FileIcon(scratch.path(), static_cast<uint32_t>(Size));
+    if (!icon) return MapPicture();
+    return MakeRef<Picture>(icon->width, icon->height, std::move(icon->pixels));
+  } catch (const std::exception&) {
+    ShowError("GetIcon()");
+    return {};
+  }
+}
+
+void FitListWidth(const Form& Form, ListBox& List) {
+  Windowing& windowing = platform().windowing();
+  const int twips_per_pixel = windowing.Screen().twips_per_pixel;
+  int widest = 0;
+  for (int row = 0; row < List.ListCount(); ++row) {
+    const int width_twips = windowing.TextWidth(List.List(row), Form.Font);
+    widest = std::max(widest, RoundToInt(width_twips * kRoom / twips_per_pixel));
+  }
+  List.HorizontalExtent = widest;
+}
+
+}  // namespace kestrun

@@ -1,0 +1,40 @@
+// The choice of one map among those inside a zip.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "forms/command_button.h"
+#include "forms/form.h"
+#include "forms/label.h"
+#include "forms/list_box.h"
+#include "forms/window_registry.h"
+
+namespace kestrun {
+
+class frmzip final : public Form {
+ public:
+  static constexpr const char* kName = "frmzip";
+  frmzip();
+
+  Label& lblText = Add<Label>("lblText");
+  ListBox& LstZip = Add<ListBox>("LstZip");
+  CommandButton& Command1 = Add<CommandButton>("Command1");
+  CommandButton& Command2 = Add<CommandButton>("Command2");
+
+  // A row for a map under its number in the zip.
+  void AddMap(const std::string& name, int32_t member);
+
+ protected:
+  void Load() override;
+
+ private:
+  void LayOut();
+  void Choose();
+};
+
+// The number of the member that was chosen last, -1 for none; shared by all instances of the window.
+[[nodiscard]] int32_t ChosenZipMember();
+void SetChosenZipMember(int32_t member);
+
+}  // namespace kestrun

@@ -1,0 +1,24 @@
+// The commands of the main window that work on the files of the map folder: copy, rename, delete, copy the name. Each
+// works on the current row of the folder's file list, reports a failure itself, and gives whether the list that the
+// user sees must be rebuilt. After a failure the lists keep their state.
+#pragma once
+
+#include "forms/common_dialog.h"
+#include "forms/file_list_box.h"
+
+namespace kestrun {
+
+// Copies the map to where the save dialogue says, replacing an existing file after a question.
+bool CopyMapTo(FileListBox& maps, CommonDialog& dlgcopyto);
+
+// Gives the map another name in its folder. An existing file of that name is never replaced, whatever the answer to
+// the question: the user has to delete it first. A change of capitals only is no change.
+bool RenameMap(FileListBox& maps);
+
+// Deletes the map after a question.
+bool DeleteMap(FileListBox& maps);
+
+// Puts the map's file name, without its folder, on the clipboard.
+bool CopyMapName(FileListBox& maps);
+
+}  // namespace kestrun

@@ -1,0 +1,104 @@
+#include "maps/map_picture.h"
+
+#include <array>
+#include <utility>
+
+#include "base/bytes.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "forms/window_registry.h"
+#include "frame/folders.h"
+#include "frame/path_text.h"
+#include "frame/settings.h"
+#include "frame/show_error.h"
+#include "frame/web_paths.h"
+#include "platform/platform.h"
+
+namespace kestrun {
+namespace {
+
+// Larger files are no map's picture, and are not read into memory.
+constexpr uint64_t kMostPictureFileBytes = 256 * 1024 * 1024;
+
+constexpr const char* kLargePreview = "frmLargeprev";
+// What the window is larger than its picture, in twips.
+constexpr int kLargePreviewRight = 250;
+constexpr int kLargePreviewBottom = 500;
+
+// A map keeps its picture whether it is zipped or not.
+std::string AsUnzipped(const std::string& map) {
+  return FindNoCase(GetExtension(map), "zip") == std::string::npos ? map : ReplaceAll(map, ".zip", ".bms");
+}
+
+std::string BareName(const std::string& map) {
+  return GetFileName(ReplaceAll(ReplaceAll(map, "/", "\\"), "%20", " "), true);
+}
+
+std::string StoredPicture(const std::string& map) {
+  std::string stored = ReadSetting(setting::kPreviewPicture, map);
+  return stored.empty() ? ReadSetting(setting::kPreviewPicture, BareName(map)) : stored;
+}
+
+// The address itself when it cannot be fetched: no file of that name exists.
+std::string Fetched(const std::string& address) {
+  const std::string local = SpecialFolder(folder::kTemporary) + "preview.jpg";
+  return DownloadFile(address, local) ? local : address;
+}
+
+}  // namespace
+
+std::string GetMapPath(std::string Map, std::string* Url) {
+  try {
+    std::string value = StoredPicture(AsUnzipped(Map));
+    if (Url) *Url = value;
+    if (IsUrl(value)) value = Fetched(value);
+    return !value.empty() && FileExists(value) ? value : std::string();
+  } catch (const std::exception&) {
+    ShowError("GetMapPath()");
+    return {};
+  }
+}
+
+int32_t ImageKind(const std::string& Path) {
+  if (!FileExists(Path)) return image_kind::kMissing;
+  std::array<uint8_t, 3> first{};
+  if (platform().files().Open(Path, OpenMode::kRead)->ReadAt(0, first) < first.size()) return image_kind::kOther;
+  const std::string_view text = AsChars(first);
+  if (text == "\xFF\xD8\xFF") return image_kind::kJpeg;
+  if (text == "\x89PN") return image_kind::kPng;
+  if (text == "GIF") return image_kind::kGif;
+  return text.starts_with("BM") ? image_kind::kBitmap : image_kind::kOther;
+}
+
+Ref<Picture> LoadPictureFile(const std::string& Path) {
+  const std::unique_ptr<File> file = platform().files().Open(Path, OpenMode::kRead);
+  const uint64_t size = file->Size();
+  if (size > kMostPictureFileBytes) Raise(error::kInvalidPicture);
+  Bytes content(static_cast<size_t>(size));
+  content.resize(file->ReadAt(0, content));
+  auto decoded = platform().pictures().Decode(content);
+  if (!decoded) Raise(error::kInvalidPicture);
+  return MakeRef<Picture>(decoded->width, decoded->height, std::move(decoded->pixels));
+}
+
+Ref<Picture> LoadMapPicture(const std::string& Map) {
+  Ref<Picture> picture;
+  Attempt([&] {
+    const std::string path = GetMapPath(Map);
+    if (!path.empty()) picture = LoadPictureFile(path);
+  });
+  return picture;
+}
+
+void ShowLargePicture(const Ref<Picture>& picture) {
+  if (!picture || !IsWindowRegistered(kLargePreview)) return;
+  const Ref<Form> window(&WindowByName(kLargePreview));
+  Control* box = window->FindControl("Picture1");
+  if (!box) Raise(error::kObjectRequired);
+  PutMember(*box, "Picture", picture);
+  window->Width = box->Left + box->Width + kLargePreviewRight;
+  window->Height = box->Top + box->Height + kLargePreviewBottom;
+  window->ShowModal();
+}
+
+}  // namespace kestrun
