@@ -20,7 +20,7 @@ constexpr int kFrameInside = kWidthWithoutPreview - kFrameWidth - 2 * kMargin;
 constexpr int kFirstRow = 330;
 constexpr int kRow = 405;
 constexpr int kBoxHeight = 315;
-constexpr int kBoxLeft = 1710;
+constexpr int kBoxLeft = 1920;
 constexpr int kBoxWidth = kFrameInside - kBoxLeft - kMargin;
 constexpr int kTypeHeight = 705;  // three lines
 constexpr int kSwatchWidth = 480;
@@ -77,7 +77,7 @@ void frmmapinfo::LayOut() {
   Command1.Caption = "OK";
   Command1.Default = true;
   Command1.Cancel = true;
-  Command2.Move(kFrameLeft + kFrameInside - 1500, kButtonTop, 1500, kButtonHeight);
+  Command2.Move(kFrameLeft + kFrameInside - 1620, kButtonTop, 1620, kButtonHeight);
   Command1.Move(Command2.Left - kGap - 1260, kButtonTop, 1260, kButtonHeight);
 
   Timer1.Enabled = false;

@@ -17,6 +17,8 @@ void frmzip::LayOut() {
   lblText.WordWrap = true;
   lblText.Move(180, 180, 4920, 450);
   LstZip.Move(180, 720, 4920, 2505);
+  LstZip.BackColor = color::kWindowBackground;
+  LstZip.ForeColor = color::kWindowText;
 
   Command1.Caption = "OK";
   Command1.Default = true;

@@ -206,7 +206,14 @@ void FormWindow::Update(Control& control, PropertyId property) {
 void FormWindow::FitToModel() {
   const SIZE client{scale_.Pixels(form_->ScaleWidth()), scale_.Pixels(form_->ScaleHeight())};
   const SIZE outer = OuterSize(client, Style(), ExtendedStyle(), form_->HasMenu(), scale_);
-  SetWindowPos(window(), nullptr, 0, 0, outer.cx, outer.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  RECT place{};
+  GetWindowRect(window(), &place);
+  // A window that grows beyond the screen's edge moves back from it; otherwise it stays where the user put it.
+  const RECT work = WorkArea(window());
+  if (outer.cx > place.right - place.left)
+    place.left = std::max(work.left, std::min(place.left, work.right - outer.cx));
+  if (outer.cy > place.bottom - place.top) place.top = std::max(work.top, std::min(place.top, work.bottom - outer.cy));
+  SetWindowPos(window(), nullptr, place.left, place.top, outer.cx, outer.cy, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void FormWindow::ControlsChanged() {

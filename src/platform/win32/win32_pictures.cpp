@@ -52,11 +52,17 @@ DecodedPicture BlankPicture(int width, int height) {
   return {width, height, std::vector<uint32_t>(static_cast<size_t>(width) * static_cast<size_t>(height))};
 }
 
-// Any source of the component as the pixels of this program.
+bool HasAllowedSize(IWICBitmapSource& source) {
+  UINT width = 0;
+  UINT height = 0;
+  return SUCCEEDED(source.GetSize(&width, &height)) && IsPictureSizeAllowed(width, height);
+}
+
+// Any source of an allowed size as the pixels of this program.
 Decoded ReadSource(IWICImagingFactory& factory, IWICBitmapSource& source) {
   UINT width = 0;
   UINT height = 0;
-  if (FAILED(source.GetSize(&width, &height)) || !IsPictureSizeAllowed(width, height)) return std::nullopt;
+  if (FAILED(source.GetSize(&width, &height))) return std::nullopt;
   ComOwner<IWICFormatConverter> converter;
   if (FAILED(factory.CreateFormatConverter(converter.Receive())) ||
       FAILED(converter->Initialize(&source, kFormat32Bgra, WICBitmapDitherTypeNone, nullptr, 0,
@@ -72,7 +78,8 @@ Decoded ReadSource(IWICImagingFactory& factory, IWICBitmapSource& source) {
   return picture;
 }
 
-Decoded DecodeByImaging(ByteView file) {
+// `refused` is set when the component knows the picture and its size is not allowed: no other loader is to try.
+Decoded DecodeByImaging(ByteView file, bool& refused) {
   const ComOwner<IWICImagingFactory> factory = MakeFactory();
   const ComOwner<IStream> stream = StreamOf(file);
   ComOwner<IWICBitmapDecoder> decoder;
@@ -83,7 +90,8 @@ Decoded DecodeByImaging(ByteView file) {
       FAILED(decoder->GetFrame(0, frame.Receive()))) {
     return std::nullopt;
   }
-  return ReadSource(*factory.get(), *frame.get());
+  refused = !HasAllowedSize(*frame.get());
+  return refused ? std::nullopt : ReadSource(*factory.get(), *frame.get());
 }
 
 // Himetric units, hundredths of a millimetre, at 96 pixels to the inch.
@@ -146,8 +154,9 @@ Decoded DecodeByOle(ByteView file) {
 std::optional<DecodedPicture> Win32Pictures::Decode(ByteView file) {
   if (file.empty() || file.size() > static_cast<size_t>(LONG_MAX)) return std::nullopt;
   StartCom();
-  if (Decoded decoded = DecodeByImaging(file)) return decoded;
-  return DecodeByOle(file);
+  bool refused = false;
+  Decoded decoded = DecodeByImaging(file, refused);
+  return decoded || refused ? decoded : DecodeByOle(file);
 }
 
 std::optional<DecodedPicture> Win32Pictures::FileIcon(std::string_view path, uint32_t flags) {
@@ -160,7 +169,8 @@ std::optional<DecodedPicture> Win32Pictures::FileIcon(std::string_view path, uin
   const IconHandle icon(info.hIcon);
   const ComOwner<IWICImagingFactory> factory = MakeFactory();
   ComOwner<IWICBitmap> bitmap;
-  if (!factory || !icon.IsValid() || FAILED(factory->CreateBitmapFromHICON(icon.get(), bitmap.Receive()))) {
+  if (!factory || !icon.IsValid() || FAILED(factory->CreateBitmapFromHICON(icon.get(), bitmap.Receive())) ||
+      !HasAllowedSize(*bitmap.get())) {
     return std::nullopt;
   }
   return ReadSource(*factory.get(), *bitmap.get());
