@@ -6,6 +6,7 @@
 #include "base/number.h"
 #include "base/runtime_error.h"
 #include "formats/zip/cls_crc32.h"
+#include "frame/folders.h"
 #include "frame/program_pictures.h"
 #include "frame/show_error.h"
 #include "platform/platform.h"
@@ -14,15 +15,18 @@ namespace kestrun {
 namespace {
 
 // The shell tells the icon of a type only by a file of that type.
-constexpr const char* kScratchFile = "c:\\tmp1304930549302.";
+constexpr const char* kScratchFile = "tmp1304930549302.";
 // What an entry needs of its text's width.
 constexpr double kRoom = 1.1;
 
-// A scratch file that goes when it is no longer needed.
+// A scratch file that goes when it is no longer needed. It stands on the system's drive where the user may write
+// there, which few may today, and otherwise in the temporary folder.
 class ScratchFile {
  public:
-  explicit ScratchFile(std::string path) : path_(std::move(path)) {
-    platform().files().Open(path_, OpenMode::kReadWrite)->Close();
+  explicit ScratchFile(const std::string& name) : path_("c:\\" + name) {
+    if (Attempt([this] { Make(); })) return;
+    path_ = SpecialFolder(folder::kTemporary) + name;
+    Make();
   }
   ~ScratchFile() {
     Attempt([&] { platform().files().Delete(path_); });
@@ -33,6 +37,8 @@ class ScratchFile {
   [[nodiscard]] const std::string& path() const { return path_; }
 
  private:
+  void Make() const { platform().files().Open(path_, OpenMode::kReadWrite)->Close(); }
+
   std::string path_;
 };
 

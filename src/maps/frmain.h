@@ -198,6 +198,10 @@ class frmain final : public Form {
   void FolderTextChanged();
   void BrowseFolder();
   void RefreshList();
+  void ShowRowsAnew(bool needed) {
+    if (needed) RefreshList();
+  }
+  void TakeDropped(const std::vector<std::string>& paths);
   void FillListBox();
   void MirrorSelection();
   void ShowPreviewOfSelection();
@@ -213,11 +217,12 @@ class frmain final : public Form {
   [[nodiscard]] std::string ChosenName();
   // Folder and name of the selected map; empty, after the request to select one, when none is.
   [[nodiscard]] std::string SelectedMap();
+  // The same without a question; meaningless while none is selected.
+  [[nodiscard]] std::string SelectedPath() const;
   void LaunchEditor();
   static void StartTool(const std::string& program, const std::string& missing);
   void ShowMapInfo();
   void HandMapToPreviewWindow(bool search);
-  void ShowLargePreview();
   void LaunchProgram(int number);
   void AddProgram(int number, const std::string& name, const std::string& path);
 

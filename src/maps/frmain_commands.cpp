@@ -6,7 +6,11 @@
 #include "frame/path_text.h"
 #include "frame/settings.h"
 #include "frame/site.h"
+#include "maps/fetch_map.h"
 #include "maps/frmain.h"
+#include "maps/frmmapinfo.h"
+#include "maps/map_file_commands.h"
+#include "maps/map_picture.h"
 #include "maps/put_map.h"
 #include "maps/run_command.h"
 #include "platform/platform.h"
@@ -17,14 +21,6 @@ namespace {
 constexpr int32_t kShowNormal = 1;
 // No more programs than a menu can show; their count comes from a file.
 constexpr int kMostPrograms = 500;
-
-// A zip has to be opened before the map in it can go into the game.
-bool IsZip(const std::string& path) {
-  Bytes start(4);
-  bool read = false;
-  Attempt([&] { read = platform().files().Open(path, OpenMode::kRead)->ReadAt(0, start) == start.size(); });
-  return read && AsChars(start) == "PK\x03\x04";
-}
 
 void OpenFile(const std::string& path) { ShellOpen("open", path, "", "", kShowNormal); }
 
@@ -41,7 +37,11 @@ void frmain::ConnectCommands() {
   SetCommand({&ImgPreview.Click, &mnu_mapPreview.Click, &mnu_loadpreview.Click},
              [this] { HandMapToPreviewWindow(false); });
   SetCommand({&mnu_searchpreview1.Click, &mnu_searchpreview.Click}, [this] { HandMapToPreviewWindow(true); });
-  SetCommand({&mnu_largepreview.Click, &mnu_largepreview2.Click}, [this] { ShowLargePreview(); });
+  SetCommand({&mnu_largepreview.Click, &mnu_largepreview2.Click}, [this] { ShowLargePicture(ImgPreview.Picture); });
+  SetCommand({&mnu_copymapto.Click}, [this] { ShowRowsAnew(CopyMapTo(FileMaps, dlgcopyto)); });
+  SetCommand({&mnu_renamemap.Click}, [this] { ShowRowsAnew(RenameMap(FileMaps)); });
+  SetCommand({&mnu_deletemap.Click}, [this] { ShowRowsAnew(DeleteMap(FileMaps)); });
+  SetCommand({&mnu_mapname.Click}, [this] { ShowRowsAnew(CopyMapName(FileMaps)); });
   SetCommand({&mnu_bmstomis.Click}, [] {
     StartTool(ReadSetting(setting::kConverter),
               "can't find the file 'DF3BMStoMIS.exe' please select it in the options window.");
@@ -63,19 +63,19 @@ std::string frmain::ChosenName() {
   return txtoutput.Text;
 }
 
+std::string frmain::SelectedPath() const { return FileMaps.Path() + "\\" + FileMaps.FileName(); }
+
 std::string frmain::SelectedMap() {
-  if (FileMaps.ListIndex >= 0) return FileMaps.Path() + "\\" + FileMaps.FileName();
+  if (FileMaps.ListIndex >= 0) return SelectedPath();
   MsgBox("Select map!");
   return {};
 }
 
 void frmain::PutSelectedMap(int32_t mode) {
-  const std::string path = SelectedMap();
+  std::string path = SelectedMap();
   if (path.empty()) return;
-  if (IsZip(path)) {
-    MsgBox("The file '" + FileMaps.FileName() + "' is a zip archive. Unpack it and select the map inside.");
-    return;
-  }
+  if (MapFileKind(path) == map_file_kind::kZip) path = GetFileFromZip(path);
+  if (path.empty()) return;
   std::string name = ChosenName();
   const bool packed = PutMap(path, name, mode, true);
   std::string message = packed ? "Successfully packed map" : "Failed to pack map";
@@ -112,9 +112,9 @@ void frmain::StartTool(const std::string& program, const std::string& missing) {
 void frmain::ShowMapInfo() {
   const std::string map = SelectedMap();
   if (map.empty()) return;
-  Form& window = WindowByName("frmmapinfo");
-  CallMember(window, "GetBMSInfo", {map});
-  window.ShowModal();
+  const Ref<frmmapinfo> window(&Window<frmmapinfo>());
+  window->LoadMap(map);
+  window->ShowModal();
 }
 
 void frmain::HandMapToPreviewWindow(bool search) {
@@ -125,19 +125,6 @@ void frmain::HandMapToPreviewWindow(bool search) {
   PutMember(window, "lblmap", map);
   window.Show();
   if (search) CallMember(window, "CmdDownload_Click");
-}
-
-void frmain::ShowLargePreview() {
-  constexpr int kBeside = 250;
-  constexpr int kBelow = 500;
-  if (!ImgPreview.Picture.get()) return;
-  Form& window = WindowByName("frmLargeprev");
-  Control* box = window.FindControl("Picture1");
-  if (!box) return;
-  PutMember(*box, "Picture", ImgPreview.Picture.get());
-  window.Width = box->Left + box->Width + kBeside;
-  window.Height = box->Top + box->Height + kBelow;
-  window.ShowModal();
 }
 
 // ---- the user's own programs ---------------------------------------------------------------------------------------

@@ -3,8 +3,11 @@
 #include "frame/folders.h"
 #include "frame/program_pictures.h"
 #include "frame/settings.h"
+#include "maps/file_tools.h"
 #include "maps/frmain.h"
 #include "maps/frmain_pictures.h"
+#include "maps/frmopenmap.h"
+#include "maps/map_picture.h"
 #include "maps/run_command.h"
 #include "platform/platform.h"
 
@@ -58,6 +61,7 @@ void frmain::ConnectMaps() {
   FileMaps.MouseUp = [this](int button, int, int, int) {
     if (button == mouse::kRight) PopupMenu(mnu_file);
   };
+  FilesDropped = [this](const std::vector<std::string>& paths) { RunCommand([&] { TakeDropped(paths); }); };
   ImgPreview.MouseUp = [this](int button, int, int, int) {
     if (button == mouse::kRight) PopupMenu(mnu_rightclick);
   };
@@ -69,6 +73,19 @@ void frmain::FolderTextChanged() {
   if (!Attempt([this] { FileMaps.SetPath(Text1.Text.get()); })) return;
   FillListBox();
   Timer1.Enabled = true;
+}
+
+// A folder becomes the folder of the list; what else it is the load-map window knows to open.
+void frmain::TakeDropped(const std::vector<std::string>& paths) {
+  if (paths.empty()) return;
+  const std::string& path = paths.front();
+  if (platform().files().IsFolder(path)) {
+    Text1.Text = path;
+    return;
+  }
+  auto& window = Window<frmopenmap>();
+  window.TxtFile.Text = path;
+  window.Show();
 }
 
 void frmain::BrowseFolder() {
@@ -100,9 +117,17 @@ void frmain::MirrorSelection() {
   Attempt([this] { FileMaps.ListIndex = ListBox.ListIndex(); });
 }
 
-void frmain::ShowPreviewOfSelection() { ShowPicture({}); }
+void frmain::ShowPreviewOfSelection() {
+  ShowPicture(FileMaps.ListIndex < 0 ? Ref<kestrun::Picture>() : LoadMapPicture(SelectedPath()));
+}
 
-void frmain::ShowPreviewOfFolder() { ShowPicture({}); }
+// A folder may have a picture of its own, under its path; with a selected name that stands behind the path at once.
+void frmain::ShowPreviewOfFolder() {
+  const std::string stored = ReadSetting(setting::kPreviewPicture, FileMaps.Path() + FileMaps.FileName());
+  Ref<kestrun::Picture> picture;
+  if (!stored.empty()) Attempt([&] { picture = LoadPictureFile(stored); });
+  ShowPicture(picture);
+}
 
 void frmain::ShowPicture(const Ref<kestrun::Picture>& picture) {
   ImgPreview.Picture = picture;
@@ -128,7 +153,9 @@ void frmain::HandleListKey(int& key_code) {
 }
 
 void frmain::LoadIcons() {
-  ImageList.AddNewImage(ZipPicture());
+  constexpr int32_t kSmall = 1;
+  Ref<kestrun::Picture> zip = GetIcon("zip", kSmall);
+  ImageList.AddNewImage(zip ? zip : ZipPicture());
   ImageList.AddNewImage(MapPicture());
   ListBox.SetImageList(Ref<Object>(&ImageList));
 }
