@@ -21,6 +21,7 @@ constexpr int kColumnWidth = kClientWidth - kColumn - kMargin;
 constexpr int kHalf = (kColumnWidth - kGap) / 2;
 constexpr int kListTop = 870;
 constexpr int kListHeight = 5145;
+constexpr int kPlainListMore = 100;  // the plain list is higher than the painted one
 constexpr int kPreviewHeight = 2700;
 constexpr int kFrameTop = 3660;
 constexpr int kStatusHeight = 330;
@@ -183,7 +184,7 @@ void frmain::Arrange() {
   Command1.Left = kClientWidth - kMargin - 1320 + right;
   ListBox.Width = kColumn - 2 * kMargin + right;
   ListBox.Height = kListHeight + down;
-  FileMaps.Move(ListBox.Left, ListBox.Top, ListBox.Width, ListBox.Height);
+  FileMaps.Move(ListBox.Left, ListBox.Top, ListBox.Width, ListBox.Height + kPlainListMore);
   Command6.Top = 6105 + down;
   const int column = kColumn + right;
   lblpreview.Left = column;

@@ -153,10 +153,22 @@ TEST_F(FileToolsTest, WithoutAnIconOfTheShellThereIsAFixedPicture) {
   desktop.UseFiles(native_files);
 }
 
-TEST_F(FileToolsTest, ADriveThatCannotBeWrittenIsReported) {
+TEST_F(FileToolsTest, WhereTheDriveCannotBeWrittenTheScratchFileStandsInTheTemporaryFolder) {
   FailingFiles failing(native_files, 0, error::kPermissionDenied);
   desktop.UseFiles(failing);
-  desktop.dialogs().ExpectBox("Error: GetIcon()70\r\nPermission denied");
+  EXPECT_TRUE(GetIcon("zip", 0));
+  const std::string scratch = Path("temp\\tmp1304930549302.zip");
+  ASSERT_EQ(desktop.pictures().icon_requests.size(), 1U);
+  EXPECT_EQ(desktop.pictures().icon_requests[0], (HeadlessPictures::IconRequest{scratch, 0}));
+  EXPECT_FALSE(FileIsThere(scratch));
+  desktop.UseFiles(native_files);
+}
+
+TEST_F(FileToolsTest, AScratchFileThatCannotBeMadeAnywhereIsReported) {
+  FailingFiles failing(native_files, 0, error::kPermissionDenied);
+  desktop.UseFiles(failing);
+  desktop.shell().temporary_folder = Path("nowhere");
+  desktop.dialogs().ExpectBox("Error: GetIcon()76\r\nPath not found");
   EXPECT_FALSE(GetIcon("zip", 0));
   EXPECT_TRUE(desktop.pictures().icon_requests.empty());
   desktop.UseFiles(native_files);
