@@ -26,18 +26,22 @@ class UserControl : public Control {
  public:
   using Control::Control;
 
-  // What the platform calls. Places are device pixels inside the control's client area.
+  // What the platform calls. Places are device pixels inside the control's client area. The platform has fired the
+  // events of mouse buttons, keys and the focus before; Click and DblClick are for the control to fire.
   virtual void Paint(Canvas& canvas) = 0;
   // The client area's size and the screen's scale; called before the first Paint and whenever either changes.
   virtual void Resized(PixelSize client, int dpi);
   virtual void OnMouseDown(int button, int shift_state, int x, int y);
   virtual void OnMouseMove(int button, int shift_state, int x, int y);
+  // At (-1, -1) when another window took the mouse in the middle of a drag.
   virtual void OnMouseUp(int button, int shift_state, int x, int y);
+  // In place of the second OnMouseDown of the left button; an OnMouseUp follows.
   virtual void OnDoubleClick(int x, int y);
   virtual void OnMouseLeave() {}
   // Notches of the wheel, positive away from the user. True when the control took it.
   virtual bool OnWheel(int notches, int shift_state);
-  // Virtual key code. True when the control took the key.
+  // Virtual key code, of any key but Tab. True when the control took the key: then it types no character either, and
+  // Enter presses no default button.
   virtual bool OnKeyDown(int key_code, int shift_state);
   virtual void OnKeyPress(char32_t character);
   virtual void OnFocus(bool has_focus);

@@ -80,6 +80,10 @@ TEST_F(BmsTest, EachFieldLiesAtItsOffset) {
   EXPECT_EQ(info.sun, "s");
 }
 
+TEST_F(BmsTest, AMaskOf0x3200IsDeathmatchTeamDeathmatchAndCaptureTheFlag) {
+  EXPECT_EQ(GameTypeText(0x3200), "Deathmatch, Team Deathmatch, Capture the flag");
+}
+
 TEST_F(BmsTest, AMaskWithOnlyBit15IsSearchAndDestroy) {
   MissionFields fields;
   fields.game_types = 0x8000;

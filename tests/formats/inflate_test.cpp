@@ -175,6 +175,14 @@ TEST_F(InflateTest, ADynamicBlockWithoutDistancesHoldsLiteralsAlone) {
   EXPECT_EQ(Expand(stream, 2), "xy");
 }
 
+TEST_F(InflateTest, CodesForAllSymbolsThatCanBeAnnouncedAreBuilt) {
+  DeflateStream stream;
+  stream.Codes(Last::kYes, FlatLiterals(288), std::vector<uint8_t>(32, 5));
+  stream.bits().Code('x', 8).Code('y', 8).Code(0x1FF, 9);
+  EXPECT_EQ(Expand(stream, 2), "xy");
+  EXPECT_EQ(status, 0);
+}
+
 TEST_F(InflateTest, AMatchInABlockWithoutDistancesReachesTheCaller) {
   DeflateStream stream;
   std::vector<uint8_t> literals(258, 0);

@@ -9,26 +9,31 @@ namespace {
 
 McListBox& Self(Object& object) { return static_cast<McListBox&>(object); }
 
-Variant ArgumentOr(Arguments arguments, size_t at, Variant otherwise) {
-  if (at >= arguments.size() || arguments[at].IsMissing()) return otherwise;
-  return arguments[at];
+bool IsGiven(Arguments arguments, size_t at) { return at < arguments.size() && !arguments[at].IsMissing(); }
+
+int LongOr(Arguments arguments, size_t at, int otherwise) {
+  return IsGiven(arguments, at) ? ToLong(arguments[at]) : otherwise;
+}
+
+bool FlagOr(Arguments arguments, size_t at, bool otherwise) {
+  return IsGiven(arguments, at) ? ToBoolean(arguments[at]) : otherwise;
 }
 
 Variant CallAddItem(Object& object, Arguments arguments) {
-  Self(object).AddItem(ToText(arguments[0]), ToLong(ArgumentOr(arguments, 1, -1)),
-                       ToLong(ArgumentOr(arguments, 2, ListItems::kNoIcon)), ToBoolean(ArgumentOr(arguments, 3, false)),
-                       ArgumentOr(arguments, 4, Variant()));
+  const Variant data = IsGiven(arguments, 4) ? arguments[4] : Variant();
+  Self(object).AddItem(ToText(arguments[0]), LongOr(arguments, 1, -1), LongOr(arguments, 2, ListItems::kNoIcon),
+                       FlagOr(arguments, 3, false), data);
   return {};
 }
 
 Variant CallRemove(Object& object, Arguments arguments) {
-  Self(object).Remove(ToLong(ArgumentOr(arguments, 0, -1)));
+  Self(object).Remove(LongOr(arguments, 0, -1));
   return {};
 }
 
 Variant CallSplitToLines(Object& object, Arguments arguments) {
   const std::vector<std::string> lines =
-      Self(object).SplitToLines(ToText(arguments[0]), ToLong(arguments[1]), ToBoolean(ArgumentOr(arguments, 2, false)));
+      Self(object).SplitToLines(ToText(arguments[0]), ToLong(arguments[1]), FlagOr(arguments, 2, false));
   Ref<ArrayBody> array = MakeRef<ArrayBody>(std::vector<int32_t>{static_cast<int32_t>(lines.size())});
   std::copy(lines.begin(), lines.end(), array->elements.begin());
   return Variant(array);

@@ -1,6 +1,6 @@
 #include "controls/list_box/text_lines.h"
 
-#include <optional>
+#include <algorithm>
 
 #include "base/text.h"
 
@@ -16,7 +16,7 @@ std::vector<std::string> SplitIntoLines(std::string_view text, int width, bool s
   const std::string whole = strip ? ReplaceAll(text, kCrLf, "") : std::string(text);
   std::vector<std::string> lines;
   std::string line;
-  std::optional<size_t> delimiter;
+  size_t delimiter = std::string::npos;  // in the line
   for (size_t at = 0; at < whole.size();) {
     const size_t start = at;
     if (IsDelimiter(NextCodePoint(whole, at))) delimiter = line.size();
@@ -26,10 +26,10 @@ std::vector<std::string> SplitIntoLines(std::string_view text, int width, bool s
       line = std::move(longer);
       continue;
     }
-    const size_t cut = delimiter.value_or(line.size());
+    const size_t cut = std::min(delimiter, line.size());
     lines.emplace_back(TrimBlanks(std::string_view(longer).substr(0, cut)));
     line = longer.substr(cut);
-    delimiter.reset();
+    delimiter = std::string::npos;
     if (lines.size() == most) return lines;
   }
   if (!lines.empty()) lines.back() += line;

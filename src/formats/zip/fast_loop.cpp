@@ -5,13 +5,13 @@
 namespace kestrun::deflate {
 namespace {
 
-// A round takes at most 3 refills of 7 bytes, each of which looks 8 bytes ahead.
+// Refills move on by what is removed: at most 7 bytes at first, then 87 bits in a round. Each looks 8 bytes ahead.
 constexpr int64_t kInputRoom = BitReader::kCountedBytes;
 // A round writes 3 literals and a match of 258 bytes, and copies run up to 32 bytes beyond their end.
 constexpr int64_t kOutputRoom = 3 + 258 + 32;
 constexpr size_t kCopyOverrun = 32;
-// Bits of a whole distance, and of the look-up behind it.
-constexpr unsigned kDistanceAndLookup = 15 + 14 + kLiteralTableBits;
+// Bits of a distance whose codeword is in the first level, and of the look-up behind it.
+constexpr unsigned kShortDistanceAndLookup = kDistanceTableBits + 14 + kLiteralTableBits;
 
 [[noreturn, gnu::cold, gnu::noinline]] void RaiseOutOfRange() { Raise(error::kSubscriptOutOfRange); }
 
@@ -19,16 +19,6 @@ inline void CopyWord(uint8_t* to, const uint8_t* from) {
   uint64_t word = 0;
   std::memcpy(&word, from, sizeof word);
   std::memcpy(to, &word, sizeof word);
-}
-
-struct Pair {
-  uint64_t words[2];
-};
-
-inline void CopyPair(uint8_t* to, const uint8_t* from) {
-  Pair pair;
-  std::memcpy(&pair, from, sizeof pair);
-  std::memcpy(to, &pair, sizeof pair);
 }
 
 // Up to 31 bytes more than asked are written behind the match.
@@ -69,6 +59,11 @@ inline void CopyPair(uint8_t* to, const uint8_t* from) {
   return bits & ((uint64_t{1} << static_cast<uint8_t>(count)) - 1);
 }
 
+// What stands behind the codeword in the bits that an entry removes.
+[[gnu::always_inline]] inline unsigned ExtraBits(uint64_t bits, Entry entry) {
+  return static_cast<unsigned>(LowBits(bits, entry) >> ((entry >> 8) & 63));
+}
+
 // The buffered bits in registers. `count` is right in its low 6 bits; above them it is not kept.
 struct FastBits {
   const uint8_t* next;
@@ -81,12 +76,12 @@ struct FastBits {
     next += 7 - ((count >> 3) & 7);
     count |= 56;
   }
-  [[gnu::always_inline]] void Remove(Entry entry) {
+  // Gives the bits as they were.
+  [[gnu::always_inline]] uint64_t Remove(Entry entry) {
+    const uint64_t before = bits;
     bits >>= entry & 63;
     count -= entry;
-  }
-  [[nodiscard]] [[gnu::always_inline]] unsigned ExtraBits(Entry entry) const {
-    return static_cast<unsigned>(LowBits(bits, entry) >> ((entry >> 8) & 63));
+    return before;
   }
 };
 
@@ -96,6 +91,8 @@ struct FastBits {
   reader.bits = LowBits(fast.bits, reader.count);
 }
 
+// An entry's bits are removed before it is asked what it is: when the processor has guessed that wrong, the bits are
+// already there.
 template <bool kDeflate64>
 [[gnu::always_inline]] inline BlockEnd Loop(BitReader& reader, const BlockCodes& codes, const uint8_t* begin,
                                             uint8_t*& position, const uint8_t* end) {
@@ -112,84 +109,72 @@ template <bool kDeflate64>
 
   in.Refill();
   Entry entry = literals[in.bits & kLiteralMask];
-  for (;;) {
+  do {
+    uint64_t before = in.Remove(entry);
     if ((entry & kLiteral) != 0) {
-      // Three codewords of the first level leave enough bits to look the next one up.
-      in.Remove(entry);
+      // Two literals of the first level leave enough bits for a length, and to look its distance up.
       *out++ = static_cast<uint8_t>(entry >> 16);
       entry = literals[in.bits & kLiteralMask];
+      before = in.Remove(entry);
       if ((entry & kLiteral) != 0) {
-        in.Remove(entry);
         *out++ = static_cast<uint8_t>(entry >> 16);
         entry = literals[in.bits & kLiteralMask];
+        before = in.Remove(entry);
         if ((entry & kLiteral) != 0) {
-          in.Remove(entry);
           *out++ = static_cast<uint8_t>(entry >> 16);
           entry = literals[in.bits & kLiteralMask];
           in.Refill();
-          if (in.next > last_next || out > last_out) break;
           continue;
         }
       }
-      in.Refill();
     }
     if ((entry & kExceptional) != 0) [[unlikely]] {
       if ((entry & kPointer) != 0) {
-        in.Remove(kLiteralTableBits);
         entry = literals[ValueOf(entry) + LowBits(in.bits, CodewordBits(entry))];
+        before = in.Remove(entry);
         if ((entry & kLiteral) != 0) {
-          in.Remove(entry);
           *out++ = static_cast<uint8_t>(entry >> 16);
           entry = literals[in.bits & kLiteralMask];
           in.Refill();
-          if (in.next > last_next || out > last_out) break;
           continue;
         }
       }
       if ((entry & kExceptional) != 0) {
         if ((entry & kInvalid) != 0) RaiseOutOfRange();
-        in.Remove(entry);
         block_end = BlockEnd::kReached;
         break;
       }
     }
-    size_t length = ValueOf(entry) + in.ExtraBits(entry);
-    in.Remove(entry);
-    if constexpr (kDeflate64) {
-      if (length == 258) {
-        length = LowBits(in.bits, 16) + 3;
-        in.Remove(16);
-      }
+    size_t length = ValueOf(entry) + ExtraBits(before, entry);
+    if (kDeflate64 && length == 258) [[unlikely]] {
       in.Refill();
-    } else if ((in.count & 63) < kDistanceAndLookup) [[unlikely]] {
-      in.Refill();
+      length = LowBits(in.Remove(16), 16) + 3;
     }
     entry = distances[in.bits & kDistanceMask];
+    if ((in.count & 63) < kShortDistanceAndLookup) [[unlikely]]
+      in.Refill();
     if ((entry & kExceptional) != 0) [[unlikely]] {
       if ((entry & kInvalid) != 0) RaiseOutOfRange();
+      in.Refill();
       in.Remove(kDistanceTableBits);
       entry = distances[ValueOf(entry) + LowBits(in.bits, CodewordBits(entry))];
     }
-    const size_t distance = (entry >> 16) + in.ExtraBits(entry);
-    in.Remove(entry);
+    before = in.Remove(entry);
+    const size_t distance = (entry >> 16) + ExtraBits(before, entry);
     if (distance > static_cast<size_t>(out - begin)) [[unlikely]]
       RaiseOutOfRange();
     entry = literals[in.bits & kLiteralMask];
     in.Refill();
     uint8_t* const to = out;
-    out += length;
-    if constexpr (kDeflate64) {
-      const auto room = static_cast<size_t>(end - to);
-      if (length > room) [[unlikely]]
-        RaiseOutOfRange();
-      if (room - length < kCopyOverrun) [[unlikely]] {
-        for (uint8_t* one = to; one != out; ++one) *one = *(one - distance);
-        break;
-      }
+    // Only in Deflate64 is a match longer than the room that a round starts with.
+    if (kDeflate64 && static_cast<ptrdiff_t>(length + kCopyOverrun) > end - to) [[unlikely]] {
+      if (static_cast<ptrdiff_t>(length) > end - to) RaiseOutOfRange();
+      for (; length > 0; --length, ++out) *out = *(out - distance);
+      break;
     }
+    out += length;
     CopyMatch(to, length, distance);
-    if (in.next > last_next || out > last_out) break;
-  }
+  } while (in.next <= last_next && out <= last_out);
   GiveBack(reader, in);
   position = out;
   return block_end;

@@ -11,6 +11,38 @@ constexpr size_t kMostSymbols = 288;
 
 using LengthCounts = std::array<uint16_t, kMaxCodeBits + 1>;
 
+// The lengths in two halves. Counting and sorting walk both at once: each step in one half waits for the step before it
+// when the lengths are alike, but not for the other half.
+struct Halves {
+  explicit Halves(std::span<const uint8_t> lengths) : first(lengths.first(lengths.size() / 2)), second(lengths) {
+    second = second.subspan(first.size());
+  }
+  template <class Each>
+  void Walk(Each&& each) const {
+    for (size_t at = 0; at < first.size(); ++at) {
+      each(0, first[at], at);
+      each(1, second[at], first.size() + at);
+    }
+    if (second.size() > first.size()) each(1, second.back(), 2 * first.size());
+  }
+  std::span<const uint8_t> first;
+  std::span<const uint8_t> second;
+};
+
+struct HalfCounts {
+  explicit HalfCounts(const Halves& halves) {
+    halves.Walk([this](size_t half, uint8_t bits, size_t) { ++counts[half][bits & kMaxCodeBits]; });
+  }
+  [[nodiscard]] LengthCounts Sum() const {
+    LengthCounts sum{};
+    for (size_t bits = 1; bits <= kMaxCodeBits; ++bits) {
+      sum[bits] = static_cast<uint16_t>(counts[0][bits] + counts[1][bits]);
+    }
+    return sum;
+  }
+  std::array<LengthCounts, 2> counts{};
+};
+
 CodeKind Classify(const LengthCounts& counts, int longest) {
   if (longest == 0) return CodeKind::kEmpty;
   int room = 1;
@@ -22,17 +54,22 @@ CodeKind Classify(const LengthCounts& counts, int longest) {
   return longest == 1 ? CodeKind::kSingle : CodeKind::kBroken;
 }
 
-// The symbols that have a codeword, in the order of their codewords.
+// The symbols in the order of their codewords; those without one stand before them.
 class SortedSymbols {
  public:
-  SortedSymbols(std::span<const uint8_t> lengths, const LengthCounts& counts) {
-    std::array<uint16_t, kMaxCodeBits + 2> next{};
-    for (size_t bits = 1; bits <= kMaxCodeBits; ++bits) {
-      next[bits + 1] = static_cast<uint16_t>(next[bits] + counts[bits]);
+  SortedSymbols(const Halves& halves, const HalfCounts& count) {
+    std::array<LengthCounts, 2> next{};
+    uint16_t place = 0;
+    for (size_t bits = 0; bits <= kMaxCodeBits; ++bits) {
+      for (size_t half = 0; half < 2; ++half) {
+        next[half][bits] = place;
+        place = static_cast<uint16_t>(place + count.counts[half][bits]);
+      }
     }
-    for (size_t symbol = 0; symbol < lengths.size(); ++symbol) {
-      if (lengths[symbol] != 0) symbols_[next[lengths[symbol]]++] = static_cast<uint16_t>(symbol);
-    }
+    at_ = next[0][1];
+    halves.Walk([&](size_t half, uint8_t bits, size_t symbol) {
+      symbols_[next[half][bits & kMaxCodeBits]++] = static_cast<uint16_t>(symbol);
+    });
   }
   [[nodiscard]] uint16_t Next() { return symbols_[at_++]; }
 
@@ -41,12 +78,17 @@ class SortedSymbols {
   size_t at_ = 0;
 };
 
-// Codewords come from the stream with their first bit lowest; counting up then carries from the top bit down.
-unsigned NextReversed(unsigned codeword, unsigned bits) {
-  const unsigned all = (1U << bits) - 1;
-  if (codeword == all) return 0;
-  const unsigned carry = std::bit_floor(codeword ^ all);
-  return (codeword & (carry - 1)) | carry;
+constexpr std::array<uint8_t, 256> kReversedBytes = [] {
+  std::array<uint8_t, 256> reversed{};
+  for (unsigned byte = 0; byte < 256; ++byte) {
+    for (unsigned bit = 0; bit < 8; ++bit) reversed[byte] |= static_cast<uint8_t>(((byte >> bit) & 1) << (7 - bit));
+  }
+  return reversed;
+}();
+
+// Codewords come from the stream with their first bit lowest.
+unsigned Reversed(unsigned codeword, unsigned bits) {
+  return ((unsigned{kReversedBytes[codeword & 255]} << 8) | kReversedBytes[codeword >> 8]) >> (16 - bits);
 }
 
 Entry WithBits(Entry meaning, unsigned codeword_bits) { return meaning + codeword_bits + (codeword_bits << 8); }
@@ -69,9 +111,9 @@ class TableBuilder {
     for (unsigned bits = 1; bits <= table_bits_; ++bits) {
       std::memcpy(&table_[filled], &table_[0], filled * sizeof(Entry));
       filled *= 2;
+      codeword_ <<= 1;
       for (unsigned left = counts_[bits]; left > 0; --left) {
-        table_[codeword_] = WithBits(meanings_[symbols_.Next()], bits);
-        codeword_ = NextReversed(codeword_, bits);
+        table_[Reversed(codeword_++, bits)] = WithBits(meanings_[symbols_.Next()], bits);
       }
     }
   }
@@ -82,16 +124,18 @@ class TableBuilder {
     size_t start = 0;
     unsigned prefix = ~0U;
     for (unsigned bits = table_bits_ + 1; bits <= longest; ++bits) {
+      codeword_ <<= 1;
       for (unsigned left = counts_[bits]; left > 0; --left) {
-        if ((codeword_ & prefix_mask) != prefix) {
-          prefix = codeword_ & prefix_mask;
+        const unsigned reversed = Reversed(codeword_++, bits);
+        if ((reversed & prefix_mask) != prefix) {
+          prefix = reversed & prefix_mask;
           start = free;
           const unsigned index_bits = SecondLevelBits(bits, left);
           free += size_t{1} << index_bits;
           table_[prefix] = kExceptional | kPointer | static_cast<Entry>(start << 16) | (index_bits << 8) | table_bits_;
           end_ = free;
         }
-        FillSecond(start, bits);
+        FillSecond(start + (reversed >> table_bits_), bits);
       }
     }
   }
@@ -106,11 +150,10 @@ class TableBuilder {
     return index_bits;
   }
 
-  void FillSecond(size_t start, unsigned bits) {
+  void FillSecond(size_t first, unsigned bits) {
     const unsigned own_bits = bits - table_bits_;
     const Entry entry = WithBits(meanings_[symbols_.Next()], own_bits);
-    for (size_t at = start + (codeword_ >> table_bits_); at < end_; at += size_t{1} << own_bits) table_[at] = entry;
-    codeword_ = NextReversed(codeword_, bits);
+    for (size_t at = first; at < end_; at += size_t{1} << own_bits) table_[at] = entry;
   }
 
   SymbolMeanings meanings_;
@@ -126,20 +169,17 @@ class TableBuilder {
 
 CodeKind BuildTable(std::span<const uint8_t> lengths, SymbolMeanings meanings, unsigned table_bits,
                     std::span<Entry> table, int& longest) {
-  LengthCounts counts{};
-  for (const uint8_t bits : lengths) {
-    if (bits > kMaxCodeBits) return CodeKind::kBroken;
-    ++counts[bits];
-  }
+  const Halves halves(lengths);
+  const HalfCounts half_counts(halves);
+  const LengthCounts counts = half_counts.Sum();
   longest = kMaxCodeBits;
   while (longest > 0 && counts[static_cast<size_t>(longest)] == 0) --longest;
   const CodeKind kind = Classify(counts, longest);
   if (kind == CodeKind::kBroken) return kind;
-  counts[0] = 0;
   if (kind != CodeKind::kComplete) {
     std::fill_n(table.begin(), size_t{1} << table_bits, kExceptional | kInvalid);
   }
-  SortedSymbols symbols(lengths, counts);
+  SortedSymbols symbols(halves, half_counts);
   if (kind == CodeKind::kSingle) {
     const Entry entry = WithBits(meanings[symbols.Next()], 1);
     for (size_t at = 0; at < size_t{1} << table_bits; at += 2) table[at] = entry;

@@ -47,8 +47,9 @@ enum class CodeKind {
   kBroken,  // no prefix code: too many short codewords, or so few that some bits mean nothing
 };
 
-// Fills a table for codewords of the given lengths, one for each symbol, 0 for a symbol without one. What a single or
-// an empty code leaves open is kInvalid; of a broken one no table is made. Gives the longest length in `longest`.
+// Fills a table for codewords of the given lengths, at most 15, one for each symbol, 0 for a symbol without one. What a
+// single or an empty code leaves open is kInvalid; of a broken one no table is made. Gives the longest length in
+// `longest`.
 [[nodiscard]] CodeKind BuildTable(std::span<const uint8_t> lengths, SymbolMeanings meanings, unsigned table_bits,
                                   std::span<Entry> table, int& longest);
 

@@ -1,6 +1,8 @@
 #include "platform/win32/form_window.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "base/text.h"
 #include "forms/label.h"
@@ -125,8 +127,10 @@ void FormWindow::Close() {
   const HWND owner = GetWindow(window(), GW_OWNER);
   // The owner comes back before this window goes: otherwise the system activates some other program.
   if (owner && GetActiveWindow() == window()) SetActiveWindow(owner);
-  peers_.clear();
   SetWindowLongPtrW(window(), GWLP_USERDATA, 0);
+  // The focus wanders while controls go one by one: none of them is to be found any more by then.
+  std::vector<std::unique_ptr<ControlPeer>> closing = std::exchange(peers_, {});
+  closing.clear();
   window_.Reset();
 }
 
@@ -223,12 +227,14 @@ void FormWindow::ControlsChanged() {
   };
   const auto gone =
       std::stable_partition(peers_.begin(), peers_.end(), [&](const auto& peer) { return !is_gone(peer); });
-  // A removed control may be the one whose event is under way: its peer goes in a later pass.
-  for (auto at = gone; at != peers_.end(); ++at) {
-    if ((*at)->window()) ShowWindow((*at)->window(), SW_HIDE);
-    platform().clock().Post([keep = shared_from_this(), dead = std::shared_ptr<ControlPeer>(std::move(*at))] {});
-  }
+  std::vector<std::shared_ptr<ControlPeer>> removed(std::make_move_iterator(gone),
+                                                    std::make_move_iterator(peers_.end()));
   peers_.erase(gone, peers_.end());
+  // A removed control may be the one whose event is under way: its peer goes in a later pass.
+  for (std::shared_ptr<ControlPeer>& dead : removed) {
+    if (dead->window()) ShowWindow(dead->window(), SW_HIDE);
+    platform().clock().Post([keep = shared_from_this(), dead = std::move(dead)] {});
+  }
   MakeControls();
   for (const Control* control : present) {
     const ControlPeer* peer = PeerOf(*control);

@@ -258,6 +258,10 @@ bool UserControlPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, L
     case WM_KILLFOCUS: ChangeFocus(message == WM_SETFOCUS); return true;
     case WM_CHAR: TypeCharacter(static_cast<wchar_t>(first)); return true;
     case WM_VSCROLL: Scroll(first); return true;
+    case WM_TIMER:
+      if (first != VerticalScrollBar::kTimer) return false;
+      bar_.ShowPosition(window());
+      return true;
     case WM_MOUSEWHEEL: return form().PassWheel(first, second) || TakeWheel(first);
     case WM_CAPTURECHANGED:
       if (reinterpret_cast<HWND>(second) != window()) LoseCapture();

@@ -18,6 +18,8 @@ auto FlatOrPlain(Flat flat, Plain plain) {
   return [flat, plain](auto... arguments) { return flat ? flat(arguments...) : plain(arguments...); };
 }
 
+constexpr UINT kPositionDelayMs = 30;
+
 SCROLLINFO InfoOf(const ScrollBarState& state) {
   const int page = std::max(state.page, 1);
   SCROLLINFO info{};
@@ -47,12 +49,26 @@ void VerticalScrollBar::Show(HWND window, const ScrollBarState& state) {
   if (state == shown_) return;
   const ScrollBarState before = shown_;
   shown_ = state;
+  ScrollBarState moved = before;
+  moved.position = state.position;
+  if (state.visible && moved == state) {
+    SetTimer(window, kTimer, kPositionDelayMs, nullptr);
+    return;
+  }
   if (state.flat != before.flat) SetFlat(window, state.flat);
   static const auto set_info = FlatOrPlain(FindFlatCall<&FlatSB_SetScrollInfo>("FlatSB_SetScrollInfo"), &SetScrollInfo);
   static const auto show = FlatOrPlain(FindFlatCall<&FlatSB_ShowScrollBar>("FlatSB_ShowScrollBar"), &ShowScrollBar);
   SCROLLINFO info = InfoOf(state);
   if (state.visible) set_info(window, SB_VERT, &info, TRUE);
   if (state.visible != before.visible) show(window, SB_VERT, state.visible);
+}
+
+void VerticalScrollBar::ShowPosition(HWND window) {
+  KillTimer(window, kTimer);
+  static const auto set_info = FlatOrPlain(FindFlatCall<&FlatSB_SetScrollInfo>("FlatSB_SetScrollInfo"), &SetScrollInfo);
+  SCROLLINFO info = InfoOf(shown_);
+  info.fMask = SIF_POS;
+  set_info(window, SB_VERT, &info, TRUE);
 }
 
 std::optional<int> VerticalScrollBar::PositionOf(HWND window, WPARAM first) const {

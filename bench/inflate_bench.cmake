@@ -1,0 +1,1 @@
+target_link_libraries(inflate_bench PRIVATE z deflate)

@@ -1,0 +1,13 @@
+// Shows the gallery of controls; not part of a release.
+#include "app/gallery/frmgallery.h"
+#include "forms/window_registry.h"
+#include "platform/win32/win32_platform.h"
+
+int main() {
+  kestrun::Win32Platform platform;
+  const kestrun::PlatformInstallation installation(platform);
+  kestrun::DispatchEvent(nullptr, [] { kestrun::Window<kestrun::frmgallery>().Show(); });
+  if (!kestrun::LoadedWindows().empty()) platform.windowing().RunUntilQuit();
+  kestrun::CloseAllWindows();
+  return 0;
+}
