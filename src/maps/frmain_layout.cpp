@@ -14,7 +14,7 @@ constexpr int kClientWidth = 9060;
 constexpr int kClientHeight = 6975;
 constexpr int kMargin = 180;
 constexpr int kGap = 90;
-constexpr int kRow = 330;     // a line of text to type in
+constexpr int kRow = 285;     // a line of text to type in
 constexpr int kButton = 390;  // the height of a button
 constexpr int kColumn = 4680;
 constexpr int kColumnWidth = kClientWidth - kColumn - kMargin;
@@ -22,10 +22,11 @@ constexpr int kHalf = (kColumnWidth - kGap) / 2;
 constexpr int kListTop = 870;
 constexpr int kListHeight = 5145;
 constexpr int kPlainListMore = 100;  // the plain list is higher than the painted one
-constexpr int kPreviewHeight = 2700;
+constexpr int kPreviewHeight = 2640;  // that of the open panel of links as well
 constexpr int kFrameTop = 3660;
 constexpr int kStatusHeight = 330;
 constexpr int kArrow = 360;
+constexpr Color kLinkText = 0x8000001A;  // the system's colour of links
 // Window heights without and with the place for the banner.
 constexpr int kHeightWithoutBanner = 7665;
 constexpr int kHeightWithBanner = 8490;
@@ -71,7 +72,7 @@ void frmain::LayOut() {
 
 void frmain::LayOutFolderAndList() {
   PlaceLabel(lblfolder, kMargin, 195, 660, "Fol&der:");
-  Text1.Move(870, 150, kClientWidth - 870 - kMargin - kGap - 1320, kRow);
+  Text1.Move(870, 172, kClientWidth - 870 - kMargin - kGap - 1320, kRow);
   Text1.ToolTipText = "Type the path name where your maps are stored.";
   PlaceButton(Command1, kClientWidth - kMargin - 1320, 120, 1320, kButton, "Browse",
               "Choose the folder where your maps are stored.");
@@ -113,7 +114,7 @@ void frmain::LayOutChoices() {
   PlaceOption(oprename, Frame1, 885, 1020, "Rename:", "The map is stored under the name that you type.");
   opcapflag.Value = true;
   txtoutput.SetContainer(Frame1);
-  txtoutput.Move(1245, 870, kColumnWidth - 1245 - kMargin, kRow);
+  txtoutput.Move(1245, 892, kColumnWidth - 1245 - kMargin, kRow);
   txtoutput.ToolTipText = "The name under which the map is stored in the game.";
 
   const int right = kColumn + kHalf + kGap;
@@ -156,9 +157,14 @@ void frmain::LayOutStatusLine() {
   QuickLinks.BorderStyle = 1;
   QuickLinks.BackColor = color::kWindowBackground;
   QuickLinks.FontColor = color::kWindowText;
-  QuickLinks.LinkFontColor = color::kWindowText;
+  QuickLinks.LinkFontColor = kLinkText;
   QuickLinks.ForeColor = color::kWindowText;
   QuickLinks.Visible = false;
+  FontDescription bold = QuickLinks.Label1.Font;
+  bold.bold = true;
+  QuickLinks.Label1.Font = bold;
+  bold.size_points = 10;
+  QuickLinks.LblClose.Font = bold;
   TmrQuickLinks.Enabled = false;
   TmrQuickLinks.Interval = 1;
   Timer1.Enabled = false;
