@@ -20,17 +20,24 @@ constexpr int kColumn = 4680;
 constexpr int kColumnWidth = kClientWidth - kColumn - kMargin;
 constexpr int kHalf = (kColumnWidth - kGap) / 2;
 constexpr int kListTop = 870;
-constexpr int kListHeight = 5145;
-constexpr int kPlainListMore = 100;  // the plain list is higher than the painted one
+constexpr int kListHeight = 5085;
+constexpr int kPlainListMore = 100;   // the plain list is higher than the painted one
 constexpr int kPreviewHeight = 2640;  // that of the open panel of links as well
 constexpr int kFrameTop = 3660;
 constexpr int kStatusHeight = 330;
 constexpr int kArrow = 360;
-constexpr Color kLinkText = 0x8000001A;  // the system's colour of links
 // Window heights without and with the place for the banner.
 constexpr int kHeightWithoutBanner = 7665;
 constexpr int kHeightWithBanner = 8490;
 constexpr int kBannerHeight = kHeightWithBanner - kHeightWithoutBanner;
+
+// The blue of links where it can be read, and the colour of all text on a dark background.
+Color LinkColor() {
+  constexpr uint32_t kMiddle = 128;
+  const uint32_t paper = PlainColor(color::kWindowBackground).value_or(color::kWhite);
+  const uint32_t green = (paper >> 8) & 0xFF;
+  return green > kMiddle ? Rgb(0, 102, 204) : color::kWindowText;
+}
 
 void PlaceButton(CommandButton& button, int left, int top, int width, int height, const char* caption,
                  const char* tip) {
@@ -157,7 +164,7 @@ void frmain::LayOutStatusLine() {
   QuickLinks.BorderStyle = 1;
   QuickLinks.BackColor = color::kWindowBackground;
   QuickLinks.FontColor = color::kWindowText;
-  QuickLinks.LinkFontColor = kLinkText;
+  QuickLinks.LinkFontColor = LinkColor();
   QuickLinks.ForeColor = color::kWindowText;
   QuickLinks.Visible = false;
   FontDescription bold = QuickLinks.Label1.Font;
