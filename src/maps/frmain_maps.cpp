@@ -130,6 +130,7 @@ void frmain::ShowPreviewOfFolder() {
 }
 
 void frmain::ShowPicture(const Ref<kestrun::Picture>& picture) {
+  if (ImgPreview.Picture.get() == picture) return;
   ImgPreview.Picture = picture;
   PlacePreview();
 }
