@@ -36,6 +36,7 @@ constexpr std::array kErrorTexts{
     ErrorText{91, "Object variable or With block variable not set"},
     ErrorText{94, "Invalid use of Null"},
     ErrorText{321, "Invalid file format"},
+    ErrorText{326, "Resource not found"},
     ErrorText{383, "Property is read-only"},
     ErrorText{424, "Object required"},
     ErrorText{429, "ActiveX component can't create object"},

@@ -32,6 +32,7 @@ inline constexpr int kPathNotFound = 76;
 inline constexpr int kObjectNotSet = 91;
 inline constexpr int kInvalidUseOfNull = 94;
 inline constexpr int kInvalidFileFormat = 321;
+inline constexpr int kResourceNotFound = 326;
 inline constexpr int kPropertyReadOnly = 383;
 inline constexpr int kObjectRequired = 424;
 inline constexpr int kCannotCreateObject = 429;

@@ -101,6 +101,16 @@ int CompareNoCase(std::string_view left, std::string_view right) {
   size_t left_position = 0;
   size_t right_position = 0;
   while (left_position < left.size() && right_position < right.size()) {
+    const auto left_byte = static_cast<unsigned char>(left[left_position]);
+    const auto right_byte = static_cast<unsigned char>(right[right_position]);
+    if (left_byte < 0x80 && right_byte < 0x80) {
+      const char left_letter = AsciiLower(static_cast<char>(left_byte));
+      const char right_letter = AsciiLower(static_cast<char>(right_byte));
+      if (left_letter != right_letter) return left_letter < right_letter ? -1 : 1;
+      ++left_position;
+      ++right_position;
+      continue;
+    }
     const char32_t left_point = LowerCodePoint(NextCodePoint(left, left_position));
     const char32_t right_point = LowerCodePoint(NextCodePoint(right, right_position));
     if (left_point != right_point) return left_point < right_point ? -1 : 1;
@@ -147,7 +157,22 @@ std::vector<std::string> Split(std::string_view text, std::string_view separator
 
 bool StartsWith(std::string_view text, std::string_view prefix) { return text.substr(0, prefix.size()) == prefix; }
 
+namespace {
+
+// "*.bms": a star, and behind it plain characters.
+bool IsPlainEnding(std::string_view pattern) {
+  return pattern.starts_with('*') && std::all_of(pattern.begin() + 1, pattern.end(), [](char one) {
+           return static_cast<unsigned char>(one) < 0x80 && one != '*' && one != '?';
+         });
+}
+
+}  // namespace
+
 bool MatchesPattern(std::string_view name, std::string_view pattern) {
+  if (IsPlainEnding(pattern)) {
+    const std::string_view ending = pattern.substr(1);
+    return name.size() >= ending.size() && EqualsNoCase(name.substr(name.size() - ending.size()), ending);
+  }
   const std::u16string text = ToUtf16(ToLower(name));
   const std::u16string mask = ToUtf16(ToLower(pattern));
   size_t text_at = 0;

@@ -35,7 +35,9 @@ std::vector<MenuItem*> MenuItem::Items() const {
 
 bool MenuItem::Choose() {
   for (const MenuItem* item = this; item; item = item->parent_) {
-    if (!item->Visible || !item->Enabled) return false;
+    // A hidden item of the menu bar may still pop up.
+    const bool pops_up = item != this && !item->parent_;
+    if (!item->Enabled || (!item->Visible && !pops_up)) return false;
   }
   DispatchEvent(form(), [&] { Click(); });
   return true;

@@ -24,7 +24,8 @@ class MenuItem final : public Control {
   void SetParent(MenuItem& parent);
   // The items of its submenu, in order.
   [[nodiscard]] std::vector<MenuItem*> Items() const;
-  // What a user's choice does: Click, when the item is visible and enabled and so are all above it.
+  // What a user's choice does: Click, when the item is visible and enabled and so are all above it. The item of the
+  // menu bar may be hidden: its submenu then only pops up.
   bool Choose();
 
   [[nodiscard]] bool HasBody() const override { return false; }

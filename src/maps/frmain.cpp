@@ -1,14 +1,17 @@
+// Loading and unloading of the main window, and what scripts can call.
 #include "maps/frmain.h"
 
-#include "base/text.h"
-#include "frame/folders.h"
+#include "base/convert.h"
+#include "forms/member_rows.h"
 #include "frame/game_paths.h"
 #include "frame/path_text.h"
 #include "frame/settings.h"
 #include "frame/show_error.h"
+#include "frame/site.h"
 #include "frame/start_mode.h"
 #include "frame/style_hook.h"
-#include "maps/put_map.h"
+#include "frame/web_paths.h"
+#include "maps/editor_files.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -16,22 +19,9 @@ namespace {
 
 const WindowRegistration registration(frmain::kName, [] { return MakeRef<frmain>(); });
 
-// A zip has to be opened before the map in it can go into the game.
-bool IsZip(const std::string& path) {
-  Bytes start(4);
-  bool read = false;
-  Attempt([&] { read = platform().files().Open(path, OpenMode::kRead)->ReadAt(0, start) == start.size(); });
-  return read && AsChars(start) == "PK\x03\x04";
-}
-
-// Runs one command of the window; its failure is reported without a context, and the window goes on.
-template <class Command>
-void RunCommand(Command&& command) {
-  try {
-    command();
-  } catch (const std::exception&) {
-    ShowError("");
-  }
+BannerService& banner_service() {
+  static BannerService service;
+  return service;
 }
 
 // One step of loading: reported under its context when it fails, the next step runs all the same.
@@ -44,93 +34,110 @@ void LoadStep(Step&& step) {
   }
 }
 
+frmain& Self(Object& object) { return static_cast<frmain&>(object); }
+
+Variant CallSetFlashingArrow(Object& object, Arguments arguments) {
+  auto* target = arguments[0].Is(VarType::kObject) ? dynamic_cast<Control*>(arguments[0].object()) : nullptr;
+  if (!target) Raise(error::kTypeMismatch);
+  Self(object).SetFlashingArrow(*target);
+  return {};
+}
+
+Variant CallGetNewBanner(Object& object, Arguments arguments) {
+  Self(object).GetNewBanner(ToText(arguments[0]), arguments.size() > 1 && ToBoolean(arguments[1]));
+  return {};
+}
+
+constexpr Member kRows[]{
+    MethodRow<&frmain::ExtractEditorFiles>("ExtractEditorFiles"),
+    MethodRow<&frmain::mnu_checkforupdate_Click>("mnu_checkforupdate_Click"),
+    RawMethodRow("SetFlashingArrow", 1, 1, &CallSetFlashingArrow),
+    MethodRow<&frmain::PlayPack1>("PlayPack1"),
+    MethodRow<&frmain::PlayPack2>("PlayPack2"),
+    MethodRow<&frmain::PlayDownload>("PlayDownload"),
+    MethodRow<&frmain::PlayAutoHost>("PlayAutoHost"),
+    MethodRow<&frmain::LoadMenuIcons>("LoadMenuIcons"),
+    RawMethodRow("GetNewBanner", 1, 2, &CallGetNewBanner),
+};
+const MemberTable kTable{&Form::kFormMembers, kRows};
+
 }  // namespace
+
+void InstallBannerService(BannerService service) { banner_service() = std::move(service); }
+
+const MemberTable& frmain::Members() const { return kTable; }
 
 frmain::frmain() : Form(kName) {
   LayOut();
-  Connect();
-  ShowTipsInStatusLine();
-}
-
-void frmain::Connect() {
-  Text1.Change = [this] { FolderTextChanged(); };
-  Command1.Click = [this] { RunCommand([this] { BrowseFolder(); }); };
-  Command2.Click = [this] { RunCommand([this] { PutSelectedMap(kPutInArchive); }); };
-  Command7.Click = [this] { RunCommand([this] { PutSelectedMap(kPutBesideOnly); }); };
-  Command3.Click = [] { RunCommand([] { launchDFLW(); }); };
-  Command6.Click = [this] { RunCommand([this] { RefreshList(); }); };
-  FileMaps.DblClick = [this] { Command2.Click(); };
-  FileMaps.KeyDown = [this](int& key_code, int) {
-    constexpr int kF5 = 116;
-    if (key_code == kF5) Command6.Click();
+  Resize = [this] {
+    if (!StyleActive()) Arrange();  // a style has its own places
   };
-}
-
-void frmain::ShowTipsInStatusLine() {
-  for (const Ref<Control>& control : controls()) {
-    if (control->ToolTipText->empty()) continue;
-    control->MouseMove = [this, shown = control.get()](int, int, int, int) { txtstatusbar.Text = shown->ToolTipText; };
-  }
-  Text1.MouseMove = [this](int, int, int, int) {
-    txtstatusbar.Text = "The current folder you are looking for *.bms (maps) files";
-  };
+  ConnectMaps();
+  ConnectCommands();
+  AddWindowCommands();
+  ConnectGuide();
+  ConnectStatusLine();
 }
 
 void frmain::Load() {
-  if (SafeMode()) return;
+  EnableWhatIsThere();
+  if (SafeMode()) {
+    LoadSafely();
+    return;
+  }
+  LoadStep([this] { LoadBanner(); });
+  LoadStep([this] { Load_Programs(); });
+  LoadStep([this] { LoadMenuIcons(); });
   LoadStep([] { WriteSetting(setting::kApp, platform().program().ExeName() + ".exe"); });
   LoadStep([this] { txtoutput.Text = ReadSetting(setting::kOutputText); });
+  LoadStep([this] { Text1.Text = MapFolder(); });
   LoadStep([this] {
-    const std::string folder = MapFolder();
-    Text1.Text = FileExists(folder) ? folder : platform().program().Folder();
+    if (!FileExists(Text1.Text)) Text1.Text = platform().program().Folder();
   });
   LoadStep([this] { FileMaps.SetPath(Text1.Text.get()); });
+  LoadStep([this] { ShowStatusLine(TextToBoolean(ReadSetting(setting::kStatusLine))); });
+  LoadStep([this] { LoadIcons(); });
   LoadStep([this] {
     if (StyleActive()) FormLoadStyle(*this);
   });
+  LoadStep([this] { LoadQuickLinks(); });
+}
+
+// The plain list stands in for the painted one; no setting is read.
+void frmain::LoadSafely() {
+  QuickLinks.Visible = false;
+  ListBox.Visible = false;
+  FileMaps.Visible = true;
 }
 
 void frmain::Unloading() {
+  TmrQuickLinks.Enabled = false;
+  Attempt([this] { WriteSetting(setting::kStatusLine, BooleanToText(txtstatusbar.Visible)); });
   const std::string path = platform().program().Folder() + "\\" + platform().program().ExeName() + ".exe";
   Attempt([&] { SaveSetting("DFLWKESTRUN", "launcher", "PATH", path); });
 }
 
-void frmain::FolderTextChanged() {
-  WriteSetting(setting::kMapFolder, Text1.Text);
-  // While a path is being typed most of its beginnings are no folders: the list keeps the last one that was.
-  Attempt([this] { FileMaps.SetPath(Text1.Text.get()); });
-}
-
-void frmain::BrowseFolder() {
-  std::string folder = BrowseForFolder("Select the folder where you want to load maps from.", folder::kMyComputer, "");
-  if (folder.empty()) return;
-  folder.pop_back();
-  Text1.Text = folder;
-}
-
-void frmain::RefreshList() { FileMaps.Reload(); }
-
-std::string frmain::ChosenName() {
-  if (opcapflag.Value) txtoutput.Text = kCaptureTheFlagMission;
-  if (opdeath.Value) txtoutput.Text = kDeathmatchMission;
-  return txtoutput.Text;
-}
-
-void frmain::PutSelectedMap(int32_t mode) {
-  if (FileMaps.ListIndex < 0) {
-    MsgBox("Select map!");
-    return;
+void frmain::LoadBanner() {
+  const bool wanted = TextToBoolean(ReadSetting(setting::kShowBanner)) && banner_service().get_new_banner;
+  if (!wanted || !IsOnline()) {
+    ShowBannerPlace(false);
+  } else {
+    ShowBannerPlace(true);
+    GetNewBanner(SiteUrl("MAPS.INI"));
   }
-  const std::string path = FileMaps.Path() + "\\" + FileMaps.FileName();
-  if (IsZip(path)) {
-    MsgBox("The file '" + FileMaps.FileName() + "' is a zip archive. Unpack it and select the map inside.");
-    return;
-  }
-  std::string name = ChosenName();
-  const bool packed = PutMap(path, name, mode, true);
-  std::string message = packed ? "Successfully packed map" : "Failed to pack map";
-  if (mode == kPutBesideOnly) message += ": " + GetFileName(path);
-  MsgBox(message);
 }
+
+void frmain::GetNewBanner(const std::string& Url, bool force) {
+  if (banner_service().get_new_banner) banner_service().get_new_banner(*this, Url, force);
+}
+
+void frmain::EnableNews() {
+  mnu_refreshbanner.Enabled = static_cast<bool>(banner_service().refresh_banner);
+  mnu_checkformaps.Enabled = static_cast<bool>(banner_service().check_for_maps);
+  mnu_refreshbanner.Click = [this] { banner_service().refresh_banner(*this); };
+  mnu_checkformaps.Click = [this] { banner_service().check_for_maps(*this); };
+}
+
+bool frmain::ExtractEditorFiles(const std::string& Folder) { return kestrun::ExtractEditorFiles(Folder); }
 
 }  // namespace kestrun

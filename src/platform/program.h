@@ -2,6 +2,10 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+
+#include "base/bytes.h"
+#include "base/runtime_error.h"
 
 namespace kestrun {
 
@@ -10,6 +14,10 @@ struct Version {
   int minor = 0;
   int revision = 0;
 };
+
+[[noreturn]] inline void RaiseMissingResource(int number) {
+  Raise(error::kResourceNotFound, "Resource with identifier '" + std::to_string(number) + "' not found");
+}
 
 class Program {
  public:
@@ -21,6 +29,8 @@ class Program {
   // The raw command line behind the program's own name, unsplit.
   [[nodiscard]] virtual std::string CommandLine() = 0;
   [[nodiscard]] virtual Version ProgramVersion() = 0;
+  // The bytes of a file that was built into the program. Error 326 when there is none of that type and number.
+  [[nodiscard]] virtual Bytes Resource(std::string_view type, int number) = 0;
 };
 
 }  // namespace kestrun

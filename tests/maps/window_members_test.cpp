@@ -13,6 +13,7 @@ class WindowMembersTest : public FrameTest {
     for (const MemberInfo& member : object.ListMembers()) {
       if (member.kind == MemberKind::kMethod || member.kind == MemberKind::kWriteOnly || member.least_arguments > 0)
         continue;
+      if (member.name == "Image" && object.TypeName() == "McImageList") continue;  // in an empty list there is none
       EXPECT_NO_THROW(static_cast<void>(GetMember(object, member.name))) << where << "." << member.name;
     }
   }

@@ -17,7 +17,10 @@ constexpr size_t kIconField = 1;
 constexpr size_t kBoldField = 2;
 
 std::string Join(std::string_view text, int icon, bool bold) {
-  std::string row(text);
+  constexpr size_t kIconAndBold = 16;
+  std::string row;
+  row.reserve(text.size() + 2 * kSeparator.size() + kIconAndBold);
+  row += text;
   row += kSeparator;
   row += std::to_string(icon);
   row += kSeparator;

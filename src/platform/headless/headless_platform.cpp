@@ -2,6 +2,12 @@
 
 namespace kestrun {
 
+Bytes HeadlessProgram::Resource(std::string_view type, int number) {
+  const auto found = resources.find({std::string(type), number});
+  if (found == resources.end()) RaiseMissingResource(number);
+  return found->second;
+}
+
 void HeadlessPlatform::OnUnexpected(const UnexpectedHandler& handler) {
   dialogs_.on_unexpected = handler;
   windowing_.on_unexpected = handler;

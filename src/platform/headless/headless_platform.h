@@ -2,7 +2,9 @@
 // which has nobody to ask.
 #pragma once
 
+#include <map>
 #include <string>
+#include <utility>
 
 #include "platform/headless/headless_clock.h"
 #include "platform/headless/headless_dialogs.h"
@@ -20,11 +22,13 @@ class HeadlessProgram final : public Program {
   [[nodiscard]] std::string ExeName() override { return exe_name; }
   [[nodiscard]] std::string CommandLine() override { return command_line; }
   [[nodiscard]] Version ProgramVersion() override { return version; }
+  [[nodiscard]] Bytes Resource(std::string_view type, int number) override;
 
   std::string folder;
   std::string exe_name = "kestrun";
   std::string command_line;
   Version version;
+  std::map<std::pair<std::string, int>, Bytes> resources;
 };
 
 class HeadlessClipboard final : public Clipboard {

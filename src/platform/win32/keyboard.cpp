@@ -238,8 +238,9 @@ bool HandleKeyMessage(FormWindow& form_window, MSG& message) {
   switch (message.message) {
     case WM_KEYDOWN: return HandleKeyDown(form_window, static_cast<int>(message.wParam));
     case WM_SYSKEYDOWN:
-      // Shift+F10 opens a pop-up menu; all other keys of this kind are the system's.
-      return message.wParam == VK_F10 && ShiftState() == shift::kShift && OfferKey(form_window, VK_F10, shift::kShift);
+      // Shift+F10 is the menu key; all other keys of this kind are the system's.
+      return message.wParam == VK_F10 && ShiftState() == shift::kShift &&
+             (OfferKey(form_window, VK_F10, shift::kShift) || HandleKeyDown(form_window, VK_APPS));
     case WM_CHAR: return HandleCharacter(form_window, message);
     case WM_SYSCHAR: return HandleAccessKey(form_window, static_cast<wchar_t>(message.wParam));
     case WM_KEYUP: {

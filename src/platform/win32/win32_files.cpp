@@ -219,10 +219,12 @@ std::vector<FolderEntry> Win32FileSystem::List(std::string_view folder) {
     const uint64_t size = (static_cast<uint64_t>(found.nFileSizeHigh) << 32) | found.nFileSizeLow;
     entries.push_back({FromWide(name), (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0, size});
   } while (FindNextFileW(search.get(), &found));
-  std::sort(entries.begin(), entries.end(), [](const FolderEntry& left, const FolderEntry& right) {
+  const auto is_before = [](const FolderEntry& left, const FolderEntry& right) {
     const int order = CompareNoCase(left.name, right.name);
     return order != 0 ? order < 0 : left.name < right.name;
-  });
+  };
+  // Most file systems list in this order already.
+  if (!std::is_sorted(entries.begin(), entries.end(), is_before)) std::sort(entries.begin(), entries.end(), is_before);
   return entries;
 }
 

@@ -95,6 +95,14 @@ std::string Win32Program::ExeName() {
 
 std::string Win32Program::CommandLine() { return FromWide(WithoutProgramName(GetCommandLineW())); }
 
+Bytes Win32Program::Resource(std::string_view type, int number) {
+  const HRSRC found = FindResourceW(nullptr, MAKEINTRESOURCEW(number), ToWide(type).c_str());
+  const HGLOBAL loaded = found ? LoadResource(nullptr, found) : nullptr;
+  const auto* bytes = loaded ? static_cast<const uint8_t*>(LockResource(loaded)) : nullptr;
+  if (!bytes) RaiseMissingResource(number);
+  return {bytes, bytes + SizeofResource(nullptr, found)};
+}
+
 std::optional<std::string> Win32UserSettings::Get(std::string_view application, std::string_view section,
                                                   std::string_view key) {
   return Win32Registry().Read(RegistryRoot::kCurrentUser, SettingsKey(application, section), key);

@@ -19,6 +19,7 @@ class Win32Program final : public Program {
   [[nodiscard]] std::string ExeName() override;
   [[nodiscard]] std::string CommandLine() override;
   [[nodiscard]] Version ProgramVersion() override { return {}; }
+  [[nodiscard]] Bytes Resource(std::string_view type, int number) override;
 };
 
 // The branch of the user's registry where GetSetting and SaveSetting have always kept their values.

@@ -1,0 +1,128 @@
+// A folder of many maps in the main window, from the change of the folder box to the painted list, beside the bare
+// listing of the folder and the fill of an owner-drawn list box with as many rows. And what one keystroke in the folder
+// box costs while that folder is shown.
+//   kestrun_map_list FOLDER EMPTY_FOLDER
+#include <windows.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "maps/frmain.h"
+#include "platform/win32/win32_platform.h"
+
+namespace kestrun {
+namespace {
+
+constexpr int kRounds = 15;
+constexpr int kRowHeight = 22;
+constexpr double kMostTimes = 1.5;
+// Faster than keys follow each other when a key is held down.
+constexpr double kMostKeystrokeMs = 30;
+
+double Milliseconds(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+double Median(std::vector<double> times) {
+  std::nth_element(times.begin(), times.begin() + kRounds / 2, times.end());
+  return times[kRounds / 2];
+}
+
+LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_MEASUREITEM) {
+    reinterpret_cast<MEASUREITEMSTRUCT*>(second)->itemHeight = kRowHeight;
+    return TRUE;
+  }
+  if (message == WM_DRAWITEM) {
+    const auto& item = *reinterpret_cast<DRAWITEMSTRUCT*>(second);
+    FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_WINDOW));
+    wchar_t text[MAX_PATH]{};
+    SendMessageW(item.hwndItem, LB_GETTEXT, item.itemID, reinterpret_cast<LPARAM>(text));
+    RECT place = item.rcItem;
+    DrawTextW(item.hDC, text, -1, &place, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    return TRUE;
+  }
+  return DefWindowProcW(window, message, first, second);
+}
+
+HWND MakeOwnerDrawn() {
+  WNDCLASSW owner_class{};
+  owner_class.lpfnWndProc = OwnerProcedure;
+  owner_class.hInstance = GetModuleHandleW(nullptr);
+  owner_class.lpszClassName = L"Owner";
+  RegisterClassW(&owner_class);
+  const HWND owner = CreateWindowW(L"Owner", L"Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 330, 420, nullptr,
+                                   nullptr, owner_class.hInstance, nullptr);
+  return CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"",
+                         WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS, 0, 0, 300, 340,
+                         owner, nullptr, owner_class.hInstance, nullptr);
+}
+
+void ListAndFill(HWND list, const std::wstring& folder) {
+  std::vector<std::wstring> names;
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &found);
+  do {
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.emplace_back(found.cFileName);
+  } while (FindNextFileW(search, &found));
+  FindClose(search);
+  SendMessageW(list, WM_SETREDRAW, FALSE, 0);
+  SendMessageW(list, LB_RESETCONTENT, 0, 0);
+  for (const std::wstring& name : names) SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+  SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+  InvalidateRect(list, nullptr, TRUE);
+  UpdateWindow(list);
+}
+
+int Run(const std::string& folder, const std::string& empty_folder) {
+  const HWND peer = MakeOwnerDrawn();
+  auto& window = Window<frmain>();
+  window.Show();
+  RunPendingEvents();
+  const std::wstring wide_folder(folder.begin(), folder.end());
+  std::vector<double> ours;
+  std::vector<double> theirs;
+  std::vector<double> keystrokes;
+  for (int round = 0; round < kRounds; ++round) {
+    window.Text1.Text = empty_folder;
+    RunPendingEvents();
+    theirs.push_back(Milliseconds([&] { ListAndFill(peer, wide_folder); }));
+    ours.push_back(Milliseconds([&] {
+      window.Text1.Text = folder;
+      RunPendingEvents();
+    }));
+    keystrokes.push_back(Milliseconds([&] {
+      window.Text1.Text = folder + "x";
+      RunPendingEvents();
+    }));
+  }
+  const double our_time = Median(ours);
+  const double their_time = Median(theirs);
+  const double keystroke = Median(keystrokes);
+  const int rows = window.ListBox.ListCount();
+  const bool is_fast = rows > 0 && our_time <= kMostTimes * their_time;
+  const bool is_fluent = keystroke <= kMostKeystrokeMs;
+  std::printf("%d maps shown in %.1f ms, listing and owner-drawn list box %.1f ms: %.2f times, at most %.1f   %s\n",
+              rows, our_time, their_time, our_time / their_time, kMostTimes, is_fast ? "PASS" : "FAIL");
+  std::printf("a keystroke in the folder box %.1f ms, at most %.0f   %s\n", keystroke, kMostKeystrokeMs,
+              is_fluent ? "PASS" : "FAIL");
+  CloseAllWindows();
+  RunPendingEvents();
+  return is_fast && is_fluent ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace kestrun
+
+int main(int argument_count, char** arguments) {
+  if (argument_count != 3) return 2;
+  kestrun::Win32Platform platform;
+  const kestrun::PlatformInstallation installation(platform);
+  return kestrun::Run(arguments[1], arguments[2]);
+}

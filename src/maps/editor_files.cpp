@@ -1,0 +1,38 @@
+#include "maps/editor_files.h"
+
+#include "frame/path_text.h"
+#include "frame/show_error.h"
+#include "platform/platform.h"
+
+namespace kestrun {
+namespace {
+
+struct EditorFile {
+  int resource;
+  const char* name;
+  const char* question;
+};
+
+constexpr EditorFile kEditorFiles[]{
+    {105, "TEXT.BIN", "The editor needs the 'text.bin' file do you want to extract it now?"},
+    {106, "Df3items.bin", "The editor needs the 'Df3items.bin' file do you want to extract it now?"},
+    {107, "SUNSETS.DEF", "The editor needs the 'sunsets.def' file do you want to extract it now?"},
+};
+
+}  // namespace
+
+bool ExtractEditorFiles(const std::string& Folder) {
+  try {
+    for (const EditorFile& file : kEditorFiles) {
+      const std::string path = Folder + "\\" + file.name;
+      if (FileExists(path) || MsgBox(file.question, BoxButtons::kYesNo) != BoxAnswer::kYes) continue;
+      platform().files().WriteAll(path, platform().program().Resource("FILE", file.resource));
+    }
+    return true;
+  } catch (const std::exception&) {
+    ShowError("Extracting editor files");
+    return false;
+  }
+}
+
+}  // namespace kestrun
