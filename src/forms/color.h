@@ -21,7 +21,6 @@ inline constexpr Color kGrayText = 0x80000011;
 inline constexpr Color kButtonText = 0x80000012;
 inline constexpr Color kInfoText = 0x80000017;
 inline constexpr Color kInfoBackground = 0x80000018;
-inline constexpr Color kHotLight = 0x8000001A;  // links
 inline constexpr Color kBlack = 0x000000;
 inline constexpr Color kWhite = 0xFFFFFF;
 }  // namespace color

@@ -33,6 +33,10 @@ WindowRegistration::WindowRegistration(std::string name, WindowFactory factory) 
   Factories().insert_or_assign(std::move(name), std::move(factory));
 }
 
+void UnregisterWindow(std::string_view name) {
+  if (const auto found = Factories().find(name); found != Factories().end()) Factories().erase(found);
+}
+
 std::vector<std::string> RegisteredWindows() {
   std::vector<std::string> names;
   for (const auto& [name, factory] : Factories()) names.push_back(name);

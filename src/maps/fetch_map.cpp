@@ -48,10 +48,17 @@ std::string UnzipChosenMap(const std::string& path) {
   if (member < 0) return {};
   selection.at(static_cast<size_t>(member)) = true;
   const std::string folder = UnzipFolder();
-  static_cast<void>(zip->UnPack(selection, folder));
   const std::string name = zip->FileName(member);
-  // A name that would lead out of the folder has not been unpacked, and what it leads to is no map of this zip.
-  return zip::StaysInside(name) ? folder + "\\" + zip::WithSeparators(name, '\\') : std::string();
+  // A name that would lead out of the folder is not unpacked, and what it leads to is no map of this zip.
+  if (!zip::StaysInside(name)) {
+    static_cast<void>(zip->UnPack(selection, folder));
+    return {};
+  }
+  // What an earlier zip left there must not pass for a member that cannot be unpacked.
+  std::string map = folder + "\\" + zip::WithSeparators(name, '\\');
+  if (FileExists(map)) platform().files().Delete(map);
+  static_cast<void>(zip->UnPack(selection, folder));
+  return map;
 }
 
 }  // namespace

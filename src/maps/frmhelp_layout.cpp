@@ -29,7 +29,6 @@ void PlaceLink(Label& label, int top, const std::string& caption, const char* ti
   PlaceLine(label, top, caption);
   label.Width = platform().windowing().TextWidth(caption, label.Font) + 2 * 15;
   label.ToolTipText = tip;
-  label.ForeColor = color::kHotLight;
   label.Font = {.underline = true};
 }
 

@@ -106,10 +106,11 @@ void frmopenmap::LayOutTasks() {
     Label& label = *LblTask[task];
     label.SetContainer(PctTasks);
     label.Caption = kTasks[task];
-    label.Move(kMargin, 585 + 405 * static_cast<int>(task), kTasksWidth - 2 * kMargin, 255);
+    label.Move(kMargin, 600 + 450 * static_cast<int>(task), kTasksWidth - 2 * kMargin, 255);
     label.BackStyle = 0;
-    label.ForeColor = color::kHotLight;
+    label.ForeColor = color::kWindowText;
   }
+  Label3.TabIndex = static_cast<int>(controls().size());  // behind the tasks, as it is read
 }
 
 void frmopenmap::FitPreview() {

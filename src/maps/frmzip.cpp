@@ -1,5 +1,6 @@
 #include "maps/frmzip.h"
 
+#include "base/convert.h"
 #include "frame/show_error.h"
 #include "frame/style_hook.h"
 #include "platform/platform.h"
@@ -10,6 +11,9 @@ namespace {
 const WindowRegistration registration(frmzip::kName, [] { return MakeRef<frmzip>(); });
 
 constexpr int32_t kNoChoice = -1;
+constexpr int kEnterKey = 13;
+constexpr int kSpaceKey = 32;
+constexpr int kMapIcon = 0;  // of ImageList1
 int32_t chosen_member = kNoChoice;
 
 }  // namespace
@@ -20,7 +24,12 @@ void SetChosenZipMember(int32_t member) { chosen_member = member; }
 
 frmzip::frmzip() : Form(kName) {
   LayOut();
-  LstZip.DblClick = [this] { Choose(); };
+  // Without a mouse: the current row is the one with the focus, and a key selects it.
+  LstZip.KeyDown = [this](int& key_code, int) {
+    const bool chooses = key_code == kEnterKey || key_code == kSpaceKey;
+    if (chooses && LstZip.SelCount() == 0 && LstZip.ListCount() > 0) LstZip.SetListIndex(LstZip.ListIndex());
+  };
+  LstZip.DbClick = [this] { Choose(); };
   Command1.Click = [this] { Choose(); };
   Command2.Click = [this] {
     SetChosenZipMember(kNoChoice);
@@ -28,10 +37,7 @@ frmzip::frmzip() : Form(kName) {
   };
 }
 
-void frmzip::AddMap(const std::string& name, int32_t member) {
-  LstZip.AddItem(name);
-  LstZip.SetItemData(LstZip.NewIndex(), member);
-}
+void frmzip::AddMap(const std::string& name, int32_t member) { LstZip.AddItem(name, -1, kMapIcon, false, member); }
 
 void frmzip::Load() {
   SetChosenZipMember(kNoChoice);
@@ -44,11 +50,12 @@ void frmzip::Load() {
 }
 
 void frmzip::Choose() {
-  if (LstZip.ListIndex < 0) {
+  // The list always has a current row; a map is selected only when the user has done so.
+  if (LstZip.SelCount() == 0) {
     MsgBox("Select map!");
     return;
   }
-  SetChosenZipMember(LstZip.ItemData(LstZip.ListIndex));
+  SetChosenZipMember(ToLong(LstZip.ItemData(LstZip.SelItem(0))));
   Unload();
 }
 

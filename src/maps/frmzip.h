@@ -4,10 +4,11 @@
 #include <cstdint>
 #include <string>
 
+#include "controls/image_list/image_list.h"
+#include "controls/list_box/mc_list_box.h"
 #include "forms/command_button.h"
 #include "forms/form.h"
 #include "forms/label.h"
-#include "forms/list_box.h"
 #include "forms/window_registry.h"
 
 namespace kestrun {
@@ -18,9 +19,10 @@ class frmzip final : public Form {
   frmzip();
 
   Label& lblText = Add<Label>("lblText");
-  ListBox& LstZip = Add<ListBox>("LstZip");
+  McListBox& LstZip = Add<McListBox>("LstZip");
   CommandButton& Command1 = Add<CommandButton>("Command1");
   CommandButton& Command2 = Add<CommandButton>("Command2");
+  McImageList& ImageList1 = Add<McImageList>("ImageList1");
 
   // A row for a map under its number in the zip.
   void AddMap(const std::string& name, int32_t member);

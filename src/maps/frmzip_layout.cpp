@@ -19,6 +19,12 @@ void frmzip::LayOut() {
   LstZip.Move(180, 720, 4920, 2505);
   LstZip.BackColor = color::kWindowBackground;
   LstZip.ForeColor = color::kWindowText;
+  ImageList1.AddNewImage(MapPicture());
+  LstZip.SetImageList(Ref<Object>(&ImageList1));
+  LstZip.ShowIcon = true;
+  LstZip.StrechIcon = true;
+  LstZip.FullRowSelect = true;
+  LstZip.AutoHideScrollBars = true;
 
   Command1.Caption = "OK";
   Command1.Default = true;

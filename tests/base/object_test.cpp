@@ -119,10 +119,10 @@ TEST_F(ObjectTest, CalleeMayWriteAnArgumentBack) {
   EXPECT_EQ(argument.whole(), 100);
 }
 
-TEST_F(ObjectTest, DerivedTableHasTheBaseMembersFirst) {
+TEST_F(ObjectTest, DerivedTableHasTheBaseMembersFirstButThoseItHides) {
   std::vector<std::string> names;
   for (const MemberInfo& member : dog->ListMembers()) names.push_back(member.name);
-  EXPECT_THAT(names, testing::ElementsAre("Legs", "Name", "Secret", "Add", "Part", "Bark", "NAME"));
+  EXPECT_THAT(names, testing::ElementsAre("Legs", "Secret", "Add", "Part", "Bark", "NAME"));
   EXPECT_EQ(dog->FindMember("Legs"), animal->FindMember("Legs"));
   EXPECT_EQ(CallMember(*dog, "Bark").text(), u"Woof");
 }

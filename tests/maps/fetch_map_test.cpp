@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
+#include "base/convert.h"
 #include "frame/frame_fixture.h"
 #include "frame/path_text.h"
 #include "maps/frmzip.h"
@@ -28,7 +31,7 @@ class FetchMapTest : public FrameTest {
     AnswerZipQuestion(BoxAnswer::kYes);
     desktop.windowing().ExpectModal("frmzip", [row](Form& form) {
       auto& window = static_cast<frmzip&>(form);
-      window.LstZip.ListIndex = row;
+      window.LstZip.SetListIndex(row);
       window.Command1.Press();
     });
   }
@@ -147,11 +150,11 @@ TEST_F(FetchMapTest, OnlyMembersThatEndInSmallBmsAreOffered) {
     auto& window = static_cast<frmzip&>(form);
     ASSERT_EQ(window.LstZip.ListCount(), 2);
     EXPECT_EQ(window.LstZip.List(0), "Oasis.bms");
-    EXPECT_EQ(window.LstZip.ItemData(0), 4);
+    EXPECT_EQ(ToLong(window.LstZip.ItemData(0)), 4);
     EXPECT_EQ(window.LstZip.List(1), "Desert.bms");
-    EXPECT_EQ(window.LstZip.ItemData(1), 5);
-    window.LstZip.ListIndex = 1;
-    window.LstZip.DblClick();
+    EXPECT_EQ(ToLong(window.LstZip.ItemData(1)), 5);
+    window.LstZip.SetListIndex(1);
+    window.LstZip.DbClick();
   });
   EXPECT_EQ(GetFileFromZip(zip), TempPath("tempzip\\Desert.bms"));
 }
@@ -196,6 +199,15 @@ TEST_F(FetchMapTest, AMemberThatLeadsOutOfTheFolderIsNeitherWrittenNorGiven) {
   desktop.dialogs().ExpectBox("error writing file");
   EXPECT_EQ(GetFileFromZip(zip), "");
   EXPECT_EQ(ReadFile(Path("temp\\outside.bms")), "BMS of the user");
+}
+
+TEST_F(FetchMapTest, WhatAnEarlierZipLeftBehindIsNotTakenForAMemberThatCannotBeUnpacked) {
+  std::filesystem::create_directories(std::filesystem::path(ReplaceAll(TempPath("tempzip"), "\\", "/")));
+  WriteFile(TempPath("tempzip\\Desert.bms"), "BMS of an earlier zip");
+  const std::string zip = ZipOf({{.name = "Desert.bms", .stored = "data", .method = 6}});
+  PickRow(0);
+  EXPECT_EQ(GetFileFromZip(zip), TempPath("tempzip\\Desert.bms"));
+  EXPECT_FALSE(FileIsThere(TempPath("tempzip\\Desert.bms")));
 }
 
 TEST_F(FetchMapTest, AnEncryptedMemberAsksForItsPassword) {

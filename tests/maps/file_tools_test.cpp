@@ -5,6 +5,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "frame/folders.h"
 #include "frame/frame_fixture.h"
 #include "support/error_number.h"
 #include "support/failing_files.h"
@@ -153,11 +154,11 @@ TEST_F(FileToolsTest, WithoutAnIconOfTheShellThereIsAFixedPicture) {
   desktop.UseFiles(native_files);
 }
 
-TEST_F(FileToolsTest, WhereTheDriveCannotBeWrittenTheScratchFileStandsInTheTemporaryFolder) {
+TEST_F(FileToolsTest, ADriveThatCannotBeWrittenHasItsScratchFileInTheTemporaryFolder) {
   FailingFiles failing(native_files, 0, error::kPermissionDenied);
   desktop.UseFiles(failing);
   EXPECT_TRUE(GetIcon("zip", 0));
-  const std::string scratch = Path("temp\\tmp1304930549302.zip");
+  const std::string scratch = SpecialFolder(folder::kTemporary) + "tmp1304930549302.zip";
   ASSERT_EQ(desktop.pictures().icon_requests.size(), 1U);
   EXPECT_EQ(desktop.pictures().icon_requests[0], (HeadlessPictures::IconRequest{scratch, 0}));
   EXPECT_FALSE(FileIsThere(scratch));
@@ -165,9 +166,9 @@ TEST_F(FileToolsTest, WhereTheDriveCannotBeWrittenTheScratchFileStandsInTheTempo
 }
 
 TEST_F(FileToolsTest, AScratchFileThatCannotBeMadeAnywhereIsReported) {
+  desktop.shell().temporary_folder = Path("no such folder") + "\\";
   FailingFiles failing(native_files, 0, error::kPermissionDenied);
   desktop.UseFiles(failing);
-  desktop.shell().temporary_folder = Path("nowhere");
   desktop.dialogs().ExpectBox("Error: GetIcon()76\r\nPath not found");
   EXPECT_FALSE(GetIcon("zip", 0));
   EXPECT_TRUE(desktop.pictures().icon_requests.empty());

@@ -162,8 +162,8 @@ TEST_F(MapInfoTest, AZipShowsTheMissionInsideThatTheUserPicks) {
                                            {.name = "in/Storm.bms", .stored = std::string(AsChars(mission))}}));
   desktop.dialogs().ExpectBox(kZipQuestion, BoxAnswer::kYes);
   desktop.windowing().ExpectModal("frmzip", [](Form& form) {
-    static_cast<frmzip&>(form).LstZip.ListIndex = 0;
-    static_cast<frmzip&>(form).LstZip.DblClick();
+    static_cast<frmzip&>(form).LstZip.SetListIndex(0);
+    static_cast<frmzip&>(form).LstZip.DbClick();
   });
   const frmmapinfo& window = Loaded(MapPath("maps.zip"));
   EXPECT_EQ(window.Caption.get(), "Map info Storm.bms");

@@ -16,6 +16,7 @@ class ZipWindowTest : public FrameTest {
     auto& window = Window<frmzip>();
     window.AddMap("Desert.bms", 3);
     window.AddMap("Oasis.bms", 7);
+    window.LstZip.Refresh();
     window.Show();
     return window;
   }
@@ -43,13 +44,21 @@ TEST_F(ZipWindowTest, OkWithoutARowSaysSoAndStays) {
   window.Command1.Press();
   EXPECT_TRUE(window.IsShown());
   desktop.dialogs().ExpectBox("Select map!");
-  window.LstZip.DblClick();
+  window.LstZip.DbClick();
   EXPECT_TRUE(window.IsShown());
+}
+
+TEST_F(ZipWindowTest, EachRowHasTheIconOfAMap) {
+  const frmzip& window = Shown();
+  EXPECT_TRUE(window.LstZip.ShowIcon);
+  EXPECT_EQ(window.LstZip.ListIcon(0), 0);
+  EXPECT_EQ(window.LstZip.ListIcon(1), 0);
+  EXPECT_EQ(window.ImageList1.ImageCount(), 1);
 }
 
 TEST_F(ZipWindowTest, OkTakesTheSelectedMember) {
   frmzip& window = Shown();
-  window.LstZip.ListIndex = 1;
+  window.LstZip.SetListIndex(1);
   window.Command1.Press();
   EXPECT_EQ(ChosenZipMember(), 7);
   EXPECT_EQ(LoadedWindow("frmzip"), nullptr);
@@ -57,15 +66,24 @@ TEST_F(ZipWindowTest, OkTakesTheSelectedMember) {
 
 TEST_F(ZipWindowTest, ADoubleClickTakesTheSelectedMember) {
   frmzip& window = Shown();
-  window.LstZip.ListIndex = 0;
-  window.LstZip.DblClick();
+  window.LstZip.SetListIndex(0);
+  window.LstZip.DbClick();
+  EXPECT_EQ(ChosenZipMember(), 3);
+  EXPECT_EQ(LoadedWindow("frmzip"), nullptr);
+}
+
+TEST_F(ZipWindowTest, EnterTakesTheRowThatHasTheFocus) {
+  frmzip& window = Shown();
+  int key_code = 13;
+  window.LstZip.KeyDown(key_code, 0);
+  EXPECT_TRUE(window.LstZip.OnKeyDown(key_code, 0));
   EXPECT_EQ(ChosenZipMember(), 3);
   EXPECT_EQ(LoadedWindow("frmzip"), nullptr);
 }
 
 TEST_F(ZipWindowTest, CancelTakesNone) {
   frmzip& window = Shown();
-  window.LstZip.ListIndex = 1;
+  window.LstZip.SetListIndex(1);
   window.Command2.Press();
   EXPECT_EQ(ChosenZipMember(), -1);
   EXPECT_EQ(LoadedWindow("frmzip"), nullptr);
@@ -73,7 +91,7 @@ TEST_F(ZipWindowTest, CancelTakesNone) {
 
 TEST_F(ZipWindowTest, ClosingTheWindowTakesNone) {
   frmzip& window = Shown();
-  window.LstZip.ListIndex = 1;
+  window.LstZip.SetListIndex(1);
   EXPECT_TRUE(window.Unload());
   EXPECT_EQ(ChosenZipMember(), -1);
 }

@@ -95,6 +95,13 @@ TEST_F(ScriptEngineTest, RuntimeErrorGivesItsPlaceAndLine) {
   EXPECT_EQ(error.Source, "Microsoft VBScript runtime error");
 }
 
+TEST_F(ScriptEngineTest, AnArrayWithoutBoundsHasNoElementForNoIndex) {
+  const auto engine = MakeScriptEngine();
+  engine->SetLanguage("VBScript");
+  EXPECT_FALSE(engine->AddCode("Dim a()\nx = a()"));
+  EXPECT_EQ(engine->Error().Number, 9);
+}
+
 TEST_F(ScriptEngineTest, ClearForgetsTheError) {
   engine_->AddCode("x = ");
   engine_->Error().Clear();

@@ -8,6 +8,7 @@
 #include "platform/win32/handles.h"
 #include "platform/win32/late_call.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/win32_files.h"
 #include "platform/win32/win32_http.h"
 // Only here: its types and those of winhttp.h exclude each other.
 #include <wininet.h>
@@ -214,7 +215,32 @@ bool Win32Internet::IsConnected() {
   return KESTRUN_LATE(L"wininet.dll", InternetGetConnectedState)(&flags, 0) != FALSE;
 }
 
+namespace {
+
+constexpr int kDownloadFailed = static_cast<int>(0x800C0008);  // as the system's own download has it
+
+void WriteWhole(std::string_view path, ByteView bytes) {
+  Win32FileSystem files;
+  const std::string part = std::string(path) + ".part";
+  try {
+    files.WriteAll(part, bytes);
+    files.Replace(part, path);
+  } catch (const RuntimeError&) {
+    Attempt([&] { files.Delete(part); });
+    throw;
+  }
+}
+
+}  // namespace
+
+// Over http the system's own download would keep the page of an error for the file, and a half for a whole. The target
+// changes only when all has arrived.
 int Win32Internet::DownloadToFile(std::string_view url, std::string_view path) {
+  if (FindNoCase(url, "http://") == 0 || FindNoCase(url, "https://") == 0) {
+    const std::optional<HttpResponse> response = Send({"GET", std::string(url), {}, {}, {}});
+    if (!response || response->status < 200 || response->status > 299) return kDownloadFailed;
+    return Attempt([&] { WriteWhole(path, response->body); }) ? 0 : kDownloadFailed;
+  }
   constexpr DWORD kGetNewestVersion = 16;
   return KESTRUN_LATE(L"urlmon.dll", URLDownloadToFileW)(nullptr, ToWide(url).c_str(), ToWidePath(path).c_str(),
                                                          kGetNewestVersion, nullptr);

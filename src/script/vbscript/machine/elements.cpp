@@ -46,7 +46,8 @@ int32_t Machine::IndexNumber(const Variant& index) {
 
 // The first index runs fastest.
 size_t Machine::ElementOffset(const ArrayBody& array, Arguments indexes) {
-  if (indexes.size() != array.sizes.size()) RaiseScript(error::kSubscriptOutOfRange);
+  // A dynamic array without bounds has no element, not even for no index.
+  if (indexes.empty() || indexes.size() != array.sizes.size()) RaiseScript(error::kSubscriptOutOfRange);
   size_t offset = 0;
   size_t stride = 1;
   for (size_t dimension = 0; dimension < indexes.size(); ++dimension) {
