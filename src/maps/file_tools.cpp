@@ -15,16 +15,16 @@ namespace kestrun {
 namespace {
 
 // The shell tells the icon of a type only by a file of that type.
-constexpr const char* kScratchFile = "tmp1304930549302.";
+constexpr const char* kScratchName = "tmp1304930549302.";
 // What an entry needs of its text's width.
 constexpr double kRoom = 1.1;
 
-// A scratch file that goes when it is no longer needed. It stands on the system's drive where the user may write
-// there, which few may today, and otherwise in the temporary folder.
+// A scratch file that goes when it is no longer needed.
 class ScratchFile {
  public:
+  // In the root of the first drive; where a user may not write there, in the temporary folder.
   explicit ScratchFile(const std::string& name) : path_("c:\\" + name) {
-    if (Attempt([this] { Make(); })) return;
+    if (Attempt([&] { Make(); })) return;
     path_ = SpecialFolder(folder::kTemporary) + name;
     Make();
   }
@@ -91,7 +91,7 @@ bool DeleteFolder(const std::string& Path) {
 Ref<Picture> GetIcon(const std::string& Extension, int32_t Size) {
   if (Extension.empty()) return {};
   try {
-    const ScratchFile scratch(kScratchFile + Extension);
+    const ScratchFile scratch(kScratchName + Extension);
     auto icon = platform().pictures().FileIcon(scratch.path(), static_cast<uint32_t>(Size));
     if (!icon) return MapPicture();
     return MakeRef<Picture>(icon->width, icon->height, std::move(icon->pixels));

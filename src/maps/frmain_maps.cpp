@@ -1,5 +1,6 @@
 // The folder, its list of maps in two forms, and the preview of the selected one.
 #include "base/text.h"
+#include "forms/keys.h"
 #include "frame/folders.h"
 #include "frame/program_pictures.h"
 #include "frame/settings.h"
@@ -17,16 +18,6 @@ namespace {
 // Positions in ImageList.
 constexpr int kZipIcon = 0;
 constexpr int kMapIcon = 1;
-
-namespace key {
-constexpr int kSpace = 32;
-constexpr int kHome = 36;
-constexpr int kUp = 38;
-constexpr int kDown = 40;
-constexpr int kDelete = 46;
-constexpr int kMenu = 93;
-constexpr int kF2 = 113;
-}  // namespace key
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 
 #include "base/convert.h"
 #include "base/text.h"
+#include "forms/keys.h"
 #include "forms/member_rows.h"
 #include "frame/game_paths.h"
 #include "frame/path_text.h"
@@ -134,8 +135,7 @@ void frmopenmap::Connect() {
     }
   };
   KeyDown = [this](int& key_code, int) {
-    constexpr int kEscape = 27;
-    if (key_code != kEscape) return;
+    if (key_code != key::kEscape) return;
     key_code = 0;
     Unload();
   };

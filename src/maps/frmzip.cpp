@@ -1,6 +1,7 @@
 #include "maps/frmzip.h"
 
 #include "base/convert.h"
+#include "forms/keys.h"
 #include "frame/show_error.h"
 #include "frame/style_hook.h"
 #include "platform/platform.h"
@@ -11,8 +12,6 @@ namespace {
 const WindowRegistration registration(frmzip::kName, [] { return MakeRef<frmzip>(); });
 
 constexpr int32_t kNoChoice = -1;
-constexpr int kEnterKey = 13;
-constexpr int kSpaceKey = 32;
 constexpr int kMapIcon = 0;  // of ImageList1
 int32_t chosen_member = kNoChoice;
 
@@ -26,7 +25,7 @@ frmzip::frmzip() : Form(kName) {
   LayOut();
   // Without a mouse: the current row is the one with the focus, and a key selects it.
   LstZip.KeyDown = [this](int& key_code, int) {
-    const bool chooses = key_code == kEnterKey || key_code == kSpaceKey;
+    const bool chooses = key_code == key::kEnter || key_code == key::kSpace;
     if (chooses && LstZip.SelCount() == 0 && LstZip.ListCount() > 0) LstZip.SetListIndex(LstZip.ListIndex());
   };
   LstZip.DbClick = [this] { Choose(); };

@@ -10,6 +10,7 @@
 #include "controls/image_list/image_list.h"
 #include "controls/list_box/mc_list_box.h"
 #include "forms/form.h"
+#include "forms/keys.h"
 #include "platform/headless/raster_canvas.h"
 #include "support/error_number.h"
 #include "support/headless_fixture.h"
@@ -82,15 +83,5 @@ class ListBoxTest : public HeadlessTest {
   std::vector<std::string> events;
   std::vector<std::string> marks;
 };
-
-namespace vk {
-constexpr int kEnter = 13;
-constexpr int kPageUp = 33;
-constexpr int kPageDown = 34;
-constexpr int kEnd = 35;
-constexpr int kHome = 36;
-constexpr int kUp = 38;
-constexpr int kDown = 40;
-}  // namespace vk
 
 }  // namespace kestrun

@@ -169,16 +169,16 @@ TEST_F(ListBoxTest, KeysMoveTheCurrentRow) {
     int key;
     int row;
   };
-  for (const Step& step : std::vector<Step>{{vk::kDown, 1},
-                                            {vk::kDown, 2},
-                                            {vk::kUp, 1},
-                                            {vk::kPageDown, 6},
-                                            {vk::kPageUp, 1},
-                                            {vk::kPageUp, 0},
-                                            {vk::kUp, 0},
-                                            {vk::kEnd, 19},
-                                            {vk::kPageDown, 19},
-                                            {vk::kHome, 0}}) {
+  for (const Step& step : std::vector<Step>{{key::kDown, 1},
+                                            {key::kDown, 2},
+                                            {key::kUp, 1},
+                                            {key::kPageDown, 6},
+                                            {key::kPageUp, 1},
+                                            {key::kPageUp, 0},
+                                            {key::kUp, 0},
+                                            {key::kEnd, 19},
+                                            {key::kPageDown, 19},
+                                            {key::kHome, 0}}) {
     Key(step.key);
     EXPECT_EQ(list.ListIndex(), step.row);
   }
@@ -188,12 +188,12 @@ TEST_F(ListBoxTest, AKeyThatMovesTellsLikeAPressAndAClick) {
   Fill(3);
   std::vector<int> pressed;
   list.MouseDown = [&](int button, int shift_state, int x, int) { pressed = {button, shift_state, x}; };
-  Key(vk::kDown);
+  Key(key::kDown);
   EXPECT_THAT(pressed, ElementsAre(999, 0, 1));
   EXPECT_THAT(events, ElementsAre("SelChange 1", "MouseClick"));
   events.clear();
-  Key(vk::kEnd);
-  Key(vk::kDown);
+  Key(key::kEnd);
+  Key(key::kDown);
   EXPECT_THAT(events, ElementsAre("SelChange 2", "MouseClick")) << "nothing for the same row";
 }
 
@@ -201,16 +201,16 @@ TEST_F(ListBoxTest, ShiftExtendsByKeysAndCtrlIsOutOfPlay) {
   Fill(10);
   list.MultiSelect = true;
   Click(2);
-  Key(vk::kDown, shift::kShift);
-  Key(vk::kDown, shift::kShift);
+  Key(key::kDown, shift::kShift);
+  Key(key::kDown, shift::kShift);
   EXPECT_THAT(Selected(), ElementsAre(2, 3, 4));
-  Key(vk::kDown, shift::kCtrl);
+  Key(key::kDown, shift::kCtrl);
   EXPECT_THAT(Selected(), ElementsAre(5));
 }
 
 TEST_F(ListBoxTest, EnterIsADoubleClick) {
   Fill(1);
-  Key(vk::kEnter);
+  Key(key::kEnter);
   EXPECT_THAT(events, ElementsAre("DbClick"));
 }
 
@@ -230,7 +230,7 @@ TEST_F(ListBoxTest, ALetterFindsTheFirstRowThatBeginsWithIt) {
 }
 
 TEST_F(ListBoxTest, KeysDoNothingInAnEmptyList) {
-  for (const int key : {vk::kDown, vk::kUp, vk::kHome, vk::kEnd, vk::kPageDown}) Key(key);
+  for (const int key : {key::kDown, key::kUp, key::kHome, key::kEnd, key::kPageDown}) Key(key);
   list.OnKeyPress('a');
   EXPECT_THAT(events, IsEmpty());
 }

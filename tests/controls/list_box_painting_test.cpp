@@ -294,7 +294,7 @@ TEST_F(ListBoxTest, AHugeRowAndAControlOfNoSizeShowNoRowsAndTakeNoPress) {
   list.RowHeight = 32767;
   EXPECT_THAT(Painted("Text"), IsEmpty());
   Click(0);
-  Key(vk::kPageDown);
+  Key(key::kPageDown);
   list.Resized({0, 0}, 96);
   RasterCanvas none({0, 0});
   list.Paint(none);

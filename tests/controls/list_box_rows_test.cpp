@@ -92,6 +92,20 @@ TEST_F(ListBoxTest, ClearEmptiesRowsAndSelectionAndKeepsTheData) {
   EXPECT_EQ(ToLong(list.ItemData(0)), 1);
 }
 
+TEST_F(ListBoxTest, DataMoveUpWithTheRowsPutInFrontOfTheirs) {
+  list.AddItem("beta", -1, -1, false, "b");
+  list.AddItem("delta", -1, -1, false, "d");
+  list.AddItem("epsilon");
+  list.AddItem("gamma", 1, -1, false, "c");
+  list.AddItem("alpha", 0);
+  EXPECT_TRUE(list.ItemData(0).Is(VarType::kEmpty));
+  EXPECT_EQ(ToText(list.ItemData(1)), "b");
+  EXPECT_EQ(ToText(list.ItemData(2)), "c");
+  EXPECT_EQ(ToText(list.ItemData(3)), "d");
+  EXPECT_TRUE(list.ItemData(4).Is(VarType::kEmpty));
+  EXPECT_EQ(ErrorNumberOf([&] { return list.ItemData(5); }), 9);
+}
+
 TEST_F(ListBoxTest, SortingAscendingTakesEffectWithRefreshAndLeavesTheDataBehind) {
   list.SortOrder = -1;
   for (const char* text : {"gamma", "Alpha", "beta"}) list.AddItem(text, -1, -1, false, text);

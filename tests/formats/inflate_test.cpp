@@ -61,6 +61,20 @@ std::vector<uint8_t> FlatLiterals(size_t symbols) {
   return lengths;
 }
 
+// A block of one 'a', which is not the last. Its code has 15 bits at its longest: reading the end of the block, of one
+// bit, takes two bytes too many.
+DeflateStream BlockOfLongCodes() {
+  std::vector<uint8_t> literals(257, 0);
+  literals[256] = 1;
+  for (size_t at = 0; at < 13; ++at) literals['a' + at] = static_cast<uint8_t>(at + 2);
+  literals['n'] = 15;
+  literals['o'] = 15;
+  DeflateStream stream;
+  stream.Codes(Last::kNo, literals, {0});
+  stream.bits().Code("10").Code("0");  // codewords in the order of length
+  return stream;
+}
+
 // ---- stored blocks -----------------------------------------------------------------------------------------------
 
 TEST_F(InflateTest, AStoredBlockIsCopied) {
@@ -86,29 +100,14 @@ TEST_F(InflateTest, AStoredBlockBehindAStaticOneStartsAtTheNextByte) {
 }
 
 TEST_F(InflateTest, AStoredBlockBehindADynamicOneStartsAtTheNextByteAfterGivingBackBufferedBytes) {
-  DeflateStream stream;
-  // A code of 15 bits at its longest: reading the end of the block of one bit takes two bytes too many.
-  std::vector<uint8_t> literals(257, 0);
-  literals[256] = 1;
-  for (size_t at = 0; at < 13; ++at) literals['a' + at] = static_cast<uint8_t>(at + 2);
-  literals['n'] = 15;
-  literals['o'] = 15;
-  stream.Codes(Last::kNo, literals, {0});
-  stream.bits().Code("10").Code("0");  // 'a', the end; codewords in the order of length
+  DeflateStream stream = BlockOfLongCodes();
   stream.Stored(Last::kYes, "0123456789");
   EXPECT_EQ(Expand(stream, 11), "a0123456789");
   EXPECT_EQ(status, 0);
 }
 
 TEST_F(InflateTest, ALastStoredBlockTooNearTheEndForTheBufferedBytesIsRefused) {
-  DeflateStream stream;
-  std::vector<uint8_t> literals(257, 0);
-  literals[256] = 1;
-  for (size_t at = 0; at < 13; ++at) literals['a' + at] = static_cast<uint8_t>(at + 2);
-  literals['n'] = 15;
-  literals['o'] = 15;
-  stream.Codes(Last::kNo, literals, {0});
-  stream.bits().Code("10").Code("0");
+  DeflateStream stream = BlockOfLongCodes();
   stream.Stored(Last::kYes, "");
   EXPECT_EQ(Expand(stream, 1), "a");
   EXPECT_EQ(status, -1);

@@ -3,6 +3,7 @@
 #include "base/runtime_error.h"
 #include "formats/profile/profile_file.h"
 #include "support/failing_files.h"
+#include "support/forwarding_files.h"
 #include "support/headless_fixture.h"
 
 namespace kestrun {
@@ -11,28 +12,15 @@ namespace {
 constexpr const char* kContent = "[a]\r\nj=1\r\nk=old\r\n";
 
 // Every file refuses to be opened for writing, as one with the read-only mark does.
-class ReadOnlyFiles final : public FileSystem {
+class ReadOnlyFiles final : public ForwardingFiles {
  public:
-  explicit ReadOnlyFiles(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
+  explicit ReadOnlyFiles(FileSystem& files, std::string path) : ForwardingFiles(files), path_(std::move(path)) {}
   std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override {
     if (path == path_ && mode != OpenMode::kRead) Raise(error::kPermissionDenied);
-    return files_.Open(path, mode);
+    return files().Open(path, mode);
   }
-  bool Exists(std::string_view path) override { return files_.Exists(path); }
-  bool IsFolder(std::string_view path) override { return files_.IsFolder(path); }
-  void Copy(std::string_view from, std::string_view to) override { files_.Copy(from, to); }
-  void Delete(std::string_view path) override { files_.Delete(path); }
-  void Rename(std::string_view from, std::string_view to) override { files_.Rename(from, to); }
-  void Replace(std::string_view from, std::string_view to) override { files_.Replace(from, to); }
-  void MakeFolder(std::string_view path) override { files_.MakeFolder(path); }
-  void RemoveFolder(std::string_view path) override { files_.RemoveFolder(path); }
-  std::vector<FolderEntry> List(std::string_view folder) override { return files_.List(folder); }
-  void SetWriteTime(std::string_view path, uint64_t time) override { files_.SetWriteTime(path, time); }
-  void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override { files_.SetLocalTimes(path, times); }
-  std::string CurrentFolder() override { return files_.CurrentFolder(); }
 
  private:
-  FileSystem& files_;
   std::string path_;
 };
 

@@ -5,35 +5,28 @@
 #include <cmath>
 #include <filesystem>
 
+#include "frame/folders.h"
 #include "frame/frame_fixture.h"
 #include "support/error_number.h"
 #include "support/failing_files.h"
+#include "support/forwarding_files.h"
 #include "support/zip_builder.h"
 
 namespace kestrun {
 namespace {
 
 // Files whose scratch file for icons stands in the test's own folder, not on drive C.
-class ScratchFolderFiles final : public FileSystem {
+class ScratchFolderFiles final : public ForwardingFiles {
  public:
-  ScratchFolderFiles(FileSystem& files, std::string folder) : files_(files), folder_(std::move(folder)) {}
+  ScratchFolderFiles(FileSystem& files, std::string folder) : ForwardingFiles(files), folder_(std::move(folder)) {}
 
   std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override {
     opened.emplace_back(path);
-    return files_.Open(Moved(path), mode);
+    return files().Open(Moved(path), mode);
   }
-  bool Exists(std::string_view path) override { return files_.Exists(Moved(path)); }
-  bool IsFolder(std::string_view path) override { return files_.IsFolder(Moved(path)); }
-  void Copy(std::string_view from, std::string_view to) override { files_.Copy(from, to); }
-  void Delete(std::string_view path) override { files_.Delete(Moved(path)); }
-  void Rename(std::string_view from, std::string_view to) override { files_.Rename(from, to); }
-  void Replace(std::string_view from, std::string_view to) override { files_.Replace(from, to); }
-  void MakeFolder(std::string_view path) override { files_.MakeFolder(path); }
-  void RemoveFolder(std::string_view path) override { files_.RemoveFolder(path); }
-  std::vector<FolderEntry> List(std::string_view folder) override { return files_.List(folder); }
-  void SetWriteTime(std::string_view path, uint64_t time) override { files_.SetWriteTime(path, time); }
-  void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override { files_.SetLocalTimes(path, times); }
-  std::string CurrentFolder() override { return files_.CurrentFolder(); }
+  bool Exists(std::string_view path) override { return files().Exists(Moved(path)); }
+  bool IsFolder(std::string_view path) override { return files().IsFolder(Moved(path)); }
+  void Delete(std::string_view path) override { files().Delete(Moved(path)); }
 
   std::vector<std::string> opened;
 
@@ -42,7 +35,6 @@ class ScratchFolderFiles final : public FileSystem {
     return path.starts_with("c:\\") ? folder_ + std::string(path.substr(2)) : std::string(path);
   }
 
-  FileSystem& files_;
   std::string folder_;
 };
 
@@ -153,11 +145,11 @@ TEST_F(FileToolsTest, WithoutAnIconOfTheShellThereIsAFixedPicture) {
   desktop.UseFiles(native_files);
 }
 
-TEST_F(FileToolsTest, WhereTheDriveCannotBeWrittenTheScratchFileStandsInTheTemporaryFolder) {
+TEST_F(FileToolsTest, ADriveThatCannotBeWrittenHasItsScratchFileInTheTemporaryFolder) {
   FailingFiles failing(native_files, 0, error::kPermissionDenied);
   desktop.UseFiles(failing);
   EXPECT_TRUE(GetIcon("zip", 0));
-  const std::string scratch = Path("temp\\tmp1304930549302.zip");
+  const std::string scratch = SpecialFolder(folder::kTemporary) + "tmp1304930549302.zip";
   ASSERT_EQ(desktop.pictures().icon_requests.size(), 1U);
   EXPECT_EQ(desktop.pictures().icon_requests[0], (HeadlessPictures::IconRequest{scratch, 0}));
   EXPECT_FALSE(FileIsThere(scratch));
@@ -165,9 +157,9 @@ TEST_F(FileToolsTest, WhereTheDriveCannotBeWrittenTheScratchFileStandsInTheTempo
 }
 
 TEST_F(FileToolsTest, AScratchFileThatCannotBeMadeAnywhereIsReported) {
+  desktop.shell().temporary_folder = Path("no such folder") + "\\";
   FailingFiles failing(native_files, 0, error::kPermissionDenied);
   desktop.UseFiles(failing);
-  desktop.shell().temporary_folder = Path("nowhere");
   desktop.dialogs().ExpectBox("Error: GetIcon()76\r\nPath not found");
   EXPECT_FALSE(GetIcon("zip", 0));
   EXPECT_TRUE(desktop.pictures().icon_requests.empty());

@@ -1,35 +1,21 @@
 // The folder, the two lists of its maps, the selection and the preview.
 #include "maps/frmain_fixture.h"
 #include "maps/frmopenmap.h"
+#include "support/forwarding_files.h"
 
 namespace kestrun {
 namespace {
 
 // Counts what is asked of the folders.
-class CountingFiles final : public FileSystem {
+class CountingFiles final : public ForwardingFiles {
  public:
-  explicit CountingFiles(FileSystem& files) : files_(files) {}
+  using ForwardingFiles::ForwardingFiles;
   int lists = 0;
 
-  std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override { return files_.Open(path, mode); }
-  bool Exists(std::string_view path) override { return files_.Exists(path); }
-  bool IsFolder(std::string_view path) override { return files_.IsFolder(path); }
-  void Copy(std::string_view from, std::string_view to) override { files_.Copy(from, to); }
-  void Delete(std::string_view path) override { files_.Delete(path); }
-  void Rename(std::string_view from, std::string_view to) override { files_.Rename(from, to); }
-  void Replace(std::string_view from, std::string_view to) override { files_.Replace(from, to); }
-  void MakeFolder(std::string_view path) override { files_.MakeFolder(path); }
-  void RemoveFolder(std::string_view path) override { files_.RemoveFolder(path); }
   std::vector<FolderEntry> List(std::string_view folder) override {
     ++lists;
-    return files_.List(folder);
+    return files().List(folder);
   }
-  void SetWriteTime(std::string_view path, uint64_t time) override { files_.SetWriteTime(path, time); }
-  void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override { files_.SetLocalTimes(path, times); }
-  std::string CurrentFolder() override { return files_.CurrentFolder(); }
-
- private:
-  FileSystem& files_;
 };
 
 // ---- the lists -----------------------------------------------------------------------------------------------------

@@ -3,35 +3,22 @@
 #include <gtest/gtest.h>
 
 #include "frame/frame_fixture.h"
+#include "support/forwarding_files.h"
 
 namespace kestrun {
 namespace {
 
 // Files whose deletion is refused, as for a map that the game holds open.
-class KeptFiles final : public FileSystem {
+class KeptFiles final : public ForwardingFiles {
  public:
-  explicit KeptFiles(FileSystem& files) : files_(files) {}
-  std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override { return files_.Open(path, mode); }
-  bool Exists(std::string_view path) override { return files_.Exists(path); }
-  bool IsFolder(std::string_view path) override { return files_.IsFolder(path); }
+  using ForwardingFiles::ForwardingFiles;
   void Copy(std::string_view from, std::string_view to) override {
     if (copies_refused) Raise(error::kPermissionDenied);
-    files_.Copy(from, to);
+    files().Copy(from, to);
   }
   void Delete(std::string_view) override { Raise(error::kPermissionDenied); }
-  void Rename(std::string_view from, std::string_view to) override { files_.Rename(from, to); }
-  void Replace(std::string_view from, std::string_view to) override { files_.Replace(from, to); }
-  void MakeFolder(std::string_view path) override { files_.MakeFolder(path); }
-  void RemoveFolder(std::string_view path) override { files_.RemoveFolder(path); }
-  std::vector<FolderEntry> List(std::string_view folder) override { return files_.List(folder); }
-  void SetWriteTime(std::string_view path, uint64_t time) override { files_.SetWriteTime(path, time); }
-  void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override { files_.SetLocalTimes(path, times); }
-  std::string CurrentFolder() override { return files_.CurrentFolder(); }
 
   bool copies_refused = false;
-
- private:
-  FileSystem& files_;
 };
 
 class MapFileCommandsTest : public FrameTest {

@@ -168,6 +168,16 @@ TEST_F(PeerTest, RowsThatTheModelAddsAreShown) {
   EXPECT_EQ(SendMessageW(HandleOf(form().List1), LB_GETCOUNT, 0, 0), 0);
 }
 
+TEST_F(PeerTest, AHiddenListTakesItsRowsWhenItIsShown) {
+  form().List1.Visible = false;
+  form().List1.AddItem("four");
+  Pump();
+  EXPECT_EQ(SendMessageW(HandleOf(form().List1), LB_GETCOUNT, 0, 0), 3);
+  form().List1.AddItem("five");
+  form().List1.Visible = true;
+  EXPECT_EQ(SendMessageW(HandleOf(form().List1), LB_GETCOUNT, 0, 0), 5);
+}
+
 TEST_F(PeerTest, TabGoesThroughTheStopsInOrder) {
   SetFocus(HandleOf(form().txtName));
   PostMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 1);

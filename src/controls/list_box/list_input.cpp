@@ -5,22 +5,13 @@
 #include "base/text.h"
 #include "controls/list_box/mc_list_box.h"
 #include "controls/list_box/text_lines.h"
+#include "forms/keys.h"
 #include "platform/platform.h"
 
 namespace kestrun {
 namespace {
 
 constexpr int kTwipsPerInch = 1440;
-
-namespace key {
-constexpr int kEnter = 13;
-constexpr int kPageUp = 33;
-constexpr int kPageDown = 34;
-constexpr int kEnd = 35;
-constexpr int kHome = 36;
-constexpr int kUp = 38;
-constexpr int kDown = 40;
-}  // namespace key
 
 bool IsHeld(int shift_state, int key) { return (shift_state & key) != 0; }
 

@@ -71,12 +71,23 @@ void ListItems::Add(std::string_view text, int index, int icon, bool bold, Varia
   is_sorted_ = false;
   if (index == -1) {
     rows_.push_back(Join(text, icon, bold));
-    data_.push_back(std::move(data));
+    AddData(data_count_, std::move(data));
     return;
   }
-  const auto place = static_cast<ptrdiff_t>(Place(index));
-  rows_.insert(rows_.begin() + place, Join(text, icon, bold));
-  data_.insert(data_.begin() + place, std::move(data));
+  const size_t place = Place(index);
+  rows_.insert(rows_.begin() + static_cast<ptrdiff_t>(place), Join(text, icon, bold));
+  AddData(place, std::move(data));
+}
+
+// The values behind the place move up by one, the last first.
+void ListItems::AddData(size_t place, Variant data) {
+  for (auto behind = data_.end(); behind != data_.begin() && std::prev(behind)->first >= place;) {
+    auto moved = data_.extract(std::prev(behind));
+    ++moved.key();
+    behind = data_.insert(behind, std::move(moved));
+  }
+  if (!data.Is(VarType::kEmpty)) data_.emplace(place, std::move(data));
+  ++data_count_;
 }
 
 void ListItems::Remove(int index) { rows_.erase(rows_.begin() + static_cast<ptrdiff_t>(Place(index))); }
@@ -100,9 +111,10 @@ void ListItems::SetIcon(int index, int icon) { SetField(index, kIconField, std::
 
 void ListItems::SetBold(int index, bool bold) { SetField(index, kBoldField, BooleanToText(bold)); }
 
-const Variant& ListItems::Data(int index) const {
-  if (index < 0 || static_cast<size_t>(index) >= data_.size()) Raise(error::kSubscriptOutOfRange);
-  return data_[static_cast<size_t>(index)];
+Variant ListItems::Data(int index) const {
+  if (index < 0 || static_cast<size_t>(index) >= data_count_) Raise(error::kSubscriptOutOfRange);
+  const auto found = data_.find(static_cast<size_t>(index));
+  return found == data_.end() ? Variant() : found->second;
 }
 
 void ListItems::Sort(int order) {

@@ -4,6 +4,7 @@
 // The two collections are in step only as Add made them: taking a row out and sorting move the rows alone.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,7 +32,7 @@ class ListItems {
   void SetIcon(int index, int icon);
   [[nodiscard]] bool Bold(int index) const;
   void SetBold(int index, bool bold);
-  [[nodiscard]] const Variant& Data(int index) const;
+  [[nodiscard]] Variant Data(int index) const;
   // The whole joined text.
   [[nodiscard]] const std::string& Row(int index) const { return rows_[Place(index)]; }
 
@@ -43,8 +44,13 @@ class ListItems {
   [[nodiscard]] size_t Place(int index) const;
   void SetField(int index, size_t field, std::string value);
 
+  void AddData(size_t place, Variant data);
+
   std::vector<std::string> rows_;
-  std::vector<Variant> data_;
+  // The values that are not empty, by their place among all that were given: a list that is filled again and again
+  // without values must not grow with each filling.
+  std::map<size_t, Variant> data_;
+  size_t data_count_ = 0;
   bool is_sorted_ = false;  // by sorted_order_, and nothing has changed since
   int sorted_order_ = 0;
 };

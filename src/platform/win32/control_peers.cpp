@@ -177,11 +177,16 @@ class ListPeer : public WindowedPeer {
       case PropertyId::kListIndex:
       case PropertyId::kSelection: ShowChoice(); break;
       case PropertyId::kPattern: ListChanged(); break;
+      case PropertyId::kVisible:
+        if (stale_) Fill();
+        WindowedPeer::Update(property);
+        break;
       default: WindowedPeer::Update(property);
     }
   }
 
-  // Rows often change many at a time: the system's list is filled once, in the next pass of the message loop.
+  // Rows often change many at a time: the system's list is filled once, in the next pass of the message loop. A list
+  // that nobody sees is filled when it is shown.
   void ListChanged() override {
     if (stale_) return;
     stale_ = true;
@@ -206,7 +211,8 @@ class ListPeer : public WindowedPeer {
 
  private:
   void Fill() {
-    stale_ = false;
+    stale_ = !Model().Visible;
+    if (stale_) return;
     const auto top = SendMessageW(window(), LB_GETTOPINDEX, 0, 0);
     SendMessageW(window(), WM_SETREDRAW, FALSE, 0);
     SendMessageW(window(), LB_RESETCONTENT, 0, 0);
