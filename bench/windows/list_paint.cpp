@@ -10,6 +10,7 @@
 
 #include "controls/list_box/mc_list_box.h"
 #include "forms/form.h"
+#include "owner_drawn_list.h"
 #include "platform/win32/win32_platform.h"
 
 namespace kestrun {
@@ -17,7 +18,6 @@ namespace {
 
 constexpr int kRows = 10'000;
 constexpr int kPaints = 200;
-constexpr int kRowHeight = 22;
 constexpr double kTimesFaster = 5;
 
 using Clock = std::chrono::steady_clock;
@@ -33,42 +33,8 @@ class PaintForm final : public Form {
 
 std::wstring RowText(int row) { return L"Map number " + std::to_wstring(row) + L" of the month.bms"; }
 
-// The plain way of an owner: background, then the text.
-void DrawRow(const DRAWITEMSTRUCT& item) {
-  const bool is_selected = (item.itemState & ODS_SELECTED) != 0;
-  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(is_selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-  SetBkMode(item.hDC, TRANSPARENT);
-  SetTextColor(item.hDC, GetSysColor(is_selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
-  wchar_t text[100]{};
-  SendMessageW(item.hwndItem, LB_GETTEXT, item.itemID, reinterpret_cast<LPARAM>(text));
-  RECT place = item.rcItem;
-  place.left += 5;
-  DrawTextW(item.hDC, text, -1, &place, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
-}
-
-LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM first, LPARAM second) {
-  if (message == WM_MEASUREITEM) {
-    reinterpret_cast<MEASUREITEMSTRUCT*>(second)->itemHeight = kRowHeight;
-    return TRUE;
-  }
-  if (message == WM_DRAWITEM) {
-    DrawRow(*reinterpret_cast<DRAWITEMSTRUCT*>(second));
-    return TRUE;
-  }
-  return DefWindowProcW(window, message, first, second);
-}
-
-HWND MakeOwnerDrawn() {
-  WNDCLASSW owner_class{};
-  owner_class.lpfnWndProc = OwnerProcedure;
-  owner_class.hInstance = GetModuleHandleW(nullptr);
-  owner_class.lpszClassName = L"Owner";
-  RegisterClassW(&owner_class);
-  const HWND owner = CreateWindowW(L"Owner", L"Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 500, 0, 430, 480, nullptr,
-                                   nullptr, owner_class.hInstance, nullptr);
-  const HWND list = CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"",
-                                    WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS, 0, 0, 400,
-                                    440, owner, nullptr, owner_class.hInstance, nullptr);
+HWND MakePeer() {
+  const HWND list = MakeOwnerDrawnList(400, 440);
   for (int row = 0; row < kRows; ++row) {
     SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(RowText(row).c_str()));
   }
@@ -112,7 +78,7 @@ int Run() {
   form->list.Refresh();
   const HWND top = FindWindowW(nullptr, L"PaintForm");
   const HWND ours = FindWindowExW(top ? top : GetActiveWindow(), nullptr, L"KestrunControl", nullptr);
-  const HWND peer = MakeOwnerDrawn();
+  const HWND peer = MakePeer();
   RunPendingEvents();
   if (!ours) {
     std::printf("the list's window was not found\n");

@@ -12,13 +12,13 @@
 #include <vector>
 
 #include "maps/frmain.h"
+#include "owner_drawn_list.h"
 #include "platform/win32/win32_platform.h"
 
 namespace kestrun {
 namespace {
 
 constexpr int kRounds = 15;
-constexpr int kRowHeight = 22;
 constexpr double kMostTimes = 1.5;
 // Faster than keys follow each other when a key is held down.
 constexpr double kMostKeystrokeMs = 30;
@@ -32,36 +32,6 @@ double Milliseconds(const std::function<void()>& work) {
 double Median(std::vector<double> times) {
   std::nth_element(times.begin(), times.begin() + kRounds / 2, times.end());
   return times[kRounds / 2];
-}
-
-LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM first, LPARAM second) {
-  if (message == WM_MEASUREITEM) {
-    reinterpret_cast<MEASUREITEMSTRUCT*>(second)->itemHeight = kRowHeight;
-    return TRUE;
-  }
-  if (message == WM_DRAWITEM) {
-    const auto& item = *reinterpret_cast<DRAWITEMSTRUCT*>(second);
-    FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_WINDOW));
-    wchar_t text[MAX_PATH]{};
-    SendMessageW(item.hwndItem, LB_GETTEXT, item.itemID, reinterpret_cast<LPARAM>(text));
-    RECT place = item.rcItem;
-    DrawTextW(item.hDC, text, -1, &place, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
-    return TRUE;
-  }
-  return DefWindowProcW(window, message, first, second);
-}
-
-HWND MakeOwnerDrawn() {
-  WNDCLASSW owner_class{};
-  owner_class.lpfnWndProc = OwnerProcedure;
-  owner_class.hInstance = GetModuleHandleW(nullptr);
-  owner_class.lpszClassName = L"Owner";
-  RegisterClassW(&owner_class);
-  const HWND owner = CreateWindowW(L"Owner", L"Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 330, 420, nullptr,
-                                   nullptr, owner_class.hInstance, nullptr);
-  return CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", L"",
-                         WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS, 0, 0, 300, 340,
-                         owner, nullptr, owner_class.hInstance, nullptr);
 }
 
 void ListAndFill(HWND list, const std::wstring& folder) {
@@ -81,7 +51,7 @@ void ListAndFill(HWND list, const std::wstring& folder) {
 }
 
 int Run(const std::string& folder, const std::string& empty_folder) {
-  const HWND peer = MakeOwnerDrawn();
+  const HWND peer = MakeOwnerDrawnList(300, 340);
   auto& window = Window<frmain>();
   window.Show();
   RunPendingEvents();

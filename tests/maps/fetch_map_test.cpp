@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "base/convert.h"
 #include "frame/frame_fixture.h"
 #include "frame/path_text.h"
@@ -202,7 +200,7 @@ TEST_F(FetchMapTest, AMemberThatLeadsOutOfTheFolderIsNeitherWrittenNorGiven) {
 }
 
 TEST_F(FetchMapTest, WhatAnEarlierZipLeftBehindIsNotTakenForAMemberThatCannotBeUnpacked) {
-  std::filesystem::create_directories(std::filesystem::path(ReplaceAll(TempPath("tempzip"), "\\", "/")));
+  native_files.MakeFolder(TempPath("tempzip"));
   WriteFile(TempPath("tempzip\\Desert.bms"), "BMS of an earlier zip");
   const std::string zip = ZipOf({{.name = "Desert.bms", .stored = "data", .method = 6}});
   PickRow(0);
