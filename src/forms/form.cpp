@@ -83,6 +83,7 @@ void Form::Show() {
   shown_ = true;
   Visible.StoreQuietly(true);
   peer_ = platform().windowing().Show(*this);
+  Shown();
 }
 
 void Form::ShowModal() {

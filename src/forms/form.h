@@ -109,6 +109,8 @@ class Form : public Control {
  protected:
   // The window's load handler: runs once, before the form is first shown or used.
   virtual void Load() {}
+  // The window is on the screen: for what would only hold it up before. Runs each time that it is shown.
+  virtual void Shown() {}
   // The window's unload handler.
   virtual void Unloading() {}
 

@@ -1,6 +1,6 @@
 #include "frame/program_pictures.h"
 
-#include "frame/picture_drawing.h"
+#include "forms/picture_drawing.h"
 
 namespace kestrun {
 namespace {

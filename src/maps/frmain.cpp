@@ -110,6 +110,10 @@ void frmain::LoadSafely() {
   FileMaps.Visible = true;
 }
 
+void frmain::Shown() {
+  if (!SafeMode()) LoadStep([this] { AskForZipIcon(); });
+}
+
 void frmain::Unloading() {
   TmrQuickLinks.Enabled = false;
   Attempt([this] { WriteSetting(setting::kStatusLine, BooleanToText(txtstatusbar.Visible)); });

@@ -165,6 +165,7 @@ class frmain final : public Form {
 
  protected:
   void Load() override;
+  void Shown() override;
   void Unloading() override;
 
  private:
@@ -209,6 +210,7 @@ class frmain final : public Form {
   void ShowPicture(const Ref<kestrun::Picture>& picture);
   void HandleListKey(int& key_code);
   void LoadIcons();
+  void AskForZipIcon();
 
   // Commands.
   void ConnectCommands();
@@ -241,6 +243,7 @@ class frmain final : public Form {
   bool is_startup_checked_ = false;
   bool has_banner_place_ = false;
   bool is_sliding_ = false;
+  bool is_zip_icon_asked_ = false;
 };
 
 // Who fetches the banner and the news of the site. The window leaves no room for a banner while nobody does.

@@ -1,4 +1,6 @@
 // The folder, its list of maps in two forms, and the preview of the selected one.
+#include <utility>
+
 #include "base/text.h"
 #include "forms/keys.h"
 #include "frame/folders.h"
@@ -144,12 +146,23 @@ void frmain::HandleListKey(int& key_code) {
   key_code = 0;
 }
 
+// A drawn zip stands in until the window is shown: the shell takes a quarter of the whole start for its icon.
 void frmain::LoadIcons() {
-  constexpr int32_t kSmall = 1;
-  Ref<kestrun::Picture> zip = GetIcon("zip", kSmall);
-  ImageList.AddNewImage(zip ? zip : ZipPicture());
+  ImageList.AddNewImage(ZipPicture());
   ImageList.AddNewImage(MapPicture());
   ListBox.SetImageList(Ref<Object>(&ImageList));
+}
+
+void frmain::AskForZipIcon() {
+  if (std::exchange(is_zip_icon_asked_, true)) return;
+  platform().clock().Post([window = Ref<frmain>(this)] {
+    if (!window->IsLoaded()) return;
+    constexpr int32_t kSmall = 1;
+    const Ref<kestrun::Picture> icon = GetIcon("zip", kSmall);
+    if (!icon) return;
+    window->ImageList.SetListImages(kZipIcon, icon);
+    window->ListBox.Refresh();
+  });
 }
 
 }  // namespace kestrun

@@ -38,6 +38,33 @@ TEST_F(MainWindowTest, AFolderWithAMapAndAZipListsBothInTheFileListsOrder) {
   EXPECT_TRUE(Main().ImageList.ListImages(Main().ListBox.ListIcon(1)));
 }
 
+TEST_F(MainWindowTest, TheShellIsAskedForItsIconOnceAndNotBeforeTheWindowIsShown) {
+  WriteFile(MapPath("Arena.zip"), "zip");
+  Main().EnsureLoaded();
+  Main().Text1.Text = Path("maps");
+  const auto& requests = desktop.pictures().icon_requests;
+  const Ref<Picture> drawn = Main().ImageList.ListImages(Main().ListBox.ListIcon(0));
+  EXPECT_TRUE(drawn);
+  EXPECT_TRUE(requests.empty());
+  Main().Show();
+  EXPECT_TRUE(requests.empty());
+  RunPendingEvents();
+  ASSERT_EQ(requests.size(), 1U);
+  EXPECT_TRUE(requests[0].path.ends_with("tmp1304930549302.zip")) << requests[0].path;
+  EXPECT_NE(Main().ImageList.ListImages(Main().ListBox.ListIcon(0)), drawn);
+  Main().Hide();
+  Main().Show();
+  RunPendingEvents();
+  EXPECT_EQ(requests.size(), 1U);
+}
+
+TEST_F(MainWindowTest, AMainWindowThatIsClosedAtOnceAsksTheShellForNoIcon) {
+  Main().Show();
+  Main().Unload();
+  RunPendingEvents();
+  EXPECT_TRUE(desktop.pictures().icon_requests.empty());
+}
+
 TEST_F(MainWindowTest, EveryKeystrokeInTheFolderBoxIsStored) {
   MainOnMaps().Text1.Text = std::string("C:\\ma");
   EXPECT_EQ(Ini("launcher", "PATH"), "C:\\ma");

@@ -6,6 +6,7 @@ namespace kestrun {
 namespace {
 
 constexpr const wchar_t* kControlClass = L"KestrunControl";
+constexpr UINT kPaintSoon = WM_APP + 1;
 
 void RegisterControlClass() {
   WNDCLASSW window_class{};
@@ -50,9 +51,13 @@ void UserControlPeer::Update(PropertyId property) {
   if (property != PropertyId::kLeft && property != PropertyId::kTop) Repaint();
 }
 
+// What changes in one event is painted once, at the next message. The system's own way of painting costs ten times
+// the painting under Wine: it serves what is uncovered, and a window that is not yet shown.
 void UserControlPeer::Repaint() {
   is_stale_ = true;
-  InvalidateRect(window(), nullptr, FALSE);
+  if (is_paint_posted_) return;
+  is_paint_posted_ = IsWindowVisible(window()) && PostMessageW(window(), kPaintSoon, 0, 0);
+  if (!is_paint_posted_) InvalidateRect(window(), nullptr, FALSE);
 }
 
 void UserControlPeer::ShowPopup(const PixelRect& screen_area, std::function<void(Canvas&)> paint) {
@@ -99,6 +104,8 @@ void UserControlPeer::ShowFrame() {
 
 // ---- painting ------------------------------------------------------------------------------------------------------
 
+bool UserControlPeer::HasContent() const { return told_client_.width > 0 && told_client_.height > 0; }
+
 bool UserControlPeer::PaintContent(HDC screen) {
   const auto surface = surface_;
   if (!surface->buffer.Resize(screen, told_client_)) return false;
@@ -109,29 +116,53 @@ bool UserControlPeer::PaintContent(HDC screen) {
   });
 }
 
+// Frame, bar and bitmap as the control wants them now. False when the control has gone with its form meanwhile.
+bool UserControlPeer::PaintChanges() {
+  if (is_stale_) {
+    ShowFrame();
+    bar_.Show(window(), Model().VerticalScrollBar());
+  }
+  if (!HasContent() || (!is_stale_ && surface_->buffer.size() == told_client_)) return true;
+  const HWND painted = window();
+  const HDC screen = GetDC(painted);
+  const bool is_alive = PaintContent(screen);
+  ReleaseDC(painted, screen);
+  return is_alive;
+}
+
+void UserControlPeer::CopyToScreen(HDC screen) {
+  if (!HasContent()) return;
+  const PixelSize size = surface_->buffer.size();
+  BitBlt(screen, 0, 0, size.width, size.height, surface_->buffer.device(), 0, 0, SRCCOPY);
+}
+
+// A control that asks to be painted while it paints gets its turn when all else is done.
+void UserControlPeer::PaintLeftovers() {
+  if (HasContent() && is_stale_) InvalidateRect(window(), nullptr, FALSE);
+}
+
+void UserControlPeer::PaintSoon() {
+  if (is_stale_) {
+    if (!PaintChanges()) return;
+    const HDC screen = GetDC(window());
+    CopyToScreen(screen);
+    ReleaseDC(window(), screen);
+  }
+  is_paint_posted_ = false;
+  PaintLeftovers();
+}
+
 // The control paints before the system is told that painting begins, so that what it asks for meanwhile is not lost.
 void UserControlPeer::Paint() {
   const HWND painted = window();
-  if (is_stale_) {
-    ShowFrame();
-    bar_.Show(painted, Model().VerticalScrollBar());
-  }
-  const bool has_content = told_client_.width > 0 && told_client_.height > 0;
-  if (has_content && (is_stale_ || surface_->buffer.size() != told_client_)) {
-    const HDC screen = GetDC(painted);
-    const bool is_alive = PaintContent(screen);
-    ReleaseDC(painted, screen);
-    if (!is_alive) {
-      ValidateRect(painted, nullptr);
-      return;
-    }
+  if (!PaintChanges()) {
+    ValidateRect(painted, nullptr);
+    return;
   }
   PAINTSTRUCT paint{};
-  const HDC target = BeginPaint(painted, &paint);
-  const PixelSize size = surface_->buffer.size();
-  if (has_content) BitBlt(target, 0, 0, size.width, size.height, surface_->buffer.device(), 0, 0, SRCCOPY);
+  CopyToScreen(BeginPaint(painted, &paint));
   EndPaint(painted, &paint);
-  if (has_content && is_stale_) InvalidateRect(painted, nullptr, FALSE);
+  PaintLeftovers();
 }
 
 // ---- mouse ---------------------------------------------------------------------------------------------------------
@@ -251,6 +282,7 @@ bool UserControlPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, L
   if (!keep->is_open() || keep->PeerOf(*model) != this) return true;
   switch (message) {
     case WM_PAINT: Paint(); return true;
+    case kPaintSoon: PaintSoon(); return true;
     case WM_ERASEBKGND: result = 1; return true;
     case WM_SIZE: NoteClient(); return true;
     case WM_GETDLGCODE: result = DLGC_WANTARROWS | DLGC_WANTCHARS; return true;

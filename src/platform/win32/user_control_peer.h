@@ -42,8 +42,13 @@ class UserControlPeer final : public WindowedPeer {
   [[nodiscard]] bool Run(const std::function<void()>& action);
   void NoteClient();
   void ShowFrame();
-  void Paint();
+  [[nodiscard]] bool HasContent() const;
   [[nodiscard]] bool PaintContent(HDC screen);
+  [[nodiscard]] bool PaintChanges();
+  void CopyToScreen(HDC screen);
+  void PaintLeftovers();
+  void PaintSoon();
+  void Paint();
   bool HandleMouse(UINT message, WPARAM first, LPARAM second);
   void Press(int button, POINT place, bool is_double);
   void ReleaseButton(int button, POINT place);
@@ -64,6 +69,7 @@ class UserControlPeer final : public WindowedPeer {
   int wheel_rest_ = 0;  // less than a notch
   wchar_t high_surrogate_ = 0;
   bool is_stale_ = true;  // the bitmap does not show what the control would paint
+  bool is_paint_posted_ = false;
   bool is_mouse_inside_ = false;
 };
 
