@@ -70,6 +70,8 @@ RuntimeError CurrentError() {
     return failure;
   } catch (const std::bad_alloc&) {
     return RuntimeError(error::kOutOfMemory);
+  } catch (const std::length_error&) {  // more than this program's addresses reach
+    return RuntimeError(error::kOutOfMemory);
   } catch (const std::exception& failure) {
     return RuntimeError(error::kAutomationError, failure.what());
   }

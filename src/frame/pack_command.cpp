@@ -38,6 +38,14 @@ Bytes ReadSource(ClsPFF& archive, const std::string& path) {
   return buffer;
 }
 
+// A command line can come from a web page: what it names must not be written beside the temporary folder.
+std::string TemporaryPath(const std::string& temporary_folder, const std::string& name) {
+  if (!name.empty() && !zip::StaysInside(name)) {
+    Raise(error::kPathNotFound, "The name '" + name + "' leads outside the temporary folder.");
+  }
+  return temporary_folder + "\\" + name;
+}
+
 std::string UnpackedPath(const std::string& folder, const std::string& member) {
   if (!zip::StaysInside(member)) {
     Raise(error::kPathNotFound, "The zip's member '" + member + "' leads outside its folder.");
@@ -48,8 +56,10 @@ std::string UnpackedPath(const std::string& folder, const std::string& member) {
 // What an earlier zip of the same name left in the folder must not pass for a member that cannot be unpacked.
 void DeleteLeftovers(const Cls_Zip& zip, const std::string& folder) {
   for (int32_t member = 1; member <= zip.FileCount(); ++member) {
-    const std::string path = UnpackedPath(folder, zip.FileName(member));
-    if (!zip.IsDir(member) && platform().files().Exists(path)) platform().files().Delete(path);
+    const std::string name = zip.FileName(member);
+    if (zip.IsDir(member) || !zip::StaysInside(name)) continue;
+    const std::string path = UnpackedPath(folder, name);
+    if (platform().files().Exists(path)) platform().files().Delete(path);
   }
 }
 
@@ -72,7 +82,7 @@ void PackInto(const std::string& source, const std::string& name, const std::str
   ClsPFF archive;
   static_cast<void>(archive.LoadPff(archive_path));
   if (is_zip) {
-    PackZipMembers(archive, source, temporary_folder + "\\unzipped_" + name);
+    PackZipMembers(archive, source, TemporaryPath(temporary_folder, "unzipped_" + name));
   } else {
     archive.PackFile(ReadSource(archive, source), name);
   }
@@ -103,7 +113,7 @@ bool packfile(std::string Source, const std::string& Name, std::string ArchivePa
     std::string temporary_folder = SpecialFolder(folder::kTemporary);
     if (!temporary_folder.empty()) temporary_folder.pop_back();
     Source = FillMacros(Source, temporary_folder);
-    if (IsUrl(Source) && !DownloadFile(Source, temporary_folder + "\\" + Name)) {
+    if (IsUrl(Source) && !DownloadFile(Source, TemporaryPath(temporary_folder, Name))) {
       MsgBox("Unable to download " + Source);
       return false;
     }
@@ -115,6 +125,15 @@ bool packfile(std::string Source, const std::string& Name, std::string ArchivePa
   return false;
 }
 
+namespace {
+
+constexpr std::string_view kZipFlag = "/z";
+
+// "maps.zip"/z has lost its quotes in the shell. No path goes on behind a zip.
+bool EndsInZipFlag(const std::string& source) { return ToLower(source).ends_with(".zip/z"); }
+
+}  // namespace
+
 std::string JoinCommandWords(const std::vector<std::string>& words) {
   if (words.size() < 2 || words[0] != "-pack") {
     std::string joined;
@@ -123,8 +142,14 @@ std::string JoinCommandWords(const std::vector<std::string>& words) {
   }
   std::string command = words[0];
   for (size_t at = 1; at < words.size(); ++at) {
-    const bool is_flag = at > 1 && at + 1 == words.size() && ToLower(words[at]) == "/z";
-    command += is_flag ? words[at] : " \"" + words[at] + "\"";
+    const bool is_last = at > 1 && at + 1 == words.size();
+    if (is_last && ToLower(words[at]) == kZipFlag) {
+      command += words[at];
+    } else if (is_last && EndsInZipFlag(words[at])) {
+      command += " \"" + words[at].substr(0, words[at].size() - kZipFlag.size()) + "\"" + std::string(kZipFlag);
+    } else {
+      command += " \"" + words[at] + "\"";
+    }
   }
   return command;
 }

@@ -14,12 +14,13 @@ void PackCommand(const std::string& command);
 
 // Packs Source under Name into the archive, or with IsZip every file of the zip under its own base name. %GAMEDIR%,
 // %APPDIR% and %TEMPDIR% in Source and ArchivePath are filled in. A web address is fetched into the temporary folder,
-// and its text is then read as a path, which fails. Failures are reported by ShowError with the context "packfile ".
-// Always gives false.
+// and its text is then read as a path, which fails. A Name that would lead out of that folder is an error. Failures are
+// reported by ShowError with the context "packfile ". Always gives false.
 bool packfile(std::string Source, const std::string& Name, std::string ArchivePath, bool IsZip);
 
 // Gives a command line typed in a shell the form that PackCommand reads: each word behind -pack in double quotes, a
-// last word "/z" directly behind the last quote. For any other command the words joined by blanks.
+// last word "/z" directly behind the last quote, as is the "/z" of a last word that ends in ".zip/z". For any other
+// command the words joined by blanks.
 [[nodiscard]] std::string JoinCommandWords(const std::vector<std::string>& words);
 
 }  // namespace kestrun

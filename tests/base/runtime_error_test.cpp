@@ -52,6 +52,10 @@ TEST(RuntimeErrorTest, FailedAllocationIsOutOfMemory) {
   EXPECT_EQ(Seen(std::bad_alloc()).description(), "Out of memory");
 }
 
+TEST(RuntimeErrorTest, MoreMemoryThanThereAreAddressesIsOutOfMemory) {
+  EXPECT_EQ(Seen(std::length_error("vector::_M_default_append")).number(), error::kOutOfMemory);
+}
+
 TEST(RuntimeErrorTest, AnyOtherFailureIsAnAutomationErrorWithItsText) {
   const RuntimeError seen = Seen(std::logic_error("what went wrong"));
   EXPECT_EQ(seen.number(), error::kAutomationError);

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "base/runtime_error.h"
+#include "formats/inflate_ways.h"
 #include "formats/zip/mod_inflate64.h"
 #include "formats/zip_sample.h"
 #include "support/headless_fixture.h"
@@ -77,9 +78,11 @@ TEST_F(InflatePeerTest, EveryLevelAndStrategyComesOutWhole) {
       for (const int strategy : {Z_DEFAULT_STRATEGY, Z_FILTERED, Z_HUFFMAN_ONLY, Z_RLE, Z_FIXED}) {
         const Bytes data = Deflate(text, level, strategy);
         ASSERT_TRUE(InflateByOurs(data, text.size()) == text) << level << " " << strategy << " " << text.size();
-        Bytes careful(text.size());
-        ASSERT_EQ(deflate::ExpandCarefully(data, careful, false).bytes, text.size());
-        ASSERT_TRUE(AsChars(careful) == text);
+        for (const Way way : {&deflate::ExpandPortably, &deflate::ExpandCarefully}) {
+          const Outcome outcome = RunWay(way, data, text.size(), false);
+          ASSERT_EQ(outcome.status, 0);
+          ASSERT_TRUE(AsChars(outcome.bytes) == text);
+        }
       }
     }
   }

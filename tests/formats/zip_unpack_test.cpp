@@ -254,6 +254,18 @@ TEST_F(ZipUnpackTest, AFolderInThePlaceOfAFileIsTold) {
   EXPECT_TRUE(native_files.IsFolder(Out("alpha.bms")));
 }
 
+// The date of a member was given to what stood in its way.
+TEST_F(ZipUnpackTest, WhatCouldNotBeReplacedKeepsItsDate) {
+  native_files.MakeFolder(out);
+  native_files.MakeFolder(Out("alpha.bms"));
+  ZipMember member{"alpha.bms", "BMS"};
+  member.date = (26 << 9) | (3 << 5) | 14;
+  LoadZip({member});
+  ExpectBox("error writing file");
+  EXPECT_EQ(UnPackAll(), 0);
+  EXPECT_EQ(WrittenAt("alpha.bms").find("2006"), std::string::npos);
+}
+
 TEST_F(ZipUnpackTest, AMissingArchiveReachesTheCaller) {
   LoadZip({{"alpha.bms", "BMS"}});
   native_files.Delete(zip_path);

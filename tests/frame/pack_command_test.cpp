@@ -86,6 +86,14 @@ TEST_F(PackCommandTest, AnAddressThatCannotBeFetchedIsSaid) {
   Pack("%GAMEDIR%\\dflw.pff", "A.BMS", "http://localhost/none.bms");
 }
 
+// A link on a web page can hold the command: its name must not choose where the download goes.
+TEST_F(PackCommandTest, ADownloadUnderANameThatLeadsOutOfTheTemporaryFolderIsRefused) {
+  desktop.internet().Reply("http://localhost/Oasis.bms", "BMS oasis");
+  desktop.dialogs().ExpectBox("Error: packfile 76\r\nThe name '..\\start.bat' leads outside the temporary folder.");
+  Pack("%GAMEDIR%\\dflw.pff", "..\\start.bat", "http://localhost/Oasis.bms");
+  EXPECT_FALSE(FileIsThere(Path("start.bat")));
+}
+
 TEST_F(PackCommandTest, FewerThanSixQuotesPackNothingAndLogNothing) {
   PackCommand("-pack \"" + GamePath("dflw.pff") + "\" \"NEW.BMS\" " + MapPath("Oasis.bms"));
   EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "NEW.BMS"), "(none)");
@@ -101,6 +109,9 @@ TEST_F(PackCommandTest, WordsFromAShellBecomeTheTextThatThePersonMeans) {
   EXPECT_EQ(JoinCommandWords({"-pack \"a.pff\" \"N.BMS\" \"m.bms\"/z"}), "-pack \"a.pff\" \"N.BMS\" \"m.bms\"/z");
   EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "my map.bms"}), "-pack \"a.pff\" \"N.BMS\" \"my map.bms\"");
   EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "m.zip", "/z"}), "-pack \"a.pff\" \"N.BMS\" \"m.zip\"/z");
+  EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "my maps.ZIP/Z"}),
+            "-pack \"a.pff\" \"N.BMS\" \"my maps.ZIP\"/z");  // typed as "my maps.ZIP"/Z
+  EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "/tmp/z"}), "-pack \"a.pff\" \"N.BMS\" \"/tmp/z\"");
   EXPECT_EQ(JoinCommandWords({"-style", "my", "style.stl"}), "-style my style.stl");
   EXPECT_EQ(JoinCommandWords({}), "");
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "frame/commands.h"
 #include "frame/pack_command.h"
@@ -32,6 +33,32 @@ bool IsCompletePack(const std::string& command) {
   return kestrun::StartsWith(command, "-pack ") && kestrun::Split(command, "\"").size() > kPackQuotes;
 }
 
+// What a box would have said, on a stream. A box that comes again and again, as "Unknown header" does for a file that
+// is no zip, has nobody here to end the program: its text is said a few times only, and in the end the command fails.
+class Speaker {
+ public:
+  explicit Speaker(std::FILE* stream) : stream_(stream) {}
+
+  [[nodiscard]] bool has_spoken() const { return times_ > 0; }
+
+  void Say(const std::string& text) {
+    times_ = text == last_ ? times_ + 1 : 1;
+    last_ = text;
+    if (times_ <= kTimesSaid) std::fprintf(stream_, "%s\n", text.c_str());
+    if (times_ < kMostTimes) return;
+    kestrun::Raise(kestrun::error::kInputPastEnd, "\"" + text + "\" came " + std::to_string(kMostTimes) + " times.");
+  }
+
+ private:
+  static constexpr int kTimesSaid = 10;
+  // Four bytes of a file each, for "Unknown header": more than maps have.
+  static constexpr int kMostTimes = 4'000'000;
+
+  std::FILE* stream_;
+  std::string last_;
+  int times_ = 0;
+};
+
 }  // namespace
 
 int main(int argument_count, char** arguments) {
@@ -41,11 +68,8 @@ int main(int argument_count, char** arguments) {
 
   kestrun::CommandLineHost host(command);
   const kestrun::PlatformInstallation installation(host.platform());
-  bool reported = false;
-  host.platform().OnUnexpected([&reported, &command](const kestrun::UnexpectedQuestion& question) {
-    reported = true;
-    std::fprintf(IsHelp(command) ? stdout : stderr, "%s\n", question.text.c_str());
-  });
+  Speaker speaker(IsHelp(command) ? stdout : stderr);
+  host.platform().OnUnexpected([&speaker](const kestrun::UnexpectedQuestion& question) { speaker.Say(question.text); });
   static_cast<void>(kestrun::ProcessCommand(command));
-  return reported && !IsHelp(command) ? kExitFailed : 0;
+  return speaker.has_spoken() && !IsHelp(command) ? kExitFailed : 0;
 }

@@ -190,10 +190,19 @@ template <bool kDeflate64>
 }  // namespace
 
 template <bool kDeflate64>
+BlockEnd RunFastPortably(BitReader& reader, const BlockCodes& codes, const uint8_t* begin, uint8_t*& out,
+                         const uint8_t* end) {
+  return Loop<kDeflate64>(reader, codes, begin, out, end);
+}
+
+template BlockEnd RunFastPortably<false>(BitReader&, const BlockCodes&, const uint8_t*, uint8_t*&, const uint8_t*);
+template BlockEnd RunFastPortably<true>(BitReader&, const BlockCodes&, const uint8_t*, uint8_t*&, const uint8_t*);
+
+template <bool kDeflate64>
 BlockEnd RunFast(BitReader& reader, const BlockCodes& codes, const uint8_t* begin, uint8_t*& out, const uint8_t* end) {
   static const bool has_bmi2 = __builtin_cpu_supports("bmi2") != 0;
   if (has_bmi2) return LoopBmi2<kDeflate64>(reader, codes, begin, out, end);
-  return Loop<kDeflate64>(reader, codes, begin, out, end);
+  return RunFastPortably<kDeflate64>(reader, codes, begin, out, end);
 }
 
 template BlockEnd RunFast<false>(BitReader&, const BlockCodes&, const uint8_t*, uint8_t*&, const uint8_t*);

@@ -13,5 +13,9 @@ enum class BlockEnd { kReached, kNotYet };
 template <bool kDeflate64>
 [[nodiscard]] BlockEnd RunFast(BitReader& reader, const BlockCodes& codes, const uint8_t* begin, uint8_t*& out,
                                const uint8_t* end);
+// The same by the instructions that every processor has; RunFast does so itself where there are no better ones.
+template <bool kDeflate64>
+[[nodiscard]] BlockEnd RunFastPortably(BitReader& reader, const BlockCodes& codes, const uint8_t* begin, uint8_t*& out,
+                                       const uint8_t* end);
 
 }  // namespace kestrun::deflate

@@ -48,14 +48,17 @@ bool IsTooLong(std::string_view path, char separator) {
                      [](const std::string& name) { return ToUtf16(name).size() > kLongestName; });
 }
 
-void WriteFile(const std::string& path, ByteView bytes, char separator) {
+// False when it could not be written, which is told.
+bool WriteFile(const std::string& path, ByteView bytes, char separator) {
   FileSystem& files = platform().files();
   if (files.Exists(path)) Attempt([&] { files.Delete(path); });
   try {
     files.WriteAll(path, bytes);
+    return true;
   } catch (const RuntimeError&) {
     if (IsTooLong(path, separator)) throw;
     ShowWriteError();
+    return false;
   }
 }
 
@@ -93,8 +96,7 @@ void WriteMember(const std::string& destination, std::string_view name, ByteView
   const char separator = PathSeparator();
   const std::string path = WithSeparators(WithTrailingSeparator(destination, separator) + std::string(name), separator);
   CreateFolders(path.substr(0, path.rfind(separator)));
-  WriteFile(path, bytes, separator);
-  SetFileDates(path, date, time);
+  if (WriteFile(path, bytes, separator)) SetFileDates(path, date, time);
 }
 
 }  // namespace kestrun::zip

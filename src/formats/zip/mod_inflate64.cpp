@@ -16,7 +16,7 @@ namespace {
 constexpr uint64_t kMostPerByte = 1032;
 constexpr uint64_t kMostPerByte64 = 29128;
 
-enum class Pace { kFast, kCareful };
+enum class Pace { kFast, kFastPortable, kCareful };
 
 template <bool kDeflate64>
 class Inflater {
@@ -73,9 +73,17 @@ class Inflater {
 
   void ExpandCodes() {
     do {
-      if (pace_ == Pace::kFast && RunFast<kDeflate64>(reader_, *codes_, begin_, out_, end_) == BlockEnd::kReached)
-        return;
+      if (RunFarFromTheEnds() == BlockEnd::kReached) return;
     } while (ExpandSymbol());
+  }
+
+  BlockEnd RunFarFromTheEnds() {
+    switch (pace_) {
+      case Pace::kFast: return RunFast<kDeflate64>(reader_, *codes_, begin_, out_, end_);
+      case Pace::kFastPortable: return RunFastPortably<kDeflate64>(reader_, *codes_, begin_, out_, end_);
+      case Pace::kCareful: break;
+    }
+    return BlockEnd::kNotYet;
   }
 
   // False at the end of the block.
@@ -137,6 +145,10 @@ Expansion ExpandAt(Pace pace, ByteView input, MutableByteView output, bool defla
 
 Expansion Expand(ByteView input, MutableByteView output, bool deflate64) {
   return ExpandAt(Pace::kFast, input, output, deflate64);
+}
+
+Expansion ExpandPortably(ByteView input, MutableByteView output, bool deflate64) {
+  return ExpandAt(Pace::kFastPortable, input, output, deflate64);
 }
 
 Expansion ExpandCarefully(ByteView input, MutableByteView output, bool deflate64) {

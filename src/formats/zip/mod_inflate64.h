@@ -36,7 +36,9 @@ struct Expansion {
 
 // The same between two buffers, without a message.
 [[nodiscard]] Expansion Expand(ByteView input, MutableByteView output, bool deflate64);
-// As if the input were always near its end, byte by byte: what the fast way has to agree with.
+// The fast way as processors without BMI2 go it, on any processor.
+[[nodiscard]] Expansion ExpandPortably(ByteView input, MutableByteView output, bool deflate64);
+// As if the input were always near its end, byte by byte: what the fast ways have to agree with.
 [[nodiscard]] Expansion ExpandCarefully(ByteView input, MutableByteView output, bool deflate64);
 
 // What a stream of that many bytes can expand to at most.
