@@ -221,7 +221,7 @@ constexpr int kDownloadFailed = static_cast<int>(0x800C0008);  // as the system'
 
 void WriteWhole(std::string_view path, ByteView bytes) {
   Win32FileSystem files;
-  const std::string part = std::string(path) + ".part";
+  const std::string part = UnusedFileBeside(path);
   try {
     files.WriteAll(part, bytes);
     files.Replace(part, path);
@@ -237,7 +237,9 @@ void WriteWhole(std::string_view path, ByteView bytes) {
 // changes only when all has arrived.
 int Win32Internet::DownloadToFile(std::string_view url, std::string_view path) {
   if (FindNoCase(url, "http://") == 0 || FindNoCase(url, "https://") == 0) {
-    const std::optional<HttpResponse> response = Send({"GET", std::string(url), {}, {}, {}});
+    // No cache on the way may answer: what is wanted is the newest version.
+    const std::vector<HttpHeader> newest{{"Cache-Control", "no-cache"}, {"Pragma", "no-cache"}};
+    const std::optional<HttpResponse> response = Send({"GET", std::string(url), newest, {}, {}});
     if (!response || response->status < 200 || response->status > 299) return kDownloadFailed;
     return Attempt([&] { WriteWhole(path, response->body); }) ? 0 : kDownloadFailed;
   }
