@@ -171,5 +171,12 @@ TEST_F(Win32ServicesTest, TheSystemCodePageHasNoBestFit) {
   EXPECT_EQ(page.Encode("地"), "?");
 }
 
+// A setting of Windows makes UTF-8 the page of the system.
+TEST_F(Win32ServicesTest, ASystemCodePageThatIsUtf8HoldsEveryCharacter) {
+  const SystemCodePage page(CP_UTF8);
+  EXPECT_EQ(page.Encode("é 地図 😀"), "é 地図 😀");
+  EXPECT_EQ(page.Decode("é 地図 😀"), "é 地図 😀");
+}
+
 }  // namespace
 }  // namespace kestrun

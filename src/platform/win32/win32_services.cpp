@@ -61,25 +61,30 @@ std::string SettingsKey(std::string_view application, std::string_view section) 
 
 }  // namespace
 
+// UTF-8 can be the system's page as well. It has every character, and the system refuses a stand-in for missing ones.
 std::string SystemCodePage::Encode(std::string_view utf8) const {
   const std::wstring wide = ToWide(utf8);
   if (wide.empty()) return {};
+  const bool is_utf8 = page_ == CP_UTF8;
+  const DWORD flags = is_utf8 ? 0 : WC_NO_BEST_FIT_CHARS;
+  const char* const missing = is_utf8 ? nullptr : "?";
   const int length = static_cast<int>(wide.size());
-  std::string bytes(static_cast<size_t>(WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), length, nullptr,
-                                                            0, "?", nullptr)),
-                    '\0');
-  WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), length, bytes.data(), static_cast<int>(bytes.size()),
-                      "?", nullptr);
+  std::string bytes(
+      static_cast<size_t>(WideCharToMultiByte(page_, flags, wide.data(), length, nullptr, 0, missing, nullptr)), '\0');
+  WideCharToMultiByte(page_, flags, wide.data(), length, bytes.data(), static_cast<int>(bytes.size()), missing,
+                      nullptr);
   return bytes;
 }
 
 std::string SystemCodePage::Decode(std::string_view bytes) const {
   if (bytes.empty()) return {};
   const int length = static_cast<int>(bytes.size());
-  std::wstring wide(static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)), L'\0');
-  MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, wide.data(), static_cast<int>(wide.size()));
+  std::wstring wide(static_cast<size_t>(MultiByteToWideChar(page_, 0, bytes.data(), length, nullptr, 0)), L'\0');
+  MultiByteToWideChar(page_, 0, bytes.data(), length, wide.data(), static_cast<int>(wide.size()));
   return FromWide(wide);
 }
+
+SystemCodePage::SystemCodePage() : SystemCodePage(GetACP()) {}
 
 std::string Win32Program::Folder() {
   const std::string path = ProgramPath();

@@ -6,11 +6,16 @@
 
 namespace kestrun {
 
-// The system's ANSI code page.
+// The system's ANSI code page, or the one of that number.
 class SystemCodePage final : public CodePage {
  public:
+  SystemCodePage();
+  explicit SystemCodePage(unsigned page) : page_(page) {}
   [[nodiscard]] std::string Encode(std::string_view utf8) const override;
   [[nodiscard]] std::string Decode(std::string_view bytes) const override;
+
+ private:
+  unsigned page_;
 };
 
 class Win32Program final : public Program {
