@@ -152,6 +152,17 @@ TEST_F(Win32ServicesTest, TheClipboardKeepsText) {
   EXPECT_EQ(clipboard.Text(), "first\r\nКарта");
 }
 
+TEST_F(Win32ServicesTest, AClipboardThatAnotherWindowKeepsOpenIsAnError) {
+  Win32Clipboard clipboard;
+  clipboard.SetText("before");
+  const HWND keeper = CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+  ASSERT_TRUE(OpenClipboard(keeper));
+  EXPECT_EQ(ErrorOf([&] { clipboard.SetText("after"); }), "521: Can't open Clipboard");
+  CloseClipboard();
+  DestroyWindow(keeper);
+  EXPECT_EQ(clipboard.Text(), "before");
+}
+
 TEST_F(Win32ServicesTest, TheClockFiresTimersAndPostedTasksInTheMessageLoop) {
   Win32Clock clock;
   int ticks = 0;

@@ -259,12 +259,28 @@ std::optional<HttpResponse> Win32Internet::Send(const HttpRequest& request) {
   return response;
 }
 
+namespace {
+
+// Another program that looks at the clipboard has it open for a moment.
+bool OpenTheClipboard() {
+  constexpr int kTries = 10;
+  constexpr DWORD kBetweenMs = 10;
+  for (int tries = 0; tries < kTries; ++tries) {
+    if (tries > 0) ::Sleep(kBetweenMs);
+    if (OpenClipboard(nullptr)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
 std::string Win32Clipboard::Text() {
   std::string text;
-  if (!OpenClipboard(nullptr)) return text;
+  if (!OpenTheClipboard()) return text;
   if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
     if (const auto* content = static_cast<const wchar_t*>(GlobalLock(data))) {
-      text = FromWide(content);
+      // Another program's text need not have its end.
+      text = FromWide({content, wcsnlen(content, GlobalSize(data) / sizeof(wchar_t))});
       GlobalUnlock(data);
     }
   }
@@ -280,12 +296,15 @@ void Win32Clipboard::SetText(std::string_view text) {
   std::copy_n(wide.c_str(), wide.size() + 1, static_cast<wchar_t*>(GlobalLock(block)));
   GlobalUnlock(block);
   bool stored = false;
-  if (OpenClipboard(nullptr)) {
+  if (OpenTheClipboard()) {
     EmptyClipboard();
     stored = SetClipboardData(CF_UNICODETEXT, block) != nullptr;
     CloseClipboard();
   }
-  if (!stored) GlobalFree(block);
+  if (stored) return;
+  GlobalFree(block);
+  constexpr int kClipboardNotOpen = 521;
+  Raise(kClipboardNotOpen, "Can't open Clipboard");
 }
 
 }  // namespace kestrun

@@ -72,6 +72,7 @@ class Win32Internet final : public Internet {
 class Win32Clipboard final : public Clipboard {
  public:
   [[nodiscard]] std::string Text() override;
+  // Error 521 when another program keeps the clipboard to itself.
   void SetText(std::string_view text) override;
 };
 
