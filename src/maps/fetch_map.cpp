@@ -22,22 +22,30 @@ std::string UnzipFolder() {
   return folder + "\\tempzip";
 }
 
+// No server is asked about a member that is called like a web address.
 void ListMaps(const Cls_Zip& zip, frmzip& window) {
+  constexpr bool kNoServer = true;
   for (int32_t member = 1; member <= zip.FileCount(); ++member) {
     const std::string name = zip.FileName(member);
-    if (GetExtension(name) == "bms" && !zip.IsDir(member)) window.AddMap(GetFileName(name), member);
+    if (GetExtension(name) == "bms" && !zip.IsDir(member)) window.AddMap(GetFileName(name, kNoServer), member);
   }
 }
 
-// The number of the member that the user wants, -1 for none.
+// How often a list of members was made: all are shown in the one window.
+int64_t lists_made = 0;
+
+// The number of the member that the user wants, kNoZipMember for none. An event may ask for another zip while this one
+// is being asked about: the window is that zip's then, and so is the choice.
 int32_t AskForMember(const Cls_Zip& zip) {
+  const int64_t this_list = ++lists_made;
   const Ref<frmzip> window(&Window<frmzip>());
+  window->LstZip.Clear();
   ListMaps(zip, *window);
   // The list is drawn before the window takes the input.
   RunPendingEvents();
   window->LstZip.Refresh();
   window->ShowModal();
-  return ChosenZipMember();
+  return this_list == lists_made ? ChosenZipMember() : kNoZipMember;
 }
 
 std::string UnzipChosenMap(const std::string& path) {
@@ -45,7 +53,7 @@ std::string UnzipChosenMap(const std::string& path) {
   static_cast<void>(zip->Get_Contents(path));
   Cls_Zip::Selection selection(static_cast<size_t>(zip->FileCount()) + 1);
   const int32_t member = AskForMember(*zip);
-  if (member < 0) return {};
+  if (member == kNoZipMember) return {};
   selection.at(static_cast<size_t>(member)) = true;
   const std::string folder = UnzipFolder();
   const std::string name = zip->FileName(member);

@@ -1,6 +1,7 @@
 #include "maps/file_tools.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "base/number.h"
@@ -53,19 +54,35 @@ void DeleteForced(const std::string& path) {
   files.Delete(path);
 }
 
+// A drive, the root of all folders and a shared folder of another machine are more than folders.
+bool IsRoot(std::string_view path) {
+  constexpr std::string_view kSeparators = "\\/";
+  path = path.substr(0, path.find_last_not_of(kSeparators) + 1);
+  if (path.empty() || path.ends_with(':')) return true;
+  const size_t server = path.find_first_not_of(kSeparators);
+  if (server != 2) return false;
+  const size_t share = path.find_first_of(kSeparators, server);
+  return share == std::string_view::npos || path.find_first_of(kSeparators, share + 1) == std::string_view::npos;
+}
+
+// Only a folder that the system calls full is listed. A link to a folder goes as an empty folder or as a file, and one
+// that cannot go is a failure: what it leads to is never listed here.
 void RemoveTree(const std::string& folder) {
   FileSystem& files = platform().files();
+  files.ClearReadOnly(folder);
+  try {
+    return files.RemoveFolder(folder);
+  } catch (const RuntimeError& failure) {
+    if (failure.number() != error::kPathFileAccess) return files.Delete(folder);
+  }
   for (const FolderEntry& entry : files.List(folder)) {
     const std::string path = folder + "\\" + entry.name;
-    if (!entry.is_folder) {
+    if (entry.is_folder) {
+      RemoveTree(path);
+    } else {
       DeleteForced(path);
-      continue;
     }
-    // A link to a folder goes as an empty folder or as a file, so that what it leads to is never listed here.
-    const bool gone = Attempt([&] { files.RemoveFolder(path); }) || Attempt([&] { files.Delete(path); });
-    if (!gone) RemoveTree(path);
   }
-  files.ClearReadOnly(folder);
   files.RemoveFolder(folder);
 }
 
@@ -79,8 +96,7 @@ int32_t FileChecksum(const std::string& Path) {
 
 bool DeleteFolder(const std::string& Path) {
   const std::string folder = WithoutLastBackslash(Path);
-  // A bare drive is more than a folder.
-  if (folder.empty() || folder.ends_with(':')) return false;
+  if (IsRoot(folder)) return false;
   return Attempt([&] {
            if (!platform().files().IsFolder(folder)) Raise(error::kPathNotFound);
            RemoveTree(folder);

@@ -14,8 +14,8 @@ namespace kestrun {
 // checksum from elsewhere. What the file layer raises reaches the caller.
 [[nodiscard]] int32_t FileChecksum(const std::string& Path);
 
-// Deletes a folder with all it holds. True when it was there and has gone, all of it. A link inside it goes; what it
-// leads to stays.
+// Deletes a folder with all it holds. True when it was there and has gone, all of it. A link inside it or in its place
+// goes; what it leads to stays. The root of a drive or of a share is never deleted.
 bool DeleteFolder(const std::string& Path);
 
 // The shell's icon for a file type, by its extension without a dot. Size: 0 large, 1 small. Null for an empty

@@ -11,9 +11,8 @@ namespace {
 
 const WindowRegistration registration(frmzip::kName, [] { return MakeRef<frmzip>(); });
 
-constexpr int32_t kNoChoice = -1;
 constexpr int kMapIcon = 0;  // of ImageList1
-int32_t chosen_member = kNoChoice;
+int32_t chosen_member = kNoZipMember;
 
 }  // namespace
 
@@ -31,7 +30,7 @@ frmzip::frmzip() : Form(kName) {
   LstZip.DbClick = [this] { Choose(); };
   Command1.Click = [this] { Choose(); };
   Command2.Click = [this] {
-    SetChosenZipMember(kNoChoice);
+    SetChosenZipMember(kNoZipMember);
     Unload();
   };
 }
@@ -39,7 +38,7 @@ frmzip::frmzip() : Form(kName) {
 void frmzip::AddMap(const std::string& name, int32_t member) { LstZip.AddItem(name, -1, kMapIcon, false, member); }
 
 void frmzip::Load() {
-  SetChosenZipMember(kNoChoice);
+  SetChosenZipMember(kNoZipMember);
   if (!StyleActive()) return;
   try {
     FormLoadStyle(*this);

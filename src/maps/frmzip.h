@@ -35,7 +35,8 @@ class frmzip final : public Form {
   void Choose();
 };
 
-// The number of the member that was chosen last, -1 for none; shared by all instances of the window.
+// The number of the member that was chosen last; shared by all instances of the window.
+inline constexpr int32_t kNoZipMember = -1;
 [[nodiscard]] int32_t ChosenZipMember();
 void SetChosenZipMember(int32_t member);
 

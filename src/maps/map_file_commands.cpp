@@ -28,7 +28,16 @@ bool NothingIsSelected(const FileListBox& maps, const char* request) {
   return true;
 }
 
-std::string InFolderOf(const FileListBox& maps, const std::string& name) { return maps.Path() + "\\" + name; }
+// The whole name of the selected map, taken before any question: the list may show another folder when that is
+// answered.
+struct SelectedMap {
+  explicit SelectedMap(const FileListBox& maps) : name(maps.FileName()), folder(maps.Path()) {}
+  [[nodiscard]] std::string Path() const { return Beside(name); }
+  [[nodiscard]] std::string Beside(const std::string& other_name) const { return folder + "\\" + other_name; }
+
+  std::string name;
+  std::string folder;
+};
 
 bool AskYesNo(const std::string& question, BoxIcon icon = BoxIcon::kNone) {
   return MsgBox(question, BoxButtons::kYesNo, icon) == BoxAnswer::kYes;
@@ -48,15 +57,15 @@ void TellThatNameIsTaken() {
 bool CopyMapTo(FileListBox& maps, CommonDialog& dlgcopyto) {
   return RunCommand([&] {
     if (NothingIsSelected(maps, "Select a map")) return kListIsFine;
-    const std::string map = InFolderOf(maps, maps.FileName());
+    const SelectedMap map(maps);
     dlgcopyto.DialogTitle = "Select folder and filename to copy map to";
     dlgcopyto.Filter = "BMS files (*.bms)|*.bms|All files (*.*)|*.*|";
-    dlgcopyto.FileName = maps.FileName();
+    dlgcopyto.FileName = map.name;
     dlgcopyto.CancelError = false;
     if (!dlgcopyto.ShowSave()) return kListIsFine;
     const std::string target = dlgcopyto.FileName;
     if (FileExists(target) && !AskYesNo("This file already exists do you want to overwrite it?")) return kListIsFine;
-    platform().files().Copy(map, target);
+    platform().files().Copy(map.Path(), target);
     maps.Reload();
     return kListIsFine;
   });
@@ -65,21 +74,21 @@ bool CopyMapTo(FileListBox& maps, CommonDialog& dlgcopyto) {
 bool RenameMap(FileListBox& maps) {
   return RunCommand([&] {
     if (NothingIsSelected(maps, "Select map!")) return kListIsFine;
-    const std::string old_path = InFolderOf(maps, maps.FileName());
+    const SelectedMap map(maps);
     const std::string answer =
         platform()
             .dialogs()
-            .AskText("Enter a new name for the map. Don't forget the .bms / .zip !", "", maps.FileName())
+            .AskText("Enter a new name for the map. Don't forget the .bms / .zip !", "", map.name)
             .value_or(std::string());
-    const std::string new_path = InFolderOf(maps, answer);
+    const std::string new_path = map.Beside(answer);
     // Without a name the path is that of the folder: no map stands in the way, and the copy fails.
     if (!answer.empty() && FileExists(new_path)) {
       TellThatNameIsTaken();
       return kListIsFine;
     }
-    if (EqualsNoCase(old_path, new_path)) return kListIsFine;
-    platform().files().Copy(old_path, new_path);
-    platform().files().Delete(old_path);
+    if (EqualsNoCase(map.Path(), new_path)) return kListIsFine;
+    platform().files().Copy(map.Path(), new_path);
+    platform().files().Delete(map.Path());
     maps.Reload();
     return kListIsFine;
   });
@@ -88,9 +97,9 @@ bool RenameMap(FileListBox& maps) {
 bool DeleteMap(FileListBox& maps) {
   return RunCommand([&] {
     if (NothingIsSelected(maps, "Select map!")) return kListIsFine;
-    const std::string name = maps.FileName();
-    if (!AskYesNo("Are you sure you want to delete " + name + "?", BoxIcon::kWarning)) return kListIsFine;
-    platform().files().Delete(InFolderOf(maps, name));
+    const SelectedMap map(maps);
+    if (!AskYesNo("Are you sure you want to delete " + map.name + "?", BoxIcon::kWarning)) return kListIsFine;
+    platform().files().Delete(map.Path());
     return kRebuildList;
   });
 }

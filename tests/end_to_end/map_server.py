@@ -44,6 +44,16 @@ class Handler(http.server.BaseHTTPRequestHandler):
             body = (folder / "Oasis.bms").read_bytes()
             self.send_head(200, len(body))
             self.wfile.write(body[:len(body) // 2])
+        elif path == "endless.bms":
+            self.send_response(200)
+            self.end_headers()
+            try:
+                while True:
+                    self.wfile.write(bytes(1 << 20))
+            except OSError:
+                pass  # the client has had enough
+        elif path == "circle.bms":
+            self.send_head(302, 0, [("Location", "/circle.bms")])
         elif (folder / path).is_file():
             self.send_file(path)
         else:

@@ -96,6 +96,21 @@ TEST_F(FetchMapTest, ANameOfTheServerThatEndsInZipMakesAScriptAZip) {
   EXPECT_EQ(ReadFile(TempPath("tempzip\\Desert.bms")), "BMS desert");
 }
 
+TEST_F(FetchMapTest, AQuotedNameOfTheServerEndsInItsQuoteAndTellsNoKind) {
+  SetUrlFileNameSource([](const std::string&) { return "\"Desert.zip\""; });
+  desktop.internet().Reply(kScriptUrl, "PK");
+  EXPECT_EQ(FetchMap(kScriptUrl), TempPath("tempmap.bms"));
+}
+
+// The server's name tells the kind of the file and nothing else: it never becomes a path.
+TEST_F(FetchMapTest, ANameOfTheServerThatLeadsElsewhereChangesNoPlace) {
+  SetUrlFileNameSource([](const std::string&) { return "..\\..\\game\\D08M03.bms"; });
+  desktop.internet().Reply(kScriptUrl, "BMS hostile");
+  EXPECT_EQ(FetchMap(kScriptUrl), TempPath("tempmap.bms"));
+  EXPECT_EQ(ReadFile(TempPath("tempmap.bms")), "BMS hostile");
+  EXPECT_FALSE(FileIsThere(GamePath("D08M03.bms")));
+}
+
 TEST_F(FetchMapTest, AFetchedZipThatIsNotOpenedStaysUnderTheTemporaryName) {
   desktop.internet().Reply("http://maps.example/all.zip", BuildZip({}));
   AnswerZipQuestion(BoxAnswer::kNo);
@@ -155,6 +170,53 @@ TEST_F(FetchMapTest, OnlyMembersThatEndInSmallBmsAreOffered) {
     window.LstZip.DbClick();
   });
   EXPECT_EQ(GetFileFromZip(zip), TempPath("tempzip\\Desert.bms"));
+}
+
+TEST_F(FetchMapTest, NoServerIsAskedAboutAMemberThatIsCalledLikeAnAddress) {
+  SetUrlFileNameSource([](const std::string&) -> std::string {
+    ADD_FAILURE() << "a server was asked";
+    return "other.bms";
+  });
+  const std::string zip = ZipOf({{.name = "http://maps.example/Oasis.bms", .stored = "BMS hostile"}});
+  AnswerZipQuestion(BoxAnswer::kYes);
+  desktop.windowing().ExpectModal("frmzip", [](Form& form) {
+    auto& window = static_cast<frmzip&>(form);
+    EXPECT_EQ(window.LstZip.List(0), "Oasis.bms");
+    window.Command2.Press();
+  });
+  EXPECT_EQ(GetFileFromZip(zip), "");
+}
+
+// The message pass before the window is shown lets an event in that goes the same way with another zip.
+TEST_F(FetchMapTest, AChoiceOutOfAnotherZipIsNotTakenForOneOutOfThis) {
+  const std::string first = ZipOf({{.name = "Desert.bms", .stored = "BMS desert"}}, "first.zip");
+  const std::string second = ZipOf({{.name = "Oasis.bms", .stored = "BMS oasis"}}, "second.zip");
+  std::string inner = "not run";
+  AnswerZipQuestion(BoxAnswer::kYes);
+  PickRow(0);
+  desktop.clock().Post([&] { inner = GetFileFromZip(second); });
+  EXPECT_EQ(GetFileFromZip(first), "");
+  EXPECT_EQ(inner, TempPath("tempzip\\Oasis.bms"));
+  EXPECT_EQ(ReadFile(inner), "BMS oasis");
+  EXPECT_FALSE(FileIsThere(TempPath("tempzip\\Desert.bms")));
+}
+
+TEST_F(FetchMapTest, AnotherZipThatIsOpenedWhileTheListStandsTakesItOver) {
+  const std::string first =
+      ZipOf({{.name = "Desert.bms", .stored = "BMS desert"}, {.name = "Camp.bms", .stored = "BMS camp"}}, "first.zip");
+  const std::string second = ZipOf({{.name = "Oasis.bms", .stored = "BMS oasis"}}, "second.zip");
+  std::string inner = "not run";
+  AnswerZipQuestion(BoxAnswer::kYes);
+  AnswerZipQuestion(BoxAnswer::kYes);
+  desktop.windowing().ExpectModal("frmzip", [&](Form&) { inner = GetFileFromZip(second); });
+  desktop.windowing().ExpectModal("frmzip", [](Form& form) {
+    auto& window = static_cast<frmzip&>(form);
+    ASSERT_EQ(window.LstZip.ListCount(), 1);
+    window.LstZip.SetListIndex(0);
+    window.Command1.Press();
+  });
+  EXPECT_EQ(GetFileFromZip(first), "");
+  EXPECT_EQ(inner, TempPath("tempzip\\Oasis.bms"));
 }
 
 TEST_F(FetchMapTest, AZipWithoutMapsOpensAnEmptyListThatOnlyCancelLeaves) {

@@ -90,16 +90,56 @@ TEST_F(FileToolsTest, AFolderThatWasNotThereAndAFileAreNotDeleted) {
   EXPECT_TRUE(FileIsThere(Path("file")));
   EXPECT_FALSE(DeleteFolder(""));
   EXPECT_FALSE(DeleteFolder("\\"));
-  EXPECT_FALSE(DeleteFolder("c:\\"));
+}
+
+// A layer that would let everything go, and has a root and a share.
+class OpenToAllFiles final : public ForwardingFiles {
+ public:
+  using ForwardingFiles::ForwardingFiles;
+  bool IsFolder(std::string_view) override { return true; }
+  bool Exists(std::string_view) override { return true; }
+  std::vector<FolderEntry> List(std::string_view) override { return {{"Oasis.bms", false, 3}}; }
+  void Delete(std::string_view path) override { deleted.emplace_back(path); }
+  void RemoveFolder(std::string_view path) override {
+    deleted.emplace_back(path);
+    Raise(error::kPathFileAccess);
+  }
+
+  std::vector<std::string> deleted;
+};
+
+TEST_F(FileToolsTest, ARootOfADriveOrAShareIsNeverDeleted) {
+  OpenToAllFiles files(native_files);
+  desktop.UseFiles(files);
+  for (const char* root : {"", "\\", "/", "//", "\\\\", "c:", "c:\\", "c:/", "c:\\\\", "\\\\server\\maps",
+                           "\\\\server\\maps\\", "//server/maps", "\\\\server"}) {
+    EXPECT_FALSE(DeleteFolder(root)) << root;
+  }
+  EXPECT_TRUE(files.deleted.empty());
+  EXPECT_FALSE(DeleteFolder("\\\\server\\maps\\old"));
+  EXPECT_FALSE(files.deleted.empty());
+  desktop.UseFiles(native_files);
 }
 
 TEST_F(FileToolsTest, AFolderThatStaysIsNotReportedAsDeleted) {
   MakeTree("tree");
-  // The calls before: the empty folder, the inner one while it is full, and again when it is not.
-  FailingFiles failing(native_files, 3, error::kPermissionDenied);
+  // The calls before: the tree while it is full, the empty folder, the inner one while it is full, and again when it is
+  // not.
+  FailingFiles failing(native_files, 4, error::kPermissionDenied);
   desktop.UseFiles(failing);
   EXPECT_FALSE(DeleteFolder(Path("tree")));
   desktop.UseFiles(native_files);
+}
+
+// A link or a folder that the system does not let go is not one that is full.
+TEST_F(FileToolsTest, AFolderThatIsHeldKeepsWhatItHolds) {
+  MakeTree("tree");
+  FailingFiles failing(native_files, 0, error::kPermissionDenied);
+  desktop.UseFiles(failing);
+  EXPECT_FALSE(DeleteFolder(Path("tree")));
+  desktop.UseFiles(native_files);
+  EXPECT_TRUE(FileIsThere(Path("tree\\a.bms")));
+  EXPECT_TRUE(FileIsThere(Path("tree\\inner\\b.bms")));
 }
 
 #ifdef _WIN32
@@ -115,6 +155,14 @@ TEST_F(FileToolsTest, ALinkInTheFolderGoesAndWhatItLeadsToStays) {
   MakeTree("kept");
   std::filesystem::create_directory_symlink(Folder() + "/kept", Folder() + "/tree/link");
   EXPECT_TRUE(DeleteFolder(Path("tree")));
+  EXPECT_TRUE(FileIsThere(Path("kept\\inner\\b.bms")));
+}
+
+TEST_F(FileToolsTest, ALinkInThePlaceOfTheFolderGoesAndWhatItLeadsToStays) {
+  MakeTree("kept");
+  std::filesystem::create_directory_symlink(Folder() + "/kept", Folder() + "/link");
+  EXPECT_TRUE(DeleteFolder(Path("link")));
+  EXPECT_FALSE(std::filesystem::is_symlink(Folder() + "/link"));
   EXPECT_TRUE(FileIsThere(Path("kept\\inner\\b.bms")));
 }
 #endif

@@ -237,6 +237,26 @@ TEST_F(MapFileCommandsTest, NoKeepsTheMap) {
   EXPECT_EQ(ReadFile(MapPath("Oasis.bms")), "BMS oasis");
 }
 
+// What runs while a question stands, an add-in or a script, may show another folder.
+TEST_F(MapFileCommandsTest, TheMapThatWasAskedAboutIsMeantThoughTheListShowsAnotherFolder) {
+  WriteFile(GamePath("Oasis.bms"), "BMS of the game");
+  desktop.dialogs().ExpectBox("Are you sure you want to delete Oasis.bms?", BoxAnswer::kYes).WhileShown([this] {
+    FileMaps.SetPath(Path("game"));
+  });
+  EXPECT_TRUE(DeleteMap(FileMaps));
+  EXPECT_EQ(ReadFile(GamePath("Oasis.bms")), "BMS of the game");
+  EXPECT_FALSE(FileIsThere(MapPath("Oasis.bms")));
+}
+
+TEST_F(MapFileCommandsTest, ANewNameIsInTheMapsOwnFolderThoughTheListShowsAnother) {
+  desktop.dialogs()
+      .ExpectInput("Enter a new name for the map. Don't forget the .bms / .zip !", "Zoo.bms")
+      .WhileShown([this] { FileMaps.SetPath(Path("game")); });
+  EXPECT_FALSE(RenameMap(FileMaps));
+  EXPECT_EQ(ReadFile(MapPath("Zoo.bms")), "BMS oasis");
+  EXPECT_FALSE(FileIsThere(GamePath("Zoo.bms")));
+}
+
 TEST_F(MapFileCommandsTest, DeletingTheLastMapLeavesAnEmptyList) {
   native_files.Delete(MapPath("Desert.bms"));
   native_files.Delete(MapPath("Pack.zip"));

@@ -27,10 +27,25 @@ TEST_F(DownloadTest, ThePageOfAnErrorIsNoFile) {
 }
 
 TEST_F(DownloadTest, AHalfIsNoFile) {
+  const size_t files_before = native_files.List(Path("")).size();
   server.Answer("/cut.bms", "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nBMS");
   EXPECT_NE(Download("/cut.bms"), 0);
   EXPECT_EQ(ReadFile(target), "an older map");
-  EXPECT_FALSE(FileIsThere(target + ".part"));
+  EXPECT_EQ(native_files.List(Path("")).size(), files_before);
+}
+
+TEST_F(DownloadTest, NoOtherFileOfTheFolderIsWrittenOver) {
+  WriteFile(target + ".part", "the user's");
+  server.AnswerPage("/Oasis.bms", "", "BMS");
+  EXPECT_EQ(Download("/Oasis.bms"), 0);
+  EXPECT_EQ(ReadFile(target + ".part"), "the user's");
+}
+
+TEST_F(DownloadTest, NoCacheOnTheWayIsToAnswer) {
+  server.AnswerPage("/Oasis.bms", "", "BMS");
+  EXPECT_EQ(Download("/Oasis.bms"), 0);
+  EXPECT_EQ(LastServed().Header("Cache-Control"), "no-cache");
+  EXPECT_EQ(LastServed().Header("Pragma"), "no-cache");
 }
 
 TEST_F(DownloadTest, ATargetThatCannotBeWrittenFails) {

@@ -123,6 +123,20 @@ TEST_F(HttpFailureTest, AnAnswerWithoutEndIsLeftAtTheLimit) {
   EXPECT_LT(written, kMostResponseBytes + kOnTheWay);
 }
 
+TEST_F(HttpFailureTest, ChunksWithoutEndAreLeftAtTheLimit) {
+  std::atomic<size_t> written = 0;
+  server.Handle("/", [&](ServedConnection& connection) {
+    const std::string chunk = "100000\r\n" + std::string(0x100000, 'x') + "\r\n";
+    constexpr size_t kGigabyte = size_t{1} << 30;
+    connection.Write(std::string(kHead) + "Transfer-Encoding: chunked\r\n\r\n");
+    while (connection.written() < kGigabyte && connection.Write(chunk)) written = connection.written();
+  });
+  EXPECT_EQ(Get("/"), "");
+  constexpr size_t kOnTheWay = size_t{16} << 20;
+  EXPECT_GT(written, kMostResponseBytes - kOnTheWay);
+  EXPECT_LT(written, kMostResponseBytes + kOnTheWay);
+}
+
 TEST_F(HttpFailureTest, ALengthPastTheLimitGivesNothing) {
   server.Answer("/", std::string(kHead) + "Content-Length: 999999999999999999\r\n\r\nx");
   EXPECT_EQ(Get("/"), "");

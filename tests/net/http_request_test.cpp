@@ -37,6 +37,12 @@ TEST_F(HttpRequestTest, WhatStandsBehindTheNumberSignStaysHere) {
   EXPECT_EQ(Get("/page#part"), "page");
 }
 
+TEST_F(HttpRequestTest, BlanksAndLettersOfAnyScriptAreEscapedInTheUrl) {
+  server.AnswerPage("/Desert%20Storm%20%D0%9A.bms", "", "BMS");
+  EXPECT_EQ(Get("/Desert Storm К.bms"), "BMS");
+  EXPECT_EQ(Get("/Desert%20Storm%20%D0%9A.bms"), "BMS");
+}
+
 TEST_F(HttpRequestTest, ParametersArriveByteForByte) {
   server.AnswerPage("/upload.php", "", "[UPLOAD SUCCESS]");
   http.AddParameter("name", "é", false, "text/plain");

@@ -59,7 +59,29 @@ TEST_F(Win32ServicesTest, ACopyReplacesItsTargetAndAFailedOneLeavesIt) {
   EXPECT_EQ(Read(Path("to")), "new");
   EXPECT_EQ(ErrorNumberOf([&] { files.Copy(Path("none"), Path("to")); }), error::kFileNotFound);
   EXPECT_EQ(Read(Path("to")), "new");
-  EXPECT_FALSE(files.Exists(Path("to.new")));
+  EXPECT_EQ(files.List(Path("")).size(), 2U);
+}
+
+// A file on its way to its name takes no name that is in use, and one that is not too long.
+TEST_F(Win32ServicesTest, ACopyWritesOverNoOtherFileOfTheFolder) {
+  const std::string long_name = std::string(251, 'x') + ".bms";
+  Write(Path("from"), "new");
+  for (const char* mine : {"to.new", "~kestrun1.tmp", "~kestrun2.tmp"}) Write(Path(mine), "the user's");
+  files.Copy(Path("from"), Path("to"));
+  files.Copy(Path("from"), Path(long_name));
+  EXPECT_EQ(Read(Path("to")), "new");
+  EXPECT_EQ(Read(Path(long_name)), "new");
+  for (const char* mine : {"to.new", "~kestrun1.tmp", "~kestrun2.tmp"})
+    EXPECT_EQ(Read(Path(mine)), "the user's") << mine;
+  EXPECT_EQ(files.List(Path("")).size(), 6U);
+  files.Delete(Path(long_name));
+}
+
+TEST_F(Win32ServicesTest, ACopyWithinACapitalIsTheSameFileAndStays) {
+  Write(Path("Oasis.bms"), "BMS");
+  Attempt([&] { files.Copy(Path("Oasis.bms"), Path("OASIS.BMS")); });
+  EXPECT_EQ(Read(Path("oasis.bms")), "BMS");
+  EXPECT_EQ(files.List(Path("")).size(), 1U);
 }
 
 TEST_F(Win32ServicesTest, AFolderOfThreeHundredCharactersWorks) {
@@ -130,6 +152,17 @@ TEST_F(Win32ServicesTest, TheClipboardKeepsText) {
   EXPECT_EQ(clipboard.Text(), "first\r\nКарта");
 }
 
+TEST_F(Win32ServicesTest, AClipboardThatAnotherWindowKeepsOpenIsAnError) {
+  Win32Clipboard clipboard;
+  clipboard.SetText("before");
+  const HWND keeper = CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+  ASSERT_TRUE(OpenClipboard(keeper));
+  EXPECT_EQ(ErrorOf([&] { clipboard.SetText("after"); }), "521: Can't open Clipboard");
+  CloseClipboard();
+  DestroyWindow(keeper);
+  EXPECT_EQ(clipboard.Text(), "before");
+}
+
 TEST_F(Win32ServicesTest, TheClockFiresTimersAndPostedTasksInTheMessageLoop) {
   Win32Clock clock;
   int ticks = 0;
@@ -147,6 +180,13 @@ TEST_F(Win32ServicesTest, TheSystemCodePageHasNoBestFit) {
   const SystemCodePage page;
   EXPECT_EQ(page.Decode(page.Encode("plain text")), "plain text");
   EXPECT_EQ(page.Encode("地"), "?");
+}
+
+// A setting of Windows makes UTF-8 the page of the system.
+TEST_F(Win32ServicesTest, ASystemCodePageThatIsUtf8HoldsEveryCharacter) {
+  const SystemCodePage page(CP_UTF8);
+  EXPECT_EQ(page.Encode("é 地図 😀"), "é 地図 😀");
+  EXPECT_EQ(page.Decode("é 地図 😀"), "é 地図 😀");
 }
 
 }  // namespace

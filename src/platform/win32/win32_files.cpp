@@ -104,6 +104,16 @@ DWORD AttributesOf(std::string_view path) { return GetFileAttributesW(ToWidePath
   RaiseWindowsError(failure);
 }
 
+// A short name that no file has, in the folder of the file that it is to become: a file of the user's is not written
+// over on the way, and a name as long as can be has one too.
+std::wstring UnusedSibling(const std::wstring& target) {
+  const std::wstring folder = target.substr(0, target.find_last_of(L"\\:") + 1);
+  for (unsigned number = 1;; ++number) {
+    std::wstring path = folder + L"~kestrun" + std::to_wstring(number) + L".tmp";
+    if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) return path;
+  }
+}
+
 FileHandle OpenForTimes(std::string_view path) {
   FileHandle handle(CreateFileW(ToWidePath(path).c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                 nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -121,6 +131,8 @@ FILETIME LocalToFileTime(uint64_t units) {
 }
 
 }  // namespace
+
+std::string UnusedFileBeside(std::string_view path) { return FromWide(UnusedSibling(ToWidePath(path))); }
 
 void RaiseWindowsError(unsigned long windows_error) {
   const auto* row = std::find_if(kErrorRows.begin(), kErrorRows.end(),
@@ -156,10 +168,10 @@ void Win32FileSystem::Copy(std::string_view from, std::string_view to) {
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     Raise(error::kPermissionDenied);
   }
-  const std::wstring temporary = target + L".new";
-  if (!CopyFileW(source.c_str(), temporary.c_str(), FALSE)) {
+  const std::wstring temporary = UnusedSibling(target);
+  if (!CopyFileW(source.c_str(), temporary.c_str(), TRUE)) {
     const DWORD failure = GetLastError();
-    DeleteFileW(temporary.c_str());
+    if (failure != ERROR_FILE_EXISTS) DeleteFileW(temporary.c_str());
     RaiseWindowsError(failure);
   }
   SetFileAttributesW(temporary.c_str(), FILE_ATTRIBUTE_NORMAL);

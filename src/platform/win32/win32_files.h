@@ -23,6 +23,9 @@ class Win32FileSystem final : public FileSystem {
   [[nodiscard]] std::string CurrentFolder() override;
 };
 
+// The path of a file that is not there, in the folder of the given one: for what is to take its place when it is whole.
+[[nodiscard]] std::string UnusedFileBeside(std::string_view path);
+
 // Raises the run-time error that a Windows error number stands for.
 [[noreturn]] void RaiseWindowsError(unsigned long windows_error);
 

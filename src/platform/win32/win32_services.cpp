@@ -61,25 +61,30 @@ std::string SettingsKey(std::string_view application, std::string_view section) 
 
 }  // namespace
 
+// UTF-8 can be the system's page as well. It has every character, and the system refuses a stand-in for missing ones.
 std::string SystemCodePage::Encode(std::string_view utf8) const {
   const std::wstring wide = ToWide(utf8);
   if (wide.empty()) return {};
+  const bool is_utf8 = page_ == CP_UTF8;
+  const DWORD flags = is_utf8 ? 0 : WC_NO_BEST_FIT_CHARS;
+  const char* const missing = is_utf8 ? nullptr : "?";
   const int length = static_cast<int>(wide.size());
-  std::string bytes(static_cast<size_t>(WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), length, nullptr,
-                                                            0, "?", nullptr)),
-                    '\0');
-  WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), length, bytes.data(), static_cast<int>(bytes.size()),
-                      "?", nullptr);
+  std::string bytes(
+      static_cast<size_t>(WideCharToMultiByte(page_, flags, wide.data(), length, nullptr, 0, missing, nullptr)), '\0');
+  WideCharToMultiByte(page_, flags, wide.data(), length, bytes.data(), static_cast<int>(bytes.size()), missing,
+                      nullptr);
   return bytes;
 }
 
 std::string SystemCodePage::Decode(std::string_view bytes) const {
   if (bytes.empty()) return {};
   const int length = static_cast<int>(bytes.size());
-  std::wstring wide(static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)), L'\0');
-  MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, wide.data(), static_cast<int>(wide.size()));
+  std::wstring wide(static_cast<size_t>(MultiByteToWideChar(page_, 0, bytes.data(), length, nullptr, 0)), L'\0');
+  MultiByteToWideChar(page_, 0, bytes.data(), length, wide.data(), static_cast<int>(wide.size()));
   return FromWide(wide);
 }
+
+SystemCodePage::SystemCodePage() : SystemCodePage(GetACP()) {}
 
 std::string Win32Program::Folder() {
   const std::string path = ProgramPath();
@@ -221,7 +226,7 @@ constexpr int kDownloadFailed = static_cast<int>(0x800C0008);  // as the system'
 
 void WriteWhole(std::string_view path, ByteView bytes) {
   Win32FileSystem files;
-  const std::string part = std::string(path) + ".part";
+  const std::string part = UnusedFileBeside(path);
   try {
     files.WriteAll(part, bytes);
     files.Replace(part, path);
@@ -237,7 +242,9 @@ void WriteWhole(std::string_view path, ByteView bytes) {
 // changes only when all has arrived.
 int Win32Internet::DownloadToFile(std::string_view url, std::string_view path) {
   if (FindNoCase(url, "http://") == 0 || FindNoCase(url, "https://") == 0) {
-    const std::optional<HttpResponse> response = Send({"GET", std::string(url), {}, {}, {}});
+    // No cache on the way may answer: what is wanted is the newest version.
+    const std::vector<HttpHeader> newest{{"Cache-Control", "no-cache"}, {"Pragma", "no-cache"}};
+    const std::optional<HttpResponse> response = Send({"GET", std::string(url), newest, {}, {}});
     if (!response || response->status < 200 || response->status > 299) return kDownloadFailed;
     return Attempt([&] { WriteWhole(path, response->body); }) ? 0 : kDownloadFailed;
   }
@@ -252,12 +259,28 @@ std::optional<HttpResponse> Win32Internet::Send(const HttpRequest& request) {
   return response;
 }
 
+namespace {
+
+// Another program that looks at the clipboard has it open for a moment.
+bool OpenTheClipboard() {
+  constexpr int kTries = 10;
+  constexpr DWORD kBetweenMs = 10;
+  for (int tries = 0; tries < kTries; ++tries) {
+    if (tries > 0) ::Sleep(kBetweenMs);
+    if (OpenClipboard(nullptr)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
 std::string Win32Clipboard::Text() {
   std::string text;
-  if (!OpenClipboard(nullptr)) return text;
+  if (!OpenTheClipboard()) return text;
   if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
     if (const auto* content = static_cast<const wchar_t*>(GlobalLock(data))) {
-      text = FromWide(content);
+      // Another program's text need not have its end.
+      text = FromWide({content, wcsnlen(content, GlobalSize(data) / sizeof(wchar_t))});
       GlobalUnlock(data);
     }
   }
@@ -273,12 +296,15 @@ void Win32Clipboard::SetText(std::string_view text) {
   std::copy_n(wide.c_str(), wide.size() + 1, static_cast<wchar_t*>(GlobalLock(block)));
   GlobalUnlock(block);
   bool stored = false;
-  if (OpenClipboard(nullptr)) {
+  if (OpenTheClipboard()) {
     EmptyClipboard();
     stored = SetClipboardData(CF_UNICODETEXT, block) != nullptr;
     CloseClipboard();
   }
-  if (!stored) GlobalFree(block);
+  if (stored) return;
+  GlobalFree(block);
+  constexpr int kClipboardNotOpen = 521;
+  Raise(kClipboardNotOpen, "Can't open Clipboard");
 }
 
 }  // namespace kestrun

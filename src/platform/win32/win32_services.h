@@ -6,11 +6,16 @@
 
 namespace kestrun {
 
-// The system's ANSI code page.
+// The system's ANSI code page, or the one of that number.
 class SystemCodePage final : public CodePage {
  public:
+  SystemCodePage();
+  explicit SystemCodePage(unsigned page) : page_(page) {}
   [[nodiscard]] std::string Encode(std::string_view utf8) const override;
   [[nodiscard]] std::string Decode(std::string_view bytes) const override;
+
+ private:
+  unsigned page_;
 };
 
 class Win32Program final : public Program {
@@ -67,6 +72,7 @@ class Win32Internet final : public Internet {
 class Win32Clipboard final : public Clipboard {
  public:
   [[nodiscard]] std::string Text() override;
+  // Error 521 when another program keeps the clipboard to itself.
   void SetText(std::string_view text) override;
 };
 
