@@ -164,6 +164,11 @@ void FormWindow::PlaceWindow(HWND owner) {
   SIZE outer = OuterSize(client, Style(), ExtendedStyle(), form_->HasMenu(), scale_);
   if (no_frame) outer = {scale_.Pixels(form_->Width), scale_.Pixels(form_->Height)};
   const RECT work = WorkArea(owner ? owner : window());
+  if (form_->BorderStyle == static_cast<int>(FormBorder::kSizable)) {
+    // The form sees to it that a window smaller than its layout still serves.
+    outer.cx = std::min(outer.cx, work.right - work.left);
+    outer.cy = std::min(outer.cy, work.bottom - work.top);
+  }
   RECT frame = work;
   const auto start = static_cast<StartPosition>(form_->StartUpPosition.get());
   if (start == StartPosition::kCenterOwner && owner) GetWindowRect(owner, &frame);
@@ -177,7 +182,8 @@ void FormWindow::PlaceWindow(HWND owner) {
 }
 
 void FormWindow::FocusFirst() {
-  if (ControlPeer* peer = form_->ActiveControl() ? PeerOf(*form_->ActiveControl()) : nullptr; peer && peer->window()) {
+  const Control* active = form_->ActiveControl();
+  if (ControlPeer* peer = active && active->IsUsable() ? PeerOf(*active) : nullptr; peer && peer->window()) {
     SetFocus(peer->window());
     return;
   }
@@ -348,7 +354,7 @@ void FormWindow::AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items) {
     const std::vector<MenuItem*> children = item->Items();
     const UINT state = (item->Enabled ? MF_ENABLED : MF_GRAYED) | (item->Checked ? MF_CHECKED : MF_UNCHECKED);
     const UINT_PTR command = kFirstMenuCommand + menu_commands_.size();
-    menu_commands_.push_back(item);
+    menu_commands_.emplace_back(item);
     if (children.empty()) {
       AppendMenuW(menu, MF_STRING | state, command, text.c_str());
     } else {
@@ -380,18 +386,28 @@ void FormWindow::MenuChanged() {
 bool FormWindow::ChooseMenuCommand(int command) {
   const int at = command - kFirstMenuCommand;
   if (at < 0 || at >= static_cast<int>(menu_commands_.size())) return false;
-  return menu_commands_[static_cast<size_t>(at)]->Choose();
+  return Ref<MenuItem>(menu_commands_[static_cast<size_t>(at)])->Choose();
+}
+
+// A key's menu opens at the control that has the focus, the mouse's at the mouse.
+POINT FormWindow::MenuPlace() const {
+  const bool by_key = GetKeyState(VK_APPS) < 0 || GetKeyState(VK_F10) < 0;
+  if (const ControlPeer* peer = by_key ? PeerOf(GetFocus()) : nullptr) return peer->MenuPlace();
+  POINT place{};
+  GetCursorPos(&place);
+  return place;
 }
 
 void FormWindow::PopUpMenu(MenuItem& item) {
   BuildMenu();
   const MenuHandle popup(CreatePopupMenu());
   AddMenuItems(popup.get(), item.Items());
-  POINT place{};
-  GetCursorPos(&place);
+  const std::vector<Ref<MenuItem>> commands = menu_commands_;  // the menu may be built anew while this one is open
+  const POINT place = MenuPlace();
   const int command =
       TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0, window(), nullptr);
-  if (command != 0) static_cast<void>(ChooseMenuCommand(command));
+  const auto at = static_cast<size_t>(command - kFirstMenuCommand);
+  if (command >= kFirstMenuCommand && at < commands.size()) static_cast<void>(commands[at]->Choose());
   if (is_open()) BuildMenu();
 }
 

@@ -32,6 +32,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   void ListChanged(Control& control);
   void Repaint(Control& control);
   void FocusControl(Control& control);
+  // Gives the focus to the control that had it last, or to the first stop when that one cannot have it any more.
+  void FocusFirst();
   void PopUpMenu(MenuItem& item);
 
   [[nodiscard]] HWND window() const { return window_.get(); }
@@ -76,9 +78,9 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   void MakeControls();
   void PlaceWindow(HWND owner);
   void FitToModel();
-  void FocusFirst();
   void BuildMenu();
   void AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items);
+  [[nodiscard]] POINT MenuPlace() const;
   void SetIcons();
   void Rescale(ScreenScale scale);
   void Paint(HWND window, Control& container);
@@ -96,7 +98,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   WindowHandle window_;
   HWND tool_tips_ = nullptr;  // owned by window_
   MenuHandle menu_;
-  std::vector<MenuItem*> menu_commands_;  // by command number, from kFirstMenuCommand
+  std::vector<Ref<MenuItem>> menu_commands_;  // by command number, from kFirstMenuCommand
   std::vector<BitmapHandle> menu_bitmaps_;
   bool menu_stale_ = false;
   std::map<std::string, FontHandle> fonts_;
