@@ -282,6 +282,21 @@ TEST_F(PeerTest, ADisabledControlIsDisabledOnTheScreen) {
   EXPECT_FALSE(IsWindowVisible(HandleOf(form().cmdOK)));
 }
 
+// A later control stands in front of an earlier one from the start, not only after the next change. A strip over the
+// status line of the main window was never seen.
+TEST_F(PeerTest, ALaterControlStandsInFrontFromTheStart) {
+  CloseAllWindows();
+  Pump();
+  PictureBox& over = form().Add<PictureBox>("over");
+  over.Move(150, 900, 2400, 1200);  // where Frame1 is
+  form().Show();
+  const ScreenScale scale = window().scale();
+  const POINT place{scale.Pixels(300), scale.Pixels(1200)};
+  EXPECT_EQ(ChildWindowFromPoint(window().window(), place), HandleOf(over));
+  form().Frame1.ZOrder(0);
+  EXPECT_EQ(ChildWindowFromPoint(window().window(), place), HandleOf(form().Frame1));
+}
+
 TEST_F(PeerTest, TheFocusLeavesAControlThatCanNoLongerBeUsed) {
   SetFocus(HandleOf(form().cmdOK));
   form().cmdOK.Enabled = false;

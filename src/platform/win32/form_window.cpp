@@ -156,6 +156,12 @@ void FormWindow::MakeControls() {
       }
     }
   }
+  // The system puts each new window behind those that are there.
+  for (const Control* control : order) {
+    const ControlPeer* peer = PeerOf(*control);
+    if (peer && peer->window())
+      SetWindowPos(peer->window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
 }
 
 void FormWindow::PlaceWindow(HWND owner) {
@@ -242,11 +248,6 @@ void FormWindow::ControlsChanged() {
     platform().clock().Post([keep = shared_from_this(), dead = std::move(dead)] {});
   }
   MakeControls();
-  for (const Control* control : present) {
-    const ControlPeer* peer = PeerOf(*control);
-    if (peer && peer->window())
-      SetWindowPos(peer->window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-  }
   MenuChanged();
   InvalidateRect(window(), nullptr, FALSE);
 }
@@ -343,6 +344,8 @@ void FormWindow::BuildMenu() {
 }
 
 void FormWindow::AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items) {
+  const bool has_pictures =
+      std::any_of(items.begin(), items.end(), [](const MenuItem* item) { return item->Picture.get() != nullptr; });
   for (MenuItem* item : items) {
     if (!item->Visible) continue;
     if (item->Caption.get() == "-") {
@@ -350,6 +353,8 @@ void FormWindow::AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items) {
       continue;
     }
     std::wstring text = ToWide(item->Caption.get());
+    // Wine forgets the column of the others' pictures in the width of an item that has none.
+    if (IsWine() && has_pictures && !item->Picture.get()) text += L"      ";
     if (!item->Shortcut->empty()) text += L"\t" + ToWide(item->Shortcut.get());
     const std::vector<MenuItem*> children = item->Items();
     const UINT state = (item->Enabled ? MF_ENABLED : MF_GRAYED) | (item->Checked ? MF_CHECKED : MF_UNCHECKED);

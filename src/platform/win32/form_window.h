@@ -75,6 +75,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
 
   [[nodiscard]] DWORD Style() const;
   [[nodiscard]] DWORD ExtendedStyle() const;
+  // Makes what is not there yet, and stacks all as the form says.
   void MakeControls();
   void PlaceWindow(HWND owner);
   void FitToModel();
