@@ -1,6 +1,5 @@
 #include "platform/win32/control_peer.h"
 
-#include "platform/platform.h"
 #include "platform/win32/wide_text.h"
 
 namespace kestrun {
@@ -93,14 +92,8 @@ void WindowedPeer::Update(PropertyId property) {
                    SWP_NOZORDER | SWP_NOACTIVATE);
       break;
     }
-    case PropertyId::kVisible:
-      LeaveUnusable();
-      ShowWindow(window(), control().Visible ? SW_SHOWNA : SW_HIDE);
-      break;
-    case PropertyId::kEnabled:
-      LeaveUnusable();
-      EnableWindow(window(), control().Enabled);
-      break;
+    case PropertyId::kVisible: ShowWindow(window(), control().Visible ? SW_SHOWNA : SW_HIDE); break;
+    case PropertyId::kEnabled: EnableWindow(window(), control().Enabled); break;
     case PropertyId::kFont:
       SendMessageW(window(), WM_SETFONT, reinterpret_cast<WPARAM>(form().FontFor(control().Font)), TRUE);
       break;
@@ -111,18 +104,12 @@ void WindowedPeer::Update(PropertyId property) {
   }
 }
 
-// Keys would go nowhere while the focus is on what can no longer be seen or used.
-void WindowedPeer::LeaveUnusable() {
-  const HWND focused = GetFocus();
-  if (control().IsUsable() || (focused != window() && !IsChild(window(), focused))) return;
-  // Handlers of the focus may close the form: they run when the present change is over. The system has taken the focus
-  // away altogether by then, or left it where it was.
-  platform().clock().Post([keep = form().weak_from_this()] {
-    const auto open = keep.lock();
-    if (!open || !open->is_open() || GetActiveWindow() != open->window()) return;
-    const ControlPeer* peer = open->PeerOf(GetFocus());
-    if (!peer || !peer->control().IsUsable()) open->FocusFirst();
-  });
+void WindowedPeer::Repaint() { InvalidateRect(window(), nullptr, TRUE); }
+
+HBRUSH WindowedPeer::PrepareColors(HDC target) {
+  SetTextColor(target, ToColorRef(control().ForeColor));
+  SetBkColor(target, ToColorRef(control().BackColor));
+  return form().BrushFor(control().BackColor);
 }
 
 POINT WindowedPeer::MenuPlace() const {
@@ -134,14 +121,6 @@ POINT WindowedPeer::MenuPlace() const {
 POINT WindowedPeer::OnScreen(POINT place) const {
   ClientToScreen(window(), &place);
   return place;
-}
-
-void WindowedPeer::Repaint() { InvalidateRect(window(), nullptr, TRUE); }
-
-HBRUSH WindowedPeer::PrepareColors(HDC target) {
-  SetTextColor(target, ToColorRef(control().ForeColor));
-  SetBkColor(target, ToColorRef(control().BackColor));
-  return form().BrushFor(control().BackColor);
 }
 
 void WindowedPeer::Dispatch(const std::function<void()>& action) {

@@ -101,7 +101,6 @@ class WindowedPeer : public ControlPeer {
  private:
   static LRESULT CALLBACK Watch(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id, DWORD_PTR data);
   void PassMouse(UINT message, WPARAM first, LPARAM second);
-  void LeaveUnusable();
 
   WindowHandle window_;
 };

@@ -189,6 +189,7 @@ void FormWindow::PlaceWindow(HWND owner) {
 
 void FormWindow::FocusFirst() {
   const Control* active = form_->ActiveControl();
+  // One that was hidden with its container would take the keys unseen.
   if (ControlPeer* peer = active && active->IsUsable() ? PeerOf(*active) : nullptr; peer && peer->window()) {
     SetFocus(peer->window());
     return;
@@ -202,6 +203,7 @@ void FormWindow::FocusFirst() {
 void FormWindow::Update(Control& control, PropertyId property) {
   if (&control != form_.get()) {
     if (ControlPeer* peer = PeerOf(control)) peer->Update(property);
+    if (property == PropertyId::kEnabled) ReplaceLostFocus();
     return;
   }
   switch (property) {
@@ -217,6 +219,16 @@ void FormWindow::Update(Control& control, PropertyId property) {
       break;
     default: InvalidateRect(window(), nullptr, FALSE);
   }
+}
+
+// The system takes the focus from a control that is disabled and gives it to none: keys would go nowhere.
+void FormWindow::ReplaceLostFocus() {
+  if (GetFocus() || GetActiveWindow() != window()) return;
+  // When the event at hand is over: the control may be enabled again by then.
+  platform().clock().Post([keep = weak_from_this()] {
+    const auto form = keep.lock();
+    if (form && form->is_open() && !GetFocus() && GetActiveWindow() == form->window()) form->FocusFirst();
+  });
 }
 
 void FormWindow::FitToModel() {

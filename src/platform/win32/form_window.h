@@ -32,8 +32,6 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   void ListChanged(Control& control);
   void Repaint(Control& control);
   void FocusControl(Control& control);
-  // Gives the focus to the control that had it last, or to the first stop when that one cannot have it any more.
-  void FocusFirst();
   void PopUpMenu(MenuItem& item);
 
   [[nodiscard]] HWND window() const { return window_.get(); }
@@ -79,6 +77,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   void MakeControls();
   void PlaceWindow(HWND owner);
   void FitToModel();
+  void FocusFirst();
+  void ReplaceLostFocus();
   void BuildMenu();
   void AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items);
   [[nodiscard]] POINT MenuPlace() const;
