@@ -12,8 +12,10 @@ namespace {
 
 FileListBox& Self(Object& object) { return static_cast<FileListBox&>(object); }
 
-// "C:\Maps\" becomes "C:\Maps"; "C:\" and "\" stay.
+// "C:\Maps\" becomes "C:\Maps"; "C:\" and "\" stay. "C:" is the drive's root here: to the system it is the folder where
+// the process last was on that drive, which no user can see.
 std::string WithoutTrailingSeparator(std::string_view folder) {
+  if (folder.size() == 2 && folder.back() == ':') return std::string(folder) + "\\";
   while (folder.size() > 1 && (folder.back() == '\\' || folder.back() == '/') && folder[folder.size() - 2] != ':') {
     folder.remove_suffix(1);
   }

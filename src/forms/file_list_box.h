@@ -16,7 +16,7 @@ class FileListBox final : public Control {
   Property<std::string> Pattern{*this, PropertyId::kPattern, "*.*"};
   Property<int> ListIndex{*this, PropertyId::kListIndex, -1};
 
-  // The folder without a trailing separator (a drive's root keeps its own). Assigning lists the new folder and fires
+  // The folder without a trailing separator (a drive's root has one). Assigning lists the new folder and fires
   // PathChange; error 76, with nothing changed, when the folder does not exist. Empty at first: the process's current
   // folder is listed on first use.
   [[nodiscard]] const std::string& Path() const;

@@ -1,5 +1,7 @@
 #include "maps/editor_files.h"
 
+#include "base/bytes.h"
+#include "base/runtime_error.h"
 #include "frame/path_text.h"
 #include "frame/show_error.h"
 #include "platform/platform.h"
@@ -19,6 +21,16 @@ constexpr EditorFile kEditorFiles[]{
     {107, "SUNSETS.DEF", "The editor needs the 'sunsets.def' file do you want to extract it now?"},
 };
 
+// A file that broke off would pass for the whole one at every later start.
+void WriteWhole(const std::string& path, const Bytes& content) {
+  try {
+    platform().files().WriteAll(path, content);
+  } catch (const std::exception&) {
+    Attempt([&] { platform().files().Delete(path); });
+    throw;
+  }
+}
+
 }  // namespace
 
 bool ExtractEditorFiles(const std::string& Folder) {
@@ -26,7 +38,7 @@ bool ExtractEditorFiles(const std::string& Folder) {
     for (const EditorFile& file : kEditorFiles) {
       const std::string path = Folder + "\\" + file.name;
       if (FileExists(path) || MsgBox(file.question, BoxButtons::kYesNo) != BoxAnswer::kYes) continue;
-      platform().files().WriteAll(path, platform().program().Resource("FILE", file.resource));
+      WriteWhole(path, platform().program().Resource("FILE", file.resource));
     }
     return true;
   } catch (const std::exception&) {

@@ -181,7 +181,7 @@ class frmain final : public Form {
   void Arrange();
   void PlacePreview();
   void PlaceStatusLine();
-  // How much larger the window is than it opens.
+  // How much larger the window is than it is laid out for; the height may be less, within limits.
   [[nodiscard]] int SpareWidth() const;
   [[nodiscard]] int SpareHeight() const;
 
@@ -197,6 +197,7 @@ class frmain final : public Form {
   // Maps.
   void ConnectMaps();
   void FolderTextChanged();
+  void TakeTypedFolder();
   void BrowseFolder();
   void RefreshList();
   void ShowRowsAnew(bool needed) {

@@ -15,9 +15,14 @@ constexpr int kSlideStep = 40;
 constexpr struct {
   const char* key;
   const char* caption;
+  const char* window = nullptr;  // the one that the link opens
 } kLinks[]{
-    {"pack1", "Play a new map"},    {"pack2", "Change map when hosting"}, {"autohost", "Auto change the maps"},
-    {"download", "Download a map"}, {"editor", "Make a new map"},         {"upload", "Upload maps to Velmoor"},
+    {"pack1", "Play a new map"},
+    {"pack2", "Change map when hosting"},
+    {"autohost", "Auto change the maps", "frmputlist"},
+    {"download", "Download a map", "frmopenmap"},
+    {"editor", "Make a new map"},
+    {"upload", "Upload maps to Velmoor", "FrmCenter"},
 };
 
 }  // namespace
@@ -113,7 +118,10 @@ void frmain::LoadQuickLinks() {
 
 void frmain::OpenQuickLinks() {
   if (QuickLinks.LinkCount() == 0) {
-    for (const auto& link : kLinks) QuickLinks.AddLink(link.key, link.caption);
+    for (const auto& link : kLinks) {
+      QuickLinks.AddLink(link.key, link.caption);
+      QuickLinks.LblLink(QuickLinks.LinkCount() - 1).Enabled = !link.window || IsWindowRegistered(link.window);
+    }
   }
   QuickLinks.Visible = true;
   TmrQuickLinks.Enabled = !QuickLinks.IsFullyOpen();

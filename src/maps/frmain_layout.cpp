@@ -23,6 +23,7 @@ constexpr int kListTop = 870;
 constexpr int kListHeight = 5085;
 constexpr int kPlainListMore = 100;   // the plain list is higher than the painted one
 constexpr int kPreviewHeight = 2640;  // that of the open panel of links as well
+constexpr int kPreviewGives = 1290;   // how much of it a low screen may take
 constexpr int kFrameTop = 3660;
 constexpr int kStatusHeight = 330;
 constexpr int kArrow = 360;
@@ -186,10 +187,11 @@ void frmain::LayOutStatusLine() {
 int frmain::SpareWidth() const { return std::max(ScaleWidth() - kClientWidth, 0); }
 
 int frmain::SpareHeight() const {
-  return std::max(ScaleHeight() - kClientHeight - (has_banner_place_ ? kBannerHeight : 0), 0);
+  return std::max(ScaleHeight() - kClientHeight - (has_banner_place_ ? kBannerHeight : 0), -kPreviewGives);
 }
 
-// A wider window gives its room to the list, a higher one to the list and the preview.
+// A wider window gives its room to the list, a higher one to the list and the preview. A lower one takes it from them,
+// so that a screen too low for the window cuts no button off.
 void frmain::Arrange() {
   const int right = SpareWidth();
   const int down = SpareHeight();

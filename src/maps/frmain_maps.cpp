@@ -25,6 +25,11 @@ constexpr int kMapIcon = 1;
 
 void frmain::ConnectMaps() {
   Text1.Change = [this] { RunCommand([this] { FolderTextChanged(); }); };
+  Text1.KeyDown = [this](int& key_code, int) {
+    if (key_code != key::kEnter) return;
+    key_code = 0;  // the key belongs to the folder: it puts no map in
+    RunCommand([this] { TakeTypedFolder(); });
+  };
   Timer1.Tick = [this] {
     Timer1.Enabled = false;
     ListBox.Refresh();
@@ -68,6 +73,13 @@ void frmain::FolderTextChanged() {
   Timer1.Enabled = true;
 }
 
+// Whoever has typed the whole path is told when there is no such folder.
+void frmain::TakeTypedFolder() {
+  FileMaps.SetPath(Text1.Text.get());
+  FillListBox();
+  ListBox.Refresh();
+}
+
 // A folder becomes the folder of the list; what else it is the load-map window knows to open.
 void frmain::TakeDropped(const std::vector<std::string>& paths) {
   if (paths.empty()) return;
@@ -107,6 +119,12 @@ void frmain::FillListBox() {
 // Both lists have the same names at the same places. After a map was copied or renamed the painted one is older: a row
 // that the other no longer has selects nothing.
 void frmain::MirrorSelection() {
+  // A click below the rows leaves a list without a selection as it is, and means the current row all the same: the row
+  // that commands will work on is to be seen.
+  if (ListBox.SelCount() == 0 && ListBox.ListIndex() >= 0) {
+    ListBox.SetListIndex(ListBox.ListIndex());  // comes here again
+    return;
+  }
   Attempt([this] { FileMaps.ListIndex = ListBox.ListIndex(); });
 }
 

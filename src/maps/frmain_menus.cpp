@@ -38,7 +38,7 @@ void frmain::BuildFileMenu() {
        {{mnu_putmapin, "Put &map in DFLW"},
         {mnu_imalreadyplaying, "I'm already &playing"},
         {mnu_line1, kLine},
-        {mnu_loadmap, "Load map fro&m"},
+        {mnu_loadmap, "Load map &from"},
         {mnu_line2, kLine},
         {mnu_showmapinfo, "Show map &info"},
         {mnu_largepreview, "&Large map preview"},
@@ -55,7 +55,7 @@ void frmain::BuildFileMenu() {
         {mnu_refreshmaplist, "&Refresh list"},
         {mnu_line5, kLine},
         {mnu_exit, "&Exit"}});
-  Fill(mnu_loadmap, "Load map fro&m", {{mnu_loadfromURL, "&URL"}, {mnu_loadmapfromhd, "&File on hard disk"}});
+  Fill(mnu_loadmap, "Load map &from", {{mnu_loadfromURL, "&URL"}, {mnu_loadmapfromhd, "&File on hard disk"}});
   Fill(mnu_rightclick, "Preview",
        {{mnu_largepreview2, "&Large preview"},
         {mnu_loadpreview, "L&oad preview"},

@@ -176,6 +176,15 @@ TEST_F(ControlsTest, FileListRefusesAFolderThatDoesNotExistAndKeepsItsOwn) {
   EXPECT_EQ(form->File1.Path(), Path("maps"));
 }
 
+// The folder dialogue gives a drive as "C:\", and the last character goes.
+TEST_F(ControlsTest, FileListTakesABareDriveForItsRoot) {
+#ifndef _WIN32
+  native_files.MapDrive('C', Folder());
+#endif
+  form->File1.SetPath("C:");
+  EXPECT_EQ(form->File1.Path(), "C:\\");
+}
+
 TEST_F(ControlsTest, FileListOfAVanishedFolderIsEmptyAfterAReload) {
   native_files.MakeFolder(Path("maps"));
   WriteFile(Path("maps\\a.bms"), "x");

@@ -1,6 +1,7 @@
 // Buttons and menu items: their words, what they do, and when they cannot be used.
 #include "maps/frmain_fixture.h"
 #include "maps/frmmapinfo.h"
+#include "support/failing_files.h"
 
 namespace kestrun {
 namespace {
@@ -25,7 +26,7 @@ std::string Captions(const MenuItem& menu) {
 TEST_F(MainWindowTest, TheMenusReadAsPlayersKnowThem) {
   Main().Show();
   EXPECT_EQ(Captions(Main().mnu_file),
-            "Put &map in DFLW|I'm already &playing|-|Load map fro&m|-|Show map &info|&Large map preview|&Load map "
+            "Put &map in DFLW|I'm already &playing|-|Load map &from|-|Show map &info|&Large map preview|&Load map "
             "preview|&Search map preview|-|C&opy map to ...|&Rename map|&Delete selected map|Copy map "
             "&name|-|&Change folder|&Open folder|&Refresh list|-|&Exit|");
   EXPECT_EQ(Captions(Main().mnu_loadmap), "&URL|&File on hard disk|");
@@ -39,6 +40,15 @@ TEST_F(MainWindowTest, TheMenusReadAsPlayersKnowThem) {
             "version lobby|");
   EXPECT_EQ(Captions(Main().mnu_help), "Index|&Online help document|-|&Tips|-|&About|");
   EXPECT_EQ(Describe(Main().TopMenus()).substr(0, 7), "&File[P");
+}
+
+TEST_F(MainWindowTest, LoadMapFromHasAnAccessKeyOfItsOwn) {
+  std::string keys;
+  for (const MenuItem* item : Main().mnu_file.Items()) {
+    const size_t at = item->Caption->find('&');
+    if (item != &Main().mnu_loadmap && at != std::string::npos) keys += ToLower(item->Caption->substr(at + 1, 1));
+  }
+  EXPECT_EQ(keys.find('f'), std::string::npos) << keys;
 }
 
 TEST_F(MainWindowTest, TheButtonsReadAsPlayersKnowThem) {
@@ -278,6 +288,18 @@ TEST_F(EditorFilesTest, AFolderThatCannotBeWrittenIsToldAndNoMoreIsAsked) {
   Expect("text.bin", BoxAnswer::kYes);
   desktop.dialogs().ExpectBox("Error: Extracting editor files76\r\nPath not found");
   EXPECT_FALSE(Main().ExtractEditorFiles(Path("nowhere")));
+}
+
+// What was left of it passed for the whole file at the next start of the editor.
+TEST_F(EditorFilesTest, AFileThatBreaksOffDoesNotStay) {
+  Main().Show();
+  FailingFiles full_disk(native_files, 1);
+  desktop.UseFiles(full_disk);
+  Expect("text.bin", BoxAnswer::kYes);
+  desktop.dialogs().ExpectBox("Error: Extracting editor files61\r\nDisk full");
+  EXPECT_FALSE(Main().ExtractEditorFiles(Path("game")));
+  desktop.UseFiles(native_files);
+  EXPECT_FALSE(FileIsThere(GamePath("TEXT.BIN")));
 }
 
 TEST_F(EditorFilesTest, ScriptsCallThePublicOperationsByName) {

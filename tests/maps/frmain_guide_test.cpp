@@ -136,6 +136,24 @@ TEST_F(QuickLinksTest, TheOtherLinksDoWhatTheySay) {
   ClickLink("Upload maps to Velmoor");
 }
 
+TEST_F(QuickLinksTest, ALinkToAWindowThatIsNotThereIsDisabledAndComesAliveWithIt) {
+  constexpr int kDownload = 3;
+  constexpr int kUpload = 5;
+  EXPECT_TRUE(Main().QuickLinks.LblLink(kDownload).Enabled);
+  if (!IsWindowRegistered("FrmCenter")) {
+    EXPECT_FALSE(Main().QuickLinks.LblLink(kUpload).Enabled);
+    CloseAllWindows();
+    const WindowRegistration registration("FrmCenter", [] { return MakeRef<Form>("FrmCenter"); });
+    Main().Show();
+    EXPECT_TRUE(Main().QuickLinks.LblLink(kUpload).Enabled);
+    ClickLink("Upload maps to Velmoor");
+    EXPECT_TRUE(LoadedWindow("FrmCenter"));
+    UnregisterWindow("FrmCenter");
+  } else {
+    EXPECT_TRUE(Main().QuickLinks.LblLink(kUpload).Enabled);
+  }
+}
+
 TEST_F(QuickLinksTest, TheMarkIsStoredAndKeepsThePanelClosedAtTheNextStart) {
   EXPECT_FALSE(Main().QuickLinks.ChStartup().Font->strikethrough);
   Main().QuickLinks.ChStartup().Click();

@@ -73,6 +73,28 @@ TEST_F(MainWindowTest, EveryKeystrokeInTheFolderBoxIsStored) {
   EXPECT_EQ(Rows(), "Desert.bms|Oasis.bms|");
 }
 
+TEST_F(MainWindowTest, EnterInTheFolderBoxReadsTheFolderAndPutsNoMapIn) {
+  MainOnMaps();
+  ClickRow(0);
+  WriteFile(MapPath("New.bms"), "BMS new");
+  int enter = 13;
+  Main().Text1.KeyDown(enter, 0);
+  EXPECT_EQ(enter, 0);  // it does not reach the default button
+  EXPECT_EQ(Rows(), "Desert.bms|New.bms|Oasis.bms|");
+  int letter = 65;
+  Main().Text1.KeyDown(letter, 0);
+  EXPECT_EQ(letter, 65);
+}
+
+TEST_F(MainWindowTest, EnterAfterAFolderThatDoesNotExistSaysSo) {
+  MainOnMaps();
+  Main().Text1.Text = Path("nowhere");
+  desktop.dialogs().ExpectBox("Error: 76\r\nPath not found");
+  int enter = 13;
+  Main().Text1.KeyDown(enter, 0);
+  EXPECT_EQ(Rows(), "Desert.bms|Oasis.bms|");
+}
+
 TEST_F(MainWindowTest, AFolderChangePaintsTheListOnceAfterHalfASecond) {
   Main().Show();
   Main().Text1.Text = Path("maps");
@@ -157,6 +179,17 @@ TEST_F(MainWindowTest, AClickOnARowSelectsTheSameMapInTheFileList) {
   EXPECT_EQ(Main().FileMaps.FileName(), "Oasis.bms");
   ClickRow(0);
   EXPECT_EQ(Main().FileMaps.FileName(), "Desert.bms");
+}
+
+// The click meant the first row, and no row looked selected.
+TEST_F(MainWindowTest, AClickBelowTheRowsShowsTheRowThatItMeans) {
+  MainOnMaps();
+  EXPECT_EQ(Main().ListBox.SelCount(), 0);
+  Main().ListBox.OnMouseDown(mouse::kLeft, 0, 30, 5 * 22);
+  Main().ListBox.OnMouseUp(mouse::kLeft, 0, 30, 5 * 22);
+  EXPECT_EQ(Main().FileMaps.FileName(), "Desert.bms");
+  ASSERT_EQ(Main().ListBox.SelCount(), 1);
+  EXPECT_EQ(Main().ListBox.SelItem(0), 0);
 }
 
 TEST_F(MainWindowTest, ADoubleClickOnARowPutsTheMapIn) {

@@ -238,7 +238,20 @@ TEST_F(MainWindowTest, ALargerWindowGivesItsRoomToTheListAndThePreview) {
   Main().Height = 3000;
   Main().Resize();
   EXPECT_EQ(Main().ListBox.Width.get(), width);
-  EXPECT_EQ(Main().Command5.Top.get(), button);
+  EXPECT_LT(Main().Command5.Top.get(), button);
+}
+
+TEST_F(MainWindowTest, AScreenTooLowForTheWindowCutsNoButtonOff) {
+  Main().Show();
+  const int list = Main().ListBox.Height;
+  const int preview = Main().ImgPreview.Height;
+  Main().Height = Main().Height - 1200;
+  Main().Resize();
+  EXPECT_EQ(Main().ListBox.Height.get(), list - 1200);
+  EXPECT_EQ(Main().ImgPreview.Height.get(), preview - 1200);
+  EXPECT_LT(Main().Command5.Top + Main().Command5.Height, Main().Picture2.Top.get());
+  EXPECT_LT(Main().Command6.Top + Main().Command6.Height, Main().Picture2.Top.get());
+  EXPECT_LE(Main().ImgPreview.Top + Main().ImgPreview.Height, Main().Frame1.Top.get());
 }
 
 TEST_F(MainWindowTest, EveryButtonOptionAndLabelLiesInsideTheWindow) {

@@ -190,6 +190,24 @@ TEST_F(ListBoxWindowTest, ARowThatIsTooLongShowsItselfOverTheWindowUntilTheWheel
   EXPECT_FALSE(IsWindowVisible(popup));
 }
 
+// Under the pop-up a row with a long name could not be clicked.
+TEST_F(ListBoxWindowTest, AClickOnTheRowUnderItsPopUpReachesTheRow) {
+  SetActiveWindow(FormWindow::OpenWindows().back()->window());
+  list().OnScroll(16);
+  Pump();
+  const LPARAM row = PlaceOf(20);
+  POINT place{LOWORD(row), HIWORD(row)};
+  ClientToScreen(Handle(), &place);
+  SetCursorPos(place.x, place.y);
+  ASSERT_TRUE(PumpUntil([] {
+    const HWND popup = FindWindowW(L"KestrunPopup", nullptr);
+    return popup && IsWindowVisible(popup);
+  }));
+  mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+  mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+  EXPECT_TRUE(PumpUntil([] { return list().ListIndex() == 20; }));
+}
+
 TEST_F(ListBoxWindowTest, TheFrameOfTheControlFollowsItsProperties) {
   EXPECT_TRUE((GetWindowLongPtrW(Handle(), GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0);
   list().BorderStyle = int16_t{0};

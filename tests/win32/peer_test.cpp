@@ -282,6 +282,115 @@ TEST_F(PeerTest, ADisabledControlIsDisabledOnTheScreen) {
   EXPECT_FALSE(IsWindowVisible(HandleOf(form().cmdOK)));
 }
 
+// A later control stands in front of an earlier one from the start, not only after the next change. A strip over the
+// status line of the main window was never seen.
+TEST_F(PeerTest, ALaterControlStandsInFrontFromTheStart) {
+  CloseAllWindows();
+  Pump();
+  PictureBox& over = form().Add<PictureBox>("over");
+  over.Move(150, 900, 2400, 1200);  // where Frame1 is
+  form().Show();
+  const ScreenScale scale = window().scale();
+  const POINT place{scale.Pixels(300), scale.Pixels(1200)};
+  EXPECT_EQ(ChildWindowFromPoint(window().window(), place), HandleOf(over));
+  form().Frame1.ZOrder(0);
+  EXPECT_EQ(ChildWindowFromPoint(window().window(), place), HandleOf(form().Frame1));
+}
+
+TEST_F(PeerTest, TheFocusLeavesAControlThatIsDisabled) {
+  SetFocus(HandleOf(form().cmdOK));
+  form().cmdOK.Enabled = false;
+  Pump();
+  EXPECT_EQ(GetFocus(), HandleOf(form().txtName));
+}
+
+// Keeps pop-up menus from waiting for a user: a timer runs in their message loop.
+class PopUpTest : public PeerTest {
+ protected:
+  void SetUp() override {
+    PeerTest::SetUp();
+    item.SetParent(menu);
+    item.Caption = "&Item";
+    menu.Visible = false;
+    Pump();
+    shown = {};
+  }
+  void TearDown() override {
+    SetKey(VK_APPS, 0);
+    PeerTest::TearDown();
+  }
+  static void SetKey(int key, BYTE state) {
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[key] = state;
+    SetKeyboardState(keys);
+  }
+  static void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD) {
+    const HWND popup = FindWindowW(L"#32768", nullptr);
+    if (!popup || !IsWindowVisible(popup)) return;
+    GetWindowRect(popup, &shown);
+    KillTimer(nullptr, timer);
+    EndMenu();
+  }
+
+  MenuItem& menu = form().Add<MenuItem>("mnu_popup");
+  MenuItem& item = form().Add<MenuItem>("mnu_item");
+  static inline RECT shown{};
+};
+
+TEST_F(PopUpTest, AMenuThatAKeyCallsUpOpensBelowTheCurrentRow) {
+  form().List1.ListIndex = 1;
+  form().List1.KeyDown = [this](int& code, int) {
+    if (code != VK_APPS) return;
+    code = 0;
+    form().PopupMenu(menu);
+  };
+  SetCursorPos(5, 5);
+  SetFocus(HandleOf(form().List1));
+  RECT row{};
+  SendMessageW(HandleOf(form().List1), LB_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&row));
+  POINT place{row.left, row.bottom};
+  ClientToScreen(HandleOf(form().List1), &place);
+  SetTimer(nullptr, 0, 20, &PopUpTest::Look);
+  SetKey(VK_APPS, 0x80);
+  PressKey(form().List1, VK_APPS);
+  EXPECT_NEAR(shown.left, place.x, 8);
+  EXPECT_NEAR(shown.top, place.y, 8);
+}
+
+TEST_F(PeerTest, AWindowLargerThanTheScreenIsMadeToFitIt) {
+  CloseAllWindows();
+  Pump();
+  form().SetClientSize(60000, 60000);
+  form().Show();
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  GetMonitorInfoW(MonitorFromWindow(window().window(), MONITOR_DEFAULTTOPRIMARY), &screen);
+  RECT outer{};
+  GetWindowRect(window().window(), &outer);
+  EXPECT_GE(outer.left, screen.rcWork.left);
+  EXPECT_GE(outer.top, screen.rcWork.top);
+  EXPECT_LE(outer.right, screen.rcWork.right);
+  EXPECT_LE(outer.bottom, screen.rcWork.bottom);
+  EXPECT_LT(form().Height, 60000);
+}
+
+TEST_F(PeerTest, AWindowWhosePlaceIsOffTheScreenComesBackOnIt) {
+  CloseAllWindows();
+  Pump();
+  form().StartUpPosition = static_cast<int>(StartPosition::kManual);
+  form().Left = 500000;
+  form().Top = -500000;
+  form().Show();
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  GetMonitorInfoW(MonitorFromWindow(window().window(), MONITOR_DEFAULTTOPRIMARY), &screen);
+  RECT outer{};
+  GetWindowRect(window().window(), &outer);
+  EXPECT_EQ(outer.right, screen.rcWork.right);
+  EXPECT_EQ(outer.top, screen.rcWork.top);
+}
+
 TEST_F(PeerTest, AModalFormDisablesTheOthersAndGivesTheFocusBack) {
   class Question final : public Form {
    public:

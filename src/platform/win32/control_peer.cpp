@@ -112,6 +112,17 @@ HBRUSH WindowedPeer::PrepareColors(HDC target) {
   return form().BrushFor(control().BackColor);
 }
 
+POINT WindowedPeer::MenuPlace() const {
+  RECT client{};
+  GetClientRect(window(), &client);
+  return OnScreen({client.left, client.bottom});
+}
+
+POINT WindowedPeer::OnScreen(POINT place) const {
+  ClientToScreen(window(), &place);
+  return place;
+}
+
 void WindowedPeer::Dispatch(const std::function<void()>& action) {
   const auto keep = form().shared_from_this();
   DispatchEvent(&form().form(), action);

@@ -65,6 +65,9 @@ class ControlPeer {
     static_cast<void>(child);
   }
 
+  // Where on the screen a menu opens that a key calls up.
+  [[nodiscard]] virtual POINT MenuPlace() const { return {}; }
+
   // The control's place in its container, in pixels.
   [[nodiscard]] RECT Area() const;
 
@@ -83,6 +86,8 @@ class WindowedPeer : public ControlPeer {
   void Update(PropertyId property) override;
   void Repaint() override;
   [[nodiscard]] HBRUSH PrepareColors(HDC target) override;
+  // Below the control; below the current row of a list.
+  [[nodiscard]] POINT MenuPlace() const override;
 
  protected:
   // Makes the window with the control's place, font and state, and watches its messages.
@@ -91,6 +96,7 @@ class WindowedPeer : public ControlPeer {
   virtual bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result);
   // Runs what the user set off, with the form kept alive.
   void Dispatch(const std::function<void()>& action);
+  [[nodiscard]] POINT OnScreen(POINT place) const;
 
  private:
   static LRESULT CALLBACK Watch(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id, DWORD_PTR data);

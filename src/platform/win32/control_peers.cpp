@@ -203,6 +203,13 @@ class ListPeer : public WindowedPeer {
     if (code == LBN_SELCHANGE) TakeChoice();
   }
 
+  [[nodiscard]] POINT MenuPlace() const override {
+    RECT row{};
+    const auto at = static_cast<WPARAM>(SendMessageW(window(), LB_GETCURSEL, 0, 0));
+    const bool has_row = SendMessageW(window(), LB_GETITEMRECT, at, reinterpret_cast<LPARAM>(&row)) != LB_ERR;
+    return has_row ? OnScreen({row.left, row.bottom}) : WindowedPeer::MenuPlace();
+  }
+
  protected:
   [[nodiscard]] List& Model() const { return static_cast<List&>(control()); }
   [[nodiscard]] virtual DWORD ChoiceStyle() const { return 0; }

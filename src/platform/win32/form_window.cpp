@@ -156,6 +156,12 @@ void FormWindow::MakeControls() {
       }
     }
   }
+  // The system puts each new window behind those that are there.
+  for (const Control* control : order) {
+    const ControlPeer* peer = PeerOf(*control);
+    if (peer && peer->window())
+      SetWindowPos(peer->window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
 }
 
 void FormWindow::PlaceWindow(HWND owner) {
@@ -164,6 +170,11 @@ void FormWindow::PlaceWindow(HWND owner) {
   SIZE outer = OuterSize(client, Style(), ExtendedStyle(), form_->HasMenu(), scale_);
   if (no_frame) outer = {scale_.Pixels(form_->Width), scale_.Pixels(form_->Height)};
   const RECT work = WorkArea(owner ? owner : window());
+  if (form_->BorderStyle == static_cast<int>(FormBorder::kSizable)) {
+    // The form sees to it that a window smaller than its layout still serves.
+    outer.cx = std::min(outer.cx, work.right - work.left);
+    outer.cy = std::min(outer.cy, work.bottom - work.top);
+  }
   RECT frame = work;
   const auto start = static_cast<StartPosition>(form_->StartUpPosition.get());
   if (start == StartPosition::kCenterOwner && owner) GetWindowRect(owner, &frame);
@@ -177,7 +188,9 @@ void FormWindow::PlaceWindow(HWND owner) {
 }
 
 void FormWindow::FocusFirst() {
-  if (ControlPeer* peer = form_->ActiveControl() ? PeerOf(*form_->ActiveControl()) : nullptr; peer && peer->window()) {
+  const Control* active = form_->ActiveControl();
+  // One that was hidden with its container would take the keys unseen.
+  if (ControlPeer* peer = active && active->IsUsable() ? PeerOf(*active) : nullptr; peer && peer->window()) {
     SetFocus(peer->window());
     return;
   }
@@ -190,6 +203,7 @@ void FormWindow::FocusFirst() {
 void FormWindow::Update(Control& control, PropertyId property) {
   if (&control != form_.get()) {
     if (ControlPeer* peer = PeerOf(control)) peer->Update(property);
+    if (property == PropertyId::kEnabled) ReplaceLostFocus();
     return;
   }
   switch (property) {
@@ -205,6 +219,16 @@ void FormWindow::Update(Control& control, PropertyId property) {
       break;
     default: InvalidateRect(window(), nullptr, FALSE);
   }
+}
+
+// The system takes the focus from a control that is disabled and gives it to none: keys would go nowhere.
+void FormWindow::ReplaceLostFocus() {
+  if (GetFocus() || GetActiveWindow() != window()) return;
+  // When the event at hand is over: the control may be enabled again by then.
+  platform().clock().Post([keep = weak_from_this()] {
+    const auto form = keep.lock();
+    if (form && form->is_open() && !GetFocus() && GetActiveWindow() == form->window()) form->FocusFirst();
+  });
 }
 
 void FormWindow::FitToModel() {
@@ -236,11 +260,6 @@ void FormWindow::ControlsChanged() {
     platform().clock().Post([keep = shared_from_this(), dead = std::move(dead)] {});
   }
   MakeControls();
-  for (const Control* control : present) {
-    const ControlPeer* peer = PeerOf(*control);
-    if (peer && peer->window())
-      SetWindowPos(peer->window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-  }
   MenuChanged();
   InvalidateRect(window(), nullptr, FALSE);
 }
@@ -337,6 +356,8 @@ void FormWindow::BuildMenu() {
 }
 
 void FormWindow::AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items) {
+  const bool has_pictures =
+      std::any_of(items.begin(), items.end(), [](const MenuItem* item) { return item->Picture.get() != nullptr; });
   for (MenuItem* item : items) {
     if (!item->Visible) continue;
     if (item->Caption.get() == "-") {
@@ -344,11 +365,13 @@ void FormWindow::AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items) {
       continue;
     }
     std::wstring text = ToWide(item->Caption.get());
+    // Wine forgets the column of the others' pictures in the width of an item that has none.
+    if (IsWine() && has_pictures && !item->Picture.get()) text += L"      ";
     if (!item->Shortcut->empty()) text += L"\t" + ToWide(item->Shortcut.get());
     const std::vector<MenuItem*> children = item->Items();
     const UINT state = (item->Enabled ? MF_ENABLED : MF_GRAYED) | (item->Checked ? MF_CHECKED : MF_UNCHECKED);
     const UINT_PTR command = kFirstMenuCommand + menu_commands_.size();
-    menu_commands_.push_back(item);
+    menu_commands_.emplace_back(item);
     if (children.empty()) {
       AppendMenuW(menu, MF_STRING | state, command, text.c_str());
     } else {
@@ -380,18 +403,28 @@ void FormWindow::MenuChanged() {
 bool FormWindow::ChooseMenuCommand(int command) {
   const int at = command - kFirstMenuCommand;
   if (at < 0 || at >= static_cast<int>(menu_commands_.size())) return false;
-  return menu_commands_[static_cast<size_t>(at)]->Choose();
+  return Ref<MenuItem>(menu_commands_[static_cast<size_t>(at)])->Choose();
+}
+
+// A key's menu opens at the control that has the focus, the mouse's at the mouse.
+POINT FormWindow::MenuPlace() const {
+  const bool by_key = GetKeyState(VK_APPS) < 0 || GetKeyState(VK_F10) < 0;
+  if (const ControlPeer* peer = by_key ? PeerOf(GetFocus()) : nullptr) return peer->MenuPlace();
+  POINT place{};
+  GetCursorPos(&place);
+  return place;
 }
 
 void FormWindow::PopUpMenu(MenuItem& item) {
   BuildMenu();
   const MenuHandle popup(CreatePopupMenu());
   AddMenuItems(popup.get(), item.Items());
-  POINT place{};
-  GetCursorPos(&place);
+  const std::vector<Ref<MenuItem>> commands = menu_commands_;  // the menu may be built anew while this one is open
+  const POINT place = MenuPlace();
   const int command =
       TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0, window(), nullptr);
-  if (command != 0) static_cast<void>(ChooseMenuCommand(command));
+  const auto at = static_cast<size_t>(command - kFirstMenuCommand);
+  if (command >= kFirstMenuCommand && at < commands.size()) static_cast<void>(commands[at]->Choose());
   if (is_open()) BuildMenu();
 }
 

@@ -73,12 +73,15 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
 
   [[nodiscard]] DWORD Style() const;
   [[nodiscard]] DWORD ExtendedStyle() const;
+  // Makes what is not there yet, and stacks all as the form says.
   void MakeControls();
   void PlaceWindow(HWND owner);
   void FitToModel();
   void FocusFirst();
+  void ReplaceLostFocus();
   void BuildMenu();
   void AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items);
+  [[nodiscard]] POINT MenuPlace() const;
   void SetIcons();
   void Rescale(ScreenScale scale);
   void Paint(HWND window, Control& container);
@@ -96,7 +99,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   WindowHandle window_;
   HWND tool_tips_ = nullptr;  // owned by window_
   MenuHandle menu_;
-  std::vector<MenuItem*> menu_commands_;  // by command number, from kFirstMenuCommand
+  std::vector<Ref<MenuItem>> menu_commands_;  // by command number, from kFirstMenuCommand
   std::vector<BitmapHandle> menu_bitmaps_;
   bool menu_stale_ = false;
   std::map<std::string, FontHandle> fonts_;

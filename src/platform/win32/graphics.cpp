@@ -154,12 +154,16 @@ IconHandle MakeCursor(const Picture& picture, int dpi) {
   return MakeIconOrCursor(picture, MulDiv(largest, dpi, 96), false);
 }
 
+bool IsWine() {
+  static const bool is_wine = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+  return is_wine;
+}
+
 // Windows blends a menu's bitmaps with what is behind them; Wine copies their pixels, and leaves no gap to the text.
 BitmapHandle MakeMenuBitmap(const Picture& picture, int size_pixels) {
   PixelBitmap icon = PremultipliedBitmap(picture, size_pixels, size_pixels);
-  const bool blends = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
   const int gap = size_pixels / 3;
-  PixelBitmap opaque = blends ? PixelBitmap{} : MakePixelBitmap(size_pixels + gap, size_pixels);
+  PixelBitmap opaque = !IsWine() ? PixelBitmap{} : MakePixelBitmap(size_pixels + gap, size_pixels);
   if (!icon.pixels || !opaque.pixels) return std::move(icon.bitmap);
   const COLORREF behind = GetSysColor(COLOR_MENU);
   const uint32_t paper = GetRValue(behind) << 16 | static_cast<uint32_t>(GetGValue(behind)) << 8 | GetBValue(behind);

@@ -27,6 +27,8 @@ void DrawPictureTo(HDC target, const Picture& picture, const RECT& area);
 [[nodiscard]] IconHandle MakeIcon(const Picture& picture, int size_pixels);
 // A mouse cursor of the picture's own size at 96 dots per inch, larger on finer screens.
 [[nodiscard]] IconHandle MakeCursor(const Picture& picture, int dpi);
+// Whether the system is Wine, for the few places where it draws otherwise.
+[[nodiscard]] bool IsWine();
 // A bitmap for a menu item, with its transparency.
 [[nodiscard]] BitmapHandle MakeMenuBitmap(const Picture& picture, int size_pixels);
 void FillColor(HDC target, const RECT& area, Color color);

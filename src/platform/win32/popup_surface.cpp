@@ -15,8 +15,11 @@ void PopupSurface::Create(HWND owner) {
   window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   window_class.lpszClassName = kPopupClass;
   RegisterClassW(&window_class);
-  window_.Reset(CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | WS_EX_TOPMOST, kPopupClass, L"",
+  // The two styles that let the mouse through, also where a click goes to the topmost window without asking it.
+  constexpr DWORD kPassesMouse = WS_EX_LAYERED | WS_EX_TRANSPARENT;
+  window_.Reset(CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | WS_EX_TOPMOST | kPassesMouse, kPopupClass, L"",
                                 WS_POPUP | WS_BORDER, 0, 0, 0, 0, owner, nullptr, window_class.hInstance, nullptr));
+  SetLayeredWindowAttributes(window(), 0, 255, LWA_ALPHA);
   SetWindowLongPtrW(window(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 

@@ -247,6 +247,11 @@ bool UserControlPeer::TakeKey(int key, int shift_state) {
   return taken || !is_alive;
 }
 
+POINT UserControlPeer::MenuPlace() const {
+  const PixelRect row = Model().AccessibleChildArea(Model().AccessibleFocusedChild());
+  return row.height() > 0 ? OnScreen({row.left, row.bottom}) : WindowedPeer::MenuPlace();
+}
+
 void UserControlPeer::TypeCharacter(wchar_t unit) {
   if (IS_HIGH_SURROGATE(unit)) {
     high_surrogate_ = unit;

@@ -26,6 +26,7 @@ class UserControlPeer final : public WindowedPeer {
   void TellAccessibility(AccessibleEvent event, int child) override;
   bool TakeWheel(WPARAM first) override;
   bool TakeKey(int key, int shift_state) override;
+  [[nodiscard]] POINT MenuPlace() const override;
 
  protected:
   bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) override;
