@@ -207,6 +207,14 @@ TEST_F(LoadMapTasksTest, AMapThatIsNotThereSavesNothing) {
   EXPECT_FALSE(FileIsThere(DefaultMapPath("Missing.bms")));
 }
 
+TEST_F(LoadMapTasksTest, AMapThatLiesInTheMapFolderAlreadyIsNotCopiedOntoItself) {
+  WriteFile(DefaultMapPath("Oasis.bms"), "BMS oasis");
+  OpenWith(DefaultMapPath("Oasis.bms"));
+  ExpectQuestion(kSaveQuestion, BoxAnswer::kYes);
+  ClickTask(kDownload);
+  EXPECT_EQ(ReadFile(DefaultMapPath("Oasis.bms")), "BMS oasis");
+}
+
 TEST_F(LoadMapTasksTest, ACopyThatFailsIsReported) {
   native_files.MakeFolder(DefaultMapPath("Oasis.bms"));
   OpenWith(MapPath("Oasis.bms"));
