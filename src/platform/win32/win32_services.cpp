@@ -219,6 +219,18 @@ namespace {
 
 constexpr int kDownloadFailed = static_cast<int>(0x800C0008);  // as the system's own download has it
 
+// The mouse shows an hourglass while the thread waits for a server: no window answers until then.
+class WaitCursor {
+ public:
+  WaitCursor() : before_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
+  ~WaitCursor() { SetCursor(before_); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+
+ private:
+  HCURSOR before_;
+};
+
 void WriteWhole(std::string_view path, ByteView bytes) {
   Win32FileSystem files;
   const std::string part = std::string(path) + ".part";
@@ -242,11 +254,13 @@ int Win32Internet::DownloadToFile(std::string_view url, std::string_view path) {
     return Attempt([&] { WriteWhole(path, response->body); }) ? 0 : kDownloadFailed;
   }
   constexpr DWORD kGetNewestVersion = 16;
+  const WaitCursor waiting;
   return KESTRUN_LATE(L"urlmon.dll", URLDownloadToFileW)(nullptr, ToWide(url).c_str(), ToWidePath(path).c_str(),
                                                          kGetNewestVersion, nullptr);
 }
 
 std::optional<HttpResponse> Win32Internet::Send(const HttpRequest& request) {
+  const WaitCursor waiting;
   std::optional<HttpResponse> response;
   Attempt([&] { response = SendThroughWinHttp(request); });
   return response;
