@@ -314,6 +314,17 @@ TEST_F(PeerTest, AModalFormGivesTheFocusBackToTheFormThatOpenedIt) {
   other->Unload();
 }
 
+TEST_F(PeerTest, ALabelThatNamesAFileHasNoAccessKey) {
+  form().lblName.Caption = std::string("D&N.BMS");
+  SetFocus(HandleOf(form().cmdCancel));
+  form().lblName.UseMnemonic = false;
+  PressAccessKey(L'n');
+  EXPECT_EQ(GetFocus(), HandleOf(form().cmdCancel));
+  form().lblName.UseMnemonic = true;
+  PressAccessKey(L'n');
+  EXPECT_EQ(GetFocus(), HandleOf(form().txtName));
+}
+
 TEST_F(PeerTest, ShowingAMinimizedFormAgainBringsItBack) {
   ShowWindow(window().window(), SW_MINIMIZE);
   ASSERT_TRUE(IsIconic(window().window()));
