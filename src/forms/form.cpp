@@ -30,6 +30,18 @@ Variant ListControls(Object& object, Arguments) {
   return Variant(list);
 }
 
+// Sets a flag for as long as it lives.
+class Flagged {
+ public:
+  explicit Flagged(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Flagged() { flag_ = false; }
+  Flagged(const Flagged&) = delete;
+  Flagged& operator=(const Flagged&) = delete;
+
+ private:
+  bool& flag_;
+};
+
 constexpr Member kRows[]{
     PropertyRow<&Form::Caption>("Caption"),
     PropertyRow<&Form::BorderStyle>("BorderStyle"),
@@ -70,7 +82,14 @@ void Form::SetClientSize(int width_twips, int height_twips) {
 void Form::EnsureLoaded() {
   if (loaded_ || !IsAlive()) return;  // a closed window never comes back
   loaded_ = true;
-  Load();
+  const Ref<Form> keep(this);
+  try {
+    Load();
+  } catch (...) {
+    // Half a window, which nobody has seen, must not keep the process alive; the next use makes another.
+    if (loaded_) Discard();
+    throw;
+  }
 }
 
 void Form::Show() {
@@ -109,19 +128,25 @@ void Form::Hide() {
 bool Form::Unload() {
   if (!loaded_ || unloading_) return true;
   const Ref<Form> keep(this);
-  unloading_ = true;
+  const Flagged closing(unloading_);
   bool cancel = false;
   QueryUnload(cancel);
-  if (!cancel) {
+  if (cancel) return false;
+  try {
     Unloading();
-    Hide();
-    loaded_ = false;
-    for (const Ref<Control>& control : controls_) control->Disconnect();
-    Disconnect();
-    WindowClosed(*this);
+  } catch (const std::exception&) {
+    ReportEventFault();  // the window closes all the same: otherwise nothing could close it
   }
-  unloading_ = false;
-  return !cancel;
+  Discard();
+  return true;
+}
+
+void Form::Discard() {
+  Hide();
+  loaded_ = false;
+  for (const Ref<Control>& control : controls_) control->Disconnect();
+  Disconnect();
+  WindowClosed(*this);
 }
 
 void Form::PopupMenu(MenuItem& item) {

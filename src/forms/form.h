@@ -55,7 +55,7 @@ class Form : public Control {
   [[nodiscard]] int ScaleHeight() const { return Height - kFrameHeight - (HasMenu() ? kMenuHeight : 0); }
   void SetClientSize(int width_twips, int height_twips);
 
-  // Runs the load handler once; showing or the registry does it.
+  // Runs the load handler once; showing or the registry does it. A form whose load handler fails is closed.
   void EnsureLoaded();
   [[nodiscard]] bool IsLoaded() const { return loaded_; }
   void Show();
@@ -64,7 +64,8 @@ class Form : public Control {
   [[nodiscard]] bool IsModal() const { return modal_; }
   void Hide();
   // Asks QueryUnload, runs the unload handler, takes the form off the screen and out of the registry. The object lives
-  // until the present event is over or the last reference to it goes. False when a handler kept it open.
+  // until the present event is over or the last reference to it goes. False when a handler kept it open. A failure of
+  // the unload handler is reported and keeps nothing open.
   bool Unload();
   [[nodiscard]] bool IsShown() const { return shown_; }
   void PopupMenu(MenuItem& item);
@@ -118,6 +119,7 @@ class Form : public Control {
   friend class Control;
 
   void AddControl(Ref<Control> control);
+  void Discard();
   void Restack(Control& control, bool in_front);
   [[nodiscard]] Variant ControlByMember(size_t position, Arguments arguments) const;
 

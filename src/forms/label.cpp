@@ -9,7 +9,7 @@ constexpr Member kRows[]{
     PropertyRow<&Label::Caption>("Caption"),     PropertyRow<&Label::Alignment>("Alignment"),
     PropertyRow<&Label::AutoSize>("AutoSize"),   PropertyRow<&Label::WordWrap>("WordWrap"),
     PropertyRow<&Label::BackStyle>("BackStyle"), PropertyRow<&Label::BorderStyle>("BorderStyle"),
-    PropertyRow<&Label::MouseIcon>("MouseIcon"),
+    PropertyRow<&Label::MouseIcon>("MouseIcon"), PropertyRow<&Label::UseMnemonic>("UseMnemonic"),
 };
 const MemberTable kTable{&Control::kControlMembers, kRows};
 

@@ -19,6 +19,8 @@ class Label final : public Control {
   // The label takes the size of its text.
   Property<bool> AutoSize{*this, PropertyId::kAutoSize};
   Property<bool> WordWrap{*this, PropertyId::kWordWrap};
+  // "&" marks the access key; off for texts that hold names of files.
+  Property<bool> UseMnemonic{*this, PropertyId::kCaption, true};
   // 0 transparent, 1 opaque.
   Property<int> BackStyle{*this, PropertyId::kBackStyle, 1};
   Property<int> BorderStyle{*this, PropertyId::kBorderStyle};

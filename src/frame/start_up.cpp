@@ -1,5 +1,8 @@
 #include "frame/start_up.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "base/convert.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -48,7 +51,8 @@ void ShowSplash(frmsplash& splash) {
   RunPendingEvents();
 }
 
-// Asks for the game folder once in the life of an installation whose game cannot be found.
+// Asks for the game folder once in the life of an installation whose game cannot be found. Each statement stands for
+// itself: whatever becomes of the question, it is not put again.
 void FindGame() {
   if (!TextToBoolean(ReadSetting(setting::kCheckGamePath))) return;
   std::string folder;
@@ -56,10 +60,13 @@ void FindGame() {
   if (!folder.empty()) return;
   MsgBox("Kestrun was unable to find your dflw game folder!");
   MsgBox("Please select it yourself.");
-  std::string picked = BrowseForFolder(
-      "Select the folder where you installed your game. By default this is C:\\program files\\novalogic\\delta force "
-      "land warrior demo",
-      folder::kMyComputer, "");
+  std::string picked;
+  Attempt([&] {
+    picked = BrowseForFolder(
+        "Select the folder where you installed your game. By default this is C:\\program files\\novalogic\\delta force "
+        "land warrior demo",
+        folder::kMyComputer, "");
+  });
   if (!picked.empty()) Attempt([&] { WriteSetting(setting::kGameFolder, ParentFolder(picked)); });
   WriteSetting(setting::kCheckGamePath, "False");
 }
@@ -85,22 +92,20 @@ void RepairAppPath() {
 // at each start until the Options window stores one.
 void NoteDefaultCopy() {
   if (!GetSetting("Kes_Trun", "DEFAULT", "APP", "").empty()) return;
-  SaveSetting("Kes_Trn", "DEFAULT", "APP", platform().program().Folder());
-  SaveSetting("Kes_Trun", "DEFAULT", "EXE", platform().program().ExeName() + ".exe");
+  Attempt([] { SaveSetting("Kes_Trn", "DEFAULT", "APP", platform().program().Folder()); });
+  Attempt([] { SaveSetting("Kes_Trun", "DEFAULT", "EXE", platform().program().ExeName() + ".exe"); });
 }
 
 void AskFirstRun() {
-  if (TextToBoolean(ReadSetting(setting::kFirstRun))) {
-    const BoxAnswer answer = MsgBox(
-        "Kestrun can set itself as default editor for *.bms files (maps). Do you want to set Kestrun as default "
-        "editor?" +
-            std::string(kCrLf) +
-            "If you click 'YES' Kestrun will start when you open dflw maps (double click the map in Windows "
-            "Explorer).CLICK 'YES'!",
-        BoxButtons::kYesNo);
-    if (answer == BoxAnswer::kYes && shell_integration().associate_bms) shell_integration().associate_bms();
-  }
-  WriteSetting(setting::kFirstRun, "False");
+  if (!TextToBoolean(ReadSetting(setting::kFirstRun))) return;
+  const BoxAnswer answer = MsgBox(
+      "Kestrun can set itself as default editor for *.bms files (maps). Do you want to set Kestrun as default "
+      "editor?" +
+          std::string(kCrLf) +
+          "If you click 'YES' Kestrun will start when you open dflw maps (double click the map in Windows "
+          "Explorer).CLICK 'YES'!",
+      BoxButtons::kYesNo);
+  if (answer == BoxAnswer::kYes && shell_integration().associate_bms) shell_integration().associate_bms();
 }
 
 // Shows the failure in flight; start-up then goes on with its next statement.
@@ -202,6 +207,14 @@ void OpenMainWindow(frmsplash& splash) {
   splash.Unload();
 }
 
+// A command may have loaded a window and then failed, or had nothing to show in it. The process lives as long as a
+// window does, so one that nobody can see and close must not keep it.
+void CloseWhatNobodySees() {
+  const std::vector<Form*> windows = LoadedWindows();
+  if (std::any_of(windows.begin(), windows.end(), [](const Form* window) { return window->IsShown(); })) return;
+  CloseAllWindows();
+}
+
 }  // namespace
 
 void RunStartUp(frmsplash& splash, const std::string& raw_command_line) {
@@ -210,6 +223,7 @@ void RunStartUp(frmsplash& splash, const std::string& raw_command_line) {
     SetSafeMode(true);
     Try([&] { ShowWindow("frmain"); });
     splash.Unload();
+    CloseWhatNobodySees();
     return;
   }
   Attempt([&] { ShowVersion(splash); });
@@ -221,7 +235,9 @@ void RunStartUp(frmsplash& splash, const std::string& raw_command_line) {
   Attempt([&] { RepairAppPath(); });
   Attempt([&] { NoteDefaultCopy(); });
   Attempt([&] { AskFirstRun(); });
+  Attempt([&] { WriteSetting(setting::kFirstRun, "False"); });
   if (!RunCommand(splash, command)) OpenMainWindow(splash);
+  CloseWhatNobodySees();
 }
 
 }  // namespace kestrun

@@ -88,9 +88,10 @@ void frmain::TakeDropped(const std::vector<std::string>& paths) {
     Text1.Text = path;
     return;
   }
-  auto& window = Window<frmopenmap>();
-  window.TxtFile.Text = path;
-  window.Show();
+  // Before it loads, since its load handler asks about the address.
+  const Ref<frmopenmap> window(&static_cast<frmopenmap&>(WindowBeforeLoad(frmopenmap::kName)));
+  window->TxtFile.Text = path;
+  window->Show();
 }
 
 void frmain::BrowseFolder() {

@@ -38,6 +38,7 @@ constexpr std::string_view kMapInfo = "frmmapinfo";
 constexpr std::string_view kMapList = "frmputlist";
 constexpr std::string_view kUploader = "FrmCenter";
 constexpr std::string_view kPreviewManager = "frmpicture";
+constexpr std::string_view kLargePreview = "frmLargeprev";
 
 // By task: the window without which it cannot do anything.
 constexpr std::array<std::string_view, frmopenmap::kTaskCount> kTaskWindows{kMapInfo, kMapList,  {},
@@ -162,17 +163,21 @@ void frmopenmap::Load() {
     Unload();
     return;
   }
-  RunCommand([this] { RestoreChoices(); });
+  RestoreChoices();
   DisableTasksWithoutWindow();
   if (StyleActive()) Timer1.Enabled = true;
 }
 
+// A choice that cannot be read is reported and takes none of the others with it: closing stores all of them, and so
+// mends the file.
 void frmopenmap::RestoreChoices() {
-  options0.Value = TextToBoolean(ReadSetting(setting::kChooseDeathmatch));
-  options1.Value = TextToBoolean(ReadSetting(setting::kChooseCaptureTheFlag));
-  options3.Value = TextToBoolean(ReadSetting(setting::kChooseRename));
-  txtrename.Text = ReadSetting(setting::kOutputText);
-  choices_restored_ = true;
+  RunCommand([this] { options0.Value = TextToBoolean(ReadSetting(setting::kChooseDeathmatch)); });
+  RunCommand([this] { options1.Value = TextToBoolean(ReadSetting(setting::kChooseCaptureTheFlag)); });
+  RunCommand([this] { options3.Value = TextToBoolean(ReadSetting(setting::kChooseRename)); });
+  RunCommand([this] {
+    txtrename.Text = ReadSetting(setting::kOutputText);
+    choices_restored_ = true;
+  });
 }
 
 void frmopenmap::Unloading() {
@@ -190,6 +195,8 @@ void frmopenmap::DisableTasksWithoutWindow() {
   for (size_t task = 0; task < kTaskWindows.size(); ++task) {
     LblTask[task]->Enabled = kTaskWindows[task].empty() || IsWindowRegistered(kTaskWindows[task]);
   }
+  // The heading stays readable, but the keyboard does not stop at what leads nowhere.
+  Label3.TabStop = IsWindowRegistered(kLargePreview) || IsWindowRegistered(kPreviewManager);
 }
 
 void frmopenmap::Browse() {
@@ -248,7 +255,9 @@ void frmopenmap::SaveMapAs() {
     if (AddressIsMissing("Enter path!")) return;
     if (!AskYesNo("This will download or copy the map to the default map folder continue?")) return;
     const std::string local = FetchMap(TxtFile.Text);
-    if (!local.empty() && FileExists(local)) platform().files().Copy(local, InMapFolder(local));
+    if (local.empty() || !FileExists(local)) return;
+    const std::string target = InMapFolder(local);
+    if (!EqualsNoCase(local, target)) platform().files().Copy(local, target);
   });
 }
 

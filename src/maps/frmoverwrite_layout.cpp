@@ -5,6 +5,7 @@ namespace kestrun {
 
 void FrmOverWrite::LayOut() {
   Caption = "File Exists";
+  Icon = ProgramIcon();
   BorderStyle = static_cast<int>(FormBorder::kFixedDialog);
   StartUpPosition = static_cast<int>(StartPosition::kCenterOwner);
   MinButton = false;
@@ -42,6 +43,7 @@ void FrmOverWrite::LayOut() {
   Timer1.Enabled = false;
   Timer1.Interval = 1;
   for (Image* image : {&imgPFF, &imgBMS}) image->Stretch = true;
+  for (Label* label : {&LblPFF, &LblBMS, &lblWarn}) label->UseMnemonic = false;  // they name files
 }
 
 }  // namespace kestrun

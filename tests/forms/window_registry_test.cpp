@@ -10,18 +10,31 @@ namespace {
 
 int loads = 0;
 bool refuse_to_close = false;
+enum class Fault { kNone, kLoad, kQueryUnload, kUnload };
+Fault fault = Fault::kNone;
+
+void FailIf(Fault here) {
+  if (fault == here) Raise(error::kTypeMismatch);
+}
 
 class frmregistered final : public Form {
  public:
   static constexpr const char* kName = "frmregistered";
   frmregistered() : Form(kName) {
-    QueryUnload = [](bool& cancel) { cancel = refuse_to_close; };
+    QueryUnload = [](bool& cancel) {
+      FailIf(Fault::kQueryUnload);
+      cancel = refuse_to_close;
+    };
     CmdClose.Click = [this] { Unload(); };
   }
   CommandButton& CmdClose = Add<CommandButton>("CmdClose");
 
  protected:
-  void Load() override { ++loads; }
+  void Load() override {
+    ++loads;
+    FailIf(Fault::kLoad);
+  }
+  void Unloading() override { FailIf(Fault::kUnload); }
 };
 
 const WindowRegistration registration(frmregistered::kName, [] { return MakeRef<frmregistered>(); });
@@ -31,6 +44,7 @@ class WindowRegistryTest : public HeadlessTest {
   WindowRegistryTest() {
     loads = 0;
     refuse_to_close = false;
+    fault = Fault::kNone;
   }
   ~WindowRegistryTest() override { CloseAllWindows(); }
 };
@@ -41,6 +55,36 @@ TEST_F(WindowRegistryTest, AWindowIsMadeOnFirstUseAndLoadedOnce) {
   EXPECT_EQ(&WindowByName("FRMREGISTERED"), &window);
   window.Show();
   EXPECT_EQ(loads, 1);
+}
+
+// Half loaded and never shown, it kept the process alive when all others were closed.
+TEST_F(WindowRegistryTest, AWindowWhoseLoadHandlerFailsIsGoneAndTheNextUseTriesAgain) {
+  fault = Fault::kLoad;
+  EXPECT_THROW(ShowWindow("frmregistered"), RuntimeError);
+  EXPECT_EQ(LoadedWindow("frmregistered"), nullptr);
+  fault = Fault::kNone;
+  EXPECT_TRUE(ShowWindow("frmregistered"));
+  EXPECT_TRUE(Window<frmregistered>().IsShown());
+  EXPECT_EQ(loads, 2);
+}
+
+// After one fault nothing could close the window any more.
+TEST_F(WindowRegistryTest, AFaultWhileAWindowIsAskedToCloseLeavesItOpenForTheNextTry) {
+  ShowWindow("frmregistered");
+  fault = Fault::kQueryUnload;
+  EXPECT_THROW(Window<frmregistered>().Unload(), RuntimeError);
+  EXPECT_TRUE(Window<frmregistered>().IsShown());
+  fault = Fault::kNone;
+  EXPECT_TRUE(Window<frmregistered>().Unload());
+  EXPECT_EQ(LoadedWindow("frmregistered"), nullptr);
+}
+
+TEST_F(WindowRegistryTest, AWindowWhoseUnloadHandlerFailsIsReportedAndCloses) {
+  ShowWindow("frmregistered");
+  fault = Fault::kUnload;
+  desktop.dialogs().ExpectBox("Error: 13\r\nType mismatch").WithIcon(BoxIcon::kCritical);
+  EXPECT_TRUE(Window<frmregistered>().Unload());
+  EXPECT_EQ(LoadedWindow("frmregistered"), nullptr);
 }
 
 TEST_F(WindowRegistryTest, AWindowThatDoesNotExistIsPassedOver) {

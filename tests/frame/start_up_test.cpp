@@ -248,6 +248,37 @@ TEST_F(StartUpTest, ABrokenSettingIsPassedOverSilently) {
   WriteIni("[launcher]\r\nFIRSTRUN=perhaps\r\nCHECKLWPATH=no idea\r\n");
   Start("");
   EXPECT_TRUE(IsOpen("frmain"));
+  EXPECT_EQ(Ini("launcher", "FIRSTRUN"), "False");
+}
+
+// A failing association left the question unanswered, so that it came again at each start.
+TEST_F(StartUpTest, TheFirstRunIsNotedThoughTheAssociationFails) {
+  WriteIni("");
+  ShellIntegration shell;
+  shell.associate_bms = []() -> bool { Raise(error::kPermissionDenied); };
+  InstallShellIntegration(shell);
+  desktop.dialogs().ExpectBox(kFirstRunQuestion, BoxAnswer::kYes);
+  Start("");
+  EXPECT_EQ(Ini("launcher", "FIRSTRUN"), "False");
+  EXPECT_TRUE(IsOpen("frmain"));
+}
+
+// ---- the end of a start that shows nothing -------------------------------------------------------------------------
+
+// The main window was loaded for its command and never shown: the process went on without any window.
+TEST_F(StartUpTest, ACommandThatShowsNoWindowEndsTheProcess) {
+  UnregisterWindow("FrmUpdate");
+  Start("-update");
+  EXPECT_TRUE(LoadedWindows().empty());
+}
+
+// It stayed in memory behind the window that took the text for a file, and kept the process when that one was closed.
+TEST_F(StartUpTest, AWindowThatFailsWhileItLoadsDoesNotStayUnseen) {
+  WriteIni("[launcher]\r\nFIRSTRUN=False\r\nWARNOVERWRITE=perhaps\r\n");
+  desktop.dialogs().ExpectBox("Error: 13\r\nType mismatch");
+  Start("-frmoverwrite");
+  EXPECT_EQ(Address(), "-frmoverwrite");
+  EXPECT_EQ(LoadedWindows().size(), 1U);
 }
 
 TEST_F(StartUpTest, TheSplashWindowsExitEndsTheProcessAtOnce) {

@@ -327,6 +327,16 @@ TEST_F(MainWindowTest, ADroppedMapOpensTheLoadMapWindow) {
   EXPECT_EQ(Main().Text1.Text.get(), Path("maps"));
 }
 
+TEST_F(MainWindowTest, AnotherFileThatIsDroppedIsAskedAboutAsAtAStart) {
+  MainOnMaps();
+  desktop.dialogs().ExpectBox(
+      "Warning a BMS mission file or a zip file is necessary! If you try to use other files that aren't BMS files your "
+      "game can be damaged!!!\r\ncontinue?",
+      BoxAnswer::kNo);
+  Main().FilesDropped({MapPath("notes.txt")});
+  EXPECT_EQ(LoadedWindow("frmopenmap"), nullptr);
+}
+
 // ---- the right button ----------------------------------------------------------------------------------------------
 
 TEST_F(MainWindowTest, TheRightButtonSelectsTheRowAndPopsTheFileMenuUp) {

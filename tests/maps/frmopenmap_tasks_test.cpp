@@ -100,6 +100,30 @@ TEST_F(LoadMapTasksTest, GivingUpOnAZipEndsTheCommandSilently) {
   EXPECT_EQ(Archived("D08M03.BMS"), std::string(100, 'o'));
 }
 
+TEST_F(LoadMapTasksTest, AFolderAsTheAddressFailsAndLeavesTheGameAsItWas) {
+  const std::string before = ReadFile(GamePath("dflw.pff"));
+  static_cast<frmopenmap&>(WindowBeforeLoad("frmopenmap")).TxtFile.Text = Path("maps");
+  desktop.dialogs().ExpectBox(
+      "Warning a BMS mission file or a zip file is necessary! If you try to use other files that aren't BMS files your "
+      "game can be damaged!!!\r\ncontinue?",
+      BoxAnswer::kYes);
+  Open().Show();
+  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectBox("Failed to pack map");
+  Open().cmdputin.Press();
+  EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
+  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectBox("Failed to pack map");
+  Open().cmdplaying.Press();
+}
+
+TEST_F(LoadMapTasksTest, AnAddressWithBlanksAroundItIsTakenAsItStands) {
+  OpenWith(" " + MapPath("Oasis.bms") + " ");
+  desktop.dialogs().ExpectBox("The file:  " + MapPath("Oasis.bms") + "  does not exists.\r\nContinue?", BoxAnswer::kNo);
+  desktop.dialogs().ExpectBox("Failed to pack map");
+  Open().cmdputin.Press();
+}
+
 TEST_F(LoadMapTasksTest, AFailedInsertionIsSaid) {
   native_files.Delete(GamePath("dflw.pff"));
   OpenWith(MapPath("Oasis.bms"));
@@ -205,6 +229,14 @@ TEST_F(LoadMapTasksTest, AMapThatIsNotThereSavesNothing) {
   ExpectQuestion(kSaveQuestion, BoxAnswer::kYes);
   ClickTask(kDownload);
   EXPECT_FALSE(FileIsThere(DefaultMapPath("Missing.bms")));
+}
+
+TEST_F(LoadMapTasksTest, AMapThatLiesInTheMapFolderAlreadyIsNotCopiedOntoItself) {
+  WriteFile(DefaultMapPath("Oasis.bms"), "BMS oasis");
+  OpenWith(DefaultMapPath("Oasis.bms"));
+  ExpectQuestion(kSaveQuestion, BoxAnswer::kYes);
+  ClickTask(kDownload);
+  EXPECT_EQ(ReadFile(DefaultMapPath("Oasis.bms")), "BMS oasis");
 }
 
 TEST_F(LoadMapTasksTest, ACopyThatFailsIsReported) {

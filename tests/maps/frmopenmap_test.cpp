@@ -1,5 +1,7 @@
 #include "maps/frmopenmap.h"
 
+#include <algorithm>
+
 #include "frame/commands.h"
 #include "frame/frmsplash.h"
 #include "frame/start_up.h"
@@ -129,6 +131,19 @@ TEST_F(LoadMapWindowTest, AChoiceThatIsNoTruthValueIsReportedAndTheWindowOpens) 
   EXPECT_TRUE(Open().IsShown());
 }
 
+// The other choices were lost with the broken one, and the box came again each time, since nothing was stored either.
+TEST_F(LoadMapWindowTest, ABrokenChoiceTakesNoOtherWithItAndClosingMendsIt) {
+  WriteIni("[launcher]\r\nOPTIONS0=perhaps\r\nOPTIONS1=False\r\nOPTIONS3=True\r\ntxtoutputtext=MINE.BMS\r\n");
+  desktop.dialogs().ExpectBox("Error: 13\r\nType mismatch");
+  Open().Show();
+  EXPECT_TRUE(Open().options3.Value);
+  EXPECT_EQ(Open().txtrename.Text.get(), "MINE.BMS");
+  Open().Unload();
+  EXPECT_EQ(Ini("launcher", "OPTIONS0"), "False");
+  EXPECT_EQ(Ini("launcher", "OPTIONS3"), "True");
+  EXPECT_EQ(Ini("launcher", "txtoutputtext"), "MINE.BMS");
+}
+
 TEST_F(LoadMapWindowTest, AStyleIsAppliedOnceAfterLoading) {
   int applied = 0;
   InstallStyleRuntime({[] { return true; }, {}, [&](Form&) { ++applied; }});
@@ -217,6 +232,13 @@ TEST_F(LoadMapWindowTest, TheKeyboardReachesEveryControlInReadingOrder) {
   EXPECT_TRUE(Open().LblTask[2]->Font->bold);
   Open().TxtFile.SetFocus();
   EXPECT_FALSE(Open().LblTask[2]->Font->bold);
+}
+
+TEST_F(LoadMapWindowTest, TheKeyboardDoesNotStopAtAPreviewThatNothingCanShow) {
+  Open().Show();
+  const std::vector<Control*> stops = Open().TabOrder();
+  EXPECT_EQ(std::find(stops.begin(), stops.end(), &Open().Label3), stops.end());
+  EXPECT_TRUE(Open().Label3.Enabled);
 }
 
 TEST_F(LoadMapWindowTest, EscClosesTheWindow) {

@@ -62,6 +62,7 @@ TEST_F(PutMapTest, TheQuestionNamesBothFiles) {
   desktop.windowing().ExpectModal("FrmOverWrite", [](Form& form) {
     auto& window = static_cast<FrmOverWrite&>(form);
     EXPECT_EQ(window.Caption.get(), "File Exists");
+    for (const Label* label : {&window.lblWarn, &window.LblPFF, &window.LblBMS}) EXPECT_FALSE(label->UseMnemonic);
     EXPECT_EQ(window.lblWarn.Caption.get(),
               "Warning the file \"D08M03.BMS\" already exists in the \"dflw.pff\" file. Do you want to overwrite the "
               "file? If you overwrite the file you'll lose the default reg prison map!");

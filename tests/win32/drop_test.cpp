@@ -3,8 +3,11 @@
 
 #include <cstring>
 
+#include "base/bytes.h"
+#include "base/text.h"
 #include "forms/form.h"
 #include "forms/window_registry.h"
+#include "platform/win32/com_owner.h"
 #include "platform/win32/form_window.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/win32_platform.h"
@@ -37,6 +40,22 @@ class DropTest : public testing::Test {
     return static_cast<HDROP>(block);
   }
 
+  static std::string InTemporaryFolder(const std::string& name) {
+    const std::string folder = platform().shell().TemporaryFolder();
+    return folder + (folder.ends_with('\\') ? "" : "\\") + name;
+  }
+  static void MakeShortcut(const std::string& shortcut, const std::string& target) {
+    ComOwner<IShellLinkW> link;
+    ComOwner<IPersistFile> file;
+    OleInitialize(nullptr);
+    ASSERT_EQ(
+        CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IShellLinkW), link.ReceiveAny()),
+        S_OK);
+    ASSERT_EQ(link->SetPath(ToWide(target).c_str()), S_OK);
+    ASSERT_EQ(link->QueryInterface(__uuidof(IPersistFile), file.ReceiveAny()), S_OK);
+    ASSERT_EQ(file->Save(ToWide(shortcut).c_str(), TRUE), S_OK);
+  }
+
   Win32Platform desktop;
   PlatformInstallation installation{desktop};
   const Ref<Form> form = MakeRef<Form>("target");
@@ -46,6 +65,38 @@ TEST_F(DropTest, EveryPathArrivesWhole) {
   std::vector<std::string> arrived;
   form->FilesDropped = [&](const std::vector<std::string>& paths) { arrived = paths; };
   const std::vector<std::string> dropped{"C:\\Карты 地図 é😀\\Oasis.bms", "C:\\" + std::string(290, 'x') + ".zip"};
+  SendMessageW(Show(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(dropped)), 0);
+  EXPECT_EQ(arrived, dropped);
+}
+
+TEST_F(DropTest, AShortcutArrivesAsWhatItLeadsTo) {
+  const std::string map = InTemporaryFolder("Oase 地図.bms");
+  const std::string shortcut = InTemporaryFolder("Oase 地図.bms.lnk");
+  platform().files().WriteAll(map, {});
+  MakeShortcut(shortcut, map);
+  std::vector<std::string> arrived;
+  form->FilesDropped = [&](const std::vector<std::string>& paths) { arrived = paths; };
+  SendMessageW(Show(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop({shortcut})), 0);
+  platform().files().Delete(shortcut);
+  platform().files().Delete(map);
+  ASSERT_EQ(arrived.size(), 1U);
+  EXPECT_TRUE(EqualsNoCase(arrived[0], map)) << arrived[0];
+}
+
+TEST_F(DropTest, AnInternetShortcutArrivesAsItsAddress) {
+  const std::string shortcut = InTemporaryFolder("Oasis.url");
+  platform().files().WriteAll(shortcut, AsBytes("[InternetShortcut]\r\nURL=http://maps.example/Oasis.bms\r\n"));
+  std::vector<std::string> arrived;
+  form->FilesDropped = [&](const std::vector<std::string>& paths) { arrived = paths; };
+  SendMessageW(Show(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop({shortcut})), 0);
+  platform().files().Delete(shortcut);
+  EXPECT_EQ(arrived, std::vector<std::string>{"http://maps.example/Oasis.bms"});
+}
+
+TEST_F(DropTest, AShortcutThatCannotBeReadArrivesItself) {
+  const std::vector<std::string> dropped{"C:\\missing\\Oasis.lnk", "C:\\missing\\Oasis.url"};
+  std::vector<std::string> arrived;
+  form->FilesDropped = [&](const std::vector<std::string>& paths) { arrived = paths; };
   SendMessageW(Show(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(dropped)), 0);
   EXPECT_EQ(arrived, dropped);
 }

@@ -408,6 +408,39 @@ TEST_F(PeerTest, AModalFormDisablesTheOthersAndGivesTheFocusBack) {
   EXPECT_TRUE(IsWindowEnabled(main_window));
 }
 
+// After the question about an overwrite the window that was opened last came forward, not the one that had asked.
+TEST_F(PeerTest, AModalFormGivesTheFocusBackToTheFormThatOpenedIt) {
+  const HWND asking = window().window();
+  const Ref<Form> other = MakeRef<Form>("frmother");
+  other->Show();
+  Pump();
+  SetActiveWindow(asking);
+  ASSERT_EQ(GetActiveWindow(), asking);
+  const Ref<Form> question = MakeRef<Form>("frmquestion");
+  platform.clock().Post([&] { question->Unload(); });
+  question->ShowModal();
+  EXPECT_EQ(GetActiveWindow(), asking);
+  other->Unload();
+}
+
+TEST_F(PeerTest, ALabelThatNamesAFileHasNoAccessKey) {
+  form().lblName.Caption = std::string("D&N.BMS");
+  SetFocus(HandleOf(form().cmdCancel));
+  form().lblName.UseMnemonic = false;
+  PressAccessKey(L'n');
+  EXPECT_EQ(GetFocus(), HandleOf(form().cmdCancel));
+  form().lblName.UseMnemonic = true;
+  PressAccessKey(L'n');
+  EXPECT_EQ(GetFocus(), HandleOf(form().txtName));
+}
+
+TEST_F(PeerTest, ShowingAMinimizedFormAgainBringsItBack) {
+  ShowWindow(window().window(), SW_MINIMIZE);
+  ASSERT_TRUE(IsIconic(window().window()));
+  form().Show();
+  EXPECT_FALSE(IsIconic(window().window()));
+}
+
 TEST_F(PeerTest, AHandlerMayCloseItsOwnFormAndShowABoxAfterwards) {
   form().cmdOK.Click = [this] {
     form().Unload();

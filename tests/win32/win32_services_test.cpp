@@ -138,6 +138,19 @@ TEST_F(Win32ServicesTest, TheUrlTestIsThePlatforms) {
   EXPECT_FALSE(internet.IsUrl("a.bms"));
 }
 
+// An Enter that was pressed while a map was fetched said yes to the question that came next, before it was seen.
+TEST_F(Win32ServicesTest, WhatIsPressedWhileAServerIsWaitedForGoesNowhere) {
+  MSG message{};
+  PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);  // makes the thread's queue
+  for (const UINT pressed : {UINT{WM_KEYDOWN}, UINT{WM_CHAR}, UINT{WM_LBUTTONDOWN}, UINT{WM_APP}}) {
+    PostThreadMessageW(GetCurrentThreadId(), pressed, VK_RETURN, 0);
+  }
+  EXPECT_FALSE(Win32Internet().Send({"GET", "no address", {}, {}, {}}));
+  EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE));
+  EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE));
+  EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE));
+}
+
 TEST_F(Win32ServicesTest, TheProcessListHoldsThisProcess) {
   Win32Program program;
   const std::string own = program.ExeName() + ".exe";

@@ -303,7 +303,8 @@ void DrawLabel(FormWindow& form, const Label& label, HDC target, const RECT& are
   SetTextColor(target, label.Enabled ? ToColorRef(label.ForeColor) : GetSysColor(COLOR_GRAYTEXT));
   const UINT aligned = label.Alignment == 1 ? DT_RIGHT : label.Alignment == 2 ? DT_CENTER : DT_LEFT;
   const UINT lines = label.AutoSize && !label.WordWrap ? 0 : DT_WORDBREAK;
-  DrawTextW(target, ToWide(label.Caption.get()).c_str(), -1, &text, aligned | lines);
+  const UINT signs = label.UseMnemonic ? 0 : DT_NOPREFIX;
+  DrawTextW(target, ToWide(label.Caption.get()).c_str(), -1, &text, aligned | lines | signs);
   SelectObject(target, previous);
 }
 

@@ -10,6 +10,7 @@
 #include "platform/win32/control_peer.h"
 #include "platform/win32/keyboard.h"
 #include "platform/win32/late_call.h"
+#include "platform/win32/shell_link.h"
 #include "platform/win32/wide_text.h"
 
 namespace kestrun {
@@ -37,7 +38,7 @@ RECT WorkArea(HWND near_window) {
   return info.rcWork;
 }
 
-// The paths of a drop, which is given back to the system.
+// The paths of a drop, which is given back to the system. A shortcut stands for what it leads to.
 std::vector<std::string> TakeDroppedPaths(HDROP drop) {
   const auto query = KESTRUN_LATE(L"shell32.dll", DragQueryFileW);
   std::vector<std::string> paths;
@@ -45,7 +46,7 @@ std::vector<std::string> TakeDroppedPaths(HDROP drop) {
   for (UINT at = 0; at < count; ++at) {
     std::wstring path(query(drop, at, nullptr, 0) + size_t{1}, L'\0');
     path.resize(query(drop, at, path.data(), static_cast<UINT>(path.size())));
-    paths.push_back(FromWide(path));
+    paths.push_back(FollowLink(FromWide(path)));
   }
   KESTRUN_LATE(L"shell32.dll", DragFinish)(drop);
   return paths;

@@ -183,7 +183,9 @@ bool HandleCharacter(FormWindow& form_window, MSG& message) {
 
 // Empty for kinds that have no caption.
 std::string CaptionOf(const Control& control) {
-  if (const auto* label = dynamic_cast<const Label*>(&control)) return label->Caption;
+  if (const auto* label = dynamic_cast<const Label*>(&control)) {
+    return label->UseMnemonic ? label->Caption.get() : std::string();
+  }
   if (const auto* frame = dynamic_cast<const Frame*>(&control)) return frame->Caption;
   if (const auto* button = dynamic_cast<const CommandButton*>(&control)) return button->Caption;
   if (const auto* box = dynamic_cast<const CheckBox*>(&control)) return box->Caption;

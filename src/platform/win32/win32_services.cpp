@@ -224,6 +224,29 @@ namespace {
 
 constexpr int kDownloadFailed = static_cast<int>(0x800C0008);  // as the system's own download has it
 
+// The thread waits for a server while this lives, and no window answers: the mouse shows an hourglass, and what was
+// pressed meanwhile goes nowhere. It would otherwise answer the question that comes next, before anybody has seen it.
+class Waiting {
+ public:
+  Waiting() : before_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
+  ~Waiting() {
+    Discard(WM_KEYFIRST, WM_KEYLAST);
+    Discard(WM_MOUSEFIRST, WM_MOUSELAST);
+    SetCursor(before_);
+  }
+  Waiting(const Waiting&) = delete;
+  Waiting& operator=(const Waiting&) = delete;
+
+ private:
+  static void Discard(UINT first, UINT last) {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, first, last, PM_REMOVE) && message.message != WM_QUIT) continue;
+    if (message.message == WM_QUIT) PostQuitMessage(static_cast<int>(message.wParam));
+  }
+
+  HCURSOR before_;
+};
+
 void WriteWhole(std::string_view path, ByteView bytes) {
   Win32FileSystem files;
   const std::string part = UnusedFileBeside(path);
@@ -249,11 +272,13 @@ int Win32Internet::DownloadToFile(std::string_view url, std::string_view path) {
     return Attempt([&] { WriteWhole(path, response->body); }) ? 0 : kDownloadFailed;
   }
   constexpr DWORD kGetNewestVersion = 16;
+  const Waiting waiting;
   return KESTRUN_LATE(L"urlmon.dll", URLDownloadToFileW)(nullptr, ToWide(url).c_str(), ToWidePath(path).c_str(),
                                                          kGetNewestVersion, nullptr);
 }
 
 std::optional<HttpResponse> Win32Internet::Send(const HttpRequest& request) {
+  const Waiting waiting;
   std::optional<HttpResponse> response;
   Attempt([&] { response = SendThroughWinHttp(request); });
   return response;

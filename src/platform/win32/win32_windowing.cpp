@@ -20,7 +20,10 @@ class Win32FormPeer final : public FormPeer {
   void SetFocus(Control& control) override { window_->FocusControl(control); }
   void Repaint(Control& control) override { window_->Repaint(control); }
   void PopUpMenu(MenuItem& item) override { window_->PopUpMenu(item); }
-  void BringToFront() override { SetForegroundWindow(window_->window()); }
+  void BringToFront() override {
+    if (IsIconic(window_->window())) ShowWindow(window_->window(), SW_RESTORE);
+    SetForegroundWindow(window_->window());
+  }
   void ShowPopup(Control& control, const PixelRect& screen_area, std::function<void(Canvas&)> paint) override {
     if (ControlPeer* peer = window_->PeerOf(control)) peer->ShowPopup(screen_area, std::move(paint));
   }
@@ -45,11 +48,12 @@ bool FilterMessage(MSG& message) {
   return is_key ? HandleKeyMessage(*form_window, message) : form_window->PassWheel(message.wParam, message.lParam);
 }
 
-// While it lives all open forms but one take no input.
+// While it lives all open forms but one take no input. Afterwards the one that the modal form belonged to is active.
 class OthersDisabled {
  public:
   explicit OthersDisabled(const Form& form) {
     for (const FormWindow* one : FormWindow::OpenWindows()) {
+      if (&one->form() == &form) owner_ = GetWindow(one->window(), GW_OWNER);
       if (&one->form() == &form || !IsWindowEnabled(one->window())) continue;
       EnableWindow(one->window(), FALSE);
       disabled_.push_back(one->window());
@@ -61,11 +65,12 @@ class OthersDisabled {
 
   void Enable() {
     for (const HWND window : disabled_) EnableWindow(window, TRUE);
-    if (!disabled_.empty()) SetActiveWindow(disabled_.back());
+    if (!disabled_.empty()) SetActiveWindow(owner_ && IsWindow(owner_) ? owner_ : disabled_.back());
     disabled_.clear();
   }
 
  private:
+  HWND owner_ = nullptr;
   std::vector<HWND> disabled_;
 };
 
