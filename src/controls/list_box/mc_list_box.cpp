@@ -72,7 +72,10 @@ void McListBox::Disconnect() {
 
 // ---- geometry ----------------------------------------------------------------------------------------------------
 
-int McListBox::Scaled(int pixels) const { return static_cast<int>(int64_t{pixels} * dpi() / kReferenceDpi); }
+int McListBox::Scaled(int pixels) const {
+  constexpr int64_t kMost = 0xFFFFFF;  // of any use for a place on a screen
+  return static_cast<int>(std::min(int64_t{pixels} * dpi() / kReferenceDpi, kMost));
+}
 
 int McListBox::RowsThatFit() const { return client().height / std::max(Scaled(RowHeight), 1); }
 
@@ -115,6 +118,7 @@ void McListBox::AddItem(std::string_view text, int index, int icon, bool bold, V
 
 void McListBox::Remove(int index) {
   items_.Remove(index == -1 ? ListIndex() : index);
+  DropPopup();
   Refresh();
 }
 
@@ -191,6 +195,7 @@ void McListBox::ScrollTo(int position) {
   const int clamped = visible_rows_ == 0 ? 0 : std::clamp(position, 0, LastPosition());
   if (clamped == position_) return;
   position_ = clamped;
+  DropPopup();  // its row is elsewhere now
   Redraw();
 }
 

@@ -180,13 +180,15 @@ class McListBox final : public UserControl, public StoredControl {
 
   void Press(int button, int shift_state, int x, int y);
   void Select(int button, int shift_state, int row);
+  void SelectFromAnchor(int row);
   void Drag(int shift_state, int y);
   void GoTo(int row, int shift_state);
   void TellSelection();
   void UpdatePopup(int y);
-  void ShowRowInPopup(int row, const std::string& text);
+  void ShowRowInPopup(int row, const std::string& text, const FontDescription& font);
   void DropPopup();
   [[nodiscard]] FontDescription RowFont(int row) const;
+  [[nodiscard]] FontDescription PopupFont(int row) const;
   [[nodiscard]] int Twips(int pixels) const;
 
   ListItems items_;
