@@ -1,8 +1,10 @@
 #include "platform/win32/accessible_control.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "platform/win32/late_call.h"
+#include "platform/win32/number_enumeration.h"
 #include "platform/win32/wide_text.h"
 
 namespace kestrun {
@@ -146,20 +148,23 @@ HRESULT AccessibleControl::get_accFocus(VARIANT* child) {
   return S_OK;
 }
 
-// The row that the keys work on when it is selected, otherwise the first selected one; a reader finds the others by
-// their states.
+// Nothing, one number, or an enumeration of several.
 HRESULT AccessibleControl::get_accSelection(VARIANT* child) {
   child->vt = VT_EMPTY;
   if (!control_) return CO_E_OBJNOTCONNECTED;
+  std::vector<long> selected;
   const int count = control_->AccessibleChildCount();
-  int row = control_->AccessibleFocusedChild();
-  if (row < 0 || row >= count || !control_->IsAccessibleChildSelected(row)) {
-    row = 0;
-    while (row < count && !control_->IsAccessibleChildSelected(row)) ++row;
+  for (int row = 0; row < count; ++row) {
+    if (control_->IsAccessibleChildSelected(row)) selected.push_back(row + 1);
   }
-  if (row >= count) return S_FALSE;
-  SetNumber(*child, row + 1);
-  return S_OK;
+  if (selected.empty()) return S_FALSE;
+  if (selected.size() == 1) {
+    SetNumber(*child, selected.front());
+    return S_OK;
+  }
+  child->vt = VT_UNKNOWN;
+  return MakeRef<NumberEnumeration>(std::move(selected))
+      ->QueryInterface(__uuidof(IUnknown), reinterpret_cast<void**>(&child->punkVal));
 }
 
 HRESULT AccessibleControl::accLocation(long* left, long* top, long* width, long* height, VARIANT child) {
