@@ -93,6 +93,8 @@ void CompositePeer::Update(PropertyId property) {
   Repaint();
 }
 
+void CompositePeer::Repaint() { RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN); }
+
 void CompositePeer::DrawBackground(HDC target, const RECT& area) {
   if (static_cast<CompositeControl&>(control()).BackStyle == 0) {
     form().PaintBehind(target, *this);

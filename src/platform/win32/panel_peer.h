@@ -35,6 +35,8 @@ class CompositePeer final : public PanelPeer {
   using PanelPeer::PanelPeer;
   void Create() override;
   void Update(PropertyId property) override;
+  // With its links, which show its background.
+  void Repaint() override;
   void DrawBackground(HDC target, const RECT& area) override;
 
  private:
