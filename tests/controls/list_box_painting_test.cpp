@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "controls/list_box/color_blend.h"
 #include "controls/list_box_fixture.h"
 
@@ -279,6 +281,17 @@ TEST_F(ListBoxTest, ARowIsNeverLowerThanALineOfText) {
   EXPECT_EQ(list.RowHeight, platform().windowing().MeasureText("A", large, 96).height);
   list.RowHeight = 0;
   EXPECT_GT(list.RowHeight, 0);
+}
+
+TEST_F(ListBoxTest, AFontOfASizeThatNoFontHasIsRefused) {
+  for (const double points : {0.0, -8.0, 2161.0, 1e300}) {
+    EXPECT_EQ(ErrorNumberOf([&] { PutMember(list, "FontSize", points); }), 380) << points;
+    PropertyBag bag;
+    bag.WriteProperty("Font", Variant("Tahoma;" + ToText(Variant(points))), Variant());
+    EXPECT_EQ(ErrorNumberOf([&] { list.ReadProperties(bag); }), 380) << points;
+  }
+  PutMember(list, "FontSize", 2160);
+  EXPECT_THAT(Painted("Text"), IsEmpty());
 }
 
 TEST_F(ListBoxTest, TheFrameFollowsBorderAndAppearance) {
