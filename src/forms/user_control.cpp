@@ -20,9 +20,6 @@ bool UserControl::OnKeyDown(int, int) { return false; }
 void UserControl::OnKeyPress(char32_t) {}
 void UserControl::OnFocus(bool) {}
 void UserControl::OnScroll(int) {}
-std::string UserControl::AccessibleChildName(int) const { return {}; }
-bool UserControl::IsAccessibleChildSelected(int) const { return false; }
-PixelRect UserControl::AccessibleChildArea(int) const { return {}; }
 
 PixelSize UserControl::MeasureText(std::string_view text, const FontDescription& font) const {
   return platform().windowing().MeasureText(text, font, dpi_);

@@ -7,7 +7,10 @@
 #include "forms/command_button.h"
 #include "forms/form.h"
 #include "forms/window_registry.h"
+#include "platform/win32/accessible_control.h"
+#include "platform/win32/com_owner.h"
 #include "platform/win32/control_peer.h"
+#include "platform/win32/late_call.h"
 #include "platform/win32/win32_platform.h"
 #include "win32/message_queue.h"
 
@@ -231,6 +234,34 @@ TEST_F(CompositeControlsTest, LinksShowAnotherBackgroundOfTheirPanel) {
   links().BackColor = 0x00FF00;
   Pump();
   EXPECT_EQ(PixelOf(links().LblLink(0), links().LblLink(0).Width - 60, 60), 0x00FF00U);
+}
+
+TEST_F(CompositeControlsTest, AScreenReaderHearsHowFarABarIs) {
+  CoInitialize(nullptr);
+  bar().ToolTipText = "Download";
+  bar().Value = 40;
+  {
+    ComOwner<IAccessible> object;
+    ASSERT_EQ(KESTRUN_LATE(L"oleacc.dll", AccessibleObjectFromWindow)(HandleOf(bar()), static_cast<DWORD>(OBJID_CLIENT),
+                                                                      __uuidof(IAccessible), object.ReceiveAny()),
+              S_OK);
+    VARIANT self{};
+    self.vt = VT_I4;
+    VARIANT role{};
+    EXPECT_EQ(object->get_accRole(self, &role), S_OK);
+    EXPECT_EQ(role.lVal, ROLE_SYSTEM_PROGRESSBAR);
+    BSTR text = nullptr;
+    ASSERT_EQ(object->get_accName(self, &text), S_OK);
+    EXPECT_STREQ(text, L"Download");
+    SysFreeString(text);
+    ASSERT_EQ(object->get_accValue(self, &text), S_OK);
+    EXPECT_STREQ(text, L"40%");
+    SysFreeString(text);
+    CloseAllWindows();
+    Pump();
+    EXPECT_EQ(object->get_accValue(self, &text), CO_E_OBJNOTCONNECTED);
+  }
+  CoUninitialize();
 }
 
 TEST_F(CompositeControlsTest, AScreenReaderFindsALinkByItsText) {

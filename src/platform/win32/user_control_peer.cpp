@@ -272,7 +272,7 @@ bool UserControlPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, L
       return true;
     case WM_GETOBJECT:
       if (static_cast<LONG>(second) != OBJID_CLIENT) return false;
-      if (!accessible_) accessible_ = MakeRef<AccessibleControl>(window(), Model());
+      if (!accessible_) accessible_ = MakeRef<AccessibleControl>(window(), Model(), Model());
       return accessible_->Answer(first, result);
     default: return HandleMouse(message, first, second);
   }
