@@ -55,7 +55,8 @@ class UserControl : public Control, public Accessible {
   [[nodiscard]] virtual int FrameKind() const { return 0; }
 
   [[nodiscard]] Role AccessibleRole() const override { return Role::kPanel; }
-  [[nodiscard]] std::string AccessibleName() const override { return ToolTipText; }
+  // Its tip, otherwise the caption of the label in front of it in the tab order, without the access key and the colon.
+  [[nodiscard]] std::string AccessibleName() const override;
 
   // Stored properties, under the names of the control's own tables.
   virtual void WriteProperties(PropertyBag& bag) const { static_cast<void>(bag); }

@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <limits>
 
 #include "controls/list_box/color_blend.h"
 #include "controls/list_box_fixture.h"
+#include "forms/label.h"
 
 namespace kestrun {
 namespace {
@@ -346,6 +348,33 @@ TEST_F(ListBoxTest, ScreenReadersLearnRowsAndSelection) {
   EXPECT_FALSE(list.IsAccessibleChildSelected(2));
   EXPECT_EQ(list.AccessibleChildArea(1), (PixelRect{0, 22, 200, 44}));
   EXPECT_TRUE(list.AccessibleChildArea(6).IsEmpty());
+}
+
+TEST_F(ListBoxTest, ScreenReadersAreToldWhenTheListHasOtherRows) {
+  desktop.windowing().record_calls = true;
+  const auto told = [this] {
+    const auto& calls = desktop.windowing().accessibility_calls;
+    return std::count(calls.begin(), calls.end(), AccessibilityCall{AccessibleEvent::kChildren, "ListBox1", -1});
+  };
+  Fill(3);
+  EXPECT_EQ(told(), 1);
+  list.Refresh();
+  EXPECT_EQ(told(), 1);
+  list.Remove(0);
+  EXPECT_EQ(told(), 2);
+}
+
+TEST_F(ListBoxTest, ItsNameIsItsTipOrTheLabelInFrontOfIt) {
+  EXPECT_EQ(list.AccessibleName(), "");
+  Label& label = form->Add<Label>("lblmaps");
+  label.Caption = "Map&s: ";
+  label.TabIndex = 4;
+  list.TabIndex = 5;
+  EXPECT_EQ(list.AccessibleName(), "Maps");
+  list.TabIndex = 6;
+  EXPECT_EQ(list.AccessibleName(), "") << "a label further away is another control's";
+  list.ToolTipText = "All the maps";
+  EXPECT_EQ(list.AccessibleName(), "All the maps");
 }
 
 }  // namespace

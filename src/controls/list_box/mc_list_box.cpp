@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -136,6 +137,7 @@ void McListBox::Refresh() {
   bar_visible_ = is_bar_needed || !AutoHideScrollBars;
   items_.Sort(SortOrder);
   Redraw();
+  if (std::exchange(told_rows_, items_.Count()) != items_.Count()) TellAccessibility(AccessibleEvent::kChildren);
 }
 
 void McListBox::ClampListIndex() {

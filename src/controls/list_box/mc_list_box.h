@@ -198,6 +198,7 @@ class McListBox final : public UserControl, public StoredControl {
   int visible_rows_ = 0;
   int position_ = 0;  // first row shown
   bool bar_visible_ = false;
+  int told_rows_ = 0;  // how many screen readers know of
   int anchor_ = 0;
   bool has_focus_ = false;
   bool is_mouse_inside_ = false;
