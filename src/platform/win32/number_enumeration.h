@@ -1,6 +1,7 @@
 // Numbers as COM hands several of them out at once: what a screen reader gets when more than one row is selected.
 #pragma once
 
+#include <utility>
 #include <vector>
 
 #include "base/ref.h"
