@@ -50,7 +50,7 @@ FontDescription FontFrom(const Variant& value) {
   std::string_view line = text;
   FontDescription font;
   font.name = NextField(line);
-  font.size_points = ToDouble(Variant(NextField(line)));
+  font.size_points = CheckedFontSize(ToDouble(Variant(NextField(line))));
   while (!line.empty()) {
     const std::string_view word = NextField(line);
     for (const Style& style : kStyles) {

@@ -23,10 +23,17 @@ class CompositeControl : public Control {
   [[nodiscard]] std::span<const Ref<Control>> Constituents() const override { return constituents_; }
 
  protected:
-  // Adds one in front of those that are there. It lives as long as the control.
+  // Adds one in front of those that are there. It lives as long as the control. Its TabIndex counts among the control's
+  // own constituents.
   template <class T>
   T& AddConstituent(std::string name, int index = -1) {
+    return AddConstituent<T>(std::move(name), index, [](T&) {});
+  }
+  // The same for one that is prepared before the screen hears of it: whether it answers clicks is asked then.
+  template <class T, class Prepare>
+  T& AddConstituent(std::string name, int index, Prepare&& prepare) {
     Ref<T> made = MakeRef<T>(form(), std::move(name), index);
+    prepare(*made);
     constituents_.push_back(made);
     made->SetContainer(*this);
     return *made;

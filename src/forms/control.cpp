@@ -33,6 +33,7 @@ constexpr Member FontRow(std::string_view name) {
       [](Object& object, Arguments, const Variant& value) {
         FontDescription font = Self(object).Font;
         font.*kField = VariantTraits<Value>::From(value);
+        static_cast<void>(CheckedFontSize(font.size_points));
         Self(object).Font = font;
       }};
 }

@@ -31,6 +31,13 @@ constexpr MemberTable kTable{nullptr, kRows};
 
 }  // namespace
 
+double CheckedFontSize(double points) {
+  constexpr int kInvalidPropertyValue = 380;
+  constexpr double kLargest = 2160;
+  if (!(points > 0 && points <= kLargest)) Raise(kInvalidPropertyValue, "Invalid property value");
+  return points;
+}
+
 const MemberTable& FontObject::Members() const { return kTable; }
 
 }  // namespace kestrun

@@ -7,6 +7,10 @@
 
 namespace kestrun {
 
+// A font's size in points, as a script or a stored control gives it. Error 380 for a size that no font has: it would go
+// wrong far from here, where text is measured.
+[[nodiscard]] double CheckedFontSize(double points);
+
 class FontObject final : public TableObject {
  public:
   explicit FontObject(Ref<Control> owner) : owner_(std::move(owner)) {}

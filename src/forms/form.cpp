@@ -1,6 +1,7 @@
 #include "forms/form.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "base/text.h"
 #include "forms/member_rows.h"
@@ -184,12 +185,27 @@ bool Form::HasMenu() const {
 }
 
 std::vector<Control*> Form::TabOrder() const {
-  std::vector<Control*> order;
+  // Constituents stand where their control stands, in an order of their own.
+  struct Stop {
+    int index;
+    int inner_index;
+    Control* control;
+  };
+  std::vector<Stop> stops;
+  const auto add = [&stops](int index, int inner_index, Control& control) {
+    if (control.TakesFocus() && control.TabStop && control.IsUsable()) stops.push_back({index, inner_index, &control});
+  };
   for (const Ref<Control>& control : controls_) {
-    if (control->TakesFocus() && control->TabStop && control->IsUsable()) order.push_back(control.get());
+    add(control->TabIndex, 0, *control);
+    for (const Ref<Control>& constituent : control->Constituents()) {
+      add(control->TabIndex, constituent->TabIndex, *constituent);
+    }
   }
-  std::stable_sort(order.begin(), order.end(),
-                   [](const Control* left, const Control* right) { return left->TabIndex < right->TabIndex; });
+  std::stable_sort(stops.begin(), stops.end(), [](const Stop& left, const Stop& right) {
+    return std::tie(left.index, left.inner_index) < std::tie(right.index, right.inner_index);
+  });
+  std::vector<Control*> order;
+  for (const Stop& stop : stops) order.push_back(stop.control);
   return order;
 }
 
@@ -204,7 +220,9 @@ void Form::Remove(Control& control) {
   const Ref<Control> keep(&control);
   std::erase(stacking_, &control);
   std::erase(controls_, keep);
-  if (active_control_ == &control) active_control_ = nullptr;
+  if (active_control_ && (active_control_ == &control || active_control_->Container() == &control)) {
+    active_control_ = nullptr;
+  }
   if (peer_) peer_->ControlsChanged();
   control.Disconnect();
 }

@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "base/text.h"
+#include "forms/form.h"
+#include "forms/label.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -20,9 +23,18 @@ bool UserControl::OnKeyDown(int, int) { return false; }
 void UserControl::OnKeyPress(char32_t) {}
 void UserControl::OnFocus(bool) {}
 void UserControl::OnScroll(int) {}
-std::string UserControl::AccessibleChildName(int) const { return {}; }
-bool UserControl::IsAccessibleChildSelected(int) const { return false; }
-PixelRect UserControl::AccessibleChildArea(int) const { return {}; }
+
+std::string UserControl::AccessibleName() const {
+  if (!ToolTipText->empty() || !form()) return ToolTipText;
+  for (const Ref<Control>& control : form()->controls()) {
+    const auto* label = dynamic_cast<const Label*>(control.get());
+    if (!label || label->Container() != Container() || label->TabIndex + 1 != TabIndex) continue;
+    std::string name = ReplaceAll(label->Caption.get(), "&", "");
+    while (name.ends_with(":") || name.ends_with(" ")) name.pop_back();
+    return name;
+  }
+  return {};
+}
 
 PixelSize UserControl::MeasureText(std::string_view text, const FontDescription& font) const {
   return platform().windowing().MeasureText(text, font, dpi_);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "forms/accessible.h"
 #include "forms/canvas.h"
 #include "forms/control.h"
 #include "forms/property_bag.h"
@@ -22,7 +23,7 @@ struct ScrollBarState {
   friend bool operator==(const ScrollBarState&, const ScrollBarState&) = default;
 };
 
-class UserControl : public Control {
+class UserControl : public Control, public Accessible {
  public:
   using Control::Control;
 
@@ -53,18 +54,9 @@ class UserControl : public Control {
   // What stands around the client area: 0 nothing, 1 a line, 2 a sunken edge.
   [[nodiscard]] virtual int FrameKind() const { return 0; }
 
-  // What a screen reader asks for.
-  enum class Role { kPanel, kList, kProgressBar, kLink };
-  [[nodiscard]] virtual Role AccessibleRole() const { return Role::kPanel; }
-  [[nodiscard]] virtual std::string AccessibleName() const { return ToolTipText; }
-  // Rows of a list with their text and selection; the value of a progress bar is its name's business.
-  [[nodiscard]] virtual int AccessibleChildCount() const { return 0; }
-  [[nodiscard]] virtual std::string AccessibleChildName(int child) const;
-  [[nodiscard]] virtual bool IsAccessibleChildSelected(int child) const;
-  // The row that the keys work on; -1 when it is the control itself.
-  [[nodiscard]] virtual int AccessibleFocusedChild() const { return -1; }
-  // The row's place in the client area; empty when it is out of sight.
-  [[nodiscard]] virtual PixelRect AccessibleChildArea(int child) const;
+  [[nodiscard]] Role AccessibleRole() const override { return Role::kPanel; }
+  // Its tip, otherwise the caption of the label in front of it in the tab order, without the access key and the colon.
+  [[nodiscard]] std::string AccessibleName() const override;
 
   // Stored properties, under the names of the control's own tables.
   virtual void WriteProperties(PropertyBag& bag) const { static_cast<void>(bag); }

@@ -116,6 +116,23 @@ TEST_F(ListBoxTest, AHandlerMayCloseTheFormInTheMiddleOfAPress) {
   SUCCEED();
 }
 
+TEST_F(ListBoxTest, AfterAHandlerHasClosedTheFormThePressIsToldToNobodyElse) {
+  Fill(3);
+  list.SelChange = [this] { form->Unload(); };
+  list.MouseDown = [this](int, int, int, int) { events.emplace_back("MouseDown"); };
+  Press(1);
+  EXPECT_THAT(events, IsEmpty());
+}
+
+TEST_F(ListBoxTest, ARangeFromAnAnchorThatIsGoneEndsAtTheLastRow) {
+  Fill(10);
+  list.MultiSelect = true;
+  Click(4);
+  for (int rows = 0; rows < 7; ++rows) list.Remove(0);
+  Click(1, shift::kShift);
+  EXPECT_THAT(Selected(), ElementsAre(1, 2));
+}
+
 // ---- dragging ----
 
 TEST_F(ListBoxTest, DraggingMovesTheCurrentRow) {
@@ -229,6 +246,17 @@ TEST_F(ListBoxTest, ALetterFindsTheFirstRowThatBeginsWithIt) {
   EXPECT_THAT(events, IsEmpty());
 }
 
+TEST_F(ListBoxTest, TheSpaceBarAndDigitsFindRowsLikeLetters) {
+  for (const char* text : {"alpha", "2 rivers", " indented"}) list.AddItem(text);
+  list.Refresh();
+  list.OnKeyPress(' ');
+  EXPECT_EQ(list.ListIndex(), 2);
+  list.OnKeyPress('2');
+  EXPECT_EQ(list.ListIndex(), 1);
+  list.OnKeyPress(1);  // Ctrl+A
+  EXPECT_EQ(list.ListIndex(), 1);
+}
+
 TEST_F(ListBoxTest, KeysDoNothingInAnEmptyList) {
   for (const int key : {key::kDown, key::kUp, key::kHome, key::kEnd, key::kPageDown}) Key(key);
   list.OnKeyPress('a');
@@ -337,6 +365,66 @@ TEST_F(ListPopupTest, ThePopUpGoesAwayOnWheelAndOnLeaving) {
   list.OnMouseLeave();
   EXPECT_FALSE(Popup());
   EXPECT_THAT(events, ElementsAre("MouseEnter", "MouseLeave"));
+}
+
+TEST_F(ListPopupTest, ATextThatJustFitsBesideTheListStaysOnOneLine) {
+  const int room = 1024 - 2;  // from the list's edge to the screen's
+  std::string text;
+  while (platform().windowing().MeasureText(text + "y", list.Font, 96).width <= room) text += "y";
+  ASSERT_GT(platform().windowing().MeasureText(text, list.Font, 96).width, room - 10);
+  list.AddItem(text);
+  list.AddItem(text + "y");
+  list.Refresh();
+  Hover(3);
+  ASSERT_TRUE(Popup());
+  EXPECT_EQ(Popup()->area.height(), 22);
+  EXPECT_EQ(Popup()->area.left, 0) << "the box moves in from the screen's edge";
+  EXPECT_LE(Popup()->area.right - 5, 1024) << "the whole text is on the screen";
+  Hover(4);
+  EXPECT_EQ(Popup()->area.height(), 2 * 22);
+}
+
+TEST_F(ListPopupTest, ItsTextStandsTwoPixelsAboveTheMiddle) {
+  Hover(1);
+  RasterCanvas surface({Popup()->area.width(), Popup()->area.height()});
+  Popup()->paint(surface);
+  EXPECT_THAT(surface.calls().back(), testing::HasSubstr("Text 5,0,")) << "and 5 from the left";
+  EXPECT_THAT(surface.calls().back(), testing::HasSubstr(",18 ")) << "centred in 18 of the 22 pixels";
+}
+
+TEST_F(ListPopupTest, ItFollowsTheMouseInADragToo) {
+  Press(0);
+  DragTo(1);
+  EXPECT_TRUE(Popup());
+  EXPECT_EQ(list.ListIndex(), 1);
+}
+
+TEST_F(ListPopupTest, ItGoesAwayWhenTheRowsMoveUnderIt) {
+  Fill(10);
+  Hover(1);
+  ASSERT_TRUE(Popup());
+  Key(key::kEnd);
+  EXPECT_FALSE(Popup());
+  Key(key::kHome);
+  Hover(1);
+  ASSERT_TRUE(Popup());
+  list.Remove(0);
+  EXPECT_FALSE(Popup());
+}
+
+TEST_F(ListPopupTest, ItGoesAwayWithTheFocus) {
+  list.OnFocus(true);
+  Hover(1);
+  ASSERT_TRUE(Popup());
+  list.OnFocus(false);
+  EXPECT_FALSE(Popup());
+}
+
+TEST_F(ListPopupTest, ARowWhoseFlagIsNoneIsShownToo) {
+  list.AddItem(std::string(60, 'x') + "<%S%>0<%S%>no flag");
+  list.Refresh();
+  Hover(3);
+  EXPECT_TRUE(Popup());
 }
 
 TEST_F(ListPopupTest, BelowTheRowsItStaysAsItIs) {

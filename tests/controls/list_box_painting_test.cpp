@@ -1,5 +1,9 @@
+#include <algorithm>
+#include <limits>
+
 #include "controls/list_box/color_blend.h"
 #include "controls/list_box_fixture.h"
+#include "forms/label.h"
 
 namespace kestrun {
 namespace {
@@ -281,6 +285,17 @@ TEST_F(ListBoxTest, ARowIsNeverLowerThanALineOfText) {
   EXPECT_GT(list.RowHeight, 0);
 }
 
+TEST_F(ListBoxTest, AFontOfASizeThatNoFontHasIsRefused) {
+  for (const double points : {0.0, -8.0, 2161.0, 1e300}) {
+    EXPECT_EQ(ErrorNumberOf([&] { PutMember(list, "FontSize", points); }), 380) << points;
+    PropertyBag bag;
+    bag.WriteProperty("Font", Variant("Tahoma;" + ToText(Variant(points))), Variant());
+    EXPECT_EQ(ErrorNumberOf([&] { list.ReadProperties(bag); }), 380) << points;
+  }
+  PutMember(list, "FontSize", 2160);
+  EXPECT_THAT(Painted("Text"), IsEmpty());
+}
+
 TEST_F(ListBoxTest, TheFrameFollowsBorderAndAppearance) {
   EXPECT_EQ(list.FrameKind(), 2);
   list.Appearance = int16_t{0};
@@ -291,8 +306,11 @@ TEST_F(ListBoxTest, TheFrameFollowsBorderAndAppearance) {
 
 TEST_F(ListBoxTest, AHugeRowAndAControlOfNoSizeShowNoRowsAndTakeNoPress) {
   Fill(3);
-  list.RowHeight = 32767;
-  EXPECT_THAT(Painted("Text"), IsEmpty());
+  list.Resized({300, 165}, 144);
+  for (const int height : {32767, std::numeric_limits<int>::max()}) {
+    list.RowHeight = height;
+    EXPECT_THAT(Painted("Text"), IsEmpty()) << height;
+  }
   Click(0);
   Key(key::kPageDown);
   list.Resized({0, 0}, 96);
@@ -330,6 +348,33 @@ TEST_F(ListBoxTest, ScreenReadersLearnRowsAndSelection) {
   EXPECT_FALSE(list.IsAccessibleChildSelected(2));
   EXPECT_EQ(list.AccessibleChildArea(1), (PixelRect{0, 22, 200, 44}));
   EXPECT_TRUE(list.AccessibleChildArea(6).IsEmpty());
+}
+
+TEST_F(ListBoxTest, ScreenReadersAreToldWhenTheListHasOtherRows) {
+  desktop.windowing().record_calls = true;
+  const auto told = [this] {
+    const auto& calls = desktop.windowing().accessibility_calls;
+    return std::count(calls.begin(), calls.end(), AccessibilityCall{AccessibleEvent::kChildren, "ListBox1", -1});
+  };
+  Fill(3);
+  EXPECT_EQ(told(), 1);
+  list.Refresh();
+  EXPECT_EQ(told(), 1);
+  list.Remove(0);
+  EXPECT_EQ(told(), 2);
+}
+
+TEST_F(ListBoxTest, ItsNameIsItsTipOrTheLabelInFrontOfIt) {
+  EXPECT_EQ(list.AccessibleName(), "");
+  Label& label = form->Add<Label>("lblmaps");
+  label.Caption = "Map&s: ";
+  label.TabIndex = 4;
+  list.TabIndex = 5;
+  EXPECT_EQ(list.AccessibleName(), "Maps");
+  list.TabIndex = 6;
+  EXPECT_EQ(list.AccessibleName(), "") << "a label further away is another control's";
+  list.ToolTipText = "All the maps";
+  EXPECT_EQ(list.AccessibleName(), "All the maps");
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "base/text.h"
 #include "controls/list_box_fixture.h"
 #include "script/script_engine.h"
@@ -230,6 +232,11 @@ TEST_F(ListBoxTest, EveryCharacterButLettersAndTheUnderscoreDelimits) {
     EXPECT_TRUE(list.IsDelim(other)) << other;
 }
 
+TEST_F(ListBoxTest, TheImageListIsGivenAndNotRead) {
+  PutMember(list, "ImageList", Variant(&form->ImageList1));
+  EXPECT_EQ(ErrorNumberOf([&] { static_cast<void>(GetMember(list, "ImageList")); }), 438);
+}
+
 TEST_F(ListBoxTest, AScriptReachesPropertiesAndRows) {
   const auto engine = MakeScriptEngine();
   engine->SetLanguage("VBScript");
@@ -280,6 +287,16 @@ TEST_F(ListBoxToolsTest, LineEndsAreTakenOutOnlyWhenAsked) {
 }
 
 TEST_F(ListBoxToolsTest, AWidthOfNothingEndsAllTheSame) { EXPECT_FALSE(Wrap("alpha beta", 0).empty()); }
+
+TEST_F(ListBoxToolsTest, AVeryLongTextIsWrappedAtOnceWhereItFits) {
+  const std::string text = std::string(99990, 'x') + " tail end";
+  EXPECT_THAT(list.SplitToLines(text, std::numeric_limits<int>::max(), false), ElementsAre(text));
+}
+
+TEST_F(ListBoxToolsTest, AnAlphaThatIsNoneGivesAColourAllTheSame) {
+  EXPECT_EQ(list.BlendColor(0xFFFFFF, 0x000000, std::numeric_limits<int>::max()), 0xFFFFFFU);
+  EXPECT_EQ(list.BlendColor(0xFFFFFF, 0x000000, std::numeric_limits<int>::min()), 0x000000U);
+}
 
 TEST_F(ListBoxToolsTest, ColoursAreMixedChannelByChannelToTheNearest) {
   EXPECT_EQ(list.BlendColor(0xFF8C1A, 0xFFFFFF, 150), 0xFFBB78U);  // 8C: 140 * 150 / 255 + 105 = 187.4

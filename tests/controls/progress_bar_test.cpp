@@ -228,6 +228,18 @@ TEST_F(ProgressBarTest, ABlackTextColourIsStored) {
   EXPECT_TRUE(bag.Holds("FORECOLOR"));
 }
 
+TEST_F(ProgressBarTest, AScreenReaderHearsThePercentAlsoWhereTheyAreNotShown) {
+  EXPECT_EQ(bar.AccessibleRole(), Accessible::Role::kProgressBar);
+  bar.ToolTipText = "Download";
+  EXPECT_EQ(bar.AccessibleName(), "Download");
+  bar.ShowPercent = false;
+  bar.Max = 200;
+  bar.Value = 50;
+  EXPECT_EQ(bar.AccessibleValue(), "25%");
+  bar.Max = 0;
+  EXPECT_EQ(bar.AccessibleValue(), "50%");
+}
+
 TEST_F(ProgressBarTest, MembersStandInTheOrderOfTheirSlots) {
   std::vector<std::string> names;
   for (const Member& row : bar.Members().own) names.emplace_back(row.name);

@@ -353,6 +353,19 @@ TEST_F(QuickLinkTest, ALabelThatAScriptKeepsGoesDeadWithItsForm) {
   EXPECT_EQ(ErrorNumberOf([&] { PutMember(*close.object(), "Caption", "x"); }), error::kObjectRequired);
 }
 
+TEST_F(QuickLinkTest, TheKeyboardGoesFromTheFirstLinkToCloseWhileThePanelIsSeen) {
+  form->Show();
+  AddThree();
+  const auto stops = [&] {
+    std::string names;
+    for (const Control* stop : form->TabOrder()) names += stop->Name() + std::to_string(stop->Index()) + " ";
+    return names;
+  };
+  EXPECT_EQ(stops(), "LblLink0 LblLink1 LblLink2 ChShow-1 LblClose-1 ");
+  links.Visible = false;
+  EXPECT_EQ(stops(), "");
+}
+
 TEST_F(QuickLinkTest, AScriptDressesThePanelAndAddsLinks) {
   const auto engine = MakeScriptEngine();
   engine->SetLanguage("VBScript");

@@ -59,7 +59,9 @@ class SampleControl final : public UserControl {
   [[nodiscard]] std::string AccessibleName() const override { return "Sample"; }
   [[nodiscard]] int AccessibleChildCount() const override { return static_cast<int>(rows.size()); }
   [[nodiscard]] std::string AccessibleChildName(int child) const override { return rows[static_cast<size_t>(child)]; }
-  [[nodiscard]] bool IsAccessibleChildSelected(int child) const override { return child == selected; }
+  [[nodiscard]] bool IsAccessibleChildSelected(int child) const override {
+    return child == selected || (child == also_selected && child >= 0);
+  }
   [[nodiscard]] int AccessibleFocusedChild() const override { return selected; }
   [[nodiscard]] PixelRect AccessibleChildArea(int child) const override {
     return child < 2 ? PixelRect{0, child * 10, 50, child * 10 + 10} : PixelRect{};
@@ -83,6 +85,7 @@ class SampleControl final : public UserControl {
   std::function<void(Canvas&)> on_paint;
   int frame = 0;
   int selected = -1;
+  int also_selected = -1;
   int taken_key = 0;
   int paints = 0;
   int resizes = 0;

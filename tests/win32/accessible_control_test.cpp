@@ -1,6 +1,7 @@
 // What a screen reader gets from a control that paints itself.
 #include "platform/win32/accessible_control.h"
 
+#include "platform/win32/com_owner.h"
 #include "platform/win32/late_call.h"
 #include "win32/user_control_fixture.h"
 
@@ -80,6 +81,34 @@ TEST_F(AccessibleControlTest, AReaderHearsWhichRowIsSelectedAndHasTheFocus) {
   EXPECT_EQ(child.lVal, 2);
   SetFocus(HandleOf(form().txtName));
   EXPECT_EQ(StateOf(2) & kBoth, STATE_SYSTEM_SELECTED);
+}
+
+TEST_F(AccessibleControlTest, OfSeveralSelectedRowsAReaderGetsThemAll) {
+  VARIANT selection{};
+  sample().selected = -1;
+  EXPECT_EQ(object->get_accSelection(&selection), S_FALSE);
+  EXPECT_EQ(selection.vt, VT_EMPTY);
+  sample().selected = 0;
+  sample().also_selected = 2;
+  ASSERT_EQ(object->get_accSelection(&selection), S_OK);
+  ASSERT_EQ(selection.vt, VT_UNKNOWN);
+  ComOwner<IEnumVARIANT> rows;
+  ASSERT_EQ(selection.punkVal->QueryInterface(__uuidof(IEnumVARIANT), rows.ReceiveAny()), S_OK);
+  selection.punkVal->Release();
+  VARIANT numbers[3]{};
+  ULONG fetched = 0;
+  EXPECT_EQ(rows->Next(3, numbers, &fetched), S_FALSE);
+  EXPECT_EQ(fetched, 2U);
+  EXPECT_EQ(numbers[0].lVal, 1);
+  EXPECT_EQ(numbers[1].lVal, 3);
+  EXPECT_EQ(rows->Reset(), S_OK);
+  EXPECT_EQ(rows->Skip(1), S_OK);
+  ComOwner<IEnumVARIANT> copy;
+  ASSERT_EQ(rows->Clone(copy.Receive()), S_OK);
+  EXPECT_EQ(copy->Next(1, numbers, nullptr), S_OK);
+  EXPECT_EQ(numbers[0].lVal, 3);
+  EXPECT_EQ(copy->Skip(1), S_FALSE);
+  EXPECT_EQ(rows->Next(2, numbers, nullptr), E_INVALIDARG);
 }
 
 TEST_F(AccessibleControlTest, RowsHaveTheirPlaceOnTheScreen) {

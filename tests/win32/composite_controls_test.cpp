@@ -4,9 +4,13 @@
 #include "controls/progress_bar/progress_bar.h"
 #include "controls/quick_link/help_picture.h"
 #include "controls/quick_link/quick_link.h"
+#include "forms/command_button.h"
 #include "forms/form.h"
 #include "forms/window_registry.h"
+#include "platform/win32/accessible_control.h"
+#include "platform/win32/com_owner.h"
 #include "platform/win32/control_peer.h"
+#include "platform/win32/late_call.h"
 #include "platform/win32/win32_platform.h"
 #include "win32/message_queue.h"
 
@@ -64,25 +68,28 @@ class CompositeControlsTest : public testing::Test {
     return pixel;
   }
   // How many pixels of the label's own area are not the panel's white.
-  int InkOf(const Label& label) {
+  int InkOf(Label& label) {
     int ink = 0;
-    for (int y = label.Top; y < label.Top + label.Height; y += 15) {
-      for (int x = label.Left; x < label.Left + label.Width; x += 15) ink += PixelOf(links(), x, y) != 0xFFFFFF;
+    for (int y = 0; y < label.Height; y += 15) {
+      for (int x = 0; x < label.Width; x += 15) ink += PixelOf(label, x, y) != 0xFFFFFF;
     }
     return ink;
   }
-  LPARAM PlaceOn(const Control& constituent) {
-    return MAKELPARAM(window().scale().Pixels(constituent.Left + 60), window().scale().Pixels(constituent.Top + 60));
-  }
-  void MoveTo(LPARAM place) {
-    PostMessageW(HandleOf(links()), WM_MOUSEMOVE, 0, place);
+  void MoveOver(Control& control) {
+    PostMessageW(HandleOf(control), WM_MOUSEMOVE, 0, kCorner);
     Pump();
   }
-  void ClickAt(LPARAM place) {
-    PostMessageW(HandleOf(links()), WM_LBUTTONDOWN, MK_LBUTTON, place);
-    PostMessageW(HandleOf(links()), WM_LBUTTONUP, 0, place);
+  void ClickOn(Control& control) {
+    PostMessageW(HandleOf(control), WM_LBUTTONDOWN, MK_LBUTTON, kCorner);
+    PostMessageW(HandleOf(control), WM_LBUTTONUP, 0, kCorner);
     Pump();
   }
+  void PressKey(WPARAM key) {
+    PostMessageW(GetFocus(), WM_KEYDOWN, key, 1);
+    PostMessageW(GetFocus(), WM_KEYUP, key, 1);
+    Pump();
+  }
+  static constexpr LPARAM kCorner = MAKELPARAM(3, 3);
 
   Win32Platform platform;
   PlatformInstallation installation{platform};
@@ -136,12 +143,12 @@ TEST_F(CompositeControlsTest, ATransparentPanelShowsWhatIsBehindIt) {
 TEST_F(CompositeControlsTest, TheMouseOverALinkMakesItBoldAndUnderlined) {
   const int plain_ink = InkOf(links().LblLink(1));
   ASSERT_GT(plain_ink, 0);
-  MoveTo(PlaceOn(links().LblLink(1)));
+  MoveOver(links().LblLink(1));
   EXPECT_TRUE(links().LblLink(1).Font->bold);
   EXPECT_TRUE(links().LblLink(1).Font->underline);
   EXPECT_FALSE(links().LblLink(0).Font->bold);
   EXPECT_GT(InkOf(links().LblLink(1)), plain_ink);
-  MoveTo(MAKELPARAM(2, 2));
+  MoveOver(links());
   EXPECT_FALSE(links().LblLink(1).Font->bold);
   EXPECT_EQ(InkOf(links().LblLink(1)), plain_ink);
 }
@@ -151,8 +158,8 @@ TEST_F(CompositeControlsTest, AClickOnALinkTellsItsKey) {
   links().LinkClick = [&](const std::string& key, int index) { clicked += key + std::to_string(index); };
   bool closed = false;
   links().LblCloseClick = [&] { closed = true; };
-  ClickAt(PlaceOn(links().LblLink(1)));
-  ClickAt(PlaceOn(links().LblClose));
+  ClickOn(links().LblLink(1));
+  ClickOn(links().LblClose);
   EXPECT_EQ(clicked, "pack21");
   EXPECT_TRUE(closed);
 }
@@ -163,33 +170,104 @@ TEST_F(CompositeControlsTest, ALinkThatIsAddedToAShownPanelIsPaintedAndClicked) 
   std::string clicked;
   links().LinkClick = [&](const std::string& key, int) { clicked = key; };
   EXPECT_GT(InkOf(links().LblLink(2)), 0);
-  ClickAt(PlaceOn(links().LblLink(2)));
+  ClickOn(links().LblLink(2));
   EXPECT_EQ(clicked, "late");
 }
 
 TEST_F(CompositeControlsTest, AHandlerMayTakeThePanelAway) {
   links().LinkClick = [this](const std::string&, int) { form().Remove(form().QuickLinks); };
-  ClickAt(PlaceOn(links().LblLink(0)));
+  ClickOn(links().LblLink(0));
   EXPECT_EQ(form().FindControl("QuickLinks"), nullptr);
 }
 
 TEST_F(CompositeControlsTest, TheMouseTakesTheLinksPicture) {
   links().MouseLinkIcon = HelpPicture();
-  const HWND panel = HandleOf(links());
-  const auto show_cursor_over = [&](const Control& constituent) {
-    POINT place{window().scale().Pixels(constituent.Left + 60), window().scale().Pixels(constituent.Top + 60)};
-    ClientToScreen(panel, &place);
+  const auto show_cursor_over = [&](Control& control) {
+    const HWND shown = HandleOf(control);
+    POINT place{3, 3};
+    ClientToScreen(shown, &place);
     SetCursorPos(place.x, place.y);
     SetCursor(nullptr);
-    SendMessageW(panel, WM_SETCURSOR, reinterpret_cast<WPARAM>(panel), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    SendMessageW(shown, WM_SETCURSOR, reinterpret_cast<WPARAM>(shown), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
     return GetCursor();
   };
   const HCURSOR arrow = LoadCursorW(nullptr, IDC_ARROW);
-  EXPECT_EQ(show_cursor_over(links().Label1), arrow);
+  EXPECT_EQ(show_cursor_over(links()), arrow);
   const HCURSOR picture = show_cursor_over(links().LblLink(0));
   EXPECT_NE(picture, arrow);
   EXPECT_NE(picture, nullptr);
   EXPECT_EQ(show_cursor_over(links().LblLink(1)), picture);
+}
+
+TEST_F(CompositeControlsTest, TheTabKeyGoesThroughTheLinksAndEnterAndTheSpaceBarClickThem) {
+  std::string clicked;
+  links().LinkClick = [&](const std::string& key, int) { clicked += key + " "; };
+  SetFocus(HandleOf(links().LblLink(0)));
+  PressKey(VK_RETURN);
+  PressKey(VK_TAB);
+  EXPECT_EQ(form().ActiveControl(), &links().LblLink(1));
+  PressKey(VK_SPACE);
+  EXPECT_EQ(clicked, "pack1 pack2 ");
+  PressKey(VK_TAB);
+  EXPECT_EQ(form().ActiveControl(), &links().ChShow);
+  PressKey(VK_TAB);
+  EXPECT_EQ(form().ActiveControl(), &links().LblClose);
+}
+
+TEST_F(CompositeControlsTest, APanelThatIsHiddenByItsOwnLinkGivesTheFocusBack) {
+  CommandButton& button = form().Add<CommandButton>("cmdOK");
+  button.Move(4800, 150, 900, 375);
+  links().LblCloseClick = [this] { links().Visible = false; };
+  SetFocus(HandleOf(links().LblClose));
+  PressKey(VK_RETURN);
+  EXPECT_EQ(GetFocus(), HandleOf(button));
+}
+
+TEST_F(CompositeControlsTest, APanelThatGoesLeavesNoFocusBehind) {
+  SetFocus(HandleOf(links().LblLink(1)));
+  form().Remove(form().QuickLinks);
+  EXPECT_EQ(form().ActiveControl(), nullptr);
+  Pump();
+}
+
+TEST_F(CompositeControlsTest, LinksShowAnotherBackgroundOfTheirPanel) {
+  links().BackColor = 0x00FF00;
+  Pump();
+  EXPECT_EQ(PixelOf(links().LblLink(0), links().LblLink(0).Width - 60, 60), 0x00FF00U);
+}
+
+TEST_F(CompositeControlsTest, AScreenReaderHearsHowFarABarIs) {
+  CoInitialize(nullptr);
+  bar().ToolTipText = "Download";
+  bar().Value = 40;
+  {
+    ComOwner<IAccessible> object;
+    ASSERT_EQ(KESTRUN_LATE(L"oleacc.dll", AccessibleObjectFromWindow)(HandleOf(bar()), static_cast<DWORD>(OBJID_CLIENT),
+                                                                      __uuidof(IAccessible), object.ReceiveAny()),
+              S_OK);
+    VARIANT self{};
+    self.vt = VT_I4;
+    VARIANT role{};
+    EXPECT_EQ(object->get_accRole(self, &role), S_OK);
+    EXPECT_EQ(role.lVal, ROLE_SYSTEM_PROGRESSBAR);
+    BSTR text = nullptr;
+    ASSERT_EQ(object->get_accName(self, &text), S_OK);
+    EXPECT_STREQ(text, L"Download");
+    SysFreeString(text);
+    ASSERT_EQ(object->get_accValue(self, &text), S_OK);
+    EXPECT_STREQ(text, L"40%");
+    SysFreeString(text);
+    CloseAllWindows();
+    Pump();
+    EXPECT_EQ(object->get_accValue(self, &text), CO_E_OBJNOTCONNECTED);
+  }
+  CoUninitialize();
+}
+
+TEST_F(CompositeControlsTest, AScreenReaderFindsALinkByItsText) {
+  wchar_t name[50] = {};
+  GetWindowTextW(HandleOf(links().LblLink(0)), name, 50);
+  EXPECT_EQ(std::wstring(name), L"Play a new map");
 }
 
 TEST_F(CompositeControlsTest, TheHelpPictureIsPaintedAtEveryScale) {

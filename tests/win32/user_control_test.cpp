@@ -96,6 +96,25 @@ TEST_F(UserControlPeerTest, AControlThatTakesNoFocusLeavesItWhereItWas) {
   EXPECT_EQ(GetFocus(), HandleOf(form().txtName));
 }
 
+TEST_F(UserControlPeerTest, TheMouseTakesThePointerThatTheControlNames) {
+  POINT place{5, 5};
+  ClientToScreen(Handle(), &place);
+  SetCursorPos(place.x, place.y);
+  const auto pointer = [&] {
+    SetCursor(nullptr);
+    SendMessageW(Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(Handle()), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    return GetCursor();
+  };
+  EXPECT_EQ(pointer(), LoadCursorW(nullptr, IDC_ARROW));
+  sample().MousePointer = 2;
+  EXPECT_EQ(pointer(), LoadCursorW(nullptr, IDC_CROSS));
+  SetCursor(nullptr);
+  sample().MousePointer = 11;
+  EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT)) << "at once, for the work that comes next";
+  sample().MousePointer = 12345;
+  EXPECT_EQ(pointer(), LoadCursorW(nullptr, IDC_ARROW));
+}
+
 TEST_F(UserControlPeerTest, HearsWhenTheMouseLeaves) {
   Send(WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
   Send(WM_MOUSELEAVE, 0, 0);

@@ -11,8 +11,9 @@ constexpr int kChannelBits = 8;
 int Channel(Color color, int channel) { return static_cast<int>((color >> (kChannelBits * channel)) & 255); }
 
 int MixChannel(int first, int second, int alpha) {
-  const double mixed = first * alpha / 255.0 + second * (255 - alpha) / 255.0;
-  return std::clamp(static_cast<int>(std::lround(mixed)), 0, 255);
+  const double part = alpha;
+  const double mixed = first * part / 255 + second * (255 - part) / 255;
+  return static_cast<int>(std::lround(std::clamp(mixed, 0.0, 255.0)));
 }
 
 void PaintSweep(Canvas& canvas, const PixelRect& area, bool down, Color first, Color second) {

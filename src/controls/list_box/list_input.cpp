@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "controls/list_box/mc_list_box.h"
 #include "controls/list_box/text_lines.h"
@@ -51,6 +52,7 @@ void McListBox::Press(int button, int shift_state, int x, int y) {
   if (!IsAlive()) return;
   Redraw();
   TellSelection();
+  if (!IsAlive()) return;
   if (button == kKeyButton) {
     MouseDown(button, shift_state, x, y);
   } else {
@@ -63,12 +65,15 @@ void McListBox::Select(int button, int shift_state, int row) {
     selection_.Toggle(row);
     anchor_ = row;
   } else if (IsHeld(shift_state, shift::kShift) && MultiSelect) {
-    selection_.SetRange(anchor_, row);
+    SelectFromAnchor(row);
   } else {
     anchor_ = row;
     selection_.SetOnly(row);
   }
 }
+
+// The list may have become shorter since the anchor was set.
+void McListBox::SelectFromAnchor(int row) { selection_.SetRange(std::min(anchor_, items_.Count() - 1), row); }
 
 void McListBox::OnMouseUp(int button, int shift_state, int x, int y) {
   const Ref<Control> keep(this);
@@ -97,11 +102,8 @@ void McListBox::OnMouseMove(int button, int shift_state, int x, int y) {
     if (!IsAlive()) return;
   }
   const bool is_dragging = is_left_down_ && (button & mouse::kLeft) != 0;
-  if (is_dragging) {
-    Drag(shift_state, y);
-  } else {
-    UpdatePopup(y);
-  }
+  UpdatePopup(y);
+  if (is_dragging) Drag(shift_state, y);
   if (IsAlive()) MouseMove(button, shift_state, Twips(x), Twips(y));
 }
 
@@ -115,7 +117,7 @@ void McListBox::Drag(int shift_state, int y) {
   if (row >= items_.Count() || row == list_index_) return;
   list_index_ = row;
   if (MultiSelect) {
-    selection_.SetRange(anchor_, row);
+    SelectFromAnchor(row);
   } else {
     selection_.SetOnly(row);
   }
@@ -149,7 +151,7 @@ bool McListBox::OnKeyDown(int key_code, int shift_state) {
 
 // The search starts from the first row each time: it never steps through rows of one letter.
 void McListBox::OnKeyPress(char32_t character) {
-  if (character <= U' ') return;
+  if (character < U' ') return;
   const char32_t wanted = LowerCodePoint(character);
   for (int row = 0; row < items_.Count(); ++row) {
     size_t at = 0;
@@ -170,7 +172,10 @@ void McListBox::GoTo(int row, int shift_state) {
 
 void McListBox::OnFocus(bool has_focus) {
   has_focus_ = has_focus;
-  if (!has_focus) is_left_down_ = false;
+  if (!has_focus) {
+    is_left_down_ = false;
+    DropPopup();  // it would stand in front of the window that has the focus now
+  }
   Redraw();
 }
 
@@ -187,33 +192,43 @@ void McListBox::UpdatePopup(int y) {
   const int row = static_cast<int>(y / PaintedRowHeight()) + position_;
   if (row >= items_.Count()) return;
   const std::string text = List(row);
-  if (MeasureText(text, RowFont(row)).width <= client().width - TextLeft()) return DropPopup();
+  const FontDescription font = PopupFont(row);
+  if (MeasureText(text, font).width <= client().width - TextLeft()) return DropPopup();
   if (popup_row_ == row) return;
-  ShowRowInPopup(row, text);
+  ShowRowInPopup(row, text, font);
   popup_row_ = row;
 }
 
-void McListBox::ShowRowInPopup(int row, const std::string& text) {
-  const FontDescription font = RowFont(row);
+// A row whose flag is none is shown as it is measured, in the list's own font.
+FontDescription McListBox::PopupFont(int row) const {
+  try {
+    return RowFont(row);
+  } catch (const RuntimeError&) {
+    return Font;
+  }
+}
+
+void McListBox::ShowRowInPopup(int row, const std::string& text, const FontDescription& font) {
   const PixelPoint origin = ScreenPosition();
   const PixelRect screen = ScreenArea();
   const auto height = static_cast<int>(PaintedRowHeight());
-  const int left = origin.x + TextLeft() + Scaled(2);
   const int room = std::max(screen.right - origin.x - TextLeft(), Scaled(60));
   const int text_width = MeasureText(text, font).width;
   std::vector<std::string> lines{text};
   int width = text_width + 2 * Scaled(5);
-  if (text_width > room - Scaled(15)) {
+  if (text_width > room) {
     // No more lines than the screen can show.
     const auto most = static_cast<size_t>(std::max(screen.height() / std::max(height, 1), 1));
     lines = SplitIntoLines(
         text, room - Scaled(15), false, [&](std::string_view line) { return MeasureText(line, font).width; }, most);
     width = room - Scaled(10);
   }
+  // A text that just fits the room is still drawn whole: its box moves in from the screen's edge.
+  const int left = std::min(origin.x + TextLeft() + Scaled(2), std::max(screen.right - width, screen.left));
   const int top = origin.y + RowTop(row);
   const int bottom = top + height * static_cast<int>(lines.size());
   const int text_left = Scaled(5);
-  const int line_height = height - Scaled(2);
+  const int line_height = height - 2 * Scaled(2);  // centred in it a line stands 2 higher than in its row
   const Color background = BackColor;
   const Color foreground = ForeColor;
   ShowPopup({left, top, left + width, bottom},

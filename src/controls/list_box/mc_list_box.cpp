@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -72,7 +73,10 @@ void McListBox::Disconnect() {
 
 // ---- geometry ----------------------------------------------------------------------------------------------------
 
-int McListBox::Scaled(int pixels) const { return static_cast<int>(int64_t{pixels} * dpi() / kReferenceDpi); }
+int McListBox::Scaled(int pixels) const {
+  constexpr int64_t kMost = 0xFFFFFF;  // of any use for a place on a screen
+  return static_cast<int>(std::min(int64_t{pixels} * dpi() / kReferenceDpi, kMost));
+}
 
 int McListBox::RowsThatFit() const { return client().height / std::max(Scaled(RowHeight), 1); }
 
@@ -115,6 +119,7 @@ void McListBox::AddItem(std::string_view text, int index, int icon, bool bold, V
 
 void McListBox::Remove(int index) {
   items_.Remove(index == -1 ? ListIndex() : index);
+  DropPopup();
   Refresh();
 }
 
@@ -132,6 +137,7 @@ void McListBox::Refresh() {
   bar_visible_ = is_bar_needed || !AutoHideScrollBars;
   items_.Sort(SortOrder);
   Redraw();
+  if (std::exchange(told_rows_, items_.Count()) != items_.Count()) TellAccessibility(AccessibleEvent::kChildren);
 }
 
 void McListBox::ClampListIndex() {
@@ -191,6 +197,7 @@ void McListBox::ScrollTo(int position) {
   const int clamped = visible_rows_ == 0 ? 0 : std::clamp(position, 0, LastPosition());
   if (clamped == position_) return;
   position_ = clamped;
+  DropPopup();  // its row is elsewhere now
   Redraw();
 }
 

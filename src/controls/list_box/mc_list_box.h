@@ -180,13 +180,15 @@ class McListBox final : public UserControl, public StoredControl {
 
   void Press(int button, int shift_state, int x, int y);
   void Select(int button, int shift_state, int row);
+  void SelectFromAnchor(int row);
   void Drag(int shift_state, int y);
   void GoTo(int row, int shift_state);
   void TellSelection();
   void UpdatePopup(int y);
-  void ShowRowInPopup(int row, const std::string& text);
+  void ShowRowInPopup(int row, const std::string& text, const FontDescription& font);
   void DropPopup();
   [[nodiscard]] FontDescription RowFont(int row) const;
+  [[nodiscard]] FontDescription PopupFont(int row) const;
   [[nodiscard]] int Twips(int pixels) const;
 
   ListItems items_;
@@ -196,6 +198,7 @@ class McListBox final : public UserControl, public StoredControl {
   int visible_rows_ = 0;
   int position_ = 0;  // first row shown
   bool bar_visible_ = false;
+  int told_rows_ = 0;  // how many screen readers know of
   int anchor_ = 0;
   bool has_focus_ = false;
   bool is_mouse_inside_ = false;

@@ -93,7 +93,7 @@ constexpr Member kRows[]{
        Self(object).SetList(ToLong(arguments[0]), ToText(value));
      }},
     ReadOnlyRow<&McListBox::SelCount>("SelCount"),
-    {"ImageList", MemberKind::kReadWrite, 0, 0, [](Object&, Arguments) { return Variant::Nothing(); },
+    {"ImageList", MemberKind::kWriteOnly, 0, 0, nullptr,
      [](Object& object, Arguments, const Variant& value) {
        if (!value.Is(VarType::kObject)) Raise(error::kObjectRequired);
        Self(object).SetImageList(Ref<Object>(value.object()));

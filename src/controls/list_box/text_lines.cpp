@@ -14,25 +14,22 @@ bool IsDelimiter(char32_t character) {
 std::vector<std::string> SplitIntoLines(std::string_view text, int width, bool strip,
                                         const std::function<int(std::string_view)>& measure, size_t most) {
   const std::string whole = strip ? ReplaceAll(text, kCrLf, "") : std::string(text);
+  const std::string_view all = whole;
+  const bool fits = measure(all) <= width;  // then no part of it has to be measured
   std::vector<std::string> lines;
-  std::string line;
-  size_t delimiter = std::string::npos;  // in the line
-  for (size_t at = 0; at < whole.size();) {
+  size_t line = 0;                            // where the present line starts
+  size_t delimiter = std::string_view::npos;  // the last one in it
+  for (size_t at = 0; at < all.size();) {
     const size_t start = at;
-    if (IsDelimiter(NextCodePoint(whole, at))) delimiter = line.size();
-    const std::string_view character = std::string_view(whole).substr(start, at - start);
-    std::string longer = line + std::string(character);
-    if (at < whole.size() && measure(longer) <= width) {
-      line = std::move(longer);
-      continue;
-    }
-    const size_t cut = std::min(delimiter, line.size());
-    lines.emplace_back(TrimBlanks(std::string_view(longer).substr(0, cut)));
-    line = longer.substr(cut);
-    delimiter = std::string::npos;
+    if (IsDelimiter(NextCodePoint(all, at))) delimiter = start;
+    if (at < all.size() && (fits || measure(all.substr(line, at - line)) <= width)) continue;
+    const size_t cut = std::min(delimiter, start);
+    lines.emplace_back(TrimBlanks(all.substr(line, cut - line)));
+    line = cut;
+    delimiter = std::string_view::npos;
     if (lines.size() == most) return lines;
   }
-  if (!lines.empty()) lines.back() += line;
+  if (!lines.empty()) lines.back() += all.substr(line);
   return lines;
 }
 

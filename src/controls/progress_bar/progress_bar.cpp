@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/number.h"
+#include "base/text.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -73,10 +74,14 @@ void ProgressBar::Resized() {
   Draw();
 }
 
+double ProgressBar::Share() const { return static_cast<double>(Value) / (Max == 0 ? kDefaultMax : Max.get()); }
+
+std::string ProgressBar::AccessibleValue() const { return std::string(TrimBlanks(PercentText(Share()))); }
+
 void ProgressBar::Draw() {
   if (Max == 0) Max.StoreQuietly(kDefaultMax);
   if (Value > Max) return;
-  const double share = static_cast<double>(Value) / Max;
+  const double share = Share();
   lbl.Width = Twips(share * Width);
   lbl.BackColor = Progresscolor.get();
   lbl.Visible = Value != 0;

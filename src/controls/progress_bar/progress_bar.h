@@ -2,12 +2,13 @@
 #pragma once
 
 #include "controls/stored_control.h"
+#include "forms/accessible.h"
 #include "forms/composite_control.h"
 #include "forms/label.h"
 
 namespace kestrun {
 
-class ProgressBar final : public CompositeControl, public StoredControl {
+class ProgressBar final : public CompositeControl, public StoredControl, public Accessible {
  public:
   ProgressBar(Form* form, std::string name, int index);
 
@@ -31,6 +32,11 @@ class ProgressBar final : public CompositeControl, public StoredControl {
   // What is not stored takes its default. A text colour of white is written as the default and read back as black.
   void ReadProperties(const PropertyBag& bag);
 
+  [[nodiscard]] Role AccessibleRole() const override { return Role::kProgressBar; }
+  [[nodiscard]] std::string AccessibleName() const override { return ToolTipText; }
+  // Without the blanks that stand around it in the bar, whether it is shown there or not.
+  [[nodiscard]] std::string AccessibleValue() const override;
+
   [[nodiscard]] std::string TypeName() const override { return "ProgressBar"; }
   [[nodiscard]] const MemberTable& Members() const override;
   [[nodiscard]] MemberId DefaultMember() const override { return FindMember("Value"); }
@@ -40,6 +46,7 @@ class ProgressBar final : public CompositeControl, public StoredControl {
   void PropertyChanged(PropertyId id) override;
 
  private:
+  [[nodiscard]] double Share() const;
   void Draw();
   void ApplyProgressColor();
   void ApplyAlignment();

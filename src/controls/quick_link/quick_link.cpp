@@ -11,6 +11,9 @@ constexpr int kRightMargin = 200;  // right of the links
 constexpr int kCloseOffset = 200;  // from the right edge to the left of LblClose
 constexpr int kBottomMargin = 150;
 constexpr int kShowNormal = 1;
+// The keyboard comes to them behind the links.
+constexpr int kShowTabIndex = 32766;
+constexpr int kCloseTabIndex = 32767;
 
 QuickLink& Self(Object& object) { return static_cast<QuickLink&>(object); }
 
@@ -91,6 +94,8 @@ void QuickLink::PlaceConstituents() {
   LblClose.Caption = "Close";
   LblClose.ToolTipText = "Close";
   LblClose.Move(0, 60, 480, 240);
+  ChShow.TabIndex = kShowTabIndex;
+  LblClose.TabIndex = kCloseTabIndex;
   for (Label* label : {&Label1, &first, &ChShow, &LblClose}) label->BackStyle = 0;
 }
 
@@ -127,9 +132,8 @@ void QuickLink::AddLink(std::string link, std::string caption) {
 
 Label& QuickLink::LoadLabel() {
   const int index = static_cast<int>(labels_.size());
-  Label& label = AddConstituent<Label>("LblLink", index);
+  Label& label = AddConstituent<Label>("LblLink", index, [&](Label& made) { WatchLabel(made, index); });
   labels_.push_back(&label);
-  WatchLabel(index);
   if (index == 0) return label;
   const Label& first = *labels_.front();
   label.Move(first.Left, first.Top, first.Width, first.Height);
@@ -139,8 +143,8 @@ Label& QuickLink::LoadLabel() {
   return label;
 }
 
-void QuickLink::WatchLabel(int index) {
-  Label& label = *labels_[static_cast<size_t>(index)];
+void QuickLink::WatchLabel(Label& label, int index) {
+  label.TabIndex = index;
   label.Click = [this, index] { ClickLink(index); };
   label.MouseMove = [this, index](int, int, int, int) { Highlight(index); };
 }

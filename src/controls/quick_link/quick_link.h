@@ -98,7 +98,7 @@ class QuickLink final : public CompositeControl, public StoredControl {
   void PassPanelEvents();
   // Makes the label of the next link, a likeness of the first.
   Label& LoadLabel();
-  void WatchLabel(int index);
+  void WatchLabel(Label& label, int index);
   void ClickLink(int index);
   // Bold and underlined is this link's label alone, or none's for -1.
   void Highlight(int index);

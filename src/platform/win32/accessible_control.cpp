@@ -1,8 +1,10 @@
 #include "platform/win32/accessible_control.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "platform/win32/late_call.h"
+#include "platform/win32/number_enumeration.h"
 #include "platform/win32/wide_text.h"
 
 namespace kestrun {
@@ -15,12 +17,12 @@ void SetNumber(VARIANT& target, long number) {
   target.lVal = number;
 }
 
-long RoleOf(UserControl::Role role) {
+long RoleOf(Accessible::Role role) {
   switch (role) {
-    case UserControl::Role::kList: return ROLE_SYSTEM_LIST;
-    case UserControl::Role::kProgressBar: return ROLE_SYSTEM_PROGRESSBAR;
-    case UserControl::Role::kLink: return ROLE_SYSTEM_LINK;
-    case UserControl::Role::kPanel: break;
+    case Accessible::Role::kList: return ROLE_SYSTEM_LIST;
+    case Accessible::Role::kProgressBar: return ROLE_SYSTEM_PROGRESSBAR;
+    case Accessible::Role::kLink: return ROLE_SYSTEM_LINK;
+    case Accessible::Role::kPanel: break;
   }
   return ROLE_SYSTEM_PANE;
 }
@@ -69,7 +71,7 @@ HRESULT AccessibleControl::RowOf(const VARIANT& child, int& row) const {
   if (child.vt != VT_I4) return E_INVALIDARG;
   row = -1;
   if (child.lVal == CHILDID_SELF) return S_OK;
-  if (child.lVal < 1 || child.lVal > control_->AccessibleChildCount()) return E_INVALIDARG;
+  if (child.lVal < 1 || child.lVal > shown_.AccessibleChildCount()) return E_INVALIDARG;
   row = static_cast<int>(child.lVal) - 1;
   return S_OK;
 }
@@ -82,7 +84,7 @@ HRESULT AccessibleControl::get_accParent(IDispatch** parent) {
 
 HRESULT AccessibleControl::get_accChildCount(long* count) {
   if (!control_) return CO_E_OBJNOTCONNECTED;
-  *count = control_->AccessibleChildCount();
+  *count = shown_.AccessibleChildCount();
   return S_OK;
 }
 
@@ -98,19 +100,27 @@ HRESULT AccessibleControl::get_accName(VARIANT child, BSTR* name) {
   *name = nullptr;
   int row = -1;
   if (const HRESULT found = RowOf(child, row); found != S_OK) return found;
-  const std::wstring text = ToWide(row < 0 ? control_->AccessibleName() : control_->AccessibleChildName(row));
+  const std::wstring text = ToWide(row < 0 ? shown_.AccessibleName() : shown_.AccessibleChildName(row));
   if (text.empty()) return S_FALSE;
   *name = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
   return *name ? S_OK : E_OUTOFMEMORY;
 }
 
+HRESULT AccessibleControl::get_accValue(VARIANT child, BSTR* value) {
+  *value = nullptr;
+  int row = -1;
+  if (const HRESULT found = RowOf(child, row); found != S_OK) return found;
+  const std::wstring text = row < 0 ? ToWide(shown_.AccessibleValue()) : std::wstring();
+  if (text.empty()) return DISP_E_MEMBERNOTFOUND;
+  *value = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+  return *value ? S_OK : E_OUTOFMEMORY;
+}
+
 HRESULT AccessibleControl::get_accRole(VARIANT child, VARIANT* role) {
   int row = -1;
   if (const HRESULT found = RowOf(child, row); found != S_OK) return found;
-  const bool is_list = control_->AccessibleRole() == UserControl::Role::kList;
-  SetNumber(*role, row < 0   ? RoleOf(control_->AccessibleRole())
-                   : is_list ? ROLE_SYSTEM_LISTITEM
-                             : ROLE_SYSTEM_STATICTEXT);
+  const bool is_list = shown_.AccessibleRole() == Accessible::Role::kList;
+  SetNumber(*role, row < 0 ? RoleOf(shown_.AccessibleRole()) : is_list ? ROLE_SYSTEM_LISTITEM : ROLE_SYSTEM_STATICTEXT);
   return S_OK;
 }
 
@@ -119,15 +129,15 @@ long AccessibleControl::ControlState() const {
   if (GetFocus() == window_) state |= STATE_SYSTEM_FOCUSED;
   if (!IsWindowVisible(window_)) state |= STATE_SYSTEM_INVISIBLE;
   if (!IsWindowEnabled(window_)) state |= STATE_SYSTEM_UNAVAILABLE;
-  if (control_->AccessibleRole() == UserControl::Role::kLink) state |= STATE_SYSTEM_LINKED;
+  if (shown_.AccessibleRole() == Accessible::Role::kLink) state |= STATE_SYSTEM_LINKED;
   return state;
 }
 
 long AccessibleControl::RowState(int row) const {
   long state = STATE_SYSTEM_SELECTABLE | STATE_SYSTEM_FOCUSABLE;
-  if (control_->IsAccessibleChildSelected(row)) state |= STATE_SYSTEM_SELECTED;
-  if (row == control_->AccessibleFocusedChild() && GetFocus() == window_) state |= STATE_SYSTEM_FOCUSED;
-  if (control_->AccessibleChildArea(row).IsEmpty()) state |= STATE_SYSTEM_OFFSCREEN | STATE_SYSTEM_INVISIBLE;
+  if (shown_.IsAccessibleChildSelected(row)) state |= STATE_SYSTEM_SELECTED;
+  if (row == shown_.AccessibleFocusedChild() && GetFocus() == window_) state |= STATE_SYSTEM_FOCUSED;
+  if (shown_.AccessibleChildArea(row).IsEmpty()) state |= STATE_SYSTEM_OFFSCREEN | STATE_SYSTEM_INVISIBLE;
   return state;
 }
 
@@ -142,24 +152,27 @@ HRESULT AccessibleControl::get_accFocus(VARIANT* child) {
   child->vt = VT_EMPTY;
   if (!control_) return CO_E_OBJNOTCONNECTED;
   if (GetFocus() != window_) return S_FALSE;
-  SetNumber(*child, control_->AccessibleFocusedChild() + 1);
+  SetNumber(*child, shown_.AccessibleFocusedChild() + 1);
   return S_OK;
 }
 
-// The row that the keys work on when it is selected, otherwise the first selected one; a reader finds the others by
-// their states.
+// Nothing, one number, or an enumeration of several.
 HRESULT AccessibleControl::get_accSelection(VARIANT* child) {
   child->vt = VT_EMPTY;
   if (!control_) return CO_E_OBJNOTCONNECTED;
-  const int count = control_->AccessibleChildCount();
-  int row = control_->AccessibleFocusedChild();
-  if (row < 0 || row >= count || !control_->IsAccessibleChildSelected(row)) {
-    row = 0;
-    while (row < count && !control_->IsAccessibleChildSelected(row)) ++row;
+  std::vector<long> selected;
+  const int count = shown_.AccessibleChildCount();
+  for (int row = 0; row < count; ++row) {
+    if (shown_.IsAccessibleChildSelected(row)) selected.push_back(row + 1);
   }
-  if (row >= count) return S_FALSE;
-  SetNumber(*child, row + 1);
-  return S_OK;
+  if (selected.empty()) return S_FALSE;
+  if (selected.size() == 1) {
+    SetNumber(*child, selected.front());
+    return S_OK;
+  }
+  child->vt = VT_UNKNOWN;
+  return MakeRef<NumberEnumeration>(std::move(selected))
+      ->QueryInterface(__uuidof(IUnknown), reinterpret_cast<void**>(&child->punkVal));
 }
 
 HRESULT AccessibleControl::accLocation(long* left, long* top, long* width, long* height, VARIANT child) {
@@ -169,7 +182,7 @@ HRESULT AccessibleControl::accLocation(long* left, long* top, long* width, long*
   RECT place{};
   GetWindowRect(window_, &place);
   if (row >= 0) {
-    const PixelRect area = control_->AccessibleChildArea(row);
+    const PixelRect area = shown_.AccessibleChildArea(row);
     POINT corner{area.left, area.top};
     ClientToScreen(window_, &corner);
     place = {corner.x, corner.y, corner.x + area.width(), corner.y + area.height()};
@@ -189,9 +202,9 @@ HRESULT AccessibleControl::accHitTest(long left, long top, VARIANT* child) {
   if (!PtInRect(&place, {left, top})) return S_FALSE;
   POINT inside{left, top};
   ScreenToClient(window_, &inside);
-  const int count = control_->AccessibleChildCount();
+  const int count = shown_.AccessibleChildCount();
   int row = 0;
-  while (row < count && !control_->AccessibleChildArea(row).Contains(inside.x, inside.y)) ++row;
+  while (row < count && !shown_.AccessibleChildArea(row).Contains(inside.x, inside.y)) ++row;
   SetNumber(*child, row < count ? row + 1 : CHILDID_SELF);
   return S_OK;
 }

@@ -3,7 +3,8 @@
 #pragma once
 
 #include "base/ref.h"
-#include "forms/user_control.h"
+#include "forms/accessible.h"
+#include "forms/control.h"
 #include "platform/win32/windows_api.h"
 // The header below needs the one above.
 #include <oleacc.h>
@@ -12,7 +13,9 @@ namespace kestrun {
 
 class AccessibleControl final : public RefCounted, public IAccessible {
  public:
-  AccessibleControl(HWND window, UserControl& control) : window_(window), control_(&control) {}
+  // The control keeps what it shows to a reader.
+  AccessibleControl(HWND window, Control& control, const Accessible& shown)
+      : window_(window), control_(&control), shown_(shown) {}
 
   // The answer to WM_GETOBJECT. False where the system has no Active Accessibility.
   [[nodiscard]] bool Answer(WPARAM first, LRESULT& result);
@@ -34,6 +37,7 @@ class AccessibleControl final : public RefCounted, public IAccessible {
   HRESULT STDMETHODCALLTYPE get_accChildCount(long* count) override;
   HRESULT STDMETHODCALLTYPE get_accChild(VARIANT child, IDispatch** object) override;
   HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override;
+  HRESULT STDMETHODCALLTYPE get_accValue(VARIANT child, BSTR* value) override;
   HRESULT STDMETHODCALLTYPE get_accRole(VARIANT child, VARIANT* role) override;
   HRESULT STDMETHODCALLTYPE get_accState(VARIANT child, VARIANT* state) override;
   HRESULT STDMETHODCALLTYPE get_accFocus(VARIANT* child) override;
@@ -41,7 +45,6 @@ class AccessibleControl final : public RefCounted, public IAccessible {
   HRESULT STDMETHODCALLTYPE accLocation(long* left, long* top, long* width, long* height, VARIANT child) override;
   HRESULT STDMETHODCALLTYPE accHitTest(long left, long top, VARIANT* child) override;
 
-  HRESULT STDMETHODCALLTYPE get_accValue(VARIANT, BSTR*) override { return DISP_E_MEMBERNOTFOUND; }
   HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT, BSTR*) override { return DISP_E_MEMBERNOTFOUND; }
   HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT, BSTR*) override { return DISP_E_MEMBERNOTFOUND; }
   HRESULT STDMETHODCALLTYPE get_accHelpTopic(BSTR*, VARIANT, long*) override { return DISP_E_MEMBERNOTFOUND; }
@@ -60,7 +63,8 @@ class AccessibleControl final : public RefCounted, public IAccessible {
   [[nodiscard]] long RowState(int row) const;
 
   HWND window_;
-  Ref<UserControl> control_;  // null once disconnected
+  Ref<Control> control_;     // null once disconnected
+  const Accessible& shown_;  // a part of the control
 };
 
 }  // namespace kestrun

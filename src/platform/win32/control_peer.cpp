@@ -92,16 +92,28 @@ void WindowedPeer::Update(PropertyId property) {
                    SWP_NOZORDER | SWP_NOACTIVATE);
       break;
     }
-    case PropertyId::kVisible: ShowWindow(window(), control().Visible ? SW_SHOWNA : SW_HIDE); break;
+    case PropertyId::kVisible:
+      ShowWindow(window(), control().Visible ? SW_SHOWNA : SW_HIDE);
+      if (!control().Visible) form().LeaveHiddenFocus();
+      break;
     case PropertyId::kEnabled: EnableWindow(window(), control().Enabled); break;
     case PropertyId::kFont:
       SendMessageW(window(), WM_SETFONT, reinterpret_cast<WPARAM>(form().FontFor(control().Font)), TRUE);
       break;
     case PropertyId::kToolTipText: form().SetToolTip(control(), window(), nullptr); break;
+    case PropertyId::kMousePointer: ShowPointerNow(); break;
     case PropertyId::kForeColor:
     case PropertyId::kBackColor: Repaint(); break;
     default: break;
   }
+}
+
+// The mouse may rest on the control, and long work may come next.
+void WindowedPeer::ShowPointerNow() {
+  POINT place{};
+  GetCursorPos(&place);
+  if (WindowFromPoint(place) != window()) return;
+  SendMessageW(window(), WM_SETCURSOR, reinterpret_cast<WPARAM>(window()), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
 }
 
 void WindowedPeer::Repaint() { InvalidateRect(window(), nullptr, TRUE); }
@@ -135,7 +147,10 @@ void WindowedPeer::PassMouse(UINT message, WPARAM first, LPARAM second) {
 }
 
 bool WindowedPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
-  static_cast<void>(result);
+  if (message == WM_SETCURSOR) {
+    result = TRUE;
+    return LOWORD(second) == HTCLIENT && form().ShowMousePointer(control());
+  }
   if (message >= WM_MOUSEFIRST && message <= WM_MBUTTONDBLCLK) PassMouse(message, first, second);
   if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
     const bool gained = message == WM_SETFOCUS;

@@ -101,6 +101,7 @@ class WindowedPeer : public ControlPeer {
  private:
   static LRESULT CALLBACK Watch(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id, DWORD_PTR data);
   void PassMouse(UINT message, WPARAM first, LPARAM second);
+  void ShowPointerNow();
 
   WindowHandle window_;
 };

@@ -380,9 +380,7 @@ std::unique_ptr<ControlPeer> Make(FormWindow& form, Control& control) {
 }
 
 std::unique_ptr<ControlPeer> MakeLabelPeer(FormWindow& form, Control& control) {
-  // A control made of labels sees to the keyboard itself.
-  const bool is_constituent = dynamic_cast<CompositeControl*>(control.Container()) != nullptr;
-  return control.TakesFocus() && !is_constituent ? Make<LinkPeer>(form, control) : Make<LabelPeer>(form, control);
+  return control.TakesFocus() ? Make<LinkPeer>(form, control) : Make<LabelPeer>(form, control);
 }
 
 struct PeerRow {

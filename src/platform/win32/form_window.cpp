@@ -1,6 +1,7 @@
 #include "platform/win32/form_window.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <utility>
 
@@ -50,6 +51,16 @@ std::vector<std::string> TakeDroppedPaths(HDROP drop) {
   }
   KESTRUN_LATE(L"shell32.dll", DragFinish)(drop);
   return paths;
+}
+
+// The system's pointer for a value of MousePointer; null for 0 and other values that leave the usual one.
+HCURSOR SystemPointer(int value) {
+  // By the value: 4 means an icon and 12 no drop.
+  static const std::array<LPCWSTR, 16> names{
+      nullptr,      IDC_ARROW,  IDC_CROSS,   IDC_IBEAM, IDC_ICON, IDC_SIZEALL,     IDC_SIZENESW, IDC_SIZENS,
+      IDC_SIZENWSE, IDC_SIZEWE, IDC_UPARROW, IDC_WAIT,  IDC_NO,   IDC_APPSTARTING, IDC_HELP,     IDC_SIZEALL};
+  if (value <= 0 || value >= static_cast<int>(names.size())) return nullptr;
+  return LoadCursorW(nullptr, names[static_cast<size_t>(value)]);
 }
 
 POINT MessagePlace(LPARAM second) { return {static_cast<short>(LOWORD(second)), static_cast<short>(HIWORD(second))}; }
@@ -197,6 +208,15 @@ void FormWindow::FocusFirst() {
   }
   const std::vector<Control*> order = form_->TabOrder();
   if (!order.empty()) FocusControl(*order.front());
+}
+
+void FormWindow::LeaveHiddenFocus() {
+  const HWND focused = GetFocus();
+  if (!IsChild(window(), focused) || IsWindowVisible(focused)) return;
+  platform().clock().Post([keep = weak_from_this(), focused] {
+    const auto form = keep.lock();
+    if (form && form->is_open() && GetFocus() == focused && !IsWindowVisible(focused)) form->FocusFirst();
+  });
 }
 
 // ---- what the model tells ------------------------------------------------------------------------------------------
@@ -514,7 +534,7 @@ bool FormWindow::HandleContainerMessage(HWND container_window, Control& containe
     case WM_SETCURSOR:
       result = TRUE;
       return reinterpret_cast<HWND>(first) == container_window && LOWORD(second) == HTCLIENT &&
-             ShowMouseIcon(container_window, container);
+             ShowContainerPointer(container_window, container);
     case WM_COMMAND: return HandleCommand(first, second);
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORLISTBOX:
@@ -574,12 +594,21 @@ bool FormWindow::HandleMouse(HWND, Control& container, UINT message, WPARAM firs
   return false;
 }
 
-bool FormWindow::ShowMouseIcon(HWND container_window, Control& container) {
+bool FormWindow::ShowContainerPointer(HWND container_window, Control& container) {
   POINT place{};
   GetCursorPos(&place);
   ScreenToClient(container_window, &place);
-  const auto* label = dynamic_cast<Label*>(DrawnControlAt(container, place));
-  if (!label || !label->MouseIcon.get()) return false;
+  const Control* drawn = DrawnControlAt(container, place);
+  return (drawn && ShowMousePointer(*drawn)) || ShowMousePointer(container);
+}
+
+bool FormWindow::ShowMousePointer(const Control& control) {
+  const auto* label = dynamic_cast<const Label*>(&control);
+  if (!label || !label->MouseIcon.get()) {
+    const HCURSOR named = SystemPointer(control.MousePointer);
+    if (named) SetCursor(named);
+    return named != nullptr;
+  }
   if (cursor_picture_ != label->MouseIcon.get()) {
     IconHandle made = MakeCursor(*label->MouseIcon.get(), scale_.dpi());
     SetCursor(made.get());

@@ -32,6 +32,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   void ListChanged(Control& control);
   void Repaint(Control& control);
   void FocusControl(Control& control);
+  // When a control was hidden with the focus in it: another gets it in the next pass, when the event at hand is over.
+  void LeaveHiddenFocus();
   void PopUpMenu(MenuItem& item);
 
   [[nodiscard]] HWND window() const { return window_.get(); }
@@ -53,6 +55,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   [[nodiscard]] HFONT FontFor(const FontDescription& font);
   [[nodiscard]] HBRUSH BrushFor(Color color);
   void SetToolTip(Control& control, HWND tool_window, const RECT* area);
+  // Shows the pointer that the control's MousePointer or MouseIcon asks for; false when it asks for none.
+  bool ShowMousePointer(const Control& control);
 
   // Handles a message of the form's window or of a panel's. False when the system is to handle it.
   bool HandleContainerMessage(HWND window, Control& container, UINT message, WPARAM first, LPARAM second,
@@ -88,8 +92,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   void PaintContent(HDC target, Control& container, const RECT& client);
   bool HandleCommand(WPARAM first, LPARAM second);
   bool HandleMouse(HWND window, Control& container, UINT message, WPARAM first, LPARAM second);
-  // True when the mouse is over a drawn control that has a mouse picture, which is then shown.
-  bool ShowMouseIcon(HWND window, Control& container);
+  // The same for the drawn control under the mouse, or for the container.
+  bool ShowContainerPointer(HWND window, Control& container);
   [[nodiscard]] Control* DrawnControlAt(Control& container, POINT place) const;
   bool HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result);
   void NoteSize();

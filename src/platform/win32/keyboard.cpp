@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "forms/check_box.h"
 #include "forms/command_button.h"
+#include "forms/composite_control.h"
 #include "forms/frame.h"
 #include "forms/label.h"
 #include "forms/option_button.h"
@@ -193,10 +194,16 @@ std::string CaptionOf(const Control& control) {
   return {};
 }
 
+// Where a control stands in the form's tab order, for a constituent that of its control.
+int FormTabIndex(const Control& control) {
+  const auto* composite = dynamic_cast<const CompositeControl*>(control.Container());
+  return composite ? composite->TabIndex : control.TabIndex;
+}
+
 // A label's or a frame's key goes to the control that follows it in the tab order.
 void FocusAfter(FormWindow& form_window, const Control& control) {
   for (Control* stop : form_window.form().TabOrder()) {
-    if (stop->TabIndex <= control.TabIndex) continue;
+    if (FormTabIndex(*stop) <= control.TabIndex) continue;
     form_window.FocusControl(*stop);
     return;
   }

@@ -76,6 +76,20 @@ void PictureBoxPeer::DrawBackground(HDC target, const RECT& area) {
                  area.top + MulDiv(picture->height_pixels(), dpi, 96)});
 }
 
+CompositePeer::~CompositePeer() {
+  if (accessible_) accessible_->Disconnect();
+}
+
+// Its constituents speak for themselves, unless the control has something to say as a whole.
+bool CompositePeer::HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
+  const auto* shown = dynamic_cast<const Accessible*>(&control());
+  if (message != WM_GETOBJECT || static_cast<LONG>(second) != OBJID_CLIENT || !shown) {
+    return PanelPeer::HandleMessage(message, first, second, result);
+  }
+  if (!accessible_) accessible_ = MakeRef<AccessibleControl>(window(), control(), *shown);
+  return accessible_->Answer(first, result);
+}
+
 DWORD CompositePeer::BorderStyle() const {
   return static_cast<CompositeControl&>(control()).BorderStyle == 0 ? 0 : WS_EX_CLIENTEDGE;
 }
@@ -92,6 +106,8 @@ void CompositePeer::Update(PropertyId property) {
   }
   Repaint();
 }
+
+void CompositePeer::Repaint() { RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN); }
 
 void CompositePeer::DrawBackground(HDC target, const RECT& area) {
   if (static_cast<CompositeControl&>(control()).BackStyle == 0) {

@@ -1,6 +1,7 @@
 // The peers of containers: a window of ours that draws its own background and the controls that have no window.
 #pragma once
 
+#include "platform/win32/accessible_control.h"
 #include "platform/win32/control_peer.h"
 
 namespace kestrun {
@@ -33,12 +34,20 @@ class PictureBoxPeer final : public PanelPeer {
 class CompositePeer final : public PanelPeer {
  public:
   using PanelPeer::PanelPeer;
+  ~CompositePeer() override;
   void Create() override;
   void Update(PropertyId property) override;
+  // With its links, which show its background.
+  void Repaint() override;
   void DrawBackground(HDC target, const RECT& area) override;
+
+ protected:
+  bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) override;
 
  private:
   [[nodiscard]] DWORD BorderStyle() const;
+
+  Ref<AccessibleControl> accessible_;
 };
 
 }  // namespace kestrun

@@ -283,7 +283,7 @@ bool UserControlPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, L
   const auto keep = form().shared_from_this();
   const Ref<Control> model(&control());
   // Events first, as with all controls: a handler sees a click before the control acts on it.
-  static_cast<void>(WindowedPeer::HandleMessage(message, first, second, result));
+  if (WindowedPeer::HandleMessage(message, first, second, result)) return true;
   if (!keep->is_open() || keep->PeerOf(*model) != this) return true;
   switch (message) {
     case WM_PAINT: Paint(); return true;
@@ -309,7 +309,7 @@ bool UserControlPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, L
       return true;
     case WM_GETOBJECT:
       if (static_cast<LONG>(second) != OBJID_CLIENT) return false;
-      if (!accessible_) accessible_ = MakeRef<AccessibleControl>(window(), Model());
+      if (!accessible_) accessible_ = MakeRef<AccessibleControl>(window(), Model(), Model());
       return accessible_->Answer(first, result);
     default: return HandleMouse(message, first, second);
   }
