@@ -305,6 +305,41 @@ TEST_F(PeerTest, TheFocusLeavesAControlThatIsDisabled) {
 }
 
 // Keeps pop-up menus from waiting for a user: a timer runs in their message loop.
+// The words of the tip that stands on the screen after the mouse has rested there for a while.
+std::wstring TipOver(Clock& clock, HWND under, POINT place) {
+  SetCursorPos(0, 0);
+  clock.RunPendingEvents();
+  ClientToScreen(under, &place);
+  SetCursorPos(place.x, place.y);
+  for (int wait = 0; wait < 40; ++wait) {
+    clock.RunPendingEvents();
+    clock.SleepMs(50);
+    const HWND tip = FindWindowW(TOOLTIPS_CLASSW, nullptr);
+    if (!tip || !IsWindowVisible(tip)) continue;
+    wchar_t text[100] = {};
+    GetWindowTextW(tip, text, 100);
+    return text;
+  }
+  return L"";
+}
+
+TEST_F(PeerTest, TheTipOfABoxAppearsUnderTheRestingMouse) {
+  EXPECT_EQ(TipOver(platform.clock(), HandleOf(form().txtName), {20, 8}), L"A tip");
+}
+
+TEST_F(PeerTest, TheTipOfADrawnPictureAppearsUnderTheRestingMouse) {
+  form().image.ToolTipText = std::string("Of a picture");
+  const RECT area = window().PeerOf(form().image)->Area();
+  const POINT place{area.left + 3, area.top + 3};
+  EXPECT_EQ(TipOver(platform.clock(), window().window(), place), L"Of a picture");
+}
+
+TEST_F(PeerTest, ATipThatChangesAfterItWasReadIsTheNewOne) {
+  EXPECT_EQ(TipOver(platform.clock(), HandleOf(form().txtName), {20, 8}), L"A tip");
+  form().txtName.ToolTipText = std::string("Another");
+  EXPECT_EQ(TipOver(platform.clock(), HandleOf(form().txtName), {20, 8}), L"Another");
+}
+
 class PopUpTest : public PeerTest {
  protected:
   void SetUp() override {

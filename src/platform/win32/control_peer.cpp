@@ -5,8 +5,6 @@
 namespace kestrun {
 namespace {
 
-constexpr UINT_PTR kWatchId = 1;
-
 struct MouseMessage {
   int button;
   enum Kind { kNone, kDown, kMove, kUp, kDouble } kind;
@@ -63,8 +61,18 @@ RECT ControlPeer::Area() const {
 
 // ---- controls with a window ----------------------------------------------------------------------------------------
 
+// What a watched window holds as its user data, from its making to its last message. The common controls' own
+// subclassing asks the window for its properties twice a message, and under Wine each answer comes from another
+// process.
+struct WindowedPeer::Watched {
+  WindowedPeer* peer;  // null once the peer has gone
+  WNDPROC procedure;   // the window's own
+};
+
 WindowedPeer::~WindowedPeer() {
-  if (window_.IsValid()) RemoveWindowSubclass(window_.get(), &WindowedPeer::Watch, kWatchId);
+  if (!window_.IsValid()) return;
+  auto* watched = reinterpret_cast<Watched*>(GetWindowLongPtrW(window_.get(), GWLP_USERDATA));
+  if (watched) watched->peer = nullptr;
 }
 
 void WindowedPeer::CreateWindowOf(const wchar_t* window_class, const std::wstring& text, DWORD style,
@@ -77,9 +85,13 @@ void WindowedPeer::CreateWindowOf(const wchar_t* window_class, const std::wstrin
                                 area.right - area.left, area.bottom - area.top, form().ContainerWindow(control()),
                                 nullptr, GetModuleHandleW(nullptr), nullptr));
   SendMessageW(window_.get(), WM_SETFONT, reinterpret_cast<WPARAM>(form().FontFor(control().Font)), FALSE);
-  SetWindowSubclass(window_.get(), &WindowedPeer::Watch, kWatchId, reinterpret_cast<DWORD_PTR>(this));
-  form().SetToolTip(control(), window_.get(), nullptr);
+  auto* watched = new Watched{this, reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window_.get(), GWLP_WNDPROC))};
+  SetWindowLongPtrW(window_.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(watched));
+  SetWindowLongPtrW(window_.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowedPeer::Watch));
+  ShowToolTip();
 }
+
+void WindowedPeer::ShowToolTip() { form().SetToolTip(control(), window(), nullptr); }
 
 void WindowedPeer::Update(PropertyId property) {
   switch (property) {
@@ -100,7 +112,7 @@ void WindowedPeer::Update(PropertyId property) {
     case PropertyId::kFont:
       SendMessageW(window(), WM_SETFONT, reinterpret_cast<WPARAM>(form().FontFor(control().Font)), TRUE);
       break;
-    case PropertyId::kToolTipText: form().SetToolTip(control(), window(), nullptr); break;
+    case PropertyId::kToolTipText: ShowToolTip(); break;
     case PropertyId::kMousePointer: ShowPointerNow(); break;
     case PropertyId::kForeColor:
     case PropertyId::kBackColor: Repaint(); break;
@@ -148,6 +160,7 @@ void WindowedPeer::PassMouse(UINT message, WPARAM first, LPARAM second) {
 
 bool WindowedPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
   if (message == WM_SETCURSOR) {
+    form().MakeToolTips();
     result = TRUE;
     return LOWORD(second) == HTCLIENT && form().ShowMousePointer(control());
   }
@@ -160,20 +173,30 @@ bool WindowedPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, LRES
   return false;
 }
 
-LRESULT CALLBACK WindowedPeer::Watch(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR, DWORD_PTR data) {
-  auto* peer = reinterpret_cast<WindowedPeer*>(data);
-  const auto keep = peer->form().shared_from_this();
-  LRESULT result = 0;
-  if (message != WM_NCDESTROY && peer->HandleMessage(message, first, second, result)) return result;
-  return DefSubclassProc(window, message, first, second);
+LRESULT CALLBACK WindowedPeer::Watch(HWND window, UINT message, WPARAM first, LPARAM second) {
+  auto* watched = reinterpret_cast<Watched*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (!watched) return DefWindowProcW(window, message, first, second);
+  // A handler may close the form, and the window with it.
+  const WNDPROC procedure = watched->procedure;
+  if (message == WM_NCDESTROY) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    delete watched;
+  } else if (WindowedPeer* peer = watched->peer) {
+    const auto keep = peer->form().shared_from_this();
+    LRESULT result = 0;
+    if (peer->HandleMessage(message, first, second, result)) return result;
+  }
+  return CallWindowProcW(procedure, window, message, first, second);
 }
 
 // ---- controls that their container draws ---------------------------------------------------------------------------
 
 void DrawnPeer::Create() {
   shown_ = Area();
-  form().SetToolTip(control(), form().ContainerWindow(control()), &shown_);
+  ShowToolTip();
 }
+
+void DrawnPeer::ShowToolTip() { form().SetToolTip(control(), form().ContainerWindow(control()), &shown_); }
 
 void DrawnPeer::Update(PropertyId) {
   const RECT before = shown_;
@@ -181,7 +204,7 @@ void DrawnPeer::Update(PropertyId) {
   const HWND container = form().ContainerWindow(control());
   InvalidateRect(container, &before, FALSE);
   InvalidateRect(container, &shown_, FALSE);
-  form().SetToolTip(control(), container, &shown_);
+  ShowToolTip();
 }
 
 void DrawnPeer::Repaint() { InvalidateRect(form().ContainerWindow(control()), &shown_, FALSE); }

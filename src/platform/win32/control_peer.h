@@ -37,6 +37,8 @@ class ControlPeer {
     static_cast<void>(area);
   }
   virtual void Repaint() = 0;
+  // Hands the control's tip to the form.
+  virtual void ShowToolTip() = 0;
   // Draws what lies behind a panel's controls.
   virtual void DrawBackground(HDC target, const RECT& area) {
     static_cast<void>(target);
@@ -85,6 +87,7 @@ class WindowedPeer : public ControlPeer {
   [[nodiscard]] HWND window() const override { return window_.get(); }
   void Update(PropertyId property) override;
   void Repaint() override;
+  void ShowToolTip() override;
   [[nodiscard]] HBRUSH PrepareColors(HDC target) override;
   // Below the control; below the current row of a list.
   [[nodiscard]] POINT MenuPlace() const override;
@@ -99,7 +102,8 @@ class WindowedPeer : public ControlPeer {
   [[nodiscard]] POINT OnScreen(POINT place) const;
 
  private:
-  static LRESULT CALLBACK Watch(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id, DWORD_PTR data);
+  struct Watched;
+  static LRESULT CALLBACK Watch(HWND window, UINT message, WPARAM first, LPARAM second);
   void PassMouse(UINT message, WPARAM first, LPARAM second);
   void ShowPointerNow();
 
@@ -113,6 +117,7 @@ class DrawnPeer : public ControlPeer {
   void Create() override;
   void Update(PropertyId property) override;
   void Repaint() override;
+  void ShowToolTip() override;
 
  private:
   RECT shown_{};

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "forms/composite_control.h"
 #include "forms/label.h"
 #include "platform/platform.h"
 #include "platform/win32/control_peer.h"
@@ -117,20 +118,25 @@ void FormWindow::Open(HWND owner) {
                                 CW_USEDEFAULT, CW_USEDEFAULT, 100, 100, owner, nullptr, window_class.hInstance,
                                 nullptr));
   Windows().push_back(this);
+  GetCursorPos(&pointer_at_opening_);
   // Access keys and the focus are shown from the start, not only after the first key.
   SendMessageW(window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
-  tool_tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0,
-                               0, 0, window(), nullptr, window_class.hInstance, nullptr);
-  SendMessageW(tool_tips_, TTM_SETMAXTIPWIDTH, 0, scale_.Pixels(kTipWidthTwips));
   SetIcons();
   BuildMenu();
   MakeControls();
   PlaceWindow(owner);
-  ShowWindow(window(), form_->WindowState == 1   ? SW_SHOWMINIMIZED
-                       : form_->WindowState == 2 ? SW_SHOWMAXIMIZED
-                                                 : SW_SHOW);
+  ShowFirst();
   FocusFirst();
   UpdateWindow(window());
+}
+
+// The controls erase their backgrounds when they are painted, a moment later, and not once before for themselves.
+void FormWindow::ShowFirst() {
+  if (form_->WindowState != 0) {
+    ShowWindow(window(), form_->WindowState == 1 ? SW_SHOWMINIMIZED : SW_SHOWMAXIMIZED);
+    return;
+  }
+  SetWindowPos(window(), HWND_TOP, 0, 0, 0, 0, SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_DEFERERASE);
 }
 
 void FormWindow::Close() {
@@ -155,21 +161,35 @@ void FormWindow::SetIcons() {
   SendMessageW(window(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large_icon_.get()));
 }
 
+// What stands in a container is made as its child, and therefore after it; what a composite control holds, when the
+// control is first seen.
+bool FormWindow::IsWaiting(const Control& control) const {
+  const Control* container = control.Container();
+  if (!container || container == form_.get()) return false;
+  const bool is_part = dynamic_cast<const CompositeControl*>(container) != nullptr;
+  return !PeerOf(*container) || (is_part && (!container->Visible || container->Height == 0));
+}
+
+// The system puts each new window behind those that are there: the front one comes first.
 void FormWindow::MakeControls() {
   SetWindowLongPtrW(window(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  // Containers first: what stands in them is made as their child.
-  const std::vector<Control*> order = form_->StackingOrder();
-  for (const bool containers : {true, false}) {
+  std::vector<Control*> order = form_->StackingOrder();
+  std::reverse(order.begin(), order.end());
+  for (bool is_more = true; is_more;) {
+    is_more = false;
     for (Control* control : order) {
-      if (control->IsContainer() != containers || PeerOf(*control)) continue;
-      if (auto peer = MakeControlPeer(*this, *control)) {
-        peers_.push_back(std::move(peer));
-        peers_.back()->Create();
-      }
+      if (PeerOf(*control) || IsWaiting(*control)) continue;
+      auto peer = MakeControlPeer(*this, *control);
+      if (!peer) continue;
+      peers_.push_back(std::move(peer));
+      peers_.back()->Create();
+      is_more = is_more || control->IsContainer();
     }
   }
-  // The system puts each new window behind those that are there.
-  for (const Control* control : order) {
+}
+
+void FormWindow::StackControls() {
+  for (const Control* control : form_->StackingOrder()) {
     const ControlPeer* peer = PeerOf(*control);
     if (peer && peer->window())
       SetWindowPos(peer->window(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -224,6 +244,7 @@ void FormWindow::LeaveHiddenFocus() {
 void FormWindow::Update(Control& control, PropertyId property) {
   if (&control != form_.get()) {
     if (ControlPeer* peer = PeerOf(control)) peer->Update(property);
+    if (!control.Constituents().empty()) MakeControls();
     if (property == PropertyId::kEnabled) ReplaceLostFocus();
     return;
   }
@@ -281,6 +302,7 @@ void FormWindow::ControlsChanged() {
     platform().clock().Post([keep = shared_from_this(), dead = std::move(dead)] {});
   }
   MakeControls();
+  StackControls();
   MenuChanged();
   InvalidateRect(window(), nullptr, FALSE);
 }
@@ -344,7 +366,22 @@ HBRUSH FormWindow::BrushFor(Color color) {
   return made.get();
 }
 
+// Most windows are used without a tip being read, and a tip window costs as much as ten buttons.
+void FormWindow::MakeToolTips() {
+  const auto has_tip = [](const auto& peer) { return !peer->control().ToolTipText.get().empty(); };
+  POINT pointer{};
+  GetCursorPos(&pointer);
+  // A window that opened under a resting mouse was not pointed at.
+  if (pointer.x == pointer_at_opening_.x && pointer.y == pointer_at_opening_.y) return;
+  if (tool_tips_ || std::none_of(peers_.begin(), peers_.end(), has_tip)) return;
+  tool_tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0,
+                               0, 0, window(), nullptr, GetModuleHandleW(nullptr), nullptr);
+  SendMessageW(tool_tips_, TTM_SETMAXTIPWIDTH, 0, scale_.Pixels(kTipWidthTwips));
+  for (const auto& peer : peers_) peer->ShowToolTip();
+}
+
 void FormWindow::SetToolTip(Control& control, HWND tool_window, const RECT* area) {
+  if (!tool_tips_) return;
   std::wstring text = ToWide(control.ToolTipText.get());
   TOOLINFOW tool{};
   tool.cbSize = TTTOOLINFOW_V2_SIZE;
@@ -365,7 +402,7 @@ void FormWindow::BuildMenu() {
   menu_commands_.clear();
   menu_bitmaps_.clear();
   if (!form_->HasMenu()) {
-    SetMenu(window(), nullptr);
+    if (menu_.IsValid()) SetMenu(window(), nullptr);
     menu_.Reset();
     return;
   }
@@ -532,6 +569,7 @@ bool FormWindow::HandleContainerMessage(HWND container_window, Control& containe
     case WM_ERASEBKGND: result = 1; return true;
     case WM_PAINT: Paint(container_window, container); return true;
     case WM_SETCURSOR:
+      MakeToolTips();
       result = TRUE;
       return reinterpret_cast<HWND>(first) == container_window && LOWORD(second) == HTCLIENT &&
              ShowContainerPointer(container_window, container);

@@ -54,6 +54,9 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   // Shared by all peers of the form; valid until its scale changes.
   [[nodiscard]] HFONT FontFor(const FontDescription& font);
   [[nodiscard]] HBRUSH BrushFor(Color color);
+  // The mouse is over the form: from now on its tips show.
+  void MakeToolTips();
+  // Of a window, or of an area that `tool_window` draws. Nothing before the mouse has come.
   void SetToolTip(Control& control, HWND tool_window, const RECT* area);
   // Shows the pointer that the control's MousePointer or MouseIcon asks for; false when it asks for none.
   bool ShowMousePointer(const Control& control);
@@ -77,8 +80,12 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
 
   [[nodiscard]] DWORD Style() const;
   [[nodiscard]] DWORD ExtendedStyle() const;
-  // Makes what is not there yet, and stacks all as the form says.
+  void ShowFirst();
+  [[nodiscard]] bool IsWaiting(const Control& control) const;
+  // Makes what is not there yet and need not wait.
   void MakeControls();
+  // Puts what was there before and what is new in the form's order.
+  void StackControls();
   void PlaceWindow(HWND owner);
   void FitToModel();
   void FocusFirst();
@@ -101,7 +108,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   Ref<Form> form_;
   ScreenScale scale_;
   WindowHandle window_;
-  HWND tool_tips_ = nullptr;  // owned by window_
+  POINT pointer_at_opening_{};
+  HWND tool_tips_ = nullptr;  // owned by window_; none before the mouse has come
   MenuHandle menu_;
   std::vector<Ref<MenuItem>> menu_commands_;  // by command number, from kFirstMenuCommand
   std::vector<BitmapHandle> menu_bitmaps_;

@@ -33,6 +33,8 @@ void UserControlPeer::Create() {
   CreateWindowOf(kControlClass, L"", (Model().TakesFocus() ? WS_TABSTOP : 0) | FrameStyle(shown_frame_),
                  FrameExtendedStyle(shown_frame_));
   NoteClient();
+  // Before anything is on the screen: shown later the bar would be painted twice.
+  bar_.Show(window(), Model().VerticalScrollBar());
 }
 
 bool UserControlPeer::Run(const std::function<void()>& action) {
