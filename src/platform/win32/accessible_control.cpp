@@ -27,6 +27,10 @@ long RoleOf(Accessible::Role role) {
   return ROLE_SYSTEM_PANE;
 }
 
+BSTR NewText(const std::wstring& text) {
+  return KESTRUN_LATE(L"oleaut32.dll", SysAllocStringLen)(text.data(), static_cast<UINT>(text.size()));
+}
+
 }  // namespace
 
 bool AccessibleControl::Answer(WPARAM first, LRESULT& result) {
@@ -102,7 +106,7 @@ HRESULT AccessibleControl::get_accName(VARIANT child, BSTR* name) {
   if (const HRESULT found = RowOf(child, row); found != S_OK) return found;
   const std::wstring text = ToWide(row < 0 ? shown_.AccessibleName() : shown_.AccessibleChildName(row));
   if (text.empty()) return S_FALSE;
-  *name = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+  *name = NewText(text);
   return *name ? S_OK : E_OUTOFMEMORY;
 }
 
@@ -112,7 +116,7 @@ HRESULT AccessibleControl::get_accValue(VARIANT child, BSTR* value) {
   if (const HRESULT found = RowOf(child, row); found != S_OK) return found;
   const std::wstring text = row < 0 ? ToWide(shown_.AccessibleValue()) : std::wstring();
   if (text.empty()) return DISP_E_MEMBERNOTFOUND;
-  *value = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+  *value = NewText(text);
   return *value ? S_OK : E_OUTOFMEMORY;
 }
 

@@ -143,7 +143,8 @@ void DrawPictureTo(HDC target, const Picture& picture, const RECT& area) {
   const MemoryDevice source(CreateCompatibleDC(target));
   const HGDIOBJ previous = SelectObject(source.get(), bitmap.bitmap.get());
   const BLENDFUNCTION blend{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
-  AlphaBlend(target, area.left, area.top, width, height, source.get(), 0, 0, width, height, blend);
+  // AlphaBlend itself, without the library that only passes the call on.
+  GdiAlphaBlend(target, area.left, area.top, width, height, source.get(), 0, 0, width, height, blend);
   SelectObject(source.get(), previous);
 }
 
