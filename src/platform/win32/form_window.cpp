@@ -154,7 +154,8 @@ void FormWindow::Close() {
 
 void FormWindow::SetIcons() {
   const Picture* icon = form_->Icon.get().get();
-  if (!icon) return;
+  const bool has_caption = form_->BorderStyle != static_cast<int>(FormBorder::kNone);
+  if (!icon || (!has_caption && !form_->ShowInTaskbar)) return;  // nothing shows it
   small_icon_ = MakeIcon(*icon, MulDiv(16, scale_.dpi(), 96));
   large_icon_ = MakeIcon(*icon, MulDiv(32, scale_.dpi(), 96));
   SendMessageW(window(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small_icon_.get()));
@@ -410,7 +411,7 @@ void FormWindow::BuildMenu() {
   AddMenuItems(built.get(), form_->TopMenus());
   SetMenu(window(), built.get());
   menu_ = std::move(built);
-  DrawMenuBar(window());
+  if (IsWindowVisible(window())) DrawMenuBar(window());
 }
 
 void FormWindow::AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items) {
