@@ -17,4 +17,10 @@ const MemberTable kTable{&Control::kControlMembers, kRows};
 
 const MemberTable& Label::Members() const { return kTable; }
 
+void Label::Emphasize(bool emphasized) {
+  FontDescription font = Font;
+  font.bold = font.underline = emphasized;
+  Font = font;
+}
+
 }  // namespace kestrun

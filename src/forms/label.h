@@ -28,6 +28,9 @@ class Label final : public Control {
   // The mouse's picture over the label; none for the usual one. Its hot spot is its top left corner.
   Property<Ref<Picture>> MouseIcon{*this, PropertyId::kMousePointer};
 
+  // Bold and underlined, as a link that the mouse or the keyboard is on.
+  void Emphasize(bool emphasized);
+
   [[nodiscard]] std::string TypeName() const override { return "Label"; }
   [[nodiscard]] const MemberTable& Members() const override;
   // A link from the day its Click has a handler; what shows the form looks at that when the form is shown.

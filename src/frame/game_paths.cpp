@@ -14,8 +14,6 @@
 namespace kestrun {
 namespace {
 
-constexpr int32_t kShowNormal = 1;
-
 std::string AskForGameFolder() {
   MsgBox(
       "Kestrun was unable to find your dflw game folder. Please select your game folder (directory where you installed "
@@ -80,5 +78,7 @@ void ShellOpen(const std::string& Operation, const Variant& File, const Variant&
   static_cast<void>(
       platform().shell().Open(Operation, ToText(File), ToText(Parameters), ToText(Directory), ShowCommand));
 }
+
+void OpenDocument(const std::string& path_or_address) { ShellOpen("open", path_or_address, "", "", kShowNormal); }
 
 }  // namespace kestrun

@@ -27,5 +27,8 @@ bool launchDFLW();
 // The shell's open service; a failed open is silent. The three values are taken as texts, the number 0 as "0".
 void ShellOpen(const std::string& Operation, const Variant& File, const Variant& Parameters, const Variant& Directory,
                int32_t ShowCommand);
+inline constexpr int32_t kShowNormal = 1;
+// A file or a web address in the program that the system opens it with.
+void OpenDocument(const std::string& path_or_address);
 
 }  // namespace kestrun

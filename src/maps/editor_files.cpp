@@ -4,6 +4,7 @@
 #include "base/runtime_error.h"
 #include "frame/path_text.h"
 #include "frame/show_error.h"
+#include "maps/ask.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -37,7 +38,7 @@ bool ExtractEditorFiles(const std::string& Folder) {
   try {
     for (const EditorFile& file : kEditorFiles) {
       const std::string path = Folder + "\\" + file.name;
-      if (FileExists(path) || MsgBox(file.question, BoxButtons::kYesNo) != BoxAnswer::kYes) continue;
+      if (FileExists(path) || !AskYesNo(file.question)) continue;
       WriteWhole(path, platform().program().Resource("FILE", file.resource));
     }
     return true;

@@ -6,12 +6,12 @@
 #include "frame/game_paths.h"
 #include "frame/path_text.h"
 #include "frame/settings.h"
-#include "frame/show_error.h"
 #include "frame/site.h"
 #include "frame/start_mode.h"
 #include "frame/style_hook.h"
 #include "frame/web_paths.h"
 #include "maps/editor_files.h"
+#include "maps/run_command.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -25,14 +25,7 @@ BannerService& banner_service() {
 }
 
 // One step of loading: reported under its context when it fails, the next step runs all the same.
-template <class Step>
-void LoadStep(Step&& step) {
-  try {
-    step();
-  } catch (const std::exception&) {
-    ShowError("Loading Kestrun ");
-  }
-}
+void LoadStep(const std::function<void()>& step) { RunCommand(step, "Loading Kestrun "); }
 
 frmain& Self(Object& object) { return static_cast<frmain&>(object); }
 

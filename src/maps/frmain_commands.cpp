@@ -18,11 +18,8 @@
 namespace kestrun {
 namespace {
 
-constexpr int32_t kShowNormal = 1;
 // No more programs than a menu can show; their count comes from a file.
 constexpr int kMostPrograms = 500;
-
-void OpenFile(const std::string& path) { ShellOpen("open", path, "", "", kShowNormal); }
 
 }  // namespace
 
@@ -50,9 +47,9 @@ void frmain::ConnectCommands() {
     StartTool(ReadSetting(setting::kColorPicker),
               "can't find the file 'ColorPicker.EXE' please select it in the options window.");
   });
-  SetCommand({&dflwdemolobby.Click}, [] { OpenFile(SiteUrl("DFStartup.htm")); });
-  SetCommand({&dflwfullversionlobby.Click}, [] { OpenFile(SiteUrl("DFFVstartup.htm")); });
-  SetCommand({&mnu_helpindex.Click}, [] { OpenFile(AppFile(platform().program().ExeName() + ".chm")); });
+  SetCommand({&dflwdemolobby.Click}, [] { OpenDocument(SiteUrl("DFStartup.htm")); });
+  SetCommand({&dflwfullversionlobby.Click}, [] { OpenDocument(SiteUrl("DFFVstartup.htm")); });
+  SetCommand({&mnu_helpindex.Click}, [] { OpenDocument(AppFile(platform().program().ExeName() + ".chm")); });
 }
 
 // ---- putting a map into the game -----------------------------------------------------------------------------------
@@ -130,16 +127,15 @@ void frmain::HandMapToPreviewWindow(bool search) {
 // ---- the user's own programs ---------------------------------------------------------------------------------------
 
 void frmain::Load_Programs() {
-  try {
+  const auto load = [this] {
     const int highest = std::min(ToLong(ReadSetting(setting::kProgramCount)), kMostPrograms);
     for (int number = 0; number <= highest; ++number) {
       const std::string open_part = std::to_string(number);
       const std::string name = ReadSetting(setting::kProgramName, open_part);
       if (name != "ERROR") AddProgram(number, name, ReadSetting(setting::kProgramPath, open_part));
     }
-  } catch (const std::exception&) {
-    ShowError("Load_Programs()");
-  }
+  };
+  RunCommand(load, "Load_Programs()");
 }
 
 void frmain::AddProgram(int number, const std::string& name, const std::string& path) {

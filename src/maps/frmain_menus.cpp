@@ -3,9 +3,9 @@
 #include <initializer_list>
 
 #include "forms/window_registry.h"
-#include "frame/show_error.h"
 #include "maps/frmain.h"
 #include "maps/frmain_pictures.h"
+#include "maps/run_command.h"
 
 namespace kestrun {
 namespace {
@@ -142,15 +142,13 @@ std::array<Opening, 24> Openings(frmain& window) {
 }
 
 void Open(const Opening& opening) {
-  try {
+  RunCommand([&opening] {
     if (opening.way == Opening::Way::kShowModal) {
       ShowWindowModal(opening.window);
     } else {
       ShowWindow(opening.window);
     }
-  } catch (const std::exception&) {
-    ShowError("");
-  }
+  });
 }
 
 }  // namespace
@@ -170,27 +168,29 @@ void frmain::EnableWhatIsThere() {
   mnu_makeroomfor.Enabled = false;
 }
 
+// Items with the same picture share it: each is drawn once.
 void frmain::LoadMenuIcons() {
-  try {
-    for (const auto& [item, picture] : std::initializer_list<std::pair<MenuItem*, Ref<kestrun::Picture>>>{
-             {&mnu_putmapin, PutInPicture()},        {&mnu_imalreadyplaying, SwapPicture()},
-             {&mnu_showmapinfo, InfoPicture()},      {&mnu_mapPreview, PreviewPicture()},
-             {&mnu_searchpreview1, SearchPicture()}, {&mnu_copymapto, CopyPicture()},
-             {&mnu_renamemap, PencilPicture()},      {&mnu_deletemap, CrossPicture()},
-             {&mnu_changefolder, FolderPicture()},   {&mnu_refreshmaplist, RefreshPicture()},
-             {&mnu_refresh, RefreshPicture()},       {&mnu_options, OptionsPicture()},
-             {&mnu_launchDFLW, PlayPicture()},       {&mnu_launcheditor, PencilPicture()},
-             {&mnu_makemaplist, ListPicture()},      {&mnu_launchchat, SpeechPicture()},
-             {&mnu_checkforupdate, DownPicture()},   {&mnu_upload, UpPicture()},
-             {&dflwdemolobby, GlobePicture()},       {&dflwfullversionlobby, GlobePicture()},
-             {&mnu_helpindex, HelpMarkPicture()},    {&mnu_loadpreview, PreviewPicture()},
-             {&mnu_searchpreview, SearchPicture()},  {&mnu_loadfromURL, GlobePicture()},
-             {&mnu_loadmapfromhd, FolderPicture()}}) {
-      item->Picture = picture;
+  struct Use {
+    Ref<kestrun::Picture> (*draw)();
+    std::initializer_list<MenuItem*> items;
+  };
+  const auto load = [this] {
+    for (const Use& use :
+         {Use{&PutInPicture, {&mnu_putmapin}}, Use{&SwapPicture, {&mnu_imalreadyplaying}},
+          Use{&InfoPicture, {&mnu_showmapinfo}}, Use{&PreviewPicture, {&mnu_mapPreview, &mnu_loadpreview}},
+          Use{&SearchPicture, {&mnu_searchpreview1, &mnu_searchpreview}}, Use{&CopyPicture, {&mnu_copymapto}},
+          Use{&PencilPicture, {&mnu_renamemap, &mnu_launcheditor}}, Use{&CrossPicture, {&mnu_deletemap}},
+          Use{&FolderPicture, {&mnu_changefolder, &mnu_loadmapfromhd}},
+          Use{&RefreshPicture, {&mnu_refreshmaplist, &mnu_refresh}}, Use{&OptionsPicture, {&mnu_options}},
+          Use{&PlayPicture, {&mnu_launchDFLW}}, Use{&ListPicture, {&mnu_makemaplist}},
+          Use{&SpeechPicture, {&mnu_launchchat}}, Use{&DownPicture, {&mnu_checkforupdate}},
+          Use{&UpPicture, {&mnu_upload}}, Use{&GlobePicture, {&dflwdemolobby, &dflwfullversionlobby, &mnu_loadfromURL}},
+          Use{&HelpMarkPicture, {&mnu_helpindex}}}) {
+      const Ref<kestrun::Picture> picture = use.draw();
+      for (MenuItem* item : use.items) item->Picture = picture;
     }
-  } catch (const std::exception&) {
-    ShowError("loading mnu icons ");
-  }
+  };
+  RunCommand(load, "loading mnu icons ");
 }
 
 }  // namespace kestrun

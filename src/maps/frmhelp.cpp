@@ -2,9 +2,9 @@
 
 #include "base/text.h"
 #include "frame/game_paths.h"
-#include "frame/show_error.h"
 #include "frame/site.h"
 #include "frame/style_hook.h"
+#include "maps/run_command.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -12,26 +12,13 @@ namespace {
 
 const WindowRegistration registration(frmhelp::kName, [] { return MakeRef<frmhelp>(); });
 
-constexpr int32_t kShowNormal = 1;
-
-template <class Command>
-void RunCommand(Command&& command) {
-  try {
-    command();
-  } catch (const std::exception&) {
-    ShowError("");
-  }
-}
-
-void OpenPage(const std::string& address) { ShellOpen("open", address, "", "", kShowNormal); }
-
 // A style names its site itself: what is no web address becomes one, so that it can only ever open in the browser.
 void OpenSiteOfStyle() {
   const std::string site = CurrentStyleIdentity().site;
   if (site.empty()) return;
   const bool is_web_address =
       FindNoCase(site, "http://") == 0 || FindNoCase(site, "https://") == 0 || FindNoCase(site, "www.") == 0;
-  OpenPage(is_web_address ? site : "http://" + site);
+  OpenDocument(is_web_address ? site : "http://" + site);
 }
 
 std::string Joined(std::initializer_list<std::string> lines) {
@@ -66,7 +53,7 @@ frmhelp::frmhelp() : Form(kName) {
 }
 
 void frmhelp::Connect() {
-  Label3.Click = [] { RunCommand([] { OpenPage(std::string(kSite)); }); };
+  Label3.Click = [] { RunCommand([] { OpenDocument(std::string(kSite)); }); };
   Label5.Click = [] { RunCommand([] { ShowDesigner(); }); };
   Label6.Click = [] { RunCommand([] { OpenSiteOfStyle(); }); };
   Command1.Click = [this] { Unload(); };
@@ -76,11 +63,7 @@ void frmhelp::Load() {
   Label4.Caption = AboutText();
   if (!StyleActive()) return;
   ShowStyleLines();
-  try {
-    FormLoadStyle(*this);
-  } catch (const std::exception&) {
-    ShowError("applystyle ");
-  }
+  RunCommand([this] { FormLoadStyle(*this); }, "applystyle ");
 }
 
 }  // namespace kestrun

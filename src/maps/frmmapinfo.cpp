@@ -5,10 +5,10 @@
 #include "base/member_rows.h"
 #include "formats/bms/mission_reader.h"
 #include "frame/path_text.h"
-#include "frame/show_error.h"
 #include "frame/style_hook.h"
 #include "maps/fetch_map.h"
 #include "maps/map_picture.h"
+#include "maps/run_command.h"
 
 namespace kestrun {
 namespace {
@@ -30,11 +30,7 @@ frmmapinfo::frmmapinfo() : Form(kName) {
   ImgPreview.DblClick = [this] { ShowLargePicture(ImgPreview.Picture); };
   Timer1.Tick = [this] {
     Timer1.Enabled = false;
-    try {
-      FormLoadStyle(*this);
-    } catch (const std::exception&) {
-      ShowError("applystyle ");
-    }
+    RunCommand([this] { FormLoadStyle(*this); }, "applystyle ");
   };
 }
 

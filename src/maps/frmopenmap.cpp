@@ -9,12 +9,13 @@
 #include "frame/game_paths.h"
 #include "frame/path_text.h"
 #include "frame/settings.h"
-#include "frame/show_error.h"
 #include "frame/style_hook.h"
 #include "frame/web_paths.h"
+#include "maps/ask.h"
 #include "maps/fetch_map.h"
 #include "maps/map_picture.h"
 #include "maps/put_map.h"
+#include "maps/run_command.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -30,8 +31,6 @@ constexpr Member kRows[]{
 };
 const MemberTable kTable{&Form::kFormMembers, kRows};
 
-constexpr int32_t kShowNormal = 1;
-
 // The windows that lie above this one are reached by name.
 constexpr std::string_view kMainWindow = "frmain";
 constexpr std::string_view kMapInfo = "frmmapinfo";
@@ -43,20 +42,6 @@ constexpr std::string_view kLargePreview = "frmLargeprev";
 // By task: the window without which it cannot do anything.
 constexpr std::array<std::string_view, frmopenmap::kTaskCount> kTaskWindows{kMapInfo, kMapList,  {},
                                                                             {},       kUploader, kMainWindow};
-
-// Runs one command of the window; its failure is reported without a context, and the window goes on.
-template <class Command>
-void RunCommand(Command&& command) {
-  try {
-    command();
-  } catch (const std::exception&) {
-    ShowError("");
-  }
-}
-
-bool AskYesNo(const std::string& question, BoxIcon icon = BoxIcon::kNone) {
-  return MsgBox(question, BoxButtons::kYesNo, icon) == BoxAnswer::kYes;
-}
 
 // The test looks at the whole text, folders included.
 bool LooksLikeAMap(const std::string& address) {
@@ -129,11 +114,7 @@ void frmopenmap::Connect() {
   Label3.Click = [this] { ImgPreview.Click(); };
   Timer1.Tick = [this] {
     Timer1.Enabled = false;
-    try {
-      FormLoadStyle(*this);
-    } catch (const std::exception&) {
-      ShowError("Apply style ");
-    }
+    RunCommand([this] { FormLoadStyle(*this); }, "Apply style ");
   };
   KeyDown = [this](int& key_code, int) {
     if (key_code != key::kEscape) return;
@@ -318,12 +299,7 @@ void frmopenmap::ShowPreview() {
 }
 
 void frmopenmap::Highlight(int task) {
-  for (int at = 0; at < kTaskCount; ++at) {
-    Label& label = *LblTask[static_cast<size_t>(at)];
-    FontDescription font = label.Font;
-    font.bold = font.underline = at == task;
-    label.Font = font;
-  }
+  for (int at = 0; at < kTaskCount; ++at) LblTask[static_cast<size_t>(at)]->Emphasize(at == task);
 }
 
 }  // namespace kestrun

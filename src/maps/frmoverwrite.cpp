@@ -2,8 +2,8 @@
 
 #include "base/convert.h"
 #include "frame/settings.h"
-#include "frame/show_error.h"
 #include "frame/style_hook.h"
+#include "maps/run_command.h"
 
 namespace kestrun {
 namespace {
@@ -31,11 +31,7 @@ FrmOverWrite::FrmOverWrite() : Form(kName) {
   };
   Timer1.Tick = [this] {
     Timer1.Enabled = false;
-    try {
-      FormLoadStyle(*this);
-    } catch (const std::exception&) {
-      ShowError("Applystyle");
-    }
+    RunCommand([this] { FormLoadStyle(*this); }, "Applystyle");
   };
 }
 

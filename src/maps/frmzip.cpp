@@ -2,8 +2,8 @@
 
 #include "base/convert.h"
 #include "forms/keys.h"
-#include "frame/show_error.h"
 #include "frame/style_hook.h"
+#include "maps/run_command.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -40,11 +40,7 @@ void frmzip::AddMap(const std::string& name, int32_t member) { LstZip.AddItem(na
 void frmzip::Load() {
   SetChosenZipMember(kNoZipMember);
   if (!StyleActive()) return;
-  try {
-    FormLoadStyle(*this);
-  } catch (const std::exception&) {
-    ShowError("applystyle ");
-  }
+  RunCommand([this] { FormLoadStyle(*this); }, "applystyle ");
 }
 
 void frmzip::Choose() {

@@ -2,7 +2,8 @@
 
 #include "base/text.h"
 #include "frame/path_text.h"
-#include "frame/show_error.h"
+#include "maps/ask.h"
+#include "maps/run_command.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -13,13 +14,10 @@ constexpr bool kRebuildList = true;
 
 // Runs one command; a failure is reported without a context and leaves the lists as they are.
 template <class Command>
-bool RunCommand(Command&& command) {
-  try {
-    return command();
-  } catch (const std::exception&) {
-    ShowError("");
-  }
-  return kListIsFine;
+bool RunListCommand(Command&& command) {
+  bool rebuild = kListIsFine;
+  RunCommand([&] { rebuild = command(); });
+  return rebuild;
 }
 
 bool NothingIsSelected(const FileListBox& maps, const char* request) {
@@ -39,10 +37,6 @@ struct SelectedMap {
   std::string folder;
 };
 
-bool AskYesNo(const std::string& question, BoxIcon icon = BoxIcon::kNone) {
-  return MsgBox(question, BoxButtons::kYesNo, icon) == BoxAnswer::kYes;
-}
-
 // The answer changes nothing; No is at hand for those who press Enter.
 void TellThatNameIsTaken() {
   MessageBoxRequest box;
@@ -55,7 +49,7 @@ void TellThatNameIsTaken() {
 }  // namespace
 
 bool CopyMapTo(FileListBox& maps, CommonDialog& dlgcopyto) {
-  return RunCommand([&] {
+  return RunListCommand([&] {
     if (NothingIsSelected(maps, "Select a map")) return kListIsFine;
     const SelectedMap map(maps);
     dlgcopyto.DialogTitle = "Select folder and filename to copy map to";
@@ -72,7 +66,7 @@ bool CopyMapTo(FileListBox& maps, CommonDialog& dlgcopyto) {
 }
 
 bool RenameMap(FileListBox& maps) {
-  return RunCommand([&] {
+  return RunListCommand([&] {
     if (NothingIsSelected(maps, "Select map!")) return kListIsFine;
     const SelectedMap map(maps);
     const std::string answer =
@@ -95,7 +89,7 @@ bool RenameMap(FileListBox& maps) {
 }
 
 bool DeleteMap(FileListBox& maps) {
-  return RunCommand([&] {
+  return RunListCommand([&] {
     if (NothingIsSelected(maps, "Select map!")) return kListIsFine;
     const SelectedMap map(maps);
     if (!AskYesNo("Are you sure you want to delete " + map.name + "?", BoxIcon::kWarning)) return kListIsFine;
@@ -105,7 +99,7 @@ bool DeleteMap(FileListBox& maps) {
 }
 
 bool CopyMapName(FileListBox& maps) {
-  return RunCommand([&] {
+  return RunListCommand([&] {
     if (NothingIsSelected(maps, "Please select map!")) return kListIsFine;
     platform().clipboard().SetText(maps.FileName());
     return kListIsFine;

@@ -1,9 +1,10 @@
-// How the commands of the map windows end when they fail: reported without a context, and the window goes on.
+// How the commands of the map windows end when they fail: reported, and the window goes on.
 #pragma once
 
 #include <exception>
 #include <functional>
 #include <initializer_list>
+#include <string>
 #include <utility>
 
 #include "forms/property.h"
@@ -11,12 +12,13 @@
 
 namespace kestrun {
 
+// The context is ShowError's.
 template <class Command>
-void RunCommand(Command&& command) {
+void RunCommand(Command&& command, const std::string& context = "") {
   try {
     std::forward<Command>(command)();
   } catch (const std::exception&) {
-    ShowError("");
+    ShowError(context);
   }
 }
 

@@ -393,20 +393,25 @@ TEST_F(PopUpTest, AMenuThatAKeyCallsUpOpensBelowTheCurrentRow) {
   EXPECT_NEAR(shown.top, place.y, 8);
 }
 
+RECT WorkAreaOf(HWND window) {
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &screen);
+  return screen.rcWork;
+}
+
 TEST_F(PeerTest, AWindowLargerThanTheScreenIsMadeToFitIt) {
   CloseAllWindows();
   Pump();
   form().SetClientSize(60000, 60000);
   form().Show();
-  MONITORINFO screen{};
-  screen.cbSize = sizeof screen;
-  GetMonitorInfoW(MonitorFromWindow(window().window(), MONITOR_DEFAULTTOPRIMARY), &screen);
+  const RECT work = WorkAreaOf(window().window());
   RECT outer{};
   GetWindowRect(window().window(), &outer);
-  EXPECT_GE(outer.left, screen.rcWork.left);
-  EXPECT_GE(outer.top, screen.rcWork.top);
-  EXPECT_LE(outer.right, screen.rcWork.right);
-  EXPECT_LE(outer.bottom, screen.rcWork.bottom);
+  EXPECT_GE(outer.left, work.left);
+  EXPECT_GE(outer.top, work.top);
+  EXPECT_LE(outer.right, work.right);
+  EXPECT_LE(outer.bottom, work.bottom);
   EXPECT_LT(form().Height, 60000);
 }
 
@@ -417,13 +422,11 @@ TEST_F(PeerTest, AWindowWhosePlaceIsOffTheScreenComesBackOnIt) {
   form().Left = 500000;
   form().Top = -500000;
   form().Show();
-  MONITORINFO screen{};
-  screen.cbSize = sizeof screen;
-  GetMonitorInfoW(MonitorFromWindow(window().window(), MONITOR_DEFAULTTOPRIMARY), &screen);
+  const RECT work = WorkAreaOf(window().window());
   RECT outer{};
   GetWindowRect(window().window(), &outer);
-  EXPECT_EQ(outer.right, screen.rcWork.right);
-  EXPECT_EQ(outer.top, screen.rcWork.top);
+  EXPECT_EQ(outer.right, work.right);
+  EXPECT_EQ(outer.top, work.top);
 }
 
 TEST_F(PeerTest, AModalFormDisablesTheOthersAndGivesTheFocusBack) {

@@ -160,11 +160,7 @@ void QuickLink::ClickLink(int index) {
 }
 
 void QuickLink::Highlight(int index) {
-  for (Label* label : labels_) {
-    FontDescription font = label->Font;
-    font.bold = font.underline = label->Index() == index;
-    label->Font = font;
-  }
+  for (Label* label : labels_) label->Emphasize(label->Index() == index);
 }
 
 void QuickLink::OpenHelp() const {

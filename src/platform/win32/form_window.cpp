@@ -14,6 +14,7 @@
 #include "platform/win32/late_call.h"
 #include "platform/win32/shell_link.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/window_class.h"
 
 namespace kestrun {
 namespace {
@@ -106,16 +107,10 @@ DWORD FormWindow::ExtendedStyle() const {
 }
 
 void FormWindow::Open(HWND owner) {
-  WNDCLASSW window_class{};
-  window_class.style = CS_DBLCLKS;
-  window_class.lpfnWndProc = &FormWindow::HandleFormMessage;
-  window_class.hInstance = GetModuleHandleW(nullptr);
-  window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  window_class.lpszClassName = kFormClass;
-  RegisterClassW(&window_class);
+  RegisterWindowClass(kFormClass, &FormWindow::HandleFormMessage);
   scale_ = ScaleOf(owner);
   window_.Reset(CreateWindowExW(ExtendedStyle(), kFormClass, ToWide(form_->Caption.get()).c_str(), Style(),
-                                CW_USEDEFAULT, CW_USEDEFAULT, 100, 100, owner, nullptr, window_class.hInstance,
+                                CW_USEDEFAULT, CW_USEDEFAULT, 100, 100, owner, nullptr, GetModuleHandleW(nullptr),
                                 nullptr));
   Windows().push_back(this);
   GetCursorPos(&pointer_at_opening_);
@@ -123,6 +118,7 @@ void FormWindow::Open(HWND owner) {
   SendMessageW(window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
   SetIcons();
   BuildMenu();
+  SetWindowLongPtrW(window(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   MakeControls();
   PlaceWindow(owner);
   ShowFirst();
@@ -173,7 +169,6 @@ bool FormWindow::IsWaiting(const Control& control) const {
 
 // The system puts each new window behind those that are there: the front one comes first.
 void FormWindow::MakeControls() {
-  SetWindowLongPtrW(window(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   std::vector<Control*> order = form_->StackingOrder();
   std::reverse(order.begin(), order.end());
   for (bool is_more = true; is_more;) {
@@ -245,7 +240,8 @@ void FormWindow::LeaveHiddenFocus() {
 void FormWindow::Update(Control& control, PropertyId property) {
   if (&control != form_.get()) {
     if (ControlPeer* peer = PeerOf(control)) peer->Update(property);
-    if (!control.Constituents().empty()) MakeControls();
+    const bool may_be_seen_now = property == PropertyId::kHeight || property == PropertyId::kVisible;
+    if (may_be_seen_now && !control.Constituents().empty()) MakeControls();
     if (property == PropertyId::kEnabled) ReplaceLostFocus();
     return;
   }
@@ -369,12 +365,13 @@ HBRUSH FormWindow::BrushFor(Color color) {
 
 // Most windows are used without a tip being read, and a tip window costs as much as ten buttons.
 void FormWindow::MakeToolTips() {
+  if (tool_tips_) return;
   const auto has_tip = [](const auto& peer) { return !peer->control().ToolTipText.get().empty(); };
   POINT pointer{};
   GetCursorPos(&pointer);
   // A window that opened under a resting mouse was not pointed at.
   if (pointer.x == pointer_at_opening_.x && pointer.y == pointer_at_opening_.y) return;
-  if (tool_tips_ || std::none_of(peers_.begin(), peers_.end(), has_tip)) return;
+  if (std::none_of(peers_.begin(), peers_.end(), has_tip)) return;
   tool_tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0,
                                0, 0, window(), nullptr, GetModuleHandleW(nullptr), nullptr);
   SendMessageW(tool_tips_, TTM_SETMAXTIPWIDTH, 0, scale_.Pixels(kTipWidthTwips));

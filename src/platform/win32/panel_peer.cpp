@@ -4,26 +4,17 @@
 #include "forms/frame.h"
 #include "forms/picture_box.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/window_class.h"
 
 namespace kestrun {
 namespace {
 
 constexpr const wchar_t* kPanelClass = L"KestrunPanel";
 
-void RegisterPanelClass() {
-  WNDCLASSW window_class{};
-  window_class.style = CS_DBLCLKS;
-  window_class.lpfnWndProc = DefWindowProcW;
-  window_class.hInstance = GetModuleHandleW(nullptr);
-  window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  window_class.lpszClassName = kPanelClass;
-  RegisterClassW(&window_class);
-}
-
 }  // namespace
 
 void PanelPeer::CreatePanel(DWORD extended_style) {
-  RegisterPanelClass();
+  RegisterWindowClass(kPanelClass, DefWindowProcW);
   CreateWindowOf(kPanelClass, L"", WS_CLIPCHILDREN, WS_EX_CONTROLPARENT | extended_style);
 }
 

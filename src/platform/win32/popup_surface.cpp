@@ -1,5 +1,7 @@
 #include "platform/win32/popup_surface.h"
 
+#include "platform/win32/window_class.h"
+
 namespace kestrun {
 namespace {
 
@@ -8,17 +10,11 @@ constexpr const wchar_t* kPopupClass = L"KestrunPopup";
 }  // namespace
 
 void PopupSurface::Create(HWND owner) {
-  WNDCLASSW window_class{};
-  window_class.style = CS_SAVEBITS;
-  window_class.lpfnWndProc = &PopupSurface::Handle;
-  window_class.hInstance = GetModuleHandleW(nullptr);
-  window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  window_class.lpszClassName = kPopupClass;
-  RegisterClassW(&window_class);
+  RegisterWindowClass(kPopupClass, &PopupSurface::Handle, CS_SAVEBITS);
   // The two styles that let the mouse through, also where a click goes to the topmost window without asking it.
   constexpr DWORD kPassesMouse = WS_EX_LAYERED | WS_EX_TRANSPARENT;
   window_.Reset(CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE | WS_EX_TOPMOST | kPassesMouse, kPopupClass, L"",
-                                WS_POPUP | WS_BORDER, 0, 0, 0, 0, owner, nullptr, window_class.hInstance, nullptr));
+                                WS_POPUP | WS_BORDER, 0, 0, 0, 0, owner, nullptr, GetModuleHandleW(nullptr), nullptr));
   SetLayeredWindowAttributes(window(), 0, 255, LWA_ALPHA);
   SetWindowLongPtrW(window(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }

@@ -2,21 +2,13 @@
 
 #include <utility>
 
+#include "platform/win32/window_class.h"
+
 namespace kestrun {
 namespace {
 
 constexpr const wchar_t* kControlClass = L"KestrunControl";
 constexpr UINT kPaintSoon = WM_APP + 1;
-
-void RegisterControlClass() {
-  WNDCLASSW window_class{};
-  window_class.style = CS_DBLCLKS;
-  window_class.lpfnWndProc = DefWindowProcW;
-  window_class.hInstance = GetModuleHandleW(nullptr);
-  window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  window_class.lpszClassName = kControlClass;
-  RegisterClassW(&window_class);
-}
 
 DWORD FrameStyle(int kind) { return kind == 1 ? WS_BORDER : 0; }
 DWORD FrameExtendedStyle(int kind) { return kind == 2 ? WS_EX_CLIENTEDGE : 0; }
@@ -28,7 +20,7 @@ UserControlPeer::~UserControlPeer() {
 }
 
 void UserControlPeer::Create() {
-  RegisterControlClass();
+  RegisterWindowClass(kControlClass, DefWindowProcW);
   shown_frame_ = Model().FrameKind();
   CreateWindowOf(kControlClass, L"", (Model().TakesFocus() ? WS_TABSTOP : 0) | FrameStyle(shown_frame_),
                  FrameExtendedStyle(shown_frame_));
