@@ -1,10 +1,13 @@
 #include "script/vbscript/engine/engine.h"
 
+#include <new>
+
 #include "base/convert.h"
 #include "base/text.h"
 #include "script/vbscript/compiler/compiler.h"
 #include "script/vbscript/engine/class_instance.h"
 #include "script/vbscript/runtime/builtins.h"
+#include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/syntax/parser.h"
 
@@ -13,11 +16,23 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+// Short enough to stand in a text's object: telling of it takes no memory.
+constexpr const char* kShortOutOfMemory = "Out of memory";
+
 double ReadDateLiteral(RuntimeContext& context, std::string_view text) {
   static const Builtin* const kConversion = FindBuiltin("CDate");
   if (!kConversion) RaiseScript(error::kTypeMismatch);
   Variant argument(text);
   return kConversion->call(context, {&argument, 1}).real();
+}
+
+bool IsHighSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
+
+// A pair of surrogates that two pieces share goes with the first.
+void AppendPiece(std::string& source, std::u16string_view units, size_t from, size_t to) {
+  if (from > 0 && IsHighSurrogate(units[from - 1])) ++from;
+  if (to < units.size() && IsHighSurrogate(units[to - 1])) ++to;
+  if (from < to) source += ToUtf8(units.substr(from, to - from));
 }
 
 std::vector<int32_t> BoundsOf(const DeclaredVariable& variable) {
@@ -72,26 +87,34 @@ void Engine::CheckTime() {
   throw TimeLimitReached{};
 }
 
-void Engine::ChargeMemory(size_t bytes) {
-  if (bytes > limits_.memory_bytes || LiveBytes::Total() > limits_.memory_bytes - bytes) {
-    RaiseScript(error::kOutOfMemory);
-  }
-}
+void Engine::RaiseOutOfMemory() { RaiseScript(error::kOutOfMemory); }
 
 std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression, bool inside_method) {
+  const Activity activity(*this);
   auto module = std::make_shared<Module>(text);
   try {
-    Parser parser(*module, names_, [this](std::string_view date) { return ReadDateLiteral(*this, date); });
-    if (inside_method) parser.AllowMe();
-    if (as_expression) {
-      parser.ParseEvaluation();
-    } else {
-      parser.ParseModule();
-    }
+    ParseInto(*module, as_expression, inside_method);
   } catch (const CompileError& error) {
     throw ModuleError{error.number, module->source.PlaceOf(error.position), module->source.LineAt(error.position)};
   }
   return module;
+}
+
+void Engine::ParseInto(Module& module, bool as_expression, bool inside_method) {
+  ChargeMemory(0);
+  Parser parser(module, names_, [this](std::string_view date) { return ReadDateLiteral(*this, date); });
+  parser.OnProgress([this](size_t tokens) {
+    Charge(tokens);
+    ChargeMemory(0);
+  });
+  if (inside_method) parser.AllowMe();
+  if (as_expression) {
+    parser.ParseEvaluation();
+  } else {
+    parser.ParseModule();
+  }
+  module.CountBytes();
+  ChargeMemory(0);
 }
 
 void Engine::Define(const std::shared_ptr<Module>& module) {
@@ -146,12 +169,25 @@ void Engine::AddObject(std::string_view name, const Variant& object) {
   globals_.DefineValue(names_.Intern(name), GlobalKind::kObject, object);
 }
 
+// The place of a compile error is nobody's business here: the statement that executes the text is at fault.
 std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression, bool inside_method) {
+  const auto module = std::make_shared<Module>(SourceOf(text));
   try {
-    return Parse(ToText(text), as_expression, inside_method);
-  } catch (const ModuleError& error) {
-    throw RuntimeError(error.number, std::string(ScriptErrorText(error.number)));
+    ParseInto(*module, as_expression, inside_method);
+  } catch (const CompileError& error) {
+    RaiseScript(error.number);
   }
+  return module;
+}
+
+// UTF-8 of a text that may be long.
+std::string Engine::SourceOf(const Variant& text) {
+  const Variant value = ToTextValue(text);
+  const std::u16string_view units = value.text();
+  ChargeMemory(LiveBytes::Block(units.size() * 2));
+  std::string source;
+  ByPieces(*this, units.size(), [&](size_t from, size_t to) { AppendPiece(source, units, from, to); });
+  return source;
 }
 
 void Engine::ExecuteText(const Variant& text, bool global) {
@@ -191,6 +227,7 @@ Variant Engine::MakeObject(NameId class_name) {
   }
   const Ref<ClassDefinition> definition = entry.definition;
   ChargeMemory(sizeof(ClassInstance) + definition->fields.size() * sizeof(Variant));
+  Charge(1 + definition->fields.size() / kElementsPerStep);
   const Ref<ClassInstance> instance = MakeRef<ClassInstance>(*this, definition);
   for (size_t field = 0; field < definition->fields.size(); ++field) {
     const DeclaredVariable& declared = definition->fields[field];
@@ -213,7 +250,9 @@ void Engine::Terminate(ClassInstance& instance) noexcept {
 Variant Engine::Call(Procedure& procedure, ClassInstance* self, Arguments arguments) {
   const Activity activity(*this);
   try {
-    return machine_.Invoke(procedure, self, arguments);
+    Variant result = machine_.Invoke(procedure, self, arguments);
+    ChargeReading(*this, result);
+    return result;
   } catch (const TimeLimitReached&) {
     if (activities_ > 1) throw;
     throw RuntimeError(kTimeLimitNumber, std::string(kTimeLimitText));
@@ -230,7 +269,20 @@ Variant Engine::CallGlobal(std::string_view name, Arguments arguments) {
   return machine_.Invoke(*procedure, nullptr, arguments);
 }
 
+// Memory may be short as well where the failure is put into words.
 ErrorReport Engine::Report(const std::function<void()>& action) {
+  try {
+    return ReportInWords(action);
+  } catch (const std::bad_alloc&) {
+    ErrorReport report;
+    report.number = error::kOutOfMemory;
+    report.description = kShortOutOfMemory;
+    return report;
+  }
+}
+
+ErrorReport Engine::ReportInWords(const std::function<void()>& action) {
+  const Activity activity(*this);
   try {
     action();
     return {};
@@ -254,7 +306,9 @@ ErrorReport Engine::Report(const std::function<void()>& action) {
 }
 
 Variant Engine::FieldValue(const Variant& field, Arguments arguments) {
-  return arguments.empty() ? field : machine_.IndexedValue(field, arguments);
+  const Variant value = arguments.empty() ? field : machine_.IndexedValue(field, arguments);
+  ChargeReading(*this, value);
+  return value;
 }
 
 void Engine::StoreField(Variant& field, Arguments arguments, const Variant& value, bool set) {

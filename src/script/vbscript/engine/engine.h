@@ -86,7 +86,13 @@ class Engine final : public RuntimeContext {
 
   // RuntimeContext.
   void Charge(uint64_t steps) override { machine_.Charge(steps); }
-  void ChargeMemory(size_t bytes) override;
+  void ChargeMemory(size_t bytes) override {
+    if (bytes > limits_.memory_bytes || LiveBytes::Total() > limits_.memory_bytes - bytes) RaiseOutOfMemory();
+  }
+  [[nodiscard]] size_t memory_left() const override {
+    const size_t used = LiveBytes::Total();
+    return used > limits_.memory_bytes ? 0 : limits_.memory_bytes - used;
+  }
   [[nodiscard]] size_t most_text_units() const override { return limits_.text_units; }
   [[nodiscard]] bool allow_ui() const override { return allow_ui_; }
   [[nodiscard]] int locale() const override { return locale_; }
@@ -103,6 +109,11 @@ class Engine final : public RuntimeContext {
  private:
   friend class ClassInstance;
 
+  [[noreturn]] static void RaiseOutOfMemory();
+  ErrorReport ReportInWords(const std::function<void()>& action);
+  // Throws CompileError.
+  void ParseInto(Module& module, bool as_expression, bool inside_method);
+  [[nodiscard]] std::string SourceOf(const Variant& text);
   [[nodiscard]] std::shared_ptr<Module> ParseExecuted(const Variant& text, bool as_expression, bool inside_method);
   void DefineClass(const std::shared_ptr<Module>& module, const ClassTree& tree);
   void AddMethod(ClassDefinition& definition, const std::shared_ptr<Module>& module, const ProcedureTree& tree);

@@ -36,6 +36,8 @@ class ErrObject final : public TableObject {
   [[nodiscard]] const MemberTable& Members() const override;
 
   void Set(const RuntimeError& error);
+  // After its texts were changed.
+  void CountBytes();
   void Clear();
 
   int number = 0;
@@ -43,6 +45,9 @@ class ErrObject final : public TableObject {
   std::string source;
   std::string help_file;
   int help_context = 0;
+
+ private:
+  LiveBytes bytes_;
 };
 
 }  // namespace kestrun::vbs

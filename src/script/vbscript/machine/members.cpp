@@ -84,6 +84,15 @@ Arguments Machine::ValuesOf(Arguments arguments) {
   return arguments;
 }
 
+// A text that nobody else holds was made by the call.
+void Machine::ChargeMaking(const Variant& result) {
+  if (!result.owns()) return;
+  engine_.ChargeMemory(0);
+  if (result.Is(VarType::kString) && result.text_body()->references() == 1) {
+    Charge(result.text().size() / kUnitsPerStep);
+  }
+}
+
 // A host gets values; what it changes in them goes back into the variables that were passed.
 void Machine::CallHostMember(const Instruction* pc, Object& object, MemberId member, bool is_statement) {
   const Ref<Object> held(&object);
@@ -95,6 +104,7 @@ void Machine::CallHostMember(const Instruction* pc, Object& object, MemberId mem
     arguments[at] = Variant(*arguments[at].target());
   }
   Variant result = is_statement ? object.Call(member, arguments) : object.Get(member, arguments);
+  ChargeMaking(result);
   for (const auto& [at, reference] : passed) {
     if (!SameValue(*reference.target(), arguments[at])) *reference.target() = arguments[at];
   }
