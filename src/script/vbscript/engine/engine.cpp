@@ -14,8 +14,6 @@
 namespace kestrun::vbs {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 // Short enough to stand in a text's object: telling of it takes no memory.
 constexpr const char* kShortOutOfMemory = "Out of memory";
 
@@ -45,7 +43,7 @@ Engine::Activity::Activity(Engine& engine) : engine_(engine) {
   if (engine_.activities_++ > 0) return;
   engine_.stopping_ = false;
   engine_.machine_.ResetFuel();
-  engine_.deadline_ = Clock::now() + std::chrono::milliseconds(engine_.limits_.timeout_ms);
+  engine_.deadline_ = engine_.limits_.now() + std::chrono::milliseconds(engine_.limits_.timeout_ms);
 }
 
 Engine::Engine() : machine_(*this), err_(MakeRef<ErrObject>()), link_(std::make_shared<EngineLink>(EngineLink{this})) {}
@@ -82,7 +80,7 @@ void Engine::Retire(ClassInstance& instance) {
 }
 
 void Engine::CheckTime() {
-  if (limits_.timeout_ms < 0 || Clock::now() < deadline_) return;
+  if (limits_.timeout_ms < 0 || limits_.now() < deadline_) return;
   stopping_ = true;
   throw TimeLimitReached{};
 }

@@ -45,6 +45,10 @@ size_t UnitsOf(const Variant& value) { return value.Is(VarType::kString) ? value
 void Machine::SlowBinary(const Instruction& at, BinaryOperator operation) {
   const Variant& left = At(at.b);
   const Variant& right = At(at.c);
+  if (!left.owns() && !right.owns()) {
+    At(at.a) = operation(left, right);
+    return;
+  }
   if (left.Is(VarType::kObject) || right.Is(VarType::kObject)) {
     const Variant plain_left = PlainCopy(left);
     const Variant plain_right = PlainCopy(right);
@@ -58,9 +62,9 @@ void Machine::SlowBinary(const Instruction& at, BinaryOperator operation) {
 }
 
 // Texts are joined, everything else is added.
-void Machine::SlowAdd(const Instruction& at) {
+void Machine::SlowAdd(const Instruction& at, BinaryOperator add) {
   const bool texts = At(at.b).Is(VarType::kString) && At(at.c).Is(VarType::kString);
-  return texts ? Concatenate(at) : SlowBinary(at, Add);
+  return texts ? Concatenate(at) : SlowBinary(at, add);
 }
 
 Variant Machine::CompareValues(const Variant& left, const Variant& right, Comparison wanted, bool one_is_literal) {

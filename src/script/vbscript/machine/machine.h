@@ -96,11 +96,25 @@ class Machine {
   KESTRUN_OPCODES(KESTRUN_HANDLER)
 #undef KESTRUN_HANDLER
 
+  bool HoldsEqual(const Instruction* pc);
+  bool HoldsNotEqual(const Instruction* pc);
+  bool HoldsLess(const Instruction* pc);
+  bool HoldsLessEqual(const Instruction* pc);
+  bool HoldsGreater(const Instruction* pc);
+  bool HoldsGreaterEqual(const Instruction* pc);
+
+  // Where the operand stands; for a parameter this may be a stand-in for the caller's variable. The bases are moved
+  // back by the number of their space, which the operand holds in its low bits.
+  [[nodiscard, gnu::always_inline]] Variant& Place(Operand operand) const {
+    return *reinterpret_cast<Variant*>(bases_[static_cast<size_t>(operand & kSpaceMask)] +
+                                       static_cast<uintptr_t>(operand));
+  }
   [[nodiscard, gnu::always_inline]] Variant& At(Operand operand) const {
-    auto* value =
-        reinterpret_cast<Variant*>(bases_[static_cast<size_t>(operand & kSpaceMask)] + (operand & ~kSpaceMask));
-    if (SpaceOf(operand) == Space::kIndirect && value->IsReference()) value = value->target();
-    return *value;
+    Variant& value = Place(operand);
+    return SpaceOf(operand) == Space::kIndirect && value.IsReference() ? *value.target() : value;
+  }
+  void SetBase(Space space, const void* base) {
+    bases_[static_cast<size_t>(space)] = reinterpret_cast<uintptr_t>(base) - static_cast<uintptr_t>(space);
   }
   [[nodiscard]] Variant& Register(int reg) const { return registers_[reg]; }
   [[nodiscard]] Frame& Top() const { return *top_; }
@@ -143,7 +157,7 @@ class Machine {
   // Operators (arithmetic.cpp): what the fast paths leave over.
   using BinaryOperator = Variant (*)(const Variant&, const Variant&);
   void SlowBinary(const Instruction& at, BinaryOperator operation);
-  void SlowAdd(const Instruction& at);
+  void SlowAdd(const Instruction& at, BinaryOperator operation);
   void SlowUnary(const Instruction& at, Variant (*operation)(const Variant&));
   void ChargeArguments(const Builtin& builtin, Arguments arguments);
   Variant CompareValues(const Variant& left, const Variant& right, Comparison wanted, bool one_is_literal);
@@ -198,7 +212,7 @@ class Machine {
 
   Engine& engine_;
   GlobalScope& globals_;
-  std::array<std::byte*, 8> bases_{};
+  std::array<uintptr_t, 16> bases_{};
   Variant* registers_ = nullptr;
   int64_t fuel_ = 0;
   std::vector<Frame> frames_;  // the first depth_ are in use

@@ -1,4 +1,5 @@
 // Members of objects by name: a script's own classes without leaving the loop, all others through Object.
+#include <array>
 #include <vector>
 
 #include "script/vbscript/engine/class_instance.h"
@@ -93,21 +94,45 @@ void Machine::ChargeMaking(const Variant& result) {
   }
 }
 
+namespace {
+
+// The variables that arguments stand for, in a list that takes no memory for the usual few.
+class PassedVariables {
+ public:
+  explicit PassedVariables(Arguments arguments) : arguments_(arguments) {
+    if (arguments.size() > few_.size()) many_.resize(arguments.size());
+    Variant** const targets = Targets();
+    for (size_t at = 0; at < arguments.size(); ++at) {
+      targets[at] = arguments[at].IsReference() ? arguments[at].target() : nullptr;
+      if (targets[at]) arguments[at] = Variant(*targets[at]);
+    }
+  }
+  // What the callee has changed goes into the variables.
+  void GiveBack() {
+    Variant** const targets = Targets();
+    for (size_t at = 0; at < arguments_.size(); ++at) {
+      if (targets[at] && !SameValue(*targets[at], arguments_[at])) *targets[at] = arguments_[at];
+    }
+  }
+
+ private:
+  Variant** Targets() { return many_.empty() ? few_.data() : many_.data(); }
+
+  Arguments arguments_;
+  std::array<Variant*, 8> few_;
+  std::vector<Variant*> many_;
+};
+
+}  // namespace
+
 // A host gets values; what it changes in them goes back into the variables that were passed.
 void Machine::CallHostMember(const Instruction* pc, Object& object, MemberId member, bool is_statement) {
   const Ref<Object> held(&object);
   const Arguments arguments = List(*pc);
-  std::vector<std::pair<size_t, Variant>> passed;  // position, and the stand-in
-  for (size_t at = 0; at < arguments.size(); ++at) {
-    if (!arguments[at].IsReference()) continue;
-    passed.emplace_back(at, arguments[at]);
-    arguments[at] = Variant(*arguments[at].target());
-  }
+  PassedVariables passed(arguments);
   Variant result = is_statement ? object.Call(member, arguments) : object.Get(member, arguments);
   ChargeMaking(result);
-  for (const auto& [at, reference] : passed) {
-    if (!SameValue(*reference.target(), arguments[at])) *reference.target() = arguments[at];
-  }
+  passed.GiveBack();
   for (Variant& argument : arguments) argument.Clear();
   GiveResult(pc->a, std::move(result));
 }

@@ -35,7 +35,10 @@ class TextBuilder {
   void AppendMapped(std::u16string_view part, Map map) {
     MakeRoom(part.size());
     ByPieces(context_, part.size(), [&](size_t from, size_t to) {
-      for (; from < to; ++from) body_->text.push_back(map(part[from]));
+      const size_t size = body_->text.size();
+      body_->text.resize(size + to - from);
+      char16_t* out = body_->text.data() + size;
+      for (; from < to; ++from) *out++ = map(part[from]);
     });
   }
   // The text so far. Nothing may be appended after that.

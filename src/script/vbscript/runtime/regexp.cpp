@@ -1,5 +1,6 @@
 #include "script/vbscript/runtime/regexp.h"
 
+#include <algorithm>
 #include <array>
 
 #include "script/vbscript/runtime/builders.h"
@@ -55,9 +56,12 @@ class Expansion {
 
   void AppendTo(TextBuilder& result, const RegExpMatcher& matcher) const {
     for (size_t at = 0; at < replacement_.size();) {
-      const size_t taken = replacement_[at] == u'$' ? AppendForm(result, matcher, at) : 0;
-      if (taken == 0) result.Append(replacement_[at]);
-      at += taken == 0 ? 1 : taken;
+      const size_t form = std::min(replacement_.find(u'$', at), replacement_.size());
+      result.Append(replacement_.substr(at, form - at));
+      if (form == replacement_.size()) return;
+      const size_t taken = AppendForm(result, matcher, form);
+      if (taken == 0) result.Append(u'$');
+      at = form + (taken == 0 ? 1 : taken);
     }
   }
 
