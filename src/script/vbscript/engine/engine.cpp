@@ -99,7 +99,9 @@ std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression,
 }
 
 void Engine::ParseInto(Module& module, bool as_expression, bool inside_method) {
+  constexpr uint64_t kStepsPerText = 64;  // what even the shortest text takes to be parsed and compiled
   ChargeMemory(0);
+  Charge(kStepsPerText);
   Parser parser(module, names_, [this](std::string_view date) { return ReadDateLiteral(*this, date); });
   parser.OnProgress([this](size_t tokens) {
     Charge(tokens);

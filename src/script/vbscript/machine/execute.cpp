@@ -43,7 +43,9 @@ void Machine::BindOuterNames(Module& module, std::vector<NameId>& names, std::ve
       add(name);
     }
   }
+  Charge(names.size() / kElementsPerStep);
   if (!Top().extras) return;
+  Charge(Top().extras->values.size() / kElementsPerStep);
   for (auto& [name, value] : Top().extras->values) {
     names.push_back(name);
     places.push_back(&value);

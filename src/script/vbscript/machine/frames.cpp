@@ -124,7 +124,8 @@ const Instruction* Machine::Recover(const RuntimeError& error, const Instruction
   if (procedure.checked_epoch != globals_.epoch()) Refresh(procedure);
   const Code& code = *procedure.code;
   if (count != code.parameter_count) RaiseScript(error::kWrongArgumentCount);
-  if (--fuel_ < 0) Refuel();
+  fuel_ -= 1 + static_cast<int64_t>(code.instructions.size()) / kInstructionsPerStep;
+  if (fuel_ < 0) Refuel();
   PushFrame(code, self, arguments);
   for (uint32_t reg = count; reg < code.cleared_count; ++reg) arguments[reg].Clear();
   if (code.has_by_value) TakeByValue(code, arguments);
@@ -202,6 +203,7 @@ void Machine::Refresh(Procedure& procedure) {
   if (!stands) {
     const CompileContext context{engine_.names(), globals_, *procedure.module, procedure.owner};
     std::unique_ptr<Code> code = CompileProcedure(context, *procedure.tree);
+    Charge(code->instructions.size());
     if (procedure.code) procedure.retired.push_back(std::move(procedure.code));
     procedure.code = std::move(code);
     engine_.ChargeMemory(0);

@@ -96,7 +96,7 @@ const Instruction* Machine::DoEachBegin(const Instruction* pc) {
 
 // The variable is Empty once a collection has come to its end; behind an array it keeps the last element.
 const Instruction* Machine::DoEachNext(const Instruction* pc) {
-  if (--fuel_ < 0) Refuel();
+  Charge(1 + static_cast<uint64_t>(-int64_t{pc->a}) / 8);
   const Variant state = Register(pc->c);
   if (!state.Is(VarType::kObject)) RaiseScript(error::kNotANumberedObject);  // the head has failed
   auto& iteration = *static_cast<IterationState*>(state.object());

@@ -10,6 +10,10 @@
 
 namespace kestrun::vbs {
 
+// A turn of a loop and a call cost one step, and one more for so many instructions of their code. Jumps back are by a
+// number below zero.
+inline constexpr int32_t kInstructionsPerStep = 8;
+
 // Only these end the loop by giving null.
 template <Opcode kOpcode>
 inline constexpr bool kMayLeave = kOpcode == Opcode::kReturn || kOpcode == Opcode::kEnd;
@@ -313,7 +317,8 @@ inline const Instruction* Machine::DoAppend(const Instruction* pc) {
 KESTRUN_HOT const Instruction* Machine::DoJump(const Instruction* pc) { return pc + pc->a; }
 
 KESTRUN_HOT const Instruction* Machine::DoLoop(const Instruction* pc) {
-  if (--fuel_ < 0) Refuel();
+  fuel_ += pc->a / kInstructionsPerStep - 1;
+  if (fuel_ < 0) Refuel();
   return pc + pc->a;
 }
 
@@ -330,7 +335,8 @@ inline const Instruction* Machine::DoJumpTrue(const Instruction* pc) {
 }
 
 KESTRUN_HOT const Instruction* Machine::DoForNext(const Instruction* pc) {
-  if (--fuel_ < 0) Refuel();
+  fuel_ += pc->a / kInstructionsPerStep - 1;
+  if (fuel_ < 0) Refuel();
   Variant& variable = Place(pc->b);
   const Variant& last = Register(pc->c + 1);
   const Variant& step = Register(pc->c + 2);
