@@ -19,7 +19,10 @@ void TextBuilder::Grow(size_t units) {
   if (TextBody::BytesOf(wanted) > context_.memory_left()) wanted = units;
   context_.ChargeMemory(TextBody::BytesOf(wanted));
   context_.Charge(body_->text.size() / kUnitsPerStep);
-  body_->text.reserve(wanted);
+  std::u16string larger;  // a text that reserves more for itself may take twice what it is asked to
+  larger.reserve(wanted);
+  larger.append(body_->text);
+  body_->text.swap(larger);
   body_->CountBytes();
 }
 
