@@ -43,13 +43,13 @@ const OperatorRow& RowOf(Operator operation) { return kOperators[static_cast<siz
 
 bool IsComparison(Operator operation) { return operation >= Operator::kEqual && operation <= Operator::kGreaterEqual; }
 
-const Expression& Bare(const Expression& expression) {
+}  // namespace
+
+const Expression& Compiler::Bare(const Expression& expression) {
   const Expression* bare = &expression;
   while (bare->kind == ExpressionKind::kParentheses) bare = bare->left;
   return *bare;
 }
-
-}  // namespace
 
 bool Compiler::IsLiteral(const Expression& expression) { return Bare(expression).kind == ExpressionKind::kLiteral; }
 

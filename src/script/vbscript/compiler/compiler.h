@@ -125,6 +125,8 @@ class Compiler {
   void JumpOn(const Expression& condition, bool sense, Label& label);
   bool JumpOnComparison(const Expression& condition, bool sense, Label& label);
   static bool IsLiteral(const Expression& expression);
+  // Without the parentheses around it.
+  [[nodiscard]] static const Expression& Bare(const Expression& expression);
 
   // Calls (compile_call.cpp).
   void CallInto(const Expression& callee, ArgumentTrees arguments, Operand target, bool is_statement);
@@ -139,6 +141,8 @@ class Compiler {
   bool ReferenceInto(const Expression& argument, int reg, int pin);
   [[nodiscard]] bool CanPassElement(const Expression& argument);
   void EmitRaise(int number);
+  // The object of the innermost With; outside of any, error 505 when it is used.
+  Operand WithObject();
 
   // Statements (compile_statement.cpp, compile_loop.cpp).
   void CompileBlock(Block block);

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "script/vbscript/compiler/compiler.h"
 #include "script/vbscript/engine/class_instance.h"
+#include "script/vbscript/engine/global_object.h"
 #include "script/vbscript/runtime/builtins.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/syntax/parser.h"
@@ -33,7 +34,11 @@ Engine::Activity::Activity(Engine& engine) : engine_(engine) {
   engine_.deadline_ = Clock::now() + std::chrono::milliseconds(engine_.limits_.timeout_ms);
 }
 
-Engine::Engine() : machine_(*this), err_(MakeRef<ErrObject>()), link_(std::make_shared<EngineLink>(EngineLink{this})) {}
+Engine::Engine()
+    : machine_(*this),
+      err_(MakeRef<ErrObject>()),
+      link_(std::make_shared<EngineLink>(EngineLink{this})),
+      global_object_(MakeRef<GlobalObject>(link_)) {}
 
 Engine::~Engine() {
   ReleaseEverything();
@@ -78,11 +83,10 @@ void Engine::ChargeMemory(size_t bytes) {
   }
 }
 
-std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression, bool inside_method) {
+std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression) {
   auto module = std::make_shared<Module>(text);
   try {
     Parser parser(*module, names_, [this](std::string_view date) { return ReadDateLiteral(*this, date); });
-    if (inside_method) parser.AllowMe();
     if (as_expression) {
       parser.ParseEvaluation();
     } else {
@@ -146,16 +150,16 @@ void Engine::AddObject(std::string_view name, const Variant& object) {
   globals_.DefineValue(names_.Intern(name), GlobalKind::kObject, object);
 }
 
-std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression, bool inside_method) {
+std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression) {
   try {
-    return Parse(ToText(text), as_expression, inside_method);
+    return Parse(ToText(text), as_expression);
   } catch (const ModuleError& error) {
     throw RuntimeError(error.number, std::string(ScriptErrorText(error.number)));
   }
 }
 
 void Engine::ExecuteText(const Variant& text, bool global) {
-  const std::shared_ptr<Module> module = ParseExecuted(text, false, !global && machine_.InMethod());
+  const std::shared_ptr<Module> module = ParseExecuted(text, false);
   if (global || !machine_.InProcedure()) {
     Define(module);
     machine_.RunGlobal(*module);
@@ -170,7 +174,7 @@ void Engine::ExecuteText(const Variant& text, bool global) {
 
 Variant Engine::EvaluateText(const Variant& text) {
   if (!text.Is(VarType::kString)) return text;
-  const std::shared_ptr<Module> module = ParseExecuted(text, true, machine_.InMethod());
+  const std::shared_ptr<Module> module = ParseExecuted(text, true);
   return machine_.InProcedure() ? machine_.RunInside(*module) : machine_.EvaluateGlobal(*module);
 }
 

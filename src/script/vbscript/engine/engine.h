@@ -53,8 +53,7 @@ class Engine final : public RuntimeContext {
   ~Engine() override;
 
   // Parses a module's text; throws ModuleError.
-  [[nodiscard]] std::shared_ptr<Module> Parse(std::string_view text, bool as_expression = false,
-                                              bool inside_method = false);
+  [[nodiscard]] std::shared_ptr<Module> Parse(std::string_view text, bool as_expression = false);
   // Makes the module's procedures, classes and declared names known.
   void Define(const std::shared_ptr<Module>& module);
   // Define, then the global code.
@@ -99,11 +98,13 @@ class Engine final : public RuntimeContext {
   [[nodiscard]] GlobalScope& globals() { return globals_; }
   [[nodiscard]] Machine& machine() { return machine_; }
   [[nodiscard]] ErrObject& err() { return *err_; }
+  // What Me means outside of classes.
+  [[nodiscard]] Object& global_object() { return *global_object_; }
 
  private:
   friend class ClassInstance;
 
-  [[nodiscard]] std::shared_ptr<Module> ParseExecuted(const Variant& text, bool as_expression, bool inside_method);
+  [[nodiscard]] std::shared_ptr<Module> ParseExecuted(const Variant& text, bool as_expression);
   void DefineClass(const std::shared_ptr<Module>& module, const ClassTree& tree);
   void AddMethod(ClassDefinition& definition, const std::shared_ptr<Module>& module, const ProcedureTree& tree);
   void ReleaseEverything();
@@ -115,6 +116,7 @@ class Engine final : public RuntimeContext {
   Machine machine_;
   Ref<ErrObject> err_;
   std::shared_ptr<EngineLink> link_;
+  Ref<Object> global_object_;
   ClassInstance* living_ = nullptr;
   std::chrono::steady_clock::time_point deadline_;
   int activities_ = 0;

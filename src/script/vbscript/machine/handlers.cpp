@@ -134,7 +134,8 @@ const Instruction* Machine::DoNew(const Instruction* pc) {
 }
 
 const Instruction* Machine::DoLoadMe(const Instruction* pc) {
-  At(pc->a) = Variant(static_cast<Object*>(Top().self));
+  Object* const self = Top().self;
+  At(pc->a) = Variant(self ? self : &engine_.global_object());
   return pc + 1;
 }
 

@@ -64,8 +64,6 @@ class Machine {
 
   // True while the executing code stands in a procedure.
   [[nodiscard]] bool InProcedure() const;
-  // True while it stands in a method of a class.
-  [[nodiscard]] bool InMethod() const { return depth_ > 0 && top_->self; }
   [[nodiscard]] bool idle() const { return depth_ == 0; }
 
   void Charge(uint64_t steps) {

@@ -14,6 +14,7 @@ inline constexpr int kNotANumberedObject = 451;
 inline constexpr int kKeyExists = 457;
 inline constexpr int kIllegalAssignment = 501;
 inline constexpr int kUndefinedVariable = 500;
+inline constexpr int kUnqualifiedReference = 505;
 inline constexpr int kClassNotDefined = 506;
 inline constexpr int kArgumentNotOptional = 449;
 inline constexpr int kRegExpExpected = 5016;
