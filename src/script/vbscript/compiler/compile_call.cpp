@@ -112,6 +112,12 @@ void Compiler::BuiltinInto(const Builtin& builtin, ArgumentTrees arguments, Oper
   const int base = ArgumentList(arguments, false);
   if (count < builtin.least_arguments || count > builtin.most_arguments) return EmitRaise(error::kWrongArgumentCount);
   code_->builtins.push_back(&builtin);
+  if (target == kNoResult && builtin.use == BuiltinUse::kValue) {
+    EmitCall(Opcode::kCallBuiltin, static_cast<int32_t>(code_->builtins.size() - 1), base, arguments.size(),
+             Register(NewRegister()));
+    return EmitRaise(error::kUnsupportedType);
+  }
+  if (target != kNoResult && builtin.use == BuiltinUse::kStatement) return EmitRaise(error::kTypeMismatch);
   EmitCall(Opcode::kCallBuiltin, static_cast<int32_t>(code_->builtins.size() - 1), base, arguments.size(), target);
 }
 

@@ -2,11 +2,6 @@
 #include "script/vbscript/compiler/compiler.h"
 
 namespace kestrun::vbs {
-namespace {
-
-constexpr uint32_t kLiteralCase = 3;  // one side is a literal, and a text that is no number just differs
-
-}  // namespace
 
 // A failing condition resumes at the first statement of its branch.
 void Compiler::CompileIf(const IfStatement& statement) {
@@ -47,7 +42,7 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
     if (!branch.values.empty()) {
       Mark(branch.position);
       marks.push_back(OpenMark());
-      CompileCase(branch, subject, body, next);
+      CompileCase(branch, *statement.subject, subject, body, next);
     }
     Place(body);
     CompileBlock(branch.body);
@@ -64,13 +59,14 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
   EndMark(mark, Here());
 }
 
-void Compiler::CompileCase(const CaseBranch& branch, int subject, Label& body, Label& next) {
+void Compiler::CompileCase(const CaseBranch& branch, const Expression& subject_tree, int subject, Label& body,
+                           Label& next) {
   for (const Expression* value : branch.values) {
     const int saved = next_register_;
     const bool last = value == branch.values.back();
     const Operand operand = Value(*value);
     EmitJump(last ? next : body, last ? Opcode::kJumpUnlessEqual : Opcode::kJumpIfEqual, Register(subject), operand,
-             IsLiteral(*value) ? kLiteralCase : 0);
+             LiteralSides(subject_tree, *value) | kCaseComparison);
     next_register_ = saved;
   }
 }
@@ -175,10 +171,14 @@ void Compiler::CompileDo(const DoStatement& statement) {
 
 void Compiler::CompileWith(const WithStatement& statement) {
   const int object = NewRegister();
+  const int value = NewRegister();
   Mark(statement.position);
   const size_t mark = OpenMark();
-  IntoFresh(*statement.object, object);
-  ClearDirty(object + 1);
+  Emit(Opcode::kClear, object, 0, 0, 1);
+  IntoFresh(*statement.object, value);
+  Emit(Opcode::kSet, Register(object), Register(value), 0, 1);  // error 424 for what is no object
+  MarkDirty(value);
+  ClearDirty(value);
   EndMark(mark, Here());
   withs_.push_back(Register(object));
   CompileBlock(statement.body);

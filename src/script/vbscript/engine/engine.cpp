@@ -6,6 +6,7 @@
 #include "script/vbscript/engine/class_instance.h"
 #include "script/vbscript/engine/global_object.h"
 #include "script/vbscript/runtime/builtins.h"
+#include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/syntax/parser.h"
 
@@ -19,6 +20,27 @@ double ReadDateLiteral(RuntimeContext& context, std::string_view text) {
   if (!kConversion) RaiseScript(error::kTypeMismatch);
   Variant argument(text);
   return kConversion->call(context, {&argument, 1}).real();
+}
+
+ModuleError ErrorIn(const Module& module, const CompileError& error) {
+  return {error.number, module.source.PlaceOf(error.position), module.source.LineAt(error.position)};
+}
+
+// Inside a running script a module's error is one like others.
+template <class Action>
+auto RaisingCompileErrors(Action&& action) {
+  try {
+    return action();
+  } catch (const ModuleError& error) {
+    throw RuntimeError(error.number, std::string(ScriptErrorText(error.number)));
+  }
+}
+
+// The text of a script to execute, of an object its default member's. Error 13 for everything else.
+Variant CodeOf(const Variant& argument) {
+  Variant code = PlainValue(argument);
+  if (!code.Is(VarType::kString)) RaiseScript(error::kTypeMismatch);
+  return code;
 }
 
 std::vector<int32_t> BoundsOf(const DeclaredVariable& variable) {
@@ -93,12 +115,31 @@ std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression)
       parser.ParseModule();
     }
   } catch (const CompileError& error) {
-    throw ModuleError{error.number, module->source.PlaceOf(error.position), module->source.LineAt(error.position)};
+    throw ErrorIn(*module, error);
   }
   return module;
 }
 
+void Engine::RefuseRedefinitions(const Module& module) {
+  const auto refuse = [&](uint32_t position) {
+    throw ErrorIn(module, CompileError{compile_error::kNameRedefined, position});
+  };
+  for (const auto& tree : module.classes) {
+    const GlobalEntry& entry = globals_.Entry(tree->name);
+    if (entry.kind == GlobalKind::kClass || entry.kind == GlobalKind::kConstant) refuse(tree->position);
+  }
+  for (const ConstStatement* constant : module.constants) {
+    const GlobalKind kind = globals_.Entry(constant->name).kind;
+    if (kind != GlobalKind::kUnbound && kind != GlobalKind::kObject) refuse(constant->position);
+  }
+  for (const DeclaredVariable& variable : module.variables) {
+    const GlobalKind kind = globals_.Entry(variable.name).kind;
+    if (kind == GlobalKind::kClass || kind == GlobalKind::kConstant) refuse(variable.position);
+  }
+}
+
 void Engine::Define(const std::shared_ptr<Module>& module) {
+  RefuseRedefinitions(*module);
   for (const auto& tree : module->procedures) {
     globals_.DefineProcedure(tree->name, MakeRef<Procedure>(module, *tree, nullptr));
   }
@@ -151,17 +192,13 @@ void Engine::AddObject(std::string_view name, const Variant& object) {
 }
 
 std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression) {
-  try {
-    return Parse(ToText(text), as_expression);
-  } catch (const ModuleError& error) {
-    throw RuntimeError(error.number, std::string(ScriptErrorText(error.number)));
-  }
+  return RaisingCompileErrors([&] { return Parse(ToText(text), as_expression); });
 }
 
 void Engine::ExecuteText(const Variant& text, bool global) {
-  const std::shared_ptr<Module> module = ParseExecuted(text, false);
+  const std::shared_ptr<Module> module = ParseExecuted(CodeOf(text), false);
   if (global || !machine_.InProcedure()) {
-    Define(module);
+    RaisingCompileErrors([&] { Define(module); });
     machine_.RunGlobal(*module);
     return;
   }
@@ -173,25 +210,27 @@ void Engine::ExecuteText(const Variant& text, bool global) {
 }
 
 Variant Engine::EvaluateText(const Variant& text) {
-  if (!text.Is(VarType::kString)) return text;
-  const std::shared_ptr<Module> module = ParseExecuted(text, true);
+  const Variant code = text.Is(VarType::kObject) && !text.object() ? text : PlainValue(text);
+  if (!code.Is(VarType::kString)) return code;
+  const std::shared_ptr<Module> module = ParseExecuted(code, true);
   return machine_.InProcedure() ? machine_.RunInside(*module) : machine_.EvaluateGlobal(*module);
 }
 
 Variant Engine::MakeProcedureReference(const Variant& name) {
-  const NameId number = names_.Find(ToText(name));
+  const NameId number = names_.Find(ToText(CodeOf(name)));
   if (number == kNoName || globals_.Entry(number).kind != GlobalKind::kProcedure) {
     RaiseScript(error::kInvalidProcedureCall);
   }
   return Variant(MakeRef<ProcedureReference>(link_, globals_.Entry(number).procedure));
 }
 
-Variant Engine::MakeObject(NameId class_name) {
+Variant Engine::MakeObject(NameId class_name, bool explicit_names) {
+  // The language's own class counts even when a script has one of its name.
+  const Ref<Object> own = CreateScriptObject(names_.Spelling(class_name), *this);
+  if (own) return Variant(own);
   const GlobalEntry& entry = globals_.Entry(class_name);
   if (!entry.definition) {
-    const Ref<Object> object = CreateScriptObject(names_.Spelling(class_name), *this);
-    if (!object) RaiseScript(error::kClassNotDefined);
-    return Variant(object);
+    throw NamedError(explicit_names ? error::kUndefinedVariable : error::kClassNotDefined, names_.Spelling(class_name));
   }
   const Ref<ClassDefinition> definition = entry.definition;
   ChargeMemory(sizeof(ClassInstance) + definition->fields.size() * sizeof(Variant));

@@ -54,7 +54,8 @@ class Engine final : public RuntimeContext {
 
   // Parses a module's text; throws ModuleError.
   [[nodiscard]] std::shared_ptr<Module> Parse(std::string_view text, bool as_expression = false);
-  // Makes the module's procedures, classes and declared names known.
+  // Makes the module's procedures, classes and declared names known. Throws ModuleError for a second class or constant
+  // of a name.
   void Define(const std::shared_ptr<Module>& module);
   // Define, then the global code.
   void Load(const std::shared_ptr<Module>& module);
@@ -64,7 +65,8 @@ class Engine final : public RuntimeContext {
   void ExecuteText(const Variant& text, bool global);
   [[nodiscard]] Variant EvaluateText(const Variant& text);
   [[nodiscard]] Variant MakeProcedureReference(const Variant& name);
-  [[nodiscard]] Variant MakeObject(NameId class_name);
+  // Error 506 for an unknown class; 500 in a module whose names must be declared.
+  [[nodiscard]] Variant MakeObject(NameId class_name, bool explicit_names);
 
   // Calls a global procedure; error 13 when there is none of the name.
   Variant CallGlobal(std::string_view name, Arguments arguments);
@@ -105,6 +107,8 @@ class Engine final : public RuntimeContext {
   friend class ClassInstance;
 
   [[nodiscard]] std::shared_ptr<Module> ParseExecuted(const Variant& text, bool as_expression);
+  // A class or a constant is defined once, and keeps its name to itself. Throws ModuleError.
+  void RefuseRedefinitions(const Module& module);
   void DefineClass(const std::shared_ptr<Module>& module, const ClassTree& tree);
   void AddMethod(ClassDefinition& definition, const std::shared_ptr<Module>& module, const ProcedureTree& tree);
   void ReleaseEverything();

@@ -40,7 +40,7 @@ void Machine::SlowBinary(const Instruction& at, BinaryOperator operation) {
 void Machine::SlowCompare(const Instruction& at, int comparison, Variant& result) {
   const Variant left(At(at.b));
   const Variant right(At(at.c));
-  Variant truth = Compare(left, right, static_cast<Comparison>(comparison), at.n != 0);
+  Variant truth = Compare(left, right, static_cast<Comparison>(comparison), at.n);
   if (left.Is(VarType::kObject) || right.Is(VarType::kObject)) {
     At(at.a) = std::move(truth);
   } else {
@@ -59,9 +59,9 @@ bool Machine::SlowTest(const Instruction& at, int comparison) {
   }
   const Variant held_left(left);
   const Variant held_right(right);
-  const bool is_case = (at.n & 2) != 0;
+  const bool is_case = (at.n & kCaseComparison) != 0;
   try {
-    const Variant truth = Compare(held_left, held_right, wanted, at.n != 0);
+    const Variant truth = Compare(held_left, held_right, wanted, at.n);
     return truth.Is(VarType::kBoolean) && truth.boolean();
   } catch (const RuntimeError& error) {
     if (!is_case || error.number() != error::kTypeMismatch || held_left.Is(VarType::kObject)) throw;

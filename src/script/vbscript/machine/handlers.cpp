@@ -50,7 +50,7 @@ const Instruction* Machine::DoForBegin(const Instruction* pc) {
   Register(pc->c + 2) = Add(step, int16_t{0});
   const bool rises = IsTrue(Compare(Register(pc->c + 2), int16_t{0}, Comparison::kGreaterEqual));
   const Comparison beyond = rises ? Comparison::kGreater : Comparison::kLess;
-  const bool done = IsTrue(Compare(PlainCopy(At(pc->b)), Register(pc->c + 1), beyond, true));
+  const bool done = IsTrue(Compare(PlainCopy(At(pc->b)), Register(pc->c + 1), beyond, kRightIsLiteral));
   return done ? pc + pc->a : pc + 1;
 }
 
@@ -128,7 +128,8 @@ const Instruction* Machine::DoSetName(const Instruction* pc) {
 }
 
 const Instruction* Machine::DoNew(const Instruction* pc) {
-  Variant object = engine_.MakeObject(static_cast<NameId>(pc->c));
+  const bool explicit_names = Top().code->module && Top().code->module->option_explicit;
+  Variant object = engine_.MakeObject(static_cast<NameId>(pc->c), explicit_names);
   At(pc->a) = std::move(object);
   return pc + 1;
 }

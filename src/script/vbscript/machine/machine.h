@@ -160,6 +160,7 @@ class Machine {
   // Members (members.cpp).
   void ResolveSite(CallSite& site, Object& object);
   const Instruction* CallSiteMember(const Instruction* pc, bool is_statement);
+  static void RequireCallableField(const Variant& field, size_t argument_count, bool is_statement);
   const Instruction* CallClassMember(const Instruction* pc, ClassInstance& self, const ClassMember& member);
   const Instruction* CallWithTooMany(const Instruction* pc, ClassInstance& self, Procedure& procedure);
   void CallHostMember(const Instruction* pc, Object& object, MemberId member, bool is_statement);

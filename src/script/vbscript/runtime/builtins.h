@@ -1,6 +1,7 @@
 // The built-in functions and constants: two tables that the compiler looks names up in.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,13 @@
 
 namespace kestrun::vbs {
 
+// Where a builtin may be called.
+enum class BuiltinUse : uint8_t {
+  kAnywhere,
+  kValue,      // a statement that drops its result gets error 458
+  kStatement,  // an expression that wants a result gets error 13
+};
+
 struct Builtin {
   std::string_view name;
   // The caller checks the count and raises error 450. An argument that is left out in the middle comes as
@@ -17,6 +25,7 @@ struct Builtin {
   int least_arguments;
   int most_arguments;
   Variant (*call)(RuntimeContext& context, Arguments arguments);
+  BuiltinUse use = BuiltinUse::kAnywhere;
 };
 
 inline constexpr int kAnyArgumentCount = 255;

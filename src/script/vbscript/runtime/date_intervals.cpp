@@ -145,8 +145,9 @@ int64_t PartByInterval(Interval interval, const DateParts& parts, int first_week
 // DateAdd(interval, number, date): the number is rounded first. Null for a Null date.
 Variant DateAdd(RuntimeContext&, Arguments arguments) {
   const Interval interval = IntervalArgument(arguments[0]);
-  if (arguments[1].Is(VarType::kNull) || arguments[2].Is(VarType::kNull)) return Variant::Null();
-  return AddInterval(interval, ToLong(arguments[1]), PartsOf(arguments[2]));
+  const int32_t count = ToLong(arguments[1]);
+  if (arguments[2].Is(VarType::kNull)) return arguments[2];
+  return AddInterval(interval, count, PartsOf(arguments[2]));
 }
 
 // DateDiff(interval, from, to[, first day[, first week]]): the boundaries between the two as a Long; "w" counts whole

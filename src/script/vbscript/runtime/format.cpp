@@ -127,7 +127,7 @@ struct SignedDecimal {
 // `power` moves the point. Error 13 for what is no number.
 SignedDecimal ReadNumberArgument(const Variant& argument, int power) {
   const Variant plain = PlainValue(argument);
-  if (plain.Is(VarType::kNull)) RaiseScript(error::kInvalidUseOfNull);
+  if (plain.Is(VarType::kNull)) RaiseScript(error::kTypeMismatch);
   SignedDecimal number;
   if (plain.Is(VarType::kCurrency)) {
     number = {DecimalOfCurrency(plain.scaled()), plain.scaled() < 0};
@@ -161,17 +161,18 @@ Variant FormatCurrency(RuntimeContext&, Arguments arguments) {
   return WithSign("$" + FormatDecimal(number.decimal, format), number.negative, format);
 }
 
-// FormatPercent: a hundred times the number, with "%" behind everything else.
+// FormatPercent: a hundred times the number, with "%" behind it, inside the parentheses.
 Variant FormatPercent(RuntimeContext&, Arguments arguments) {
   const NumberFormat format = ReadFormat(arguments, false);
   const SignedDecimal number = ReadNumberArgument(arguments[0], 2);
-  return WithSign(FormatDecimal(number.decimal, format), number.negative, format) + "%";
+  return WithSign(FormatDecimal(number.decimal, format) + "%", number.negative, format);
 }
 
 // FormatDateTime(date[, form]): 0 general, 1 long date, 2 short date, 3 long time, 4 short time of 24 hours.
 Variant FormatDateTime(RuntimeContext&, Arguments arguments) {
   const int32_t form = LongArgument(arguments, 1, 0);
   if (form < 0 || form > 4) RaiseScript(error::kInvalidProcedureCall);
+  if (arguments[0].Is(VarType::kNull)) RaiseScript(error::kTypeMismatch);
   const double date = ToDate(arguments[0]);
   const CalendarMoment moment = SplitDate(date);
   const auto two_digits = [](int number) { return std::to_string(100 + number).substr(1); };
