@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "base/crc32.h"
 #include "deflate64_transcoder.h"
-#include "formats/zip/crc32.h"
 #include "formats/zip/mod_inflate64.h"
 #include "inflate_corpora.h"
 

@@ -8,10 +8,10 @@
 
 #include "base/text.h"
 #include "controls/list_box/mc_list_box.h"
+#include "desktop/headless/headless_platform.h"
+#include "desktop/headless/posix_files.h"
+#include "desktop/headless/raster_canvas.h"
 #include "forms/form.h"
-#include "platform/headless/headless_platform.h"
-#include "platform/headless/posix_files.h"
-#include "platform/headless/raster_canvas.h"
 
 namespace kestrun {
 namespace {

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "base/code_page.h"
-#include "net/cls_http.h"
-#include "net/cod_base64.h"
+#include "web/cls_http.h"
+#include "web/cod_base64.h"
 
 namespace kestrun {
 namespace {

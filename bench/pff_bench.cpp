@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
+#include "desktop/headless/headless_platform.h"
+#include "desktop/headless/posix_files.h"
 #include "formats/pff/cls_pff.h"
-#include "platform/headless/headless_platform.h"
-#include "platform/headless/posix_files.h"
 
 namespace kestrun {
 namespace {

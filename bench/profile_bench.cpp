@@ -13,9 +13,9 @@
 #include <string>
 #include <vector>
 
-#include "frame/settings.h"
-#include "platform/headless/headless_platform.h"
-#include "platform/headless/posix_files.h"
+#include "desktop/headless/headless_platform.h"
+#include "desktop/headless/posix_files.h"
+#include "program/settings.h"
 
 namespace kestrun {
 namespace {

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "base/calendar.h"
+#include "desktop/headless/headless_platform.h"
+#include "desktop/headless/posix_files.h"
 #include "formats/zip/cls_zip.h"
-#include "platform/headless/headless_platform.h"
-#include "platform/headless/posix_files.h"
 #include "support/zip_builder.h"
 
 namespace kestrun {

@@ -1,8 +1,18 @@
-# kestrun_floor(NAME [DEPENDS floor...]): the object library of one floor, from all sources in its folder.
-# Object libraries, so that windows which register themselves are never dropped by the linker.
+# The floors in their order, from the one list that the layer check reads as well.
+set(floor_list ${CMAKE_SOURCE_DIR}/src/floors.txt)
+set_property(DIRECTORY ${CMAKE_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${floor_list})
+file(STRINGS ${floor_list} floor_lines REGEX "^[^#]")
+string(REPLACE " " ";" KESTRUN_FLOORS "${floor_lines}")
+list(REMOVE_ITEM KESTRUN_FLOORS app)  # the programs: each its own target
+
+# kestrun_floor(NAME [FOLDER folder] [LIBRARIES library...]): the object library of one floor, from all sources in its
+# folder. Object libraries, so that windows which register themselves are never dropped by the linker.
 function(kestrun_floor name)
-  cmake_parse_arguments(FLOOR "" "" "DEPENDS;LIBRARIES" ${ARGN})
-  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  cmake_parse_arguments(FLOOR "" "FOLDER" "LIBRARIES" ${ARGN})
+  if(NOT FLOOR_FOLDER)
+    set(FLOOR_FOLDER ${name})
+  endif()
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${FLOOR_FOLDER}/*.cpp)
   if(NOT sources)
     add_library(kestrun_${name} INTERFACE)
     target_link_libraries(kestrun_${name} INTERFACE kestrun_options)
@@ -13,4 +23,15 @@ function(kestrun_floor name)
   add_library(kestrun_${name} INTERFACE)
   target_sources(kestrun_${name} INTERFACE $<TARGET_OBJECTS:kestrun_${name}_objects>)
   target_link_libraries(kestrun_${name} INTERFACE kestrun_options ${FLOOR_LIBRARIES})
+endfunction()
+
+# kestrun_link_floors(TARGET [UP_TO floor]): all floors from the ground to that one, or all there are.
+function(kestrun_link_floors target)
+  cmake_parse_arguments(LINK "" "UP_TO" "" ${ARGN})
+  foreach(floor ${KESTRUN_FLOORS})
+    target_link_libraries(${target} PRIVATE kestrun_${floor})
+    if(floor STREQUAL LINK_UP_TO)
+      break()
+    endif()
+  endforeach()
 endfunction()

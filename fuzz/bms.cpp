@@ -3,9 +3,9 @@
 #include <cstdint>
 
 #include "base/runtime_error.h"
+#include "desktop/headless/headless_platform.h"
 #include "formats/bms/mission_reader.h"
 #include "fuzz_files.h"
-#include "platform/headless/headless_platform.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   kestrun::MemoryFiles files;

@@ -6,11 +6,11 @@
 
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "desktop/headless/headless_platform.h"
 #include "forms/window_registry.h"
-#include "frame/commands.h"
-#include "frame/pack_command.h"
 #include "platform/files.h"
-#include "platform/headless/headless_platform.h"
+#include "program/commands.h"
+#include "program/pack_command.h"
 
 namespace {
 

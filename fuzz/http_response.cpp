@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "base/runtime_error.h"
-#include "platform/headless/socket_http.h"
+#include "desktop/headless/socket_http.h"
 
 namespace {
 

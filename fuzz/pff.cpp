@@ -5,9 +5,9 @@
 #include <cstdlib>
 
 #include "base/runtime_error.h"
+#include "desktop/headless/headless_platform.h"
 #include "formats/pff/cls_pff.h"
 #include "fuzz_files.h"
-#include "platform/headless/headless_platform.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   kestrun::MemoryFiles files;

@@ -6,9 +6,9 @@
 #include <string>
 
 #include "base/runtime_error.h"
+#include "desktop/headless/headless_platform.h"
 #include "formats/zip/cls_zip.h"
 #include "fuzz_files.h"
-#include "platform/headless/headless_platform.h"
 
 namespace {
 

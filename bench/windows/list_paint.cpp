@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "controls/list_box/mc_list_box.h"
+#include "desktop/win32/win32_platform.h"
 #include "forms/form.h"
 #include "owner_drawn_list.h"
-#include "platform/win32/win32_platform.h"
 
 namespace kestrun {
 namespace {

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "maps/frmain.h"
+#include "desktop/win32/win32_platform.h"
 #include "owner_drawn_list.h"
-#include "platform/win32/win32_platform.h"
+#include "windows/main/frmain.h"
 
 namespace kestrun {
 namespace {

@@ -7,10 +7,10 @@
 #include "base/number.h"
 #include "base/runtime_error.h"
 #include "formats/zip/cls_crc32.h"
-#include "frame/folders.h"
-#include "frame/program_pictures.h"
-#include "frame/show_error.h"
 #include "platform/platform.h"
+#include "program/folders.h"
+#include "program/program_pictures.h"
+#include "program/show_error.h"
 
 namespace kestrun {
 namespace {

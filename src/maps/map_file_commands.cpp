@@ -1,10 +1,10 @@
 #include "maps/map_file_commands.h"
 
 #include "base/text.h"
-#include "frame/path_text.h"
-#include "maps/ask.h"
-#include "maps/run_command.h"
 #include "platform/platform.h"
+#include "program/ask.h"
+#include "program/path_text.h"
+#include "program/run_command.h"
 
 namespace kestrun {
 namespace {

@@ -7,12 +7,12 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "forms/window_registry.h"
-#include "frame/folders.h"
-#include "frame/path_text.h"
-#include "frame/settings.h"
-#include "frame/show_error.h"
-#include "frame/web_paths.h"
 #include "platform/platform.h"
+#include "program/folders.h"
+#include "program/path_text.h"
+#include "program/settings.h"
+#include "program/show_error.h"
+#include "web/web_paths.h"
 
 namespace kestrun {
 namespace {

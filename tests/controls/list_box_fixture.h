@@ -9,9 +9,9 @@
 
 #include "controls/image_list/image_list.h"
 #include "controls/list_box/mc_list_box.h"
+#include "desktop/headless/raster_canvas.h"
 #include "forms/form.h"
 #include "forms/keys.h"
-#include "platform/headless/raster_canvas.h"
 #include "support/error_number.h"
 #include "support/headless_fixture.h"
 

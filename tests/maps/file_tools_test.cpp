@@ -5,8 +5,8 @@
 #include <cmath>
 #include <filesystem>
 
-#include "frame/folders.h"
-#include "frame/frame_fixture.h"
+#include "program/folders.h"
+#include "program/frame_fixture.h"
 #include "support/error_number.h"
 #include "support/failing_files.h"
 #include "support/forwarding_files.h"

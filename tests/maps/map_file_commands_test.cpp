@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/frame_fixture.h"
+#include "program/frame_fixture.h"
 #include "support/forwarding_files.h"
 
 namespace kestrun {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "forms/picture_box.h"
-#include "frame/frame_fixture.h"
-#include "frame/path_text.h"
+#include "program/frame_fixture.h"
+#include "program/path_text.h"
 #include "support/error_number.h"
 
 namespace kestrun {

@@ -13,12 +13,12 @@
 
 #include "base/bytes.h"
 #include "base/text.h"
+#include "desktop/headless/headless_platform.h"
 #include "forms/window_registry.h"
-#include "platform/headless/headless_platform.h"
 #ifdef _WIN32
-#include "platform/win32/win32_files.h"
+#include "desktop/win32/system/win32_files.h"
 #else
-#include "platform/headless/posix_files.h"
+#include "desktop/headless/posix_files.h"
 #endif
 
 namespace kestrun {

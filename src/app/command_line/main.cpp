@@ -6,9 +6,9 @@
 
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "frame/commands.h"
-#include "frame/pack_command.h"
-#include "platform/headless/command_line_host.h"
+#include "desktop/headless/command_line_host.h"
+#include "program/commands.h"
+#include "program/pack_command.h"
 
 namespace {
 

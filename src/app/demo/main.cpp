@@ -14,9 +14,9 @@
 #ifdef _WIN32
 #include <process.h>
 
-#include "platform/win32/win32_platform.h"
+#include "desktop/win32/win32_platform.h"
 #else
-#include "platform/headless/command_line_host.h"
+#include "desktop/headless/command_line_host.h"
 #endif
 
 namespace {

@@ -11,7 +11,7 @@
 #include "forms/picture_box.h"
 #include "forms/text_box.h"
 #include "forms/window_registry.h"
-#include "frame/program_pictures.h"
+#include "program/program_pictures.h"
 
 namespace kestrun {
 namespace {

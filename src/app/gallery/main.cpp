@@ -1,7 +1,7 @@
 // Shows the gallery of controls; not part of a release.
 #include "app/gallery/frmgallery.h"
+#include "desktop/win32/win32_platform.h"
 #include "forms/window_registry.h"
-#include "platform/win32/win32_platform.h"
 
 int main() {
   kestrun::Win32Platform platform;

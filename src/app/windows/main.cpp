@@ -1,6 +1,6 @@
 // The Windows program: installs the real platform and loads the splash window, whose load handler starts everything.
+#include "desktop/win32/win32_platform.h"
 #include "forms/window_registry.h"
-#include "platform/win32/win32_platform.h"
 
 int main() {
   kestrun::Win32Platform platform;

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "base/bytes.h"
-#include "formats/zip/crc32.h"
+#include "base/crc32.h"
 
 namespace kestrun {
 

@@ -4,9 +4,9 @@
 
 #include "base/byte_array.h"
 #include "base/code_page.h"
+#include "base/crc32.h"
 #include "base/member_rows.h"
 #include "base/number.h"
-#include "formats/zip/crc32.h"
 #include "formats/zip/zip_layout.h"
 
 namespace kestrun {

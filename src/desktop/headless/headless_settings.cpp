@@ -1,0 +1,70 @@
+#include "desktop/headless/headless_settings.h"
+
+#include "base/runtime_error.h"
+#include "base/text.h"
+
+namespace kestrun {
+namespace {
+
+std::string SettingName(std::string_view application, std::string_view section, std::string_view key) {
+  std::string name = ToLower(application);
+  name.append(1, '\0').append(ToLower(section)).append(1, '\0').append(ToLower(key));
+  return name;
+}
+
+}  // namespace
+
+std::optional<std::string> HeadlessUserSettings::Get(std::string_view application, std::string_view section,
+                                                     std::string_view key) {
+  const auto found = values_.find(SettingName(application, section, key));
+  return found == values_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void HeadlessUserSettings::Save(std::string_view application, std::string_view section, std::string_view key,
+                                std::string_view value) {
+  values_[SettingName(application, section, key)] = value;
+}
+
+void HeadlessUserSettings::Delete(std::string_view application, std::string_view section, std::string_view key) {
+  if (values_.erase(SettingName(application, section, key)) == 0) Raise(error::kInvalidProcedureCall);
+}
+
+HeadlessRegistry::KeyPath HeadlessRegistry::PathOf(RegistryRoot root, std::string_view key) {
+  std::string path = ToLower(key);
+  while (!path.empty() && path.back() == '\\') path.pop_back();
+  return {root, path};
+}
+
+std::optional<std::string> HeadlessRegistry::Read(RegistryRoot root, std::string_view key, std::string_view name) {
+  const auto found = keys_.find(PathOf(root, key));
+  if (found == keys_.end()) return std::nullopt;
+  const auto value = found->second.find(ToLower(name));
+  return value == found->second.end() ? std::nullopt : std::optional(value->second);
+}
+
+bool HeadlessRegistry::Write(RegistryRoot root, std::string_view key, std::string_view name, std::string_view value) {
+  if (closed_[root]) return false;
+  const KeyPath path = PathOf(root, key);
+  for (size_t end = path.second.find('\\'); end != std::string::npos; end = path.second.find('\\', end + 1))
+    keys_.try_emplace({root, path.second.substr(0, end)});
+  keys_[path][ToLower(name)] = value;
+  return true;
+}
+
+bool HeadlessRegistry::DeleteKey(RegistryRoot root, std::string_view key) {
+  const KeyPath path = PathOf(root, key);
+  if (closed_[root] || !keys_.contains(path)) return false;
+  const auto subkey = keys_.lower_bound({root, path.second + "\\"});
+  if (subkey != keys_.end() && subkey->first.first == root && StartsWith(subkey->first.second, path.second + "\\"))
+    return false;
+  keys_.erase(path);
+  return true;
+}
+
+bool HeadlessRegistry::HasKey(RegistryRoot root, std::string_view key) const {
+  return keys_.contains(PathOf(root, key));
+}
+
+void HeadlessRegistry::CloseForWriting(RegistryRoot root) { closed_[root] = true; }
+
+}  // namespace kestrun

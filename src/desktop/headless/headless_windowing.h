@@ -1,0 +1,116 @@
+// Windows without a screen: a shown form has a peer that keeps what it was told, and a modal window is handled by the
+// action that was laid down for it.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/headless/headless_clock.h"
+#include "desktop/headless/unexpected.h"
+#include "platform/windowing.h"
+
+namespace kestrun {
+
+// One call that a peer got. The control is the form itself where the call names none.
+struct PeerCall {
+  enum class Kind {
+    kUpdate,
+    kControlsChanged,
+    kMenuChanged,
+    kListChanged,
+    kSetFocus,
+    kRepaint,
+    kPopUpMenu,
+    kBringToFront,
+    kClose
+  };
+  Kind kind;
+  std::string control;
+  PropertyId property{};  // of kUpdate
+  friend bool operator==(const PeerCall&, const PeerCall&) = default;
+};
+
+// A surface that a control shows in front of all windows.
+struct HeadlessPopup {
+  const Form* form;
+  const Control* control;
+  PixelRect area;
+  std::function<void(Canvas&)> paint;
+};
+
+// What a screen reader was told.
+struct AccessibilityCall {
+  AccessibleEvent event;
+  std::string control;
+  int child;
+  friend bool operator==(const AccessibilityCall&, const AccessibilityCall&) = default;
+};
+
+class HeadlessWindowing final : public Windowing {
+ public:
+  explicit HeadlessWindowing(HeadlessClock& clock) : clock_(clock) {}
+
+  // Lays down what the user does in the next modal window. The form must be gone when the action and the events that
+  // it set off are over. A failure inside the action is reported as one in an event handler is.
+  void ExpectModal(std::string form_name, std::function<void(Form&)> action);
+  // Lays down what the user does in the next pop-up menu, such as choosing one of its items. A menu that nobody
+  // expected closes again.
+  void ExpectPopUp(std::string item_name, std::function<void(MenuItem&)> action);
+  // One line for each modal window and menu that is still expected.
+  [[nodiscard]] std::vector<std::string> Unused() const;
+  void ForgetExpectations();
+
+  // The first control in tab order gets the focus.
+  [[nodiscard]] std::unique_ptr<FormPeer> Show(Form& form) override;
+  // A window that nobody expected, or that is still there after its action, is told to `on_unexpected` and closed.
+  void RunModal(Form& form) override;
+  // Runs tasks and timers in virtual time until `Quit`, or until nothing is left that could ever call it, or until
+  // `longest_run_ms` have passed: nobody is there to close a window.
+  void RunUntilQuit() override;
+  void Quit() override { quit_ = true; }
+  [[nodiscard]] ScreenSize Screen() override { return screen; }
+  // Those of a plain desktop, 0 to 30.
+  [[nodiscard]] std::optional<uint32_t> SystemColor(int number) override;
+  // Each character is half as wide as the font is high.
+  [[nodiscard]] int TextWidth(std::string_view text, const FontDescription& font) override;
+  [[nodiscard]] PixelSize MeasureText(std::string_view text, const FontDescription& font, int dpi) override;
+  // What the control shows in front of all windows now; null for nothing. Its `paint` takes any canvas.
+  [[nodiscard]] const HeadlessPopup* PopupOf(const Control& control) const;
+  [[nodiscard]] int dpi() const { return 1440 / screen.twips_per_pixel; }
+
+  UnexpectedHandler on_unexpected;
+  ScreenSize screen{1024 * 15, 768 * 15, 15};
+  uint64_t longest_run_ms = 60 * 60 * 1000;
+  // Names of all forms that were shown, in order.
+  std::vector<std::string> shown_forms;
+  // What all peers were told, in order, where recording is on.
+  bool record_calls = false;
+  std::vector<PeerCall> calls;
+  std::vector<AccessibilityCall> accessibility_calls;
+
+ private:
+  class Peer;
+  struct ExpectedModal {
+    std::string form_name;
+    std::function<void(Form&)> action;
+  };
+  struct ExpectedPopUp {
+    std::string item_name;
+    std::function<void(MenuItem&)> action;
+  };
+
+  void CloseUnexpected(Form& form, const std::string& detail);
+  void RunPopUp(MenuItem& item);
+  void HidePopup(const Control& control);
+
+  HeadlessClock& clock_;
+  std::deque<ExpectedModal> expected_;
+  std::deque<ExpectedPopUp> expected_menus_;
+  std::vector<HeadlessPopup> popups_;
+  bool quit_ = false;
+};
+
+}  // namespace kestrun

@@ -1,0 +1,335 @@
+#include "desktop/win32/system/win32_services.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "desktop/win32/system/handles.h"
+#include "desktop/win32/system/late_call.h"
+#include "desktop/win32/system/wide_text.h"
+#include "desktop/win32/system/win32_files.h"
+#include "desktop/win32/system/win32_http.h"
+// Only here: its types and those of winhttp.h exclude each other.
+#include <wininet.h>
+
+namespace kestrun {
+namespace {
+
+// Fills a text through a call that takes a buffer with its size and gives the length, growing the buffer as needed.
+std::string ReadText(const std::function<DWORD(wchar_t* buffer, DWORD size)>& call) {
+  std::wstring buffer(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length = call(buffer.data(), static_cast<DWORD>(buffer.size()));
+    if (length < buffer.size()) return FromWide(std::wstring_view(buffer).substr(0, length));
+    buffer.resize(std::max<size_t>(buffer.size() * 2, length));
+  }
+}
+
+std::string ProgramPath() {
+  return ReadText([](wchar_t* buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); });
+}
+
+// The command line behind the program's own name, which is quoted or ends at the first blank.
+std::wstring_view WithoutProgramName(std::wstring_view line) {
+  const bool quoted = line.starts_with(L'"');
+  const size_t end = quoted ? line.find(L'"', 1) : line.find_first_of(L" \t");
+  if (end == std::wstring_view::npos) return {};
+  line.remove_prefix(quoted ? end + 1 : end);
+  const size_t first = line.find_first_not_of(L" \t");
+  return first == std::wstring_view::npos ? std::wstring_view() : line.substr(first);
+}
+
+HKEY RootKey(RegistryRoot root) {
+  switch (root) {
+    case RegistryRoot::kClassesRoot: return HKEY_CLASSES_ROOT;
+    case RegistryRoot::kCurrentUser: return HKEY_CURRENT_USER;
+    case RegistryRoot::kLocalMachine: return HKEY_LOCAL_MACHINE;
+  }
+  return HKEY_CURRENT_USER;
+}
+
+RegistryKey OpenKey(RegistryRoot root, std::string_view key, REGSAM access) {
+  HKEY opened = nullptr;
+  const LSTATUS status = RegOpenKeyExW(RootKey(root), ToWide(key).c_str(), 0, access, &opened);
+  return RegistryKey(status == ERROR_SUCCESS ? opened : nullptr);
+}
+
+std::string SettingsKey(std::string_view application, std::string_view section) {
+  return "Software\\VB and VBA Program Settings\\" + std::string(application) + "\\" + std::string(section);
+}
+
+}  // namespace
+
+// UTF-8 can be the system's page as well. It has every character, and the system refuses a stand-in for missing ones.
+std::string SystemCodePage::Encode(std::string_view utf8) const {
+  const std::wstring wide = ToWide(utf8);
+  if (wide.empty()) return {};
+  const bool is_utf8 = page_ == CP_UTF8;
+  const DWORD flags = is_utf8 ? 0 : WC_NO_BEST_FIT_CHARS;
+  const char* const missing = is_utf8 ? nullptr : "?";
+  const int length = static_cast<int>(wide.size());
+  std::string bytes(
+      static_cast<size_t>(WideCharToMultiByte(page_, flags, wide.data(), length, nullptr, 0, missing, nullptr)), '\0');
+  WideCharToMultiByte(page_, flags, wide.data(), length, bytes.data(), static_cast<int>(bytes.size()), missing,
+                      nullptr);
+  return bytes;
+}
+
+std::string SystemCodePage::Decode(std::string_view bytes) const {
+  if (bytes.empty()) return {};
+  const int length = static_cast<int>(bytes.size());
+  std::wstring wide(static_cast<size_t>(MultiByteToWideChar(page_, 0, bytes.data(), length, nullptr, 0)), L'\0');
+  MultiByteToWideChar(page_, 0, bytes.data(), length, wide.data(), static_cast<int>(wide.size()));
+  return FromWide(wide);
+}
+
+SystemCodePage::SystemCodePage() : SystemCodePage(GetACP()) {}
+
+std::string Win32Program::Folder() {
+  const std::string path = ProgramPath();
+  return path.substr(0, path.rfind('\\'));
+}
+
+std::string Win32Program::ExeName() {
+  std::string name = ProgramPath();
+  name.erase(0, name.rfind('\\') + 1);
+  const size_t dot = name.rfind('.');
+  return dot == std::string::npos ? name : name.substr(0, dot);
+}
+
+std::string Win32Program::CommandLine() { return FromWide(WithoutProgramName(GetCommandLineW())); }
+
+Bytes Win32Program::Resource(std::string_view type, int number) {
+  const HRSRC found = FindResourceW(nullptr, MAKEINTRESOURCEW(number), ToWide(type).c_str());
+  const HGLOBAL loaded = found ? LoadResource(nullptr, found) : nullptr;
+  const auto* bytes = loaded ? static_cast<const uint8_t*>(LockResource(loaded)) : nullptr;
+  if (!bytes) RaiseMissingResource(number);
+  return {bytes, bytes + SizeofResource(nullptr, found)};
+}
+
+std::optional<std::string> Win32UserSettings::Get(std::string_view application, std::string_view section,
+                                                  std::string_view key) {
+  return Win32Registry().Read(RegistryRoot::kCurrentUser, SettingsKey(application, section), key);
+}
+
+void Win32UserSettings::Save(std::string_view application, std::string_view section, std::string_view key,
+                             std::string_view value) {
+  const bool saved = Win32Registry().Write(RegistryRoot::kCurrentUser, SettingsKey(application, section), key, value);
+  if (!saved) Raise(error::kInvalidProcedureCall);
+}
+
+void Win32UserSettings::Delete(std::string_view application, std::string_view section, std::string_view key) {
+  const RegistryKey opened = OpenKey(RegistryRoot::kCurrentUser, SettingsKey(application, section), KEY_SET_VALUE);
+  const bool deleted = opened.IsValid() && RegDeleteValueW(opened.get(), ToWide(key).c_str()) == ERROR_SUCCESS;
+  if (!deleted) Raise(error::kInvalidProcedureCall);
+}
+
+std::optional<std::string> Win32Registry::Read(RegistryRoot root, std::string_view key, std::string_view name) {
+  const RegistryKey opened = OpenKey(root, key, KEY_QUERY_VALUE);
+  if (!opened.IsValid()) return std::nullopt;
+  const std::wstring value_name = ToWide(name);
+  DWORD type = 0;
+  DWORD bytes = 0;
+  if (RegQueryValueExW(opened.get(), value_name.c_str(), nullptr, &type, nullptr, &bytes) != ERROR_SUCCESS) {
+    return std::nullopt;
+  }
+  if (type != REG_SZ && type != REG_EXPAND_SZ) return std::nullopt;
+  std::wstring text(bytes / sizeof(wchar_t) + 1, L'\0');
+  bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+  if (RegQueryValueExW(opened.get(), value_name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(text.data()),
+                       &bytes) != ERROR_SUCCESS) {
+    return std::nullopt;
+  }
+  return FromWide(text.c_str());
+}
+
+bool Win32Registry::Write(RegistryRoot root, std::string_view key, std::string_view name, std::string_view value) {
+  HKEY created = nullptr;
+  if (RegCreateKeyExW(RootKey(root), ToWide(key).c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &created, nullptr) !=
+      ERROR_SUCCESS) {
+    return false;
+  }
+  const RegistryKey opened(created);
+  const std::wstring text = ToWide(value);
+  const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+  return RegSetValueExW(opened.get(), ToWide(name).c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                        bytes) == ERROR_SUCCESS;
+}
+
+bool Win32Registry::DeleteKey(RegistryRoot root, std::string_view key) {
+  {
+    // The system would delete a key with subkeys in one place and refuse it in another: the answer is always no.
+    const RegistryKey opened = OpenKey(root, key, KEY_READ);
+    DWORD subkeys = 0;
+    if (!opened.IsValid() || RegQueryInfoKeyW(opened.get(), nullptr, nullptr, nullptr, &subkeys, nullptr, nullptr,
+                                              nullptr, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) {
+      return false;
+    }
+    if (subkeys != 0) return false;
+  }
+  return RegDeleteKeyW(RootKey(root), ToWide(key).c_str()) == ERROR_SUCCESS;
+}
+
+int Win32Shell::Open(std::string_view operation, std::string_view file, std::string_view parameters,
+                     std::string_view directory, int show_command) {
+  const HINSTANCE result =
+      KESTRUN_LATE(L"shell32.dll", ShellExecuteW)(GetDesktopWindow(), ToWide(operation).c_str(), ToWide(file).c_str(),
+                                                  ToWide(parameters).c_str(), ToWide(directory).c_str(), show_command);
+  return static_cast<int>(reinterpret_cast<INT_PTR>(result));
+}
+
+std::string Win32Shell::TemporaryFolder() {
+  return ReadText([](wchar_t* buffer, DWORD size) { return GetTempPathW(size, buffer); });
+}
+
+std::string Win32Shell::WindowsFolder() {
+  return ReadText([](wchar_t* buffer, DWORD size) { return GetWindowsDirectoryW(buffer, size); });
+}
+
+std::string Win32Shell::SystemFolder() {
+  return ReadText([](wchar_t* buffer, DWORD size) { return GetSystemDirectoryW(buffer, size); });
+}
+
+std::string Win32Shell::ShellFolder(int csidl) {
+  wchar_t path[MAX_PATH] = {};
+  return KESTRUN_LATE(L"shell32.dll", SHGetSpecialFolderPathW)(nullptr, path, csidl, FALSE) ? FromWide(path)
+                                                                                            : std::string();
+}
+
+std::vector<std::string> Win32Processes::RunningNames() {
+  std::vector<std::string> names;
+  const FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+  if (!snapshot.IsValid()) return names;
+  PROCESSENTRY32W entry{};
+  entry.dwSize = sizeof entry;
+  for (BOOL more = Process32FirstW(snapshot.get(), &entry); more; more = Process32NextW(snapshot.get(), &entry)) {
+    names.push_back(FromWide(entry.szExeFile));
+  }
+  return names;
+}
+
+void Win32Processes::EndProcess() { ExitProcess(0); }
+
+bool Win32Internet::IsUrl(std::string_view text) {
+  return KESTRUN_LATE(L"shlwapi.dll", PathIsURLW)(ToWide(text).c_str()) == TRUE;
+}
+
+bool Win32Internet::IsConnected() {
+  DWORD flags = 0;
+  return KESTRUN_LATE(L"wininet.dll", InternetGetConnectedState)(&flags, 0) != FALSE;
+}
+
+namespace {
+
+constexpr int kDownloadFailed = static_cast<int>(0x800C0008);  // as the system's own download has it
+
+// The thread waits for a server while this lives, and no window answers: the mouse shows an hourglass, and what was
+// pressed meanwhile goes nowhere. It would otherwise answer the question that comes next, before anybody has seen it.
+class Waiting {
+ public:
+  Waiting() : before_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
+  ~Waiting() {
+    Discard(WM_KEYFIRST, WM_KEYLAST);
+    Discard(WM_MOUSEFIRST, WM_MOUSELAST);
+    SetCursor(before_);
+  }
+  Waiting(const Waiting&) = delete;
+  Waiting& operator=(const Waiting&) = delete;
+
+ private:
+  static void Discard(UINT first, UINT last) {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, first, last, PM_REMOVE) && message.message != WM_QUIT) continue;
+    if (message.message == WM_QUIT) PostQuitMessage(static_cast<int>(message.wParam));
+  }
+
+  HCURSOR before_;
+};
+
+void WriteWhole(std::string_view path, ByteView bytes) {
+  Win32FileSystem files;
+  const std::string part = UnusedFileBeside(path);
+  try {
+    files.WriteAll(part, bytes);
+    files.Replace(part, path);
+  } catch (const RuntimeError&) {
+    Attempt([&] { files.Delete(part); });
+    throw;
+  }
+}
+
+}  // namespace
+
+// Over http the system's own download would keep the page of an error for the file, and a half for a whole. The target
+// changes only when all has arrived.
+int Win32Internet::DownloadToFile(std::string_view url, std::string_view path) {
+  if (FindNoCase(url, "http://") == 0 || FindNoCase(url, "https://") == 0) {
+    // No cache on the way may answer: what is wanted is the newest version.
+    const std::vector<HttpHeader> newest{{"Cache-Control", "no-cache"}, {"Pragma", "no-cache"}};
+    const std::optional<HttpResponse> response = Send({"GET", std::string(url), newest, {}, {}});
+    if (!response || response->status < 200 || response->status > 299) return kDownloadFailed;
+    return Attempt([&] { WriteWhole(path, response->body); }) ? 0 : kDownloadFailed;
+  }
+  constexpr DWORD kGetNewestVersion = 16;
+  const Waiting waiting;
+  return KESTRUN_LATE(L"urlmon.dll", URLDownloadToFileW)(nullptr, ToWide(url).c_str(), ToWidePath(path).c_str(),
+                                                         kGetNewestVersion, nullptr);
+}
+
+std::optional<HttpResponse> Win32Internet::Send(const HttpRequest& request) {
+  const Waiting waiting;
+  std::optional<HttpResponse> response;
+  Attempt([&] { response = SendThroughWinHttp(request); });
+  return response;
+}
+
+namespace {
+
+// Another program that looks at the clipboard has it open for a moment.
+bool OpenTheClipboard() {
+  constexpr int kTries = 10;
+  constexpr DWORD kBetweenMs = 10;
+  for (int tries = 0; tries < kTries; ++tries) {
+    if (tries > 0) ::Sleep(kBetweenMs);
+    if (OpenClipboard(nullptr)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+std::string Win32Clipboard::Text() {
+  std::string text;
+  if (!OpenTheClipboard()) return text;
+  if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
+    if (const auto* content = static_cast<const wchar_t*>(GlobalLock(data))) {
+      // Another program's text need not have its end.
+      text = FromWide({content, wcsnlen(content, GlobalSize(data) / sizeof(wchar_t))});
+      GlobalUnlock(data);
+    }
+  }
+  CloseClipboard();
+  return text;
+}
+
+void Win32Clipboard::SetText(std::string_view text) {
+  const std::wstring wide = ToWideLines(text);
+  const size_t bytes = (wide.size() + 1) * sizeof(wchar_t);
+  const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
+  if (!block) Raise(error::kOutOfMemory);
+  std::copy_n(wide.c_str(), wide.size() + 1, static_cast<wchar_t*>(GlobalLock(block)));
+  GlobalUnlock(block);
+  bool stored = false;
+  if (OpenTheClipboard()) {
+    EmptyClipboard();
+    stored = SetClipboardData(CF_UNICODETEXT, block) != nullptr;
+    CloseClipboard();
+  }
+  if (stored) return;
+  GlobalFree(block);
+  constexpr int kClipboardNotOpen = 521;
+  Raise(kClipboardNotOpen, "Can't open Clipboard");
+}
+
+}  // namespace kestrun

@@ -1,0 +1,212 @@
+#include "desktop/win32/window/control_peer.h"
+
+#include "desktop/win32/system/wide_text.h"
+
+namespace kestrun {
+namespace {
+
+struct MouseMessage {
+  int button;
+  enum Kind { kNone, kDown, kMove, kUp, kDouble } kind;
+};
+
+MouseMessage KindOf(UINT message) {
+  switch (message) {
+    case WM_LBUTTONDOWN: return {mouse::kLeft, MouseMessage::kDown};
+    case WM_RBUTTONDOWN: return {mouse::kRight, MouseMessage::kDown};
+    case WM_MBUTTONDOWN: return {mouse::kMiddle, MouseMessage::kDown};
+    case WM_LBUTTONUP: return {mouse::kLeft, MouseMessage::kUp};
+    case WM_RBUTTONUP: return {mouse::kRight, MouseMessage::kUp};
+    case WM_MBUTTONUP: return {mouse::kMiddle, MouseMessage::kUp};
+    case WM_LBUTTONDBLCLK: return {mouse::kLeft, MouseMessage::kDouble};
+    case WM_MOUSEMOVE: return {0, MouseMessage::kMove};
+    default: return {0, MouseMessage::kNone};
+  }
+}
+
+}  // namespace
+
+int HeldButtons(WPARAM keys) {
+  return ((keys & MK_LBUTTON) ? mouse::kLeft : 0) | ((keys & MK_RBUTTON) ? mouse::kRight : 0) |
+         ((keys & MK_MBUTTON) ? mouse::kMiddle : 0);
+}
+
+int ShiftState() {
+  const auto down = [](int key) { return GetKeyState(key) < 0; };
+  return (down(VK_SHIFT) ? shift::kShift : 0) | (down(VK_CONTROL) ? shift::kCtrl : 0) |
+         (down(VK_MENU) ? shift::kAlt : 0);
+}
+
+void FireMouseEvent(Control& control, UINT message, WPARAM keys, POINT place, ScreenScale scale) {
+  const MouseMessage kind = KindOf(message);
+  const int x = scale.Twips(place.x);
+  const int y = scale.Twips(place.y);
+  DispatchEvent(control.form(), [&] {
+    switch (kind.kind) {
+      case MouseMessage::kDown: control.MouseDown(kind.button, ShiftState(), x, y); break;
+      case MouseMessage::kUp: control.MouseUp(kind.button, ShiftState(), x, y); break;
+      case MouseMessage::kMove: control.MouseMove(HeldButtons(keys), ShiftState(), x, y); break;
+      case MouseMessage::kDouble:
+      case MouseMessage::kNone: break;
+    }
+  });
+}
+
+RECT ControlPeer::Area() const {
+  const ScreenScale scale = form_.scale();
+  // Each edge is rounded by itself, so that controls that touch in twips touch in pixels.
+  return {scale.Pixels(control_->Left), scale.Pixels(control_->Top), scale.Pixels(control_->Left + control_->Width),
+          scale.Pixels(control_->Top + control_->Height)};
+}
+
+// ---- controls with a window ----------------------------------------------------------------------------------------
+
+// What a watched window holds as its user data, from its making to its last message. The common controls' own
+// subclassing asks the window for its properties twice a message, and under Wine each answer comes from another
+// process.
+struct WindowedPeer::Watched {
+  WindowedPeer* peer;  // null once the peer has gone
+  WNDPROC procedure;   // the window's own
+};
+
+WindowedPeer::~WindowedPeer() {
+  if (!window_.IsValid()) return;
+  auto* watched = reinterpret_cast<Watched*>(GetWindowLongPtrW(window_.get(), GWLP_USERDATA));
+  if (watched) watched->peer = nullptr;
+}
+
+void WindowedPeer::CreateWindowOf(const wchar_t* window_class, const std::wstring& text, DWORD style,
+                                  DWORD extended_style) {
+  const RECT area = Area();
+  style |= WS_CHILD | WS_CLIPSIBLINGS;
+  if (control().Visible) style |= WS_VISIBLE;
+  if (!control().Enabled) style |= WS_DISABLED;
+  window_.Reset(CreateWindowExW(extended_style, window_class, text.c_str(), style, area.left, area.top,
+                                area.right - area.left, area.bottom - area.top, form().ContainerWindow(control()),
+                                nullptr, GetModuleHandleW(nullptr), nullptr));
+  SendMessageW(window_.get(), WM_SETFONT, reinterpret_cast<WPARAM>(form().FontFor(control().Font)), FALSE);
+  auto* watched = new Watched{this, reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window_.get(), GWLP_WNDPROC))};
+  SetWindowLongPtrW(window_.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(watched));
+  SetWindowLongPtrW(window_.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowedPeer::Watch));
+  ShowToolTip();
+}
+
+void WindowedPeer::ShowToolTip() { form().SetToolTip(control(), window(), nullptr); }
+
+void WindowedPeer::Update(PropertyId property) {
+  switch (property) {
+    case PropertyId::kLeft:
+    case PropertyId::kTop:
+    case PropertyId::kWidth:
+    case PropertyId::kHeight: {
+      const RECT area = Area();
+      SetWindowPos(window(), nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+      break;
+    }
+    case PropertyId::kVisible:
+      ShowWindow(window(), control().Visible ? SW_SHOWNA : SW_HIDE);
+      if (!control().Visible) form().LeaveHiddenFocus();
+      break;
+    case PropertyId::kEnabled: EnableWindow(window(), control().Enabled); break;
+    case PropertyId::kFont:
+      SendMessageW(window(), WM_SETFONT, reinterpret_cast<WPARAM>(form().FontFor(control().Font)), TRUE);
+      break;
+    case PropertyId::kToolTipText: ShowToolTip(); break;
+    case PropertyId::kMousePointer: ShowPointerNow(); break;
+    case PropertyId::kForeColor:
+    case PropertyId::kBackColor: Repaint(); break;
+    default: break;
+  }
+}
+
+// The mouse may rest on the control, and long work may come next.
+void WindowedPeer::ShowPointerNow() {
+  POINT place{};
+  GetCursorPos(&place);
+  if (WindowFromPoint(place) != window()) return;
+  SendMessageW(window(), WM_SETCURSOR, reinterpret_cast<WPARAM>(window()), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+}
+
+void WindowedPeer::Repaint() { InvalidateRect(window(), nullptr, TRUE); }
+
+HBRUSH WindowedPeer::PrepareColors(HDC target) {
+  SetTextColor(target, ToColorRef(control().ForeColor));
+  SetBkColor(target, ToColorRef(control().BackColor));
+  return form().BrushFor(control().BackColor);
+}
+
+POINT WindowedPeer::MenuPlace() const {
+  RECT client{};
+  GetClientRect(window(), &client);
+  return OnScreen({client.left, client.bottom});
+}
+
+POINT WindowedPeer::OnScreen(POINT place) const {
+  ClientToScreen(window(), &place);
+  return place;
+}
+
+void WindowedPeer::Dispatch(const std::function<void()>& action) {
+  const auto keep = form().shared_from_this();
+  DispatchEvent(&form().form(), action);
+}
+
+void WindowedPeer::PassMouse(UINT message, WPARAM first, LPARAM second) {
+  const auto keep = form().shared_from_this();
+  const POINT place{static_cast<short>(LOWORD(second)), static_cast<short>(HIWORD(second))};
+  FireMouseEvent(control(), message, first, place, form().scale());
+}
+
+bool WindowedPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
+  if (message == WM_SETCURSOR) {
+    form().MakeToolTips();
+    result = TRUE;
+    return LOWORD(second) == HTCLIENT && form().ShowMousePointer(control());
+  }
+  if (message >= WM_MOUSEFIRST && message <= WM_MBUTTONDBLCLK) PassMouse(message, first, second);
+  if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
+    const bool gained = message == WM_SETFOCUS;
+    if (gained) form().form().SetActiveControl(&control());
+    Dispatch([&] { (gained ? control().GotFocus : control().LostFocus)(); });
+  }
+  return false;
+}
+
+LRESULT CALLBACK WindowedPeer::Watch(HWND window, UINT message, WPARAM first, LPARAM second) {
+  auto* watched = reinterpret_cast<Watched*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (!watched) return DefWindowProcW(window, message, first, second);
+  // A handler may close the form, and the window with it.
+  const WNDPROC procedure = watched->procedure;
+  if (message == WM_NCDESTROY) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    delete watched;
+  } else if (WindowedPeer* peer = watched->peer) {
+    const auto keep = peer->form().shared_from_this();
+    LRESULT result = 0;
+    if (peer->HandleMessage(message, first, second, result)) return result;
+  }
+  return CallWindowProcW(procedure, window, message, first, second);
+}
+
+// ---- controls that their container draws ---------------------------------------------------------------------------
+
+void DrawnPeer::Create() {
+  shown_ = Area();
+  ShowToolTip();
+}
+
+void DrawnPeer::ShowToolTip() { form().SetToolTip(control(), form().ContainerWindow(control()), &shown_); }
+
+void DrawnPeer::Update(PropertyId) {
+  const RECT before = shown_;
+  shown_ = Area();
+  const HWND container = form().ContainerWindow(control());
+  InvalidateRect(container, &before, FALSE);
+  InvalidateRect(container, &shown_, FALSE);
+  ShowToolTip();
+}
+
+void DrawnPeer::Repaint() { InvalidateRect(form().ContainerWindow(control()), &shown_, FALSE); }
+
+}  // namespace kestrun

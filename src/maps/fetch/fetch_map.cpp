@@ -1,0 +1,111 @@
+#include "maps/fetch/fetch_map.h"
+
+#include "base/text.h"
+#include "formats/zip/cls_zip.h"
+#include "formats/zip/member_path.h"
+#include "maps/fetch/frmzip.h"
+#include "platform/platform.h"
+#include "program/folders.h"
+#include "program/path_text.h"
+#include "program/show_error.h"
+#include "web/web_paths.h"
+
+namespace kestrun {
+namespace {
+
+constexpr const char* kQuestion = "Kestrun detected a zip file. Do you want to load maps that are inside the zip file?";
+
+// Where members of zips go; each replaces the one of its name.
+std::string UnzipFolder() {
+  std::string folder = SpecialFolder(folder::kTemporary);
+  if (folder.ends_with('\\')) folder.pop_back();
+  return folder + "\\tempzip";
+}
+
+// No server is asked about a member that is called like a web address.
+void ListMaps(const Cls_Zip& zip, frmzip& window) {
+  constexpr bool kNoServer = true;
+  for (int32_t member = 1; member <= zip.FileCount(); ++member) {
+    const std::string name = zip.FileName(member);
+    if (GetExtension(name) == "bms" && !zip.IsDir(member)) window.AddMap(GetFileName(name, kNoServer), member);
+  }
+}
+
+// How often a list of members was made: all are shown in the one window.
+int64_t lists_made = 0;
+
+// The number of the member that the user wants, kNoZipMember for none. An event may ask for another zip while this one
+// is being asked about: the window is that zip's then, and so is the choice.
+int32_t AskForMember(const Cls_Zip& zip) {
+  const int64_t this_list = ++lists_made;
+  const Ref<frmzip> window(&Window<frmzip>());
+  window->LstZip.Clear();
+  ListMaps(zip, *window);
+  // The list is drawn before the window takes the input.
+  RunPendingEvents();
+  window->LstZip.Refresh();
+  window->ShowModal();
+  return this_list == lists_made ? ChosenZipMember() : kNoZipMember;
+}
+
+std::string UnzipChosenMap(const std::string& path) {
+  const Ref<Cls_Zip> zip = MakeRef<Cls_Zip>();
+  static_cast<void>(zip->Get_Contents(path));
+  Cls_Zip::Selection selection(static_cast<size_t>(zip->FileCount()) + 1);
+  const int32_t member = AskForMember(*zip);
+  if (member == kNoZipMember) return {};
+  selection.at(static_cast<size_t>(member)) = true;
+  const std::string folder = UnzipFolder();
+  const std::string name = zip->FileName(member);
+  // A name that would lead out of the folder is not unpacked, and what it leads to is no map of this zip.
+  if (!zip::StaysInside(name)) {
+    static_cast<void>(zip->UnPack(selection, folder));
+    return {};
+  }
+  // What an earlier zip left there must not pass for a member that cannot be unpacked.
+  std::string map = folder + "\\" + zip::WithSeparators(name, '\\');
+  if (FileExists(map)) platform().files().Delete(map);
+  static_cast<void>(zip->UnPack(selection, folder));
+  return map;
+}
+
+}  // namespace
+
+int32_t MapFileKind(const std::string& Path) {
+  const std::string name = ToLower(GetFileName(Path));
+  if (name.ends_with(".bms")) return map_file_kind::kMap;
+  return name.ends_with(".zip") ? map_file_kind::kZip : map_file_kind::kOther;
+}
+
+std::string FetchMap(const std::string& Path) {
+  std::string local = Path;
+  try {
+    if (IsUrl(Path)) {
+      local = SpecialFolder(folder::kTemporary) + "tempmap.bms";
+      if (!DownloadFile(Path, local)) {
+        MsgBox("Can't download: " + Path);
+        return {};
+      }
+    }
+    // The address tells the kind: the temporary name is always that of a map.
+    if (MapFileKind(Path) == map_file_kind::kZip) local = GetFileFromZip(local);
+  } catch (const std::exception&) {
+    ShowError("");
+  }
+  return local;
+}
+
+std::string GetFileFromZip(const std::string& Path) {
+  try {
+    switch (MsgBox(kQuestion, BoxButtons::kYesNoCancel, BoxIcon::kQuestion)) {
+      case BoxAnswer::kYes: return FileExists(Path) ? UnzipChosenMap(Path) : std::string();
+      case BoxAnswer::kNo: return Path;
+      default: return {};
+    }
+  } catch (const std::exception&) {
+    ShowError("GetFileFromZip()");
+    return {};
+  }
+}
+
+}  // namespace kestrun

@@ -1,0 +1,121 @@
+#include "maps/put/put_map.h"
+
+#include "base/code_page.h"
+#include "base/convert.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "formats/pff/cls_pff.h"
+#include "maps/put/frmoverwrite.h"
+#include "platform/platform.h"
+#include "program/game_paths.h"
+#include "program/path_text.h"
+#include "program/settings.h"
+#include "program/show_error.h"
+
+namespace kestrun {
+namespace {
+
+constexpr size_t kNameFieldBytes = 16;
+
+bool AskToContinue(const std::string& title, const std::string& first_lines) {
+  return MsgBox(first_lines + std::string(kCrLf) + "Continue?", BoxButtons::kYesNo, BoxIcon::kWarning, title) ==
+         BoxAnswer::kYes;
+}
+
+// The width of a name field in the archive, counted in its single-byte text.
+void CutToNameField(std::string& name) {
+  const std::string encoded = EncodeText(name);
+  if (encoded.size() > kNameFieldBytes) name = DecodeText(std::string_view(encoded).substr(0, kNameFieldBytes));
+}
+
+// A name that the archive cannot hold would come back as another one: it is refused before anything is changed.
+void RefuseUnencodable(const std::string& name) {
+  const auto character = FirstUnencodable(name);
+  if (!character) return;
+  Raise(error::kInvalidProcedureCall, "The name '" + name +
+                                          "' cannot be stored in the archive: it has no character for '" + *character +
+                                          "'. Choose a name without it.");
+}
+
+Bytes ReadMap(const std::string& path) {
+  Bytes map = platform().files().ReadAll(path);
+  // An empty map would leave the mission without data.
+  if (map.empty()) Raise(error::kSubscriptOutOfRange);
+  return map;
+}
+
+// What runs after the insertion when the user has set a program for it.
+struct AfterRun {
+  const Setting& enabled;
+  const Setting& program;
+  const char* description;
+};
+
+bool RunProgramAfter(const AfterRun& after, const std::string& name, const std::string& game_folder, bool warn) {
+  if (!TextToBoolean(ReadSetting(after.enabled))) return true;
+  const std::string program = ReadSetting(after.program);
+  if (!FileExists(program) && warn &&
+      !AskToContinue("File not found!", std::string("The '") + after.description + "' program file: " + program +
+                                            " does not exists." + std::string(kCrLf) +
+                                            "Go to options and select the right file.")) {
+    return false;
+  }
+  ShellOpen("open", program, name, game_folder, 1);
+  return true;
+}
+
+bool PutInArchive(const std::string& map_path, std::string& name, const std::string& game_folder, bool warn) {
+  ClsPFF archive;
+  const std::string archive_path = game_folder + "\\" + ReadSetting(setting::kArchiveName);
+  if (!FileExists(archive_path) && warn &&
+      !AskToContinue("File not found!", "The pff file: " + archive_path + " does not exists." + std::string(kCrLf) +
+                                            "Go to options and select the right dflw game folder.")) {
+    return false;
+  }
+  static_cast<void>(archive.LoadPff(archive_path));
+  int32_t index = -1;
+  if (archive.PFFFileExists(name, index) && !ConfirmOverwrite(archive_path, name)) return false;
+  CutToNameField(name);
+  RefuseUnencodable(name);
+  archive.PackFile(ReadMap(map_path), name);
+  archive.SavePffFile();
+  platform().files().Copy(map_path, game_folder + "\\" + name);
+  return RunProgramAfter({setting::kRunAfterPack, setting::kPackProgram, "put map in dflw"}, name, game_folder, warn);
+}
+
+bool PutBeside(const std::string& map_path, const std::string& name, const std::string& game_folder, bool warn) {
+  platform().files().Copy(map_path, game_folder + "\\" + name);
+  return RunProgramAfter({setting::kRunAfterPlaying, setting::kPlayingProgram, "i'm already playing"}, name,
+                         game_folder, warn);
+}
+
+}  // namespace
+
+bool PutMap(const std::string& MapPath, std::string& Name, int32_t Mode, bool Warn) {
+  try {
+    if (Warn && !FileExists(MapPath) &&
+        !AskToContinue("Map not found!", "The file: " + MapPath + " does not exists.")) {
+      return false;
+    }
+    const std::string game_folder = GameFolder();
+    if (Mode == kPutInArchive) return PutInArchive(MapPath, Name, game_folder, Warn);
+    if (Mode == kPutBesideOnly) return PutBeside(MapPath, Name, game_folder, Warn);
+  } catch (const std::exception&) {
+    if (Warn) ShowError("");
+  }
+  return false;
+}
+
+bool ConfirmOverwrite(const std::string& ArchivePath, const std::string& Name) {
+  SetOverwriteAnswer(false);
+  if (!TextToBoolean(ReadSetting(setting::kWarnOverwrite))) return true;
+  FrmOverWrite& window = Window<FrmOverWrite>();
+  const std::string archive_name = GetFileName(ArchivePath);
+  window.lblWarn.Caption = FillPlaceholders(window.lblWarn.Caption, {Name, archive_name});
+  window.LblPFF.Caption = archive_name;
+  window.LblBMS.Caption = Name;
+  window.ShowModal();
+  return OverwriteAnswer();
+}
+
+}  // namespace kestrun

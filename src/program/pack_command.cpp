@@ -1,0 +1,157 @@
+#include "program/pack_command.h"
+
+#include "base/code_page.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "formats/pff/cls_pff.h"
+#include "formats/zip/cls_zip.h"
+#include "formats/zip/member_path.h"
+#include "platform/platform.h"
+#include "program/folders.h"
+#include "program/game_paths.h"
+#include "program/path_text.h"
+#include "program/settings.h"
+#include "program/show_error.h"
+#include "web/web_paths.h"
+
+namespace kestrun {
+namespace {
+
+std::string FillMacros(std::string text, const std::string& temporary_folder) {
+  // The game folder is resolved only where it is asked for: resolving may put a question to the user.
+  if (text.find("%GAMEDIR%") != std::string::npos) text = ReplaceAll(text, "%GAMEDIR%", GameFolder());
+  text = ReplaceAll(text, "%APPDIR%", platform().program().Folder());
+  return ReplaceAll(text, "%TEMPDIR%", temporary_folder);
+}
+
+// Reads an outside file through the archive, and turns its silent failure, told by event only, into an error: an empty
+// buffer must never take the place of an entry.
+Bytes ReadSource(ClsPFF& archive, const std::string& path) {
+  RuntimeError failure(error::kFileNotFound);
+  archive.PFFError = [&failure](int32_t number, const std::string& description) {
+    failure = RuntimeError(number, description);
+  };
+  Bytes buffer;
+  archive.FileBuffer(path, buffer);
+  archive.PFFError = nullptr;
+  if (buffer.empty()) throw failure;
+  return buffer;
+}
+
+// A command line can come from a web page: what it names must not be written beside the temporary folder.
+std::string TemporaryPath(const std::string& temporary_folder, const std::string& name) {
+  if (!name.empty() && !zip::StaysInside(name)) {
+    Raise(error::kPathNotFound, "The name '" + name + "' leads outside the temporary folder.");
+  }
+  return temporary_folder + "\\" + name;
+}
+
+std::string UnpackedPath(const std::string& folder, const std::string& member) {
+  if (!zip::StaysInside(member)) {
+    Raise(error::kPathNotFound, "The zip's member '" + member + "' leads outside its folder.");
+  }
+  return folder + "\\" + member;
+}
+
+// What an earlier zip of the same name left in the folder must not pass for a member that cannot be unpacked.
+void DeleteLeftovers(const Cls_Zip& zip, const std::string& folder) {
+  for (int32_t member = 1; member <= zip.FileCount(); ++member) {
+    const std::string name = zip.FileName(member);
+    if (zip.IsDir(member) || !zip::StaysInside(name)) continue;
+    const std::string path = UnpackedPath(folder, name);
+    if (platform().files().Exists(path)) platform().files().Delete(path);
+  }
+}
+
+// Unpacks every member into the folder, which is left behind, and stages each file under its own base name.
+void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::string& folder) {
+  const Ref<Cls_Zip> zip = MakeRef<Cls_Zip>();
+  zip->Get_Contents(zip_path);
+  DeleteLeftovers(*zip, folder);
+  const Cls_Zip::Selection all(static_cast<size_t>(zip->FileCount()) + 1, true);
+  zip->UnPack(all, folder);
+  for (int32_t member = 1; member <= zip->FileCount(); ++member) {
+    if (zip->IsDir(member)) continue;
+    const std::string name = zip->FileName(member);
+    archive.PackFile(ReadSource(archive, UnpackedPath(folder, name)), GetFileName(name));
+  }
+}
+
+void PackInto(const std::string& source, const std::string& name, const std::string& archive_path, bool is_zip,
+              const std::string& temporary_folder) {
+  ClsPFF archive;
+  static_cast<void>(archive.LoadPff(archive_path));
+  if (is_zip) {
+    PackZipMembers(archive, source, TemporaryPath(temporary_folder, "unzipped_" + name));
+  } else {
+    archive.PackFile(ReadSource(archive, source), name);
+  }
+  archive.SavePffFile();
+}
+
+void AppendLogLine(const std::string& source, const std::string& archive_path, const std::string& name) {
+  const std::string line = source + " --> " + archive_path + ":" + name + " ~>OK" + std::string(kCrLf);
+  platform().files().Append(AppFile("kestrun.log"), AsBytes(EncodeText(line)));
+}
+
+}  // namespace
+
+void PackCommand(const std::string& command) {
+  Attempt([&] {
+    const std::vector<std::string> pieces = Split(command, "\"");
+    if (pieces.size() < 7) Raise(error::kSubscriptOutOfRange);
+    const std::string& archive_path = pieces[1];
+    const std::string& name = pieces[3];
+    const std::string& source = pieces[5];
+    packfile(source, name, archive_path, ToLower(pieces[6]) == "/z");
+    AppendLogLine(source, archive_path, name);
+  });
+}
+
+bool packfile(std::string Source, const std::string& Name, std::string ArchivePath, bool IsZip) {
+  try {
+    std::string temporary_folder = SpecialFolder(folder::kTemporary);
+    if (!temporary_folder.empty()) temporary_folder.pop_back();
+    Source = FillMacros(Source, temporary_folder);
+    if (IsUrl(Source) && !DownloadFile(Source, TemporaryPath(temporary_folder, Name))) {
+      MsgBox("Unable to download " + Source);
+      return false;
+    }
+    ArchivePath = FillMacros(ArchivePath, temporary_folder);
+    PackInto(Source, Name, ArchivePath, IsZip, temporary_folder);
+  } catch (const std::exception&) {
+    ShowError("packfile ");
+  }
+  return false;
+}
+
+namespace {
+
+constexpr std::string_view kZipFlag = "/z";
+
+// "maps.zip"/z has lost its quotes in the shell. No path goes on behind a zip.
+bool EndsInZipFlag(const std::string& source) { return ToLower(source).ends_with(".zip/z"); }
+
+}  // namespace
+
+std::string JoinCommandWords(const std::vector<std::string>& words) {
+  if (words.size() < 2 || words[0] != "-pack") {
+    std::string joined;
+    for (const std::string& word : words) joined += joined.empty() ? word : " " + word;
+    return joined;
+  }
+  std::string command = words[0];
+  for (size_t at = 1; at < words.size(); ++at) {
+    const bool is_last = at > 1 && at + 1 == words.size();
+    if (is_last && ToLower(words[at]) == kZipFlag) {
+      command += words[at];
+    } else if (is_last && EndsInZipFlag(words[at])) {
+      command += " \"" + words[at].substr(0, words[at].size() - kZipFlag.size()) + "\"" + std::string(kZipFlag);
+    } else {
+      command += " \"" + words[at] + "\"";
+    }
+  }
+  return command;
+}
+
+}  // namespace kestrun

@@ -1,0 +1,227 @@
+#include "program/start_up.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "base/convert.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "forms/window_registry.h"
+#include "platform/platform.h"
+#include "program/commands.h"
+#include "program/folders.h"
+#include "program/game_paths.h"
+#include "program/open_window.h"
+#include "program/path_text.h"
+#include "program/settings.h"
+#include "program/shell_integration.h"
+#include "program/start_mode.h"
+#include "program/style_hook.h"
+#include "web/web_paths.h"
+
+namespace kestrun {
+namespace {
+
+constexpr std::string_view kProtocolPrefix = "kestrun://";
+
+std::string WithoutProtocol(std::string text) {
+  const size_t at = FindNoCase(text, kProtocolPrefix);
+  if (at != std::string::npos) text.erase(at, kProtocolPrefix.size());
+  return text;
+}
+
+void ShowVersion(Label& label) {
+  const Version version = platform().program().ProgramVersion();
+  label.Caption = "V" + std::to_string(version.major) + "." + std::to_string(version.minor) + "." +
+                  std::to_string(version.revision);
+}
+
+void LoadDefaultStyle() {
+  const std::string path = ReadSetting(setting::kStyle);
+  if (FileExists(path)) LoadStyleFile(path);
+}
+
+void ApplyStyle(Form& splash) {
+  if (StyleActive()) FormLoadStyle(splash);
+}
+
+void ShowSplash(Form& splash) {
+  splash.Show();
+  RunPendingEvents();
+  RunPendingEvents();
+}
+
+// Asks for the game folder once in the life of an installation whose game cannot be found. Each statement stands for
+// itself: whatever becomes of the question, it is not put again.
+void FindGame() {
+  if (!TextToBoolean(ReadSetting(setting::kCheckGamePath))) return;
+  std::string folder;
+  Attempt([&] { folder = GameFolder(); });
+  if (!folder.empty()) return;
+  MsgBox("Kestrun was unable to find your dflw game folder!");
+  MsgBox("Please select it yourself.");
+  std::string picked;
+  Attempt([&] {
+    picked = BrowseForFolder(
+        "Select the folder where you installed your game. By default this is C:\\program files\\novalogic\\delta force "
+        "land warrior demo",
+        folder::kMyComputer, "");
+  });
+  if (!picked.empty()) Attempt([&] { WriteSetting(setting::kGameFolder, ParentFolder(picked)); });
+  WriteSetting(setting::kCheckGamePath, "False");
+}
+
+// A command that points at another copy of the program is left alone.
+void RegisterProtocolOnce() {
+  const ShellIntegration& shell = shell_integration();
+  if (!shell.is_protocol_registered || !shell.register_protocol) return;
+  std::string current;
+  if (!shell.is_protocol_registered(current) && current.empty()) shell.register_protocol();
+}
+
+// A dead entry is repaired, a live other copy respected.
+void RepairAppPath() {
+  const ShellIntegration& shell = shell_integration();
+  if (!shell.is_app_path_registered || !shell.register_app_path) return;
+  std::string current;
+  if (shell.is_app_path_registered(current)) return;
+  if (current.empty() || !FileExists(current)) shell.register_app_path();
+}
+
+// The folder goes to an application name of its own; since the test above it never sees that, both values are written
+// at each start until the Options window stores one.
+void NoteDefaultCopy() {
+  if (!GetSetting("Kes_Trun", "DEFAULT", "APP", "").empty()) return;
+  Attempt([] { SaveSetting("Kes_Trn", "DEFAULT", "APP", platform().program().Folder()); });
+  Attempt([] { SaveSetting("Kes_Trun", "DEFAULT", "EXE", platform().program().ExeName() + ".exe"); });
+}
+
+void AskFirstRun() {
+  if (!TextToBoolean(ReadSetting(setting::kFirstRun))) return;
+  const BoxAnswer answer = MsgBox(
+      "Kestrun can set itself as default editor for *.bms files (maps). Do you want to set Kestrun as default "
+      "editor?" +
+          std::string(kCrLf) +
+          "If you click 'YES' Kestrun will start when you open dflw maps (double click the map in Windows "
+          "Explorer).CLICK 'YES'!",
+      BoxButtons::kYesNo);
+  if (answer == BoxAnswer::kYes && shell_integration().associate_bms) shell_integration().associate_bms();
+}
+
+// Shows the failure in flight; start-up then goes on with its next statement.
+void ReportAndGoOn() {
+  const RuntimeError failure = CurrentError();
+  MsgBox("Error: " + std::to_string(failure.number()) + std::string(kCrLf) + failure.description(), BoxButtons::kOk,
+         BoxIcon::kCritical);
+}
+
+template <class Statement>
+void Try(Statement&& statement) {
+  try {
+    statement();
+  } catch (const std::exception&) {
+    ReportAndGoOn();
+  }
+}
+
+std::string WithoutQuotes(const std::string& text) {
+  const bool quoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
+  return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+// An address that could not be handed over does not keep the window away.
+void OpenAddressFrom(Form& splash, const std::string& address) {
+  Try([&] { SetOpenMapAddress(address); });
+  Try([&] { ShowWindow(window_name::kOpenMap); });
+  splash.Unload();
+}
+
+void OpenListFrom(Form& splash, const std::string& path) {
+  Try([&] { LoadMapList(path); });
+  splash.Unload();
+}
+
+void OpenMapFrom(Form& splash, const std::string& path) {
+  Attempt([&] { OpenAddress(path); });
+  splash.Unload();
+}
+
+// A text that was no option: an address, a list, a style or a map. Gives true when start-up ends here.
+bool OpenFile(Form& splash, const std::string& command) {
+  const std::string text = WithoutQuotes(command);
+  bool is_url = false;
+  Try([&] { is_url = IsUrl(text); });
+  const std::string ending = text.size() < 4 ? std::string() : ToLower(std::string_view(text).substr(text.size() - 4));
+  if (is_url) {
+    OpenAddressFrom(splash, text);
+    return true;
+  }
+  if (ending == ".lst") {
+    OpenListFrom(splash, text);
+    return true;
+  }
+  if (ending == ".stl") {
+    Try([&] {
+      if (ProcessCommand("-style " + text) == kCommandStyleLoaded) ApplyStyle(splash);
+    });
+    return false;
+  }
+  OpenMapFrom(splash, text);
+  return true;
+}
+
+// Gives true when start-up ends with the command.
+bool RunCommand(Form& splash, const std::string& command) {
+  if (command.empty()) return false;
+  switch (ProcessCommand(command)) {
+    case kCommandCarriedOut: splash.Unload(); return true;
+    case kCommandStyleLoaded: Attempt([&] { ApplyStyle(splash); }); return false;
+    default: return OpenFile(splash, command);
+  }
+}
+
+void OpenMainWindow(Form& splash) {
+  Form* main_window = nullptr;
+  Try([&] { main_window = &WindowByName(window_name::kMain); });
+  RunPendingEvents();
+  Try([&] {
+    if (main_window) main_window->Show();
+  });
+  RunPendingEvents();
+  splash.Unload();
+}
+
+// A command may have loaded a window and then failed, or had nothing to show in it. The process lives as long as a
+// window does, so one that nobody can see and close must not keep it.
+void CloseWhatNobodySees() {
+  const std::vector<Form*> windows = LoadedWindows();
+  if (std::any_of(windows.begin(), windows.end(), [](const Form* window) { return window->IsShown(); })) return;
+  CloseAllWindows();
+}
+
+}  // namespace
+
+void RunStartUp(Form& splash, Label& version, const std::string& raw_command_line) {
+  const std::string command = WithoutProtocol(raw_command_line);
+  if (raw_command_line == "-safe") {
+    SetSafeMode(true);
+    Try([&] { ShowWindow(window_name::kMain); });
+    splash.Unload();
+    CloseWhatNobodySees();
+    return;
+  }
+  Attempt([&] { ShowVersion(version); });
+  Attempt([&] { LoadDefaultStyle(); });
+  Attempt([&] { ApplyStyle(splash); });
+  Attempt([&] { ShowSplash(splash); });
+  Attempt([&] { FindGame(); });
+  Attempt([&] { RegisterProtocolOnce(); });
+  Attempt([&] { RepairAppPath(); });
+  Attempt([&] { NoteDefaultCopy(); });
+  Attempt([&] { AskFirstRun(); });
+  Attempt([&] { WriteSetting(setting::kFirstRun, "False"); });
+  if (!RunCommand(splash, command)) OpenMainWindow(splash);
+  CloseWhatNobodySees();
+}
+
+}  // namespace kestrun

@@ -1,0 +1,140 @@
+// Loading and unloading of the main window, and what scripts can call.
+#include "windows/main/frmain.h"
+
+#include "base/convert.h"
+#include "forms/member_rows.h"
+#include "game/editor_files.h"
+#include "platform/platform.h"
+#include "program/game_paths.h"
+#include "program/path_text.h"
+#include "program/run_command.h"
+#include "program/settings.h"
+#include "program/start_mode.h"
+#include "program/style_hook.h"
+#include "web/site.h"
+#include "web/web_paths.h"
+
+namespace kestrun {
+namespace {
+
+const WindowRegistration registration(frmain::kName, [] { return MakeRef<frmain>(); });
+
+BannerService& banner_service() {
+  static BannerService service;
+  return service;
+}
+
+// One step of loading: reported under its context when it fails, the next step runs all the same.
+void LoadStep(const std::function<void()>& step) { RunCommand(step, "Loading Kestrun "); }
+
+frmain& Self(Object& object) { return static_cast<frmain&>(object); }
+
+Variant CallSetFlashingArrow(Object& object, Arguments arguments) {
+  auto* target = arguments[0].Is(VarType::kObject) ? dynamic_cast<Control*>(arguments[0].object()) : nullptr;
+  if (!target) Raise(error::kTypeMismatch);
+  Self(object).SetFlashingArrow(*target);
+  return {};
+}
+
+Variant CallGetNewBanner(Object& object, Arguments arguments) {
+  Self(object).GetNewBanner(ToText(arguments[0]), arguments.size() > 1 && ToBoolean(arguments[1]));
+  return {};
+}
+
+constexpr Member kRows[]{
+    MethodRow<&frmain::ExtractEditorFiles>("ExtractEditorFiles"),
+    MethodRow<&frmain::mnu_checkforupdate_Click>("mnu_checkforupdate_Click"),
+    RawMethodRow("SetFlashingArrow", 1, 1, &CallSetFlashingArrow),
+    MethodRow<&frmain::PlayPack1>("PlayPack1"),
+    MethodRow<&frmain::PlayPack2>("PlayPack2"),
+    MethodRow<&frmain::PlayDownload>("PlayDownload"),
+    MethodRow<&frmain::PlayAutoHost>("PlayAutoHost"),
+    MethodRow<&frmain::LoadMenuIcons>("LoadMenuIcons"),
+    RawMethodRow("GetNewBanner", 1, 2, &CallGetNewBanner),
+};
+const MemberTable kTable{&Form::kFormMembers, kRows};
+
+}  // namespace
+
+void InstallBannerService(BannerService service) { banner_service() = std::move(service); }
+
+const MemberTable& frmain::Members() const { return kTable; }
+
+frmain::frmain() : Form(kName) {
+  LayOut();
+  Resize = [this] {
+    if (!StyleActive()) Arrange();  // a style has its own places
+  };
+  ConnectMaps();
+  ConnectCommands();
+  AddWindowCommands();
+  ConnectGuide();
+  ConnectStatusLine();
+}
+
+void frmain::Load() {
+  EnableWhatIsThere();
+  if (SafeMode()) {
+    LoadSafely();
+    return;
+  }
+  LoadStep([this] { LoadBanner(); });
+  LoadStep([this] { Load_Programs(); });
+  LoadStep([this] { LoadMenuIcons(); });
+  LoadStep([] { WriteSetting(setting::kApp, platform().program().ExeName() + ".exe"); });
+  LoadStep([this] { txtoutput.Text = ReadSetting(setting::kOutputText); });
+  LoadStep([this] { Text1.Text = MapFolder(); });
+  LoadStep([this] {
+    if (!FileExists(Text1.Text)) Text1.Text = platform().program().Folder();
+  });
+  LoadStep([this] { FileMaps.SetPath(Text1.Text.get()); });
+  LoadStep([this] { ShowStatusLine(TextToBoolean(ReadSetting(setting::kStatusLine))); });
+  LoadStep([this] { LoadIcons(); });
+  LoadStep([this] {
+    if (StyleActive()) FormLoadStyle(*this);
+  });
+  LoadStep([this] { LoadQuickLinks(); });
+}
+
+// The plain list stands in for the painted one; no setting is read.
+void frmain::LoadSafely() {
+  QuickLinks.Visible = false;
+  ListBox.Visible = false;
+  FileMaps.Visible = true;
+}
+
+void frmain::Shown() {
+  if (!SafeMode()) LoadStep([this] { AskForZipIcon(); });
+}
+
+void frmain::Unloading() {
+  TmrQuickLinks.Enabled = false;
+  Attempt([this] { WriteSetting(setting::kStatusLine, BooleanToText(txtstatusbar.Visible)); });
+  const std::string path = platform().program().Folder() + "\\" + platform().program().ExeName() + ".exe";
+  Attempt([&] { SaveSetting("DFLWKESTRUN", "launcher", "PATH", path); });
+}
+
+void frmain::LoadBanner() {
+  const bool wanted = TextToBoolean(ReadSetting(setting::kShowBanner)) && banner_service().get_new_banner;
+  if (!wanted || !IsOnline()) {
+    ShowBannerPlace(false);
+  } else {
+    ShowBannerPlace(true);
+    GetNewBanner(SiteUrl("MAPS.INI"));
+  }
+}
+
+void frmain::GetNewBanner(const std::string& Url, bool force) {
+  if (banner_service().get_new_banner) banner_service().get_new_banner(*this, Url, force);
+}
+
+void frmain::EnableNews() {
+  mnu_refreshbanner.Enabled = static_cast<bool>(banner_service().refresh_banner);
+  mnu_checkformaps.Enabled = static_cast<bool>(banner_service().check_for_maps);
+  mnu_refreshbanner.Click = [this] { banner_service().refresh_banner(*this); };
+  mnu_checkformaps.Click = [this] { banner_service().check_for_maps(*this); };
+}
+
+bool frmain::ExtractEditorFiles(const std::string& Folder) { return kestrun::ExtractEditorFiles(Folder); }
+
+}  // namespace kestrun

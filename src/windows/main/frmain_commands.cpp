@@ -1,0 +1,156 @@
+// The commands of the main window's buttons and menu items.
+#include <algorithm>
+
+#include "base/text.h"
+#include "maps/fetch/fetch_map.h"
+#include "maps/map_file_commands.h"
+#include "maps/map_picture.h"
+#include "maps/put/put_map.h"
+#include "platform/platform.h"
+#include "program/game_paths.h"
+#include "program/open_window.h"
+#include "program/path_text.h"
+#include "program/run_command.h"
+#include "program/settings.h"
+#include "web/site.h"
+#include "windows/main/frmain.h"
+
+namespace kestrun {
+namespace {
+
+// No more programs than a menu can show; their count comes from a file.
+constexpr int kMostPrograms = 500;
+
+}  // namespace
+
+void frmain::ConnectCommands() {
+  SetCommand({&Command2.Click, &mnu_putmapin.Click}, [this] { PutSelectedMap(kPutInArchive); });
+  SetCommand({&Command7.Click, &mnu_imalreadyplaying.Click}, [this] { PutSelectedMap(kPutBesideOnly); });
+  SetCommand({&Command3.Click, &mnu_launchDFLW.Click}, [] { launchDFLW(); });
+  SetCommand({&Command4.Click, &mnu_launcheditor.Click}, [this] { LaunchEditor(); });
+  SetCommand({&mnu_OpenFolder.Click}, [this] { ShellOpen("open", FileMaps.Path(), "", FileMaps.Path(), kShowNormal); });
+  SetCommand({&mnu_exit.Click}, [this] { Unload(); });
+  SetCommand({&mnu_showmapinfo.Click}, [this] { ShowMapInfo(); });
+  SetCommand({&ImgPreview.Click, &mnu_mapPreview.Click, &mnu_loadpreview.Click},
+             [this] { HandMapToPreviewWindow(false); });
+  SetCommand({&mnu_searchpreview1.Click, &mnu_searchpreview.Click}, [this] { HandMapToPreviewWindow(true); });
+  SetCommand({&mnu_largepreview.Click, &mnu_largepreview2.Click}, [this] { ShowLargePicture(ImgPreview.Picture); });
+  SetCommand({&mnu_copymapto.Click}, [this] { ShowRowsAnew(CopyMapTo(FileMaps, dlgcopyto)); });
+  SetCommand({&mnu_renamemap.Click}, [this] { ShowRowsAnew(RenameMap(FileMaps)); });
+  SetCommand({&mnu_deletemap.Click}, [this] { ShowRowsAnew(DeleteMap(FileMaps)); });
+  SetCommand({&mnu_mapname.Click}, [this] { ShowRowsAnew(CopyMapName(FileMaps)); });
+  SetCommand({&mnu_bmstomis.Click}, [] {
+    StartTool(ReadSetting(setting::kConverter),
+              "can't find the file 'DF3BMStoMIS.exe' please select it in the options window.");
+  });
+  SetCommand({&mnu_colorpicker.Click}, [] {
+    StartTool(ReadSetting(setting::kColorPicker),
+              "can't find the file 'ColorPicker.EXE' please select it in the options window.");
+  });
+  SetCommand({&dflwdemolobby.Click}, [] { OpenDocument(SiteUrl("DFStartup.htm")); });
+  SetCommand({&dflwfullversionlobby.Click}, [] { OpenDocument(SiteUrl("DFFVstartup.htm")); });
+  SetCommand({&mnu_helpindex.Click}, [] { OpenDocument(AppFile(platform().program().ExeName() + ".chm")); });
+}
+
+// ---- putting a map into the game -----------------------------------------------------------------------------------
+
+std::string frmain::ChosenName() {
+  if (opcapflag.Value) txtoutput.Text = kCaptureTheFlagMission;
+  if (opdeath.Value) txtoutput.Text = kDeathmatchMission;
+  return txtoutput.Text;
+}
+
+std::string frmain::SelectedPath() const { return FileMaps.Path() + "\\" + FileMaps.FileName(); }
+
+std::string frmain::SelectedMap() {
+  if (FileMaps.ListIndex >= 0) return SelectedPath();
+  MsgBox("Select map!");
+  return {};
+}
+
+void frmain::PutSelectedMap(int32_t mode) {
+  std::string path = SelectedMap();
+  if (path.empty()) return;
+  if (MapFileKind(path) == map_file_kind::kZip) path = GetFileFromZip(path);
+  if (path.empty()) return;
+  std::string name = ChosenName();
+  const bool packed = PutMap(path, name, mode, true);
+  std::string message = packed ? "Successfully packed map" : "Failed to pack map";
+  if (mode == kPutBesideOnly) message += ": " + GetFileName(path);
+  MsgBox(message);
+}
+
+// ---- what stands beside the game -----------------------------------------------------------------------------------
+
+void frmain::LaunchEditor() {
+  const std::string editor = GameFolder() + "\\" + ReadSetting(setting::kEditorProgram);
+  if (!FileExists(editor)) {
+    MsgBox("Can't find the editor program! Please select it in the options window.");
+    ShowWindow("frmoptions");
+    return;
+  }
+  if (!ExtractEditorFiles(GameFolder()))
+    MsgBox("Failed to extract the files to the right folder. Editor may not work properly.");
+  // The editor starts with the text "0" for its parameters, as the game does.
+  ShellOpen("open", editor, int32_t{0}, GameFolder(), kShowNormal);
+}
+
+void frmain::StartTool(const std::string& program, const std::string& missing) {
+  if (FileExists(program)) {
+    ShellOpen("open", program, "", ParentFolder(program), kShowNormal);
+    return;
+  }
+  MsgBox(missing + std::string(kCrLf) + program);
+  ShowWindowModal("frmoptions");
+}
+
+// ---- windows that are handed the selected map ----------------------------------------------------------------------
+
+void frmain::ShowMapInfo() {
+  const std::string map = SelectedMap();
+  if (!map.empty()) OpenMapInfo(map, ShowWay::kShowModal);
+}
+
+void frmain::HandMapToPreviewWindow(bool search) {
+  if (!IsWindowRegistered("frmpicture")) return;
+  const std::string map = SelectedMap();
+  if (map.empty()) return;
+  Form& window = WindowByName("frmpicture");
+  PutMember(window, "lblmap", map);
+  window.Show();
+  if (search) CallMember(window, "CmdDownload_Click");
+}
+
+// ---- the user's own programs ---------------------------------------------------------------------------------------
+
+void frmain::Load_Programs() {
+  const auto load = [this] {
+    const int highest = std::min(ToLong(ReadSetting(setting::kProgramCount)), kMostPrograms);
+    for (int number = 0; number <= highest; ++number) {
+      const std::string open_part = std::to_string(number);
+      const std::string name = ReadSetting(setting::kProgramName, open_part);
+      if (name != "ERROR") AddProgram(number, name, ReadSetting(setting::kProgramPath, open_part));
+    }
+  };
+  RunCommand(load, "Load_Programs()");
+}
+
+void frmain::AddProgram(int number, const std::string& name, const std::string& path) {
+  program_paths_.resize(static_cast<size_t>(number) + 1);
+  program_paths_.back() = path;
+  auto& item = Add<MenuItem>("mnu_launchprogram", number + 1);
+  item.Caption = name;
+  item.SetParent(mnu_actions);
+  item.Click = [this, number] { RunCommand([this, number] { LaunchProgram(number); }); };
+}
+
+void frmain::LaunchProgram(int number) {
+  const std::string& path = program_paths_[static_cast<size_t>(number)];
+  if (FileExists(path)) {
+    ShellOpen("open", path, int32_t{0}, ParentFolder(path), kShowNormal);
+  } else {
+    MsgBox("File not found please change the program path.");
+  }
+}
+
+}  // namespace kestrun

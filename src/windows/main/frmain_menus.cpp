@@ -1,0 +1,196 @@
+// The menus of the main window: captions and access keys, and the items that do nothing but open a window.
+#include <array>
+#include <initializer_list>
+
+#include "forms/window_registry.h"
+#include "program/run_command.h"
+#include "windows/main/frmain.h"
+#include "windows/main/frmain_pictures.h"
+
+namespace kestrun {
+namespace {
+
+struct MenuRow {
+  MenuItem& item;
+  const char* caption;
+};
+constexpr const char* kLine = "-";
+
+// Items stand in a menu in the order in which the window declares them.
+void Fill(MenuItem& menu, const char* caption, std::initializer_list<MenuRow> rows) {
+  menu.Caption = caption;
+  for (const MenuRow& row : rows) {
+    row.item.Caption = row.caption;
+    row.item.SetParent(menu);
+  }
+}
+
+}  // namespace
+
+void frmain::BuildMenus() {
+  BuildFileMenu();
+  BuildOtherMenus();
+  mnu_refresh.Shortcut = "F5";
+}
+
+void frmain::BuildFileMenu() {
+  Fill(mnu_file, "&File",
+       {{mnu_putmapin, "Put &map in DFLW"},
+        {mnu_imalreadyplaying, "I'm already &playing"},
+        {mnu_line1, kLine},
+        {mnu_loadmap, "Load map &from"},
+        {mnu_line2, kLine},
+        {mnu_showmapinfo, "Show map &info"},
+        {mnu_largepreview, "&Large map preview"},
+        {mnu_mapPreview, "&Load map preview"},
+        {mnu_searchpreview1, "&Search map preview"},
+        {mnu_line3, kLine},
+        {mnu_copymapto, "C&opy map to ..."},
+        {mnu_renamemap, "&Rename map"},
+        {mnu_deletemap, "&Delete selected map"},
+        {mnu_mapname, "Copy map &name"},
+        {mnu_line4, kLine},
+        {mnu_changefolder, "&Change folder"},
+        {mnu_OpenFolder, "&Open folder"},
+        {mnu_refreshmaplist, "&Refresh list"},
+        {mnu_line5, kLine},
+        {mnu_exit, "&Exit"}});
+  Fill(mnu_loadmap, "Load map &from", {{mnu_loadfromURL, "&URL"}, {mnu_loadmapfromhd, "&File on hard disk"}});
+  Fill(mnu_rightclick, "Preview",
+       {{mnu_largepreview2, "&Large preview"},
+        {mnu_loadpreview, "L&oad preview"},
+        {mnu_searchpreview, "&Search preview"}});
+  mnu_rightclick.Visible = false;
+}
+
+void frmain::BuildOtherMenus() {
+  Fill(mnu_view, "&View",
+       {{mnu_refresh, "&Refresh list"},
+        {mnu_refreshbanner, "R&efresh banner"},
+        {mnu_line6, kLine},
+        {mnu_status, "&Status bar"},
+        {mnu_line7, kLine},
+        {mnu_options, "&Options"}});
+  Fill(mnu_actions, "A&ctions",
+       {{mnu_launchDFLW, "&Launch DFLW"},
+        {mnu_launcheditor, "Launch &Editor"},
+        {mnu_line8, kLine},
+        {mnu_makemaplist, "&Make maplist (auto host)"},
+        {mnu_launchchat, "&Auto Messenger"},
+        {mnu_nameeditor, "Launch &name editor"},
+        {mnu_mapupdater, "&Map updater"},
+        {mnu_Editor, "&Skin creator"},
+        {mnu_line9, kLine},
+        {mnu_makeroomfor, "Make &room for more players"},
+        {mnu_bmstomis, "Launch &BMS => MIS "},
+        {mnu_colorpicker, "Launch &color picker"},
+        {mnu_line14, kLine},
+        {mnu_launchprogram, "Add &your program"}});
+  Fill(mnu_internet, "&Internet",
+       {{mnu_connectinternet, "Connect to &internet"},
+        {mnu_line10, kLine},
+        {mnu_checkforupdate, "Check for &update"},
+        {mnu_checkformaps, "Check for &new maps"},
+        {mnu_upload, "&Upload maps"},
+        {mnu_line11, kLine},
+        {dflwdemolobby, "DFLW Demo lobby"},
+        {dflwfullversionlobby, "DFLW Full version lobby"}});
+  Fill(mnu_help, "&Help",
+       {{mnu_helpindex, "Index"},
+        {mnu_helpdoc, "&Online help document"},
+        {mnu_line12, kLine},
+        {mnu_showtips, "&Tips"},
+        {mnu_line13, kLine},
+        {mnu_helpAbout, "&About"}});
+}
+
+namespace {
+
+struct Opening {
+  Control& control;
+  const char* window;
+  enum class Way { kCommand, kShow, kShowModal } way = Way::kShow;
+};
+
+// What leads to another window. Those marked kCommand do something first and stand elsewhere.
+std::array<Opening, 24> Openings(frmain& window) {
+  using enum Opening::Way;
+  return {{{window.Command5, "frmoptions", kShowModal},
+           {window.mnu_options, "frmoptions", kShowModal},
+           {window.Command8, "frmchat"},
+           {window.mnu_launchchat, "frmchat"},
+           {window.mnu_nameeditor, "frmname"},
+           {window.mnu_makemaplist, "frmputlist"},
+           {window.mnu_loadfromURL, "frmopenmap"},
+           {window.mnu_loadmapfromhd, "frmopenmap"},
+           {window.mnu_checkforupdate, "FrmUpdate"},
+           {window.mnu_upload, "FrmCenter"},
+           {window.mnu_mapupdater, "frmmapupd"},
+           {window.mnu_Editor, "FrmEdit"},
+           {window.mnu_helpdoc, "frmdwnlhelp"},
+           {window.mnu_helpAbout, "frmhelp"},
+           {window.mnu_launchprogram, "frmaddprogram", kShowModal},
+           {window.mnu_showmapinfo, "frmmapinfo", kCommand},
+           {window.mnu_mapPreview, "frmpicture", kCommand},
+           {window.mnu_loadpreview, "frmpicture", kCommand},
+           {window.mnu_searchpreview1, "frmpicture", kCommand},
+           {window.mnu_searchpreview, "frmpicture", kCommand},
+           {window.mnu_largepreview, "frmLargeprev", kCommand},
+           {window.mnu_largepreview2, "frmLargeprev", kCommand},
+           {window.lblupdate, "FrmUpdate"},
+           {window.mnu_loadmap, "frmopenmap", kCommand}}};
+}
+
+void Open(const Opening& opening) {
+  RunCommand([&opening] {
+    if (opening.way == Opening::Way::kShowModal) {
+      ShowWindowModal(opening.window);
+    } else {
+      ShowWindow(opening.window);
+    }
+  });
+}
+
+}  // namespace
+
+void frmain::AddWindowCommands() {
+  for (const Opening& opening : Openings(*this)) {
+    if (opening.way == Opening::Way::kCommand) continue;
+    opening.control.Click = [opening] { Open(opening); };
+  }
+}
+
+void frmain::EnableWhatIsThere() {
+  for (const Opening& opening : Openings(*this)) opening.control.Enabled = IsWindowRegistered(opening.window);
+  EnableNews();
+  // These two stand in the menu without a command.
+  mnu_connectinternet.Enabled = false;
+  mnu_makeroomfor.Enabled = false;
+}
+
+// Items with the same picture share it: each is drawn once.
+void frmain::LoadMenuIcons() {
+  struct Use {
+    Ref<kestrun::Picture> (*draw)();
+    std::initializer_list<MenuItem*> items;
+  };
+  const auto load = [this] {
+    for (const Use& use :
+         {Use{&PutInPicture, {&mnu_putmapin}}, Use{&SwapPicture, {&mnu_imalreadyplaying}},
+          Use{&InfoPicture, {&mnu_showmapinfo}}, Use{&PreviewPicture, {&mnu_mapPreview, &mnu_loadpreview}},
+          Use{&SearchPicture, {&mnu_searchpreview1, &mnu_searchpreview}}, Use{&CopyPicture, {&mnu_copymapto}},
+          Use{&PencilPicture, {&mnu_renamemap, &mnu_launcheditor}}, Use{&CrossPicture, {&mnu_deletemap}},
+          Use{&FolderPicture, {&mnu_changefolder, &mnu_loadmapfromhd}},
+          Use{&RefreshPicture, {&mnu_refreshmaplist, &mnu_refresh}}, Use{&OptionsPicture, {&mnu_options}},
+          Use{&PlayPicture, {&mnu_launchDFLW}}, Use{&ListPicture, {&mnu_makemaplist}},
+          Use{&SpeechPicture, {&mnu_launchchat}}, Use{&DownPicture, {&mnu_checkforupdate}},
+          Use{&UpPicture, {&mnu_upload}}, Use{&GlobePicture, {&dflwdemolobby, &dflwfullversionlobby, &mnu_loadfromURL}},
+          Use{&HelpMarkPicture, {&mnu_helpindex}}}) {
+      const Ref<kestrun::Picture> picture = use.draw();
+      for (MenuItem* item : use.items) item->Picture = picture;
+    }
+  };
+  RunCommand(load, "loading mnu icons ");
+}
+
+}  // namespace kestrun

@@ -1,0 +1,71 @@
+#include "windows/map_info/frmmapinfo.h"
+
+#include <algorithm>
+
+#include "base/member_rows.h"
+#include "formats/bms/mission_reader.h"
+#include "maps/fetch/fetch_map.h"
+#include "maps/map_picture.h"
+#include "program/path_text.h"
+#include "program/run_command.h"
+#include "program/style_hook.h"
+
+namespace kestrun {
+namespace {
+
+const WindowRegistration registration(frmmapinfo::kName, [] { return MakeRef<frmmapinfo>(); });
+
+constexpr Member kRows[]{MethodRow<&frmmapinfo::LoadMap>("LoadMap")};
+constexpr MemberTable kTable{&Form::kFormMembers, kRows};
+
+}  // namespace
+
+const MemberTable& frmmapinfo::Members() const { return kTable; }
+
+frmmapinfo::frmmapinfo() : Form(kName) {
+  LayOut();
+  ShowPreview(false);
+  Command1.Click = [this] { Unload(); };
+  Command2.Click = [this] { ShowPreview(!Frame3.Visible); };
+  ImgPreview.DblClick = [this] { ShowLargePicture(ImgPreview.Picture); };
+  Timer1.Tick = [this] {
+    Timer1.Enabled = false;
+    RunCommand([this] { FormLoadStyle(*this); }, "applystyle ");
+  };
+}
+
+void frmmapinfo::Load() {
+  if (StyleActive()) Timer1.Enabled = true;
+}
+
+void frmmapinfo::LoadMap(const std::string& Path) {
+  const Ref<Form> keep(this);
+  Clear();
+  const std::string map = MapFileKind(Path) == map_file_kind::kZip ? GetFileFromZip(Path) : Path;
+  if (map.empty()) return;
+  Caption = "Map info " + GetFileName(map);
+  const std::optional<MissionInfo> info = ReadMissionInfo(map);
+  if (!info) return;
+  FillFields(*info);
+  SetPicture(LoadMapPicture(map));
+}
+
+void frmmapinfo::Clear() {
+  FillFields(MissionInfo());
+  SetPicture({});
+}
+
+void frmmapinfo::FillFields(const MissionInfo& info) {
+  TxtMissionName.Text = info.mission_name;
+  TxtDesigner.Text = info.designer;
+  TxtMapType.Text = info.game_types;
+  TxtTerrain.Text = info.terrain;
+  TxtItemColors.Text = info.item_colors;
+  TxtFogColor.Text = info.fog_color_text;
+  lblfogcolor.BackColor = info.fog_color.value_or(color::kButtonFace);
+  TxtFogLevel.Text = info.fog_level;
+  TxtSun.Text = info.sun;
+  TxtWater.Text = info.water_level;
+}
+
+}  // namespace kestrun

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "desktop/win32/system/windows_api.h"
+
+namespace kestrun {
+
+// Handles all that waits and forgets the end of the message loop, which a form that closes itself as the last one asks
+// for: the next test needs the loop.
+inline void EmptyMessageQueue() {
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message != WM_QUIT) DispatchMessageW(&message);
+  }
+}
+
+}  // namespace kestrun

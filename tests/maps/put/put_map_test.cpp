@@ -1,0 +1,270 @@
+#include "maps/put/put_map.h"
+
+#include <gtest/gtest.h>
+
+#include "maps/put/frmoverwrite.h"
+#include "program/frame_fixture.h"
+#include "support/failing_files.h"
+
+namespace kestrun {
+namespace {
+
+class PutMapTest : public FrameTest {
+ protected:
+  PutMapTest() {
+    TellGameFolder();
+    MakeArchive(Archive(), {"FIRST.BIN", "D08M03.BMS", "LAST.BIN"});
+    WriteFile(MapPath("Oasis.bms"), map);
+  }
+
+  [[nodiscard]] std::string Archive() const { return GamePath("dflw.pff"); }
+
+  void ExpectOverwriteQuestion(bool accept, bool tick = false) {
+    desktop.windowing().ExpectModal("FrmOverWrite", [=](Form& form) {
+      auto& window = static_cast<FrmOverWrite&>(form);
+      if (tick) window.ChShow.Press();
+      (accept ? window.CmdOK : window.CmdCancel).Press();
+    });
+  }
+
+  bool Put(std::string name, int32_t mode = kPutInArchive, bool warn = true) {
+    stored_name = std::move(name);
+    return PutMap(MapPath("Oasis.bms"), stored_name, mode, warn);
+  }
+
+  const std::string map = "BMS\x01 the map's own bytes";
+  std::string stored_name;
+};
+
+TEST_F(PutMapTest, PutsAMapInTheArchiveAndBesideIt) {
+  ExpectOverwriteQuestion(true);
+  EXPECT_TRUE(Put("D08M03.BMS"));
+  EXPECT_EQ(EntryOf(Archive(), "D08M03.BMS"), map);
+  EXPECT_EQ(EntryOf(Archive(), "FIRST.BIN"), std::string(100, 'o'));
+  EXPECT_EQ(EntryOf(Archive(), "LAST.BIN"), std::string(100, 'o'));
+  EXPECT_EQ(ReadFile(GamePath("D08M03.BMS")), map);
+}
+
+TEST_F(PutMapTest, KeepsTheArchiveWhenOverwritingIsRefused) {
+  const std::string before = ReadFile(Archive());
+  ExpectOverwriteQuestion(false);
+  EXPECT_FALSE(Put("D08M03.BMS"));
+  EXPECT_EQ(ReadFile(Archive()), before);
+  EXPECT_FALSE(FileIsThere(GamePath("D08M03.BMS")));
+}
+
+TEST_F(PutMapTest, ANameThatIsNotInTheArchiveGoesInWithoutAQuestion) {
+  EXPECT_TRUE(Put("NEW.BMS"));
+  EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), map);
+}
+
+TEST_F(PutMapTest, TheQuestionNamesBothFiles) {
+  desktop.windowing().ExpectModal("FrmOverWrite", [](Form& form) {
+    auto& window = static_cast<FrmOverWrite&>(form);
+    EXPECT_EQ(window.Caption.get(), "File Exists");
+    for (const Label* label : {&window.lblWarn, &window.LblPFF, &window.LblBMS}) EXPECT_FALSE(label->UseMnemonic);
+    EXPECT_EQ(window.lblWarn.Caption.get(),
+              "Warning the file \"D08M03.BMS\" already exists in the \"dflw.pff\" file. Do you want to overwrite the "
+              "file? If you overwrite the file you'll lose the default reg prison map!");
+    EXPECT_EQ(window.LblPFF.Caption.get(), "dflw.pff");
+    EXPECT_EQ(window.LblBMS.Caption.get(), "D08M03.BMS");
+    EXPECT_EQ(window.ChShow.Caption.get(), "Don't show this message again.");
+    EXPECT_EQ(window.CmdCancel.Caption.get(), "Cancel");
+    EXPECT_EQ(window.ChShow.Value, 0);
+    window.CmdCancel.Press();
+  });
+  EXPECT_FALSE(Put("D08M03.BMS"));
+}
+
+TEST_F(PutMapTest, ClosingTheQuestionByItsBoxIsANo) {
+  desktop.windowing().ExpectModal("FrmOverWrite", [](Form& form) { form.Unload(); });
+  EXPECT_FALSE(Put("D08M03.BMS"));
+}
+
+TEST_F(PutMapTest, WithTheWarningOffTheEntryIsReplacedAtOnce) {
+  WriteIni("[launcher]\r\nWARNOVERWRITE=False\r\n");
+  EXPECT_TRUE(Put("D08M03.BMS"));
+  EXPECT_EQ(EntryOf(Archive(), "D08M03.BMS"), map);
+}
+
+TEST_F(PutMapTest, OkWithTheTickSwitchesTheWarningOff) {
+  ExpectOverwriteQuestion(true, true);
+  EXPECT_TRUE(Put("D08M03.BMS"));
+  EXPECT_EQ(Ini("launcher", "WARNOVERWRITE"), "False");
+}
+
+TEST_F(PutMapTest, OkWithoutTheTickSwitchesTheWarningOn) {
+  ExpectOverwriteQuestion(true);
+  EXPECT_TRUE(Put("D08M03.BMS"));
+  EXPECT_EQ(Ini("launcher", "WARNOVERWRITE"), "True");
+}
+
+TEST_F(PutMapTest, TickingAndCancellingLeavesTheWarningAsItWas) {
+  ExpectOverwriteQuestion(false, true);
+  EXPECT_FALSE(Put("D08M03.BMS"));
+  EXPECT_EQ(Ini("launcher", "WARNOVERWRITE"), "(none)");
+}
+
+TEST_F(PutMapTest, TheTickStartsAsTheSettingIs) {
+  WriteIni("[launcher]\r\nWARNOVERWRITE=False\r\n");
+  EXPECT_EQ(Window<FrmOverWrite>().ChShow.Value, 1);
+}
+
+TEST_F(PutMapTest, ANameOfSeventeenCharactersIsCutInArchiveAndLooseFileAlike) {
+  EXPECT_TRUE(Put("SEVENTEEN_LET.BMS"));
+  EXPECT_EQ(stored_name, "SEVENTEEN_LET.BM");
+  EXPECT_EQ(EntryOf(Archive(), "SEVENTEEN_LET.BM"), map);
+  EXPECT_EQ(ReadFile(GamePath("SEVENTEEN_LET.BM")), map);
+}
+
+TEST_F(PutMapTest, WhilePlayingANameOfSeventeenCharactersIsKeptWhole) {
+  EXPECT_TRUE(Put("SEVENTEEN_LET.BMS", kPutBesideOnly));
+  EXPECT_EQ(stored_name, "SEVENTEEN_LET.BMS");
+  EXPECT_EQ(ReadFile(GamePath("SEVENTEEN_LET.BMS")), map);
+}
+
+TEST_F(PutMapTest, ALongNameCanReplaceAnEntryWithoutAQuestionSinceTheTestSeesItUncut) {
+  MakeArchive(Archive(), {"SEVENTEEN_LET.BM"});
+  EXPECT_TRUE(Put("SEVENTEEN_LET.BMS"));
+  EXPECT_EQ(EntryOf(Archive(), "SEVENTEEN_LET.BM"), map);
+}
+
+TEST_F(PutMapTest, WhilePlayingTheArchiveIsNotTouched) {
+  const std::string before = ReadFile(Archive());
+  EXPECT_TRUE(Put("D08M03.BMS", kPutBesideOnly));
+  EXPECT_EQ(ReadFile(Archive()), before);
+  EXPECT_EQ(ReadFile(GamePath("D08M03.BMS")), map);
+}
+
+TEST_F(PutMapTest, AnyOtherModeDoesNothing) {
+  EXPECT_FALSE(Put("D08M03.BMS", 2));
+  EXPECT_FALSE(FileIsThere(GamePath("D08M03.BMS")));
+}
+
+TEST_F(PutMapTest, AMissingMapIsAskedAboutAndNoEndsIt) {
+  native_files.Delete(MapPath("Oasis.bms"));
+  desktop.dialogs()
+      .ExpectBox("The file: " + MapPath("Oasis.bms") + " does not exists.\r\nContinue?", BoxAnswer::kNo)
+      .WithTitle("Map not found!")
+      .WithButtons(BoxButtons::kYesNo)
+      .WithIcon(BoxIcon::kWarning);
+  EXPECT_FALSE(Put("NEW.BMS"));
+}
+
+TEST_F(PutMapTest, YesToAMissingMapEndsInTheErrorBoxAndNothingIsPacked) {
+  native_files.Delete(MapPath("Oasis.bms"));
+  const std::string before = ReadFile(Archive());
+  desktop.dialogs().ExpectBox("The file: " + MapPath("Oasis.bms") + " does not exists.\r\nContinue?", BoxAnswer::kYes);
+  desktop.dialogs().ExpectBox("Error: 53\r\nFile not found");
+  EXPECT_FALSE(Put("NEW.BMS"));
+  EXPECT_EQ(ReadFile(Archive()), before);
+}
+
+TEST_F(PutMapTest, AMissingMapIsSilentWithoutWarnings) {
+  native_files.Delete(MapPath("Oasis.bms"));
+  EXPECT_FALSE(Put("NEW.BMS", kPutInArchive, false));
+}
+
+TEST_F(PutMapTest, AMissingArchiveIsAskedAboutAndNoEndsIt) {
+  native_files.Delete(Archive());
+  desktop.dialogs()
+      .ExpectBox("The pff file: " + Archive() +
+                     " does not exists.\r\nGo to options and select the right dflw game folder.\r\nContinue?",
+                 BoxAnswer::kNo)
+      .WithTitle("File not found!")
+      .WithButtons(BoxButtons::kYesNo)
+      .WithIcon(BoxIcon::kWarning);
+  EXPECT_FALSE(Put("NEW.BMS"));
+  EXPECT_FALSE(FileIsThere(Archive()));
+}
+
+TEST_F(PutMapTest, AnEmptyMapIsAFailureAndLeavesTheArchive) {
+  WriteFile(MapPath("Oasis.bms"), "");
+  const std::string before = ReadFile(Archive());
+  desktop.dialogs().ExpectBox("Error: 9\r\nSubscript out of range");
+  EXPECT_FALSE(Put("NEW.BMS"));
+  EXPECT_EQ(ReadFile(Archive()), before);
+}
+
+TEST_F(PutMapTest, ACopyThatFailsGivesTheErrorBoxAndTheArchiveKeepsTheNewEntry) {
+  native_files.MakeFolder(GamePath("NEW.BMS"));  // a folder in the loose file's place cannot be copied over
+  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  EXPECT_FALSE(Put("NEW.BMS"));
+  EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), map);
+}
+
+TEST_F(PutMapTest, ANameTheCodePageCannotHoldIsRefusedWithTheCharacter) {
+  const std::string before = ReadFile(Archive());
+  desktop.dialogs().ExpectBox(
+      "Error: 5\r\nThe name 'Карта.BMS' cannot be stored in the archive: it has no character for 'К'. Choose a name "
+      "without it.");
+  EXPECT_FALSE(Put("Карта.BMS"));
+  EXPECT_EQ(ReadFile(Archive()), before);
+}
+
+TEST_F(PutMapTest, RunsTheUsersProgramAfterwardsWithTheStoredName) {
+  WriteFile(GamePath("pack.exe"), "program");
+  WriteIni("[launcher]\r\nSHELLPACK=True\r\nPACKIT.EXE=missing.exe\r\n");
+  desktop.dialogs()
+      .ExpectBox(
+          "The 'put map in dflw' program file: missing.exe does not exists.\r\nGo to options and select the right "
+          "file.\r\nContinue?",
+          BoxAnswer::kYes)
+      .WithTitle("File not found!")
+      .WithIcon(BoxIcon::kWarning);
+  EXPECT_TRUE(Put("NEW.BMS"));
+  const std::vector<ShellOpening> expected{{"open", "missing.exe", "NEW.BMS", Path("game"), 1}};
+  EXPECT_EQ(desktop.shell().openings, expected);
+}
+
+TEST_F(PutMapTest, NoToAMissingProgramGivesFalseThoughTheMapIsIn) {
+  WriteIni("[launcher]\r\nSHELLPACK=True\r\n");
+  desktop.dialogs().ExpectBox(
+      "The 'put map in dflw' program file: pack.exe does not exists.\r\nGo to options and select the right "
+      "file.\r\nContinue?",
+      BoxAnswer::kNo);
+  EXPECT_FALSE(Put("NEW.BMS"));
+  EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), map);
+  EXPECT_TRUE(desktop.shell().openings.empty());
+}
+
+TEST_F(PutMapTest, WhilePlayingTheOtherProgramRuns) {
+  WriteIni("[launcher]\r\nSHELLIMPLAYING=True\r\nPACK.EXE=swap.exe\r\nPACKIT.EXE=pack.exe\r\n");
+  desktop.dialogs().ExpectBox(
+      "The 'i'm already playing' program file: swap.exe does not exists.\r\nGo to options and select the right "
+      "file.\r\nContinue?",
+      BoxAnswer::kYes);
+  EXPECT_TRUE(Put("D08M03.BMS", kPutBesideOnly));
+  const std::vector<ShellOpening> expected{{"open", "swap.exe", "D08M03.BMS", Path("game"), 1}};
+  EXPECT_EQ(desktop.shell().openings, expected);
+}
+
+TEST_F(PutMapTest, WithoutWarningsAMissingProgramIsStartedAllTheSame) {
+  WriteIni("[launcher]\r\nSHELLPACK=True\r\n");
+  EXPECT_TRUE(Put("NEW.BMS", kPutInArchive, false));
+  EXPECT_EQ(desktop.shell().openings.size(), 1U);
+}
+
+// The disk fills up at each call in turn: the user is told, the map stays, and no half copy is left beside the archive.
+class PutMapFailureTest : public PutMapTest, public testing::WithParamInterface<int> {};
+
+TEST_P(PutMapFailureTest, AFailureAtAnyCallIsToldAndLeavesTheMapAlone) {
+  FailingFiles files(native_files, GetParam());
+  desktop.UseFiles(files);
+  bool told = false;
+  desktop.OnUnexpected(
+      [&](const UnexpectedQuestion& question) { told = told || StartsWith(question.text, "Error: "); });
+  const bool packed = Put("NEW.BMS");
+  desktop.UseFiles(native_files);
+  EXPECT_EQ(ReadFile(MapPath("Oasis.bms")), map);
+  EXPECT_EQ(told, !packed);
+  if (packed) {
+    EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), map);
+  }
+  EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS.new")));
+}
+
+INSTANTIATE_TEST_SUITE_P(AtEachCall, PutMapFailureTest, testing::Range(0, 24));
+
+}  // namespace
+}  // namespace kestrun

@@ -1,0 +1,186 @@
+#include "program/commands.h"
+
+#include <gtest/gtest.h>
+
+#include "base/convert.h"
+#include "forms/member_rows.h"
+#include "forms/text_box.h"
+#include "program/frame_fixture.h"
+#include "program/style_hook.h"
+
+namespace kestrun {
+namespace {
+
+// Stands for every window of the table that is opened by a word alone.
+class PlainWindow final : public Form {
+ public:
+  using Form::Form;
+};
+
+// Takes files the way the real windows of these names do.
+class FileWindow final : public Form {
+ public:
+  using Form::Form;
+  void LoadMap(const std::string& path) { file = path; }
+  void LoadStyle(const std::string& path) { file = path; }
+  [[nodiscard]] const MemberTable& Members() const override;
+  std::string file;
+};
+
+constexpr Member kRows[]{MethodRow<&FileWindow::LoadMap>("LoadMap"), MethodRow<&FileWindow::LoadStyle>("LoadStyle")};
+const MemberTable kTable{&Form::kFormMembers, kRows};
+const MemberTable& FileWindow::Members() const { return kTable; }
+
+struct WordRow {
+  const char* word;
+  const char* window;
+};
+
+constexpr WordRow kWords[]{
+    {"-open", "frmopenmap"},
+    {"-autohost", "frmputlist"},
+    {"-nameeditor", "frmname"},
+    {"-url", "frmopenmap"},
+    {"-messenger", "frmchat"},
+    {"-ihelp", "frmdwnlhelp"},
+    {"-about", "frmhelp"},
+    {"-mapupdate", "frmmapupd"},
+    {"-options", "frmoptions"},
+    {"-frmaddinmngr", "FrmAddinMngr"},
+    {"-frmaddmessage", "frmaddmessage"},
+    {"-frmaddprogram", "frmaddprogram"},
+    {"-frmain", "frmain"},
+    {"-frmchat", "frmchat"},
+    {"-frmdfversion", "Frmdfversion"},
+    {"-frmhelp", "frmhelp"},
+    {"-frmlargeprev", "frmLargeprev"},
+    {"-frmmapupd", "frmmapupd"},
+    {"-frmname", "frmname"},
+    {"-frmopenmap", "frmopenmap"},
+    {"-frmoptions", "frmoptions"},
+    {"-frmoverwrite", "FrmOverWrite"},
+    {"-frmpicture", "frmpicture"},
+    {"-frmputlist", "frmputlist"},
+    {"-frmupdate", "FrmUpdate"},
+    {"-frmzip", "frmzip"},
+    {"-frmcenter", "FrmCenter"},
+    {"-frmpictureselect", "FrmpictureSelect"},
+};
+
+// Registers a stand-in under each name of the table that has no window of its own yet.
+void RegisterStandIns() {
+  for (const WordRow& row : kWords) {
+    if (IsWindowRegistered(row.window)) continue;
+    const std::string name = row.window;
+    const WindowRegistration registration(name, [name] { return MakeRef<PlainWindow>(name); });
+  }
+}
+
+class CommandsTest : public FrameTest {
+ protected:
+  CommandsTest() { SetSafeMode(true); }
+};
+
+TEST_F(CommandsTest, EveryWordOpensItsWindowInAnyCase) {
+  RegisterStandIns();
+  for (const WordRow& row : kWords) {
+    EXPECT_EQ(ProcessCommand(ToUpper(row.word)), kCommandCarriedOut) << row.word;
+    Form* window = LoadedWindow(row.window);
+    ASSERT_NE(window, nullptr) << row.word;
+    EXPECT_TRUE(window->IsShown()) << row.word;
+    CloseAllWindows();
+  }
+}
+
+TEST_F(CommandsTest, AWordWithAnythingBehindItMatchesNoRow) {
+  EXPECT_EQ(ProcessCommand("-options "), kCommandIsFileName);
+  EXPECT_EQ(ProcessCommand("\"-options\""), kCommandIsFileName);
+  EXPECT_EQ(ProcessCommand("-moreplayers"), kCommandIsFileName);
+  EXPECT_EQ(ProcessCommand("-safe"), kCommandIsFileName);
+}
+
+TEST_F(CommandsTest, HelpShowsItsTwoPages) {
+  for (const char* word : {"?", "/?", "-?"}) {
+    desktop.dialogs().ExpectBox(
+        "Kestrun Command Line Parameters:\r\n"
+        "\r\n"
+        "? or /? -?: Shows this message.\r\n"
+        "filename :filename can be a .bms map, .lst auto host list or a .stl style file. Kestrun will load the file in "
+        "it's default editor.\r\n"
+        "-open: shows the load map from screen.\r\n"
+        "-autohost: loads the autohost.\r\n"
+        "-nameeditor: loads the name editor.\r\n"
+        "-url: shows the load map from URL screen.\r\n"
+        "-messenger: shows the auto messenger screen.\r\n"
+        "-ihelp: downloads the new help form internet.\r\n"
+        "-about: shows the about screen.\r\n"
+        "-mapupdate: shows the map updater.\r\n"
+        "-moreplayers: shows the make room for more players screen.\r\n"
+        "-update: connects to internet and downloads the new update.\r\n"
+        "C:\\map.bms: loads map c:\\map.bms\r\n"
+        "-options: shows the options screen.\r\n"
+        "-mapinfo filename: shows the map info of filename\r\n"
+        "-safe: use safe mode (don't load too much things at startup) use this if kestrun has errors at startup\r\n"
+        "-style filename: use a style file\r\n"
+        "\r\n"
+        "     Page 1 of 2\r\n");
+    desktop.dialogs().ExpectBox(
+        "-<FORMNAME>: loads a window with name=<FORMNAME>\r\n"
+        "-pack \"pfffile\" \"rename\" \"filepath or url\" /z: packs a file into the pfffile with 'rename' as filename "
+        "downloads urls, use /z to for zipped file extraction.\r\n"
+        "All command line parameters can be used with the kestrun:// protocol in Internet Explorer.\r\n"
+        "\r\n"
+        "     Page 2 of 2\r\n");
+    EXPECT_EQ(ProcessCommand(word), kCommandCarriedOut);
+  }
+}
+
+TEST_F(CommandsTest, MapInfoInCapitalsDoesNotMatchItsRow) {
+  EXPECT_EQ(ProcessCommand("-MAPINFO c:\\a.bms"), kCommandIsFileName);
+}
+
+TEST_F(CommandsTest, EditOfAFileThatDoesNotExistIsAFileName) {
+  EXPECT_EQ(ProcessCommand("-edit c:\\nowhere.stl"), kCommandIsFileName);
+}
+
+TEST_F(CommandsTest, EditOpensTheStyleEditorOnTheTrimmedPath) {
+  WriteFile(Path("my.stl"), "style");
+  const WindowRegistration registration("FrmEdit", [] { return MakeRef<FileWindow>("FrmEdit"); });
+  EXPECT_EQ(ProcessCommand("-edit   " + Path("my.stl") + "  "), kCommandCarriedOut);
+  EXPECT_EQ(static_cast<FileWindow*>(LoadedWindow("FrmEdit"))->file, Path("my.stl"));
+}
+
+class StyleCommandTest : public CommandsTest {
+ protected:
+  StyleCommandTest() {
+    InstallStyleRuntime({[] { return false; }, [this](const std::string& path) { loaded = path; }, [](Form&) {}});
+  }
+  ~StyleCommandTest() override { InstallStyleRuntime({}); }
+
+  std::string loaded;
+};
+
+TEST_F(StyleCommandTest, AnotherStyleIsOfferedAsDefaultAndLoadedWhateverTheAnswer) {
+  desktop.dialogs()
+      .ExpectBox("Do you want to set this style file as default style?", BoxAnswer::kNo)
+      .WithButtons(BoxButtons::kYesNo);
+  EXPECT_EQ(ProcessCommand("-style c:\\dark.stl "), kCommandStyleLoaded);
+  EXPECT_EQ(loaded, "c:\\dark.stl");
+  EXPECT_EQ(Ini("launcher", "STYLE"), "(none)");
+}
+
+TEST_F(StyleCommandTest, YesStoresTheStyleAndTheNextTimeNothingIsAsked) {
+  desktop.dialogs().ExpectBox("Do you want to set this style file as default style?", BoxAnswer::kYes);
+  EXPECT_EQ(ProcessCommand("-style c:\\dark.stl"), kCommandStyleLoaded);
+  EXPECT_EQ(Ini("launcher", "style"), "c:\\dark.stl");
+  EXPECT_EQ(ProcessCommand("-style c:\\dark.stl"), kCommandStyleLoaded);
+}
+
+TEST_F(StyleCommandTest, TheComparisonWithTheDefaultIsExactInCase) {
+  WriteIni("[launcher]\r\nSTYLE=c:\\dark.stl\r\n");
+  desktop.dialogs().ExpectBox("Do you want to set this style file as default style?", BoxAnswer::kNo);
+  EXPECT_EQ(ProcessCommand("-style C:\\DARK.stl"), kCommandStyleLoaded);
+}
+
+}  // namespace
+}  // namespace kestrun

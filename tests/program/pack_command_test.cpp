@@ -1,0 +1,120 @@
+#include "program/pack_command.h"
+
+#include <gtest/gtest.h>
+
+#include "program/frame_fixture.h"
+
+namespace kestrun {
+namespace {
+
+// Logged text is single-byte: the tests that read it stay in the temporary folder's names by macro.
+class PackCommandTest : public FrameTest {
+ protected:
+  PackCommandTest() {
+    TellGameFolder();
+    MakeArchive(GamePath("dflw.pff"), {"A.BMS"});
+    WriteFile(MapPath("Oasis.bms"), "BMS oasis");
+    WriteFile(ProgramPath("extra.bin"), "beside the program");
+    WriteFile(Path("temp\\temporary.bin"), "in the temporary folder");
+  }
+
+  void Pack(const std::string& archive, const std::string& name, const std::string& source,
+            const std::string& end = "") {
+    PackCommand("-pack \"" + archive + "\" \"" + name + "\" \"" + source + "\"" + end);
+  }
+  [[nodiscard]] std::string Log() { return ReadFile(ProgramPath("kestrun.log")); }
+};
+
+TEST_F(PackCommandTest, PacksAFileUnderANameAndNothingElse) {
+  Pack(GamePath("dflw.pff"), "NEW.BMS", MapPath("Oasis.bms"));
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "NEW.BMS"), "BMS oasis");
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "A.BMS"), std::string(100, 'o'));
+  EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS")));
+}
+
+TEST_F(PackCommandTest, ReplacesAnEntryWithoutAQuestion) {
+  Pack("%GAMEDIR%\\dflw.pff", "A.BMS", MapPath("Oasis.bms"));
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "A.BMS"), "BMS oasis");
+}
+
+TEST_F(PackCommandTest, FillsTheThreeMacrosAndLogsThemAsTyped) {
+  Pack("%GAMEDIR%\\dflw.pff", "ONE.BIN", "%APPDIR%\\extra.bin");
+  Pack("%GAMEDIR%\\dflw.pff", "TWO.BIN", "%TEMPDIR%\\temporary.bin");
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "ONE.BIN"), "beside the program");
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "TWO.BIN"), "in the temporary folder");
+  EXPECT_EQ(Log(),
+            "%APPDIR%\\extra.bin --> %GAMEDIR%\\dflw.pff:ONE.BIN ~>OK\r\n"
+            "%TEMPDIR%\\temporary.bin --> %GAMEDIR%\\dflw.pff:TWO.BIN ~>OK\r\n");
+}
+
+TEST_F(PackCommandTest, MacrosInAnotherCaseAreNoMacros) {
+  desktop.dialogs().ExpectBox("Error: packfile 1033\r\nFile not found.");
+  Pack("%GAMEDIR%\\dflw.pff", "ONE.BIN", "%appdir%\\extra.bin");
+}
+
+TEST_F(PackCommandTest, AMissingSourceIsReportedAndStillLogged) {
+  const std::string before = ReadFile(GamePath("dflw.pff"));
+  desktop.dialogs().ExpectBox("Error: packfile 1033\r\nFile not found.");
+  Pack("%GAMEDIR%\\dflw.pff", "A.BMS", "C:\\nowhere.bms");
+  EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
+  EXPECT_EQ(Log(), "C:\\nowhere.bms --> %GAMEDIR%\\dflw.pff:A.BMS ~>OK\r\n");
+}
+
+TEST_F(PackCommandTest, AnEmptySourceIsReportedAndTheEntryKept) {
+  WriteFile(MapPath("Empty.bms"), "");
+  const std::string before = ReadFile(GamePath("dflw.pff"));
+  desktop.dialogs().ExpectBox("Error: packfile 9\r\nSubscript out of range");
+  Pack("%GAMEDIR%\\dflw.pff", "A.BMS", MapPath("Empty.bms"));
+  EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
+}
+
+TEST_F(PackCommandTest, ANameOfSeventeenCharactersIsRefused) {
+  desktop.dialogs().ExpectBox("Error: packfile 1032\r\nMax file name size: 16 characters.");
+  Pack("%GAMEDIR%\\dflw.pff", "SEVENTEEN_LET.BMS", MapPath("Oasis.bms"));
+}
+
+TEST_F(PackCommandTest, AWebAddressIsFetchedAndThenReadAsAPathWhichFails) {
+  desktop.internet().Reply("http://localhost/Oasis.bms", "BMS fetched");
+  desktop.dialogs().ExpectBox("Error: packfile 1033\r\nFile not found.");
+  Pack("%GAMEDIR%\\dflw.pff", "A.BMS", "http://localhost/Oasis.bms");
+  EXPECT_EQ(ReadFile(Path("temp\\A.BMS")), "BMS fetched");
+  EXPECT_EQ(Log(), "http://localhost/Oasis.bms --> %GAMEDIR%\\dflw.pff:A.BMS ~>OK\r\n");
+}
+
+TEST_F(PackCommandTest, AnAddressThatCannotBeFetchedIsSaid) {
+  desktop.dialogs().ExpectBox("Unable to download http://localhost/none.bms");
+  Pack("%GAMEDIR%\\dflw.pff", "A.BMS", "http://localhost/none.bms");
+}
+
+// A link on a web page can hold the command: its name must not choose where the download goes.
+TEST_F(PackCommandTest, ADownloadUnderANameThatLeadsOutOfTheTemporaryFolderIsRefused) {
+  desktop.internet().Reply("http://localhost/Oasis.bms", "BMS oasis");
+  desktop.dialogs().ExpectBox("Error: packfile 76\r\nThe name '..\\start.bat' leads outside the temporary folder.");
+  Pack("%GAMEDIR%\\dflw.pff", "..\\start.bat", "http://localhost/Oasis.bms");
+  EXPECT_FALSE(FileIsThere(Path("start.bat")));
+}
+
+TEST_F(PackCommandTest, FewerThanSixQuotesPackNothingAndLogNothing) {
+  PackCommand("-pack \"" + GamePath("dflw.pff") + "\" \"NEW.BMS\" " + MapPath("Oasis.bms"));
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "NEW.BMS"), "(none)");
+  EXPECT_FALSE(FileIsThere(ProgramPath("kestrun.log")));
+}
+
+TEST_F(PackCommandTest, TheZipFlagBehindABlankIsNone) {
+  Pack("%GAMEDIR%\\dflw.pff", "NEW.BMS", MapPath("Oasis.bms"), " /z");
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "NEW.BMS"), "BMS oasis");
+}
+
+TEST_F(PackCommandTest, WordsFromAShellBecomeTheTextThatThePersonMeans) {
+  EXPECT_EQ(JoinCommandWords({"-pack \"a.pff\" \"N.BMS\" \"m.bms\"/z"}), "-pack \"a.pff\" \"N.BMS\" \"m.bms\"/z");
+  EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "my map.bms"}), "-pack \"a.pff\" \"N.BMS\" \"my map.bms\"");
+  EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "m.zip", "/z"}), "-pack \"a.pff\" \"N.BMS\" \"m.zip\"/z");
+  EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "my maps.ZIP/Z"}),
+            "-pack \"a.pff\" \"N.BMS\" \"my maps.ZIP\"/z");  // typed as "my maps.ZIP"/Z
+  EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "/tmp/z"}), "-pack \"a.pff\" \"N.BMS\" \"/tmp/z\"");
+  EXPECT_EQ(JoinCommandWords({"-style", "my", "style.stl"}), "-style my style.stl");
+  EXPECT_EQ(JoinCommandWords({}), "");
+}
+
+}  // namespace
+}  // namespace kestrun

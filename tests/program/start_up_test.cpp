@@ -1,0 +1,294 @@
+#include <gtest/gtest.h>
+
+#include "forms/text_box.h"
+#include "program/frame_fixture.h"
+#include "program/shell_integration.h"
+#include "program/style_hook.h"
+#include "windows/splash/frmsplash.h"
+
+namespace kestrun {
+namespace {
+
+class LoadMapWindow final : public Form {
+ public:
+  LoadMapWindow() : Form("frmopenmap") {}
+  TextBox& TxtFile = Add<TextBox>("TxtFile");
+};
+
+constexpr const char* kFirstRunQuestion =
+    "Kestrun can set itself as default editor for *.bms files (maps). Do you want to set Kestrun as default editor?\r\n"
+    "If you click 'YES' Kestrun will start when you open dflw maps (double click the map in Windows Explorer).CLICK "
+    "'YES'!";
+constexpr const char* kGamePrompt =
+    "Kestrun was unable to find your dflw game folder. Please select your game folder (directory where you installed "
+    "the "
+    "dflw game).";
+constexpr const char* kGameBrowse =
+    "Select your game folder (game installation directory 'C:\\program files\\novalogic\\delta force land "
+    "warrior...').";
+constexpr const char* kStartBrowse =
+    "Select the folder where you installed your game. By default this is C:\\program files\\novalogic\\delta force "
+    "land "
+    "warrior demo";
+
+class StartUpTest : public FrameTest {
+ protected:
+  StartUpTest() {
+    const WindowRegistration registration("frmopenmap", [] { return MakeRef<LoadMapWindow>(); });
+    WriteIni("[launcher]\r\nFIRSTRUN=False\r\n");
+    TellGameFolder();
+  }
+  ~StartUpTest() override {
+    CloseAllWindows();
+    InstallShellIntegration({});
+    InstallStyleRuntime({});
+  }
+
+  void Start(const std::string& command_line) {
+    desktop.program().command_line = command_line;
+    static_cast<void>(WindowByName("frmsplash"));
+  }
+  [[nodiscard]] bool IsOpen(const char* window) { return LoadedWindow(window) && LoadedWindow(window)->IsShown(); }
+  [[nodiscard]] std::string Address() {
+    return static_cast<TextBox*>(LoadedWindow("frmopenmap")->FindControl("TxtFile"))->Text;
+  }
+};
+
+TEST_F(StartUpTest, WithoutACommandTheMainWindowOpensAndTheSplashCloses) {
+  Start("");
+  EXPECT_TRUE(IsOpen("frmain"));
+  EXPECT_EQ(LoadedWindow("frmsplash"), nullptr);
+}
+
+TEST_F(StartUpTest, SafeOpensTheMainWindowAndRunsNoOtherStep) {
+  WriteIni("");
+  Start("-safe");
+  EXPECT_TRUE(SafeMode());
+  EXPECT_TRUE(IsOpen("frmain"));
+  EXPECT_EQ(Ini("launcher", "FIRSTRUN"), "(none)");
+  EXPECT_FALSE(desktop.user_settings().Get("Kes_Trun", "DEFAULT", "EXE"));
+}
+
+TEST_F(StartUpTest, SafeInCapitalsStartsNormallyAndGoesOnAsAFileName) {
+  Start("-SAFE");
+  EXPECT_FALSE(SafeMode());
+  EXPECT_TRUE(IsOpen("frmopenmap"));
+  EXPECT_EQ(Address(), "-SAFE");
+  EXPECT_FALSE(IsOpen("frmain"));
+}
+
+TEST_F(StartUpTest, SafeBehindTheProtocolIsNoSafeMode) {
+  Start("kestrun://-safe");
+  EXPECT_FALSE(SafeMode());
+  EXPECT_EQ(Address(), "-safe");
+}
+
+TEST_F(StartUpTest, TheProtocolPrefixIsTakenAwayAndAnOptionOpensItsWindowAlone) {
+  Start("KESTRUN://-frmopenmap");
+  EXPECT_TRUE(IsOpen("frmopenmap"));
+  EXPECT_FALSE(IsOpen("frmain"));
+  EXPECT_EQ(LoadedWindow("frmsplash"), nullptr);
+}
+
+TEST_F(StartUpTest, OnlyTheFirstProtocolPrefixIsTakenAwayWhereverItStands) {
+  Start("a kestrun://b kestrun://c");
+  EXPECT_EQ(Address(), "a b kestrun://c");
+}
+
+TEST_F(StartUpTest, AQuotedPathWithABlankLosesItsQuotes) {
+  Start("\"C:\\my maps\\Oasis.bms\"");
+  EXPECT_EQ(Address(), "C:\\my maps\\Oasis.bms");
+}
+
+TEST_F(StartUpTest, AWebAddressOpensTheLoadMapWindow) {
+  Start("http://localhost/maps/Oasis.bms");
+  EXPECT_EQ(Address(), "http://localhost/maps/Oasis.bms");
+  EXPECT_TRUE(IsOpen("frmopenmap"));
+}
+
+TEST_F(StartUpTest, AStyleFileIsLoadedAndTheMainWindowOpens) {
+  std::string loaded;
+  InstallStyleRuntime({[] { return false; }, [&](const std::string& path) { loaded = path; }, [](Form&) {}});
+  WriteIni("[launcher]\r\nFIRSTRUN=False\r\nSTYLE=c:\\dark.STL\r\n");
+  Start("c:\\dark.STL");
+  EXPECT_EQ(loaded, "c:\\dark.STL");
+  EXPECT_TRUE(IsOpen("frmain"));
+}
+
+TEST_F(StartUpTest, TheDefaultStyleIsTriedOnlyWhenItExists) {
+  std::string loaded = "(none)";
+  InstallStyleRuntime({[] { return false; }, [&](const std::string& path) { loaded = path; }, [](Form&) {}});
+  Start("");
+  EXPECT_EQ(loaded, "(none)");
+  CloseAllWindows();
+  WriteFile(ProgramPath("default.stl"), "style");
+  Start("");
+  EXPECT_EQ(loaded, ProgramPath("default.stl"));
+}
+
+TEST_F(StartUpTest, PackLeavesNoWindow) {
+  Start("-pack \"" + GamePath("a.pff") + "\" \"A.BMS\"");
+  EXPECT_TRUE(LoadedWindows().empty());
+}
+
+TEST_F(StartUpTest, TheVersionStandsInTheSplashWindow) {
+  desktop.program().version = {2, 10, 7};
+  std::string shown;
+  InstallStyleRuntime({[] { return true; }, [](const std::string&) {},
+                       [&](Form& form) {
+                         if (form.Name() == "frmsplash") shown = static_cast<frmsplash&>(form).lblversion.Caption;
+                       }});
+  Start("");
+  EXPECT_EQ(shown, "V2.10.7");
+}
+
+TEST_F(StartUpTest, AFirstRunAsksOnceAndNotesIt) {
+  WriteIni("");
+  desktop.dialogs().ExpectBox(kFirstRunQuestion, BoxAnswer::kNo).WithButtons(BoxButtons::kYesNo);
+  Start("");
+  EXPECT_EQ(Ini("launcher", "FIRSTRUN"), "False");
+  CloseAllWindows();
+  Start("");
+}
+
+TEST_F(StartUpTest, YesToTheFirstRunQuestionAssociatesMaps) {
+  WriteIni("");
+  int associations = 0;
+  ShellIntegration shell;
+  shell.associate_bms = [&] { return ++associations > 0; };
+  InstallShellIntegration(shell);
+  desktop.dialogs().ExpectBox(kFirstRunQuestion, BoxAnswer::kYes);
+  Start("");
+  EXPECT_EQ(associations, 1);
+}
+
+TEST_F(StartUpTest, AFirstRunWithNoGameAsksTwiceAndThenNeverAgain) {
+  desktop.registry().DeleteKey(RegistryRoot::kLocalMachine,
+                               "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe");
+  WriteIni("[launcher]\r\nFIRSTRUN=False\r\nPATH=" + std::string("C:\\") + "\r\n");
+  desktop.dialogs().ExpectBox(kGamePrompt);
+  desktop.dialogs().ExpectFolder(kGameBrowse, std::nullopt);
+  desktop.dialogs().ExpectBox("Kestrun was unable to find your dflw game folder!");
+  desktop.dialogs().ExpectBox("Please select it yourself.");
+  desktop.dialogs().ExpectFolder(kStartBrowse, std::nullopt);
+  Start("-frmopenmap");
+  EXPECT_EQ(Ini("launcher", "CHECKLWPATH"), "False");
+  CloseAllWindows();
+  Start("-frmopenmap");
+}
+
+TEST_F(StartUpTest, AGameFolderPickedAtTheStartIsStoredWithoutItsSeparator) {
+  desktop.registry().DeleteKey(RegistryRoot::kLocalMachine,
+                               "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe");
+  desktop.dialogs().ExpectBox(kGamePrompt);
+  desktop.dialogs().ExpectFolder(kGameBrowse, std::nullopt);
+  desktop.dialogs().ExpectBox("Kestrun was unable to find your dflw game folder!");
+  desktop.dialogs().ExpectBox("Please select it yourself.");
+  desktop.dialogs().ExpectFolder(kStartBrowse, "C:\\games\\dflw\\");
+  Start("-frmopenmap");
+  EXPECT_EQ(Ini("FOLDERS", "DFLW"), "C:\\games\\dflw");
+}
+
+TEST_F(StartUpTest, WhileTheGameIsFoundTheCheckStaysOn) {
+  Start("");
+  EXPECT_EQ(Ini("launcher", "CHECKLWPATH"), "(none)");
+}
+
+TEST_F(StartUpTest, TheDefaultCopyIsNotedUnderTwoApplicationNamesAtEachStart) {
+  Start("");
+  EXPECT_EQ(desktop.user_settings().Get("Kes_Trn", "DEFAULT", "APP"), Path("program"));
+  EXPECT_EQ(desktop.user_settings().Get("Kes_Trun", "DEFAULT", "EXE"), "kestrun.exe");
+  EXPECT_FALSE(desktop.user_settings().Get("Kes_Trun", "DEFAULT", "APP"));
+}
+
+TEST_F(StartUpTest, ADefaultCopyThatTheUserChoseIsKept) {
+  desktop.user_settings().Save("Kes_Trun", "DEFAULT", "APP", "D:\\Kestrun");
+  Start("");
+  EXPECT_FALSE(desktop.user_settings().Get("Kes_Trn", "DEFAULT", "APP"));
+}
+
+TEST_F(StartUpTest, AnEmptyProtocolIsRegisteredAndAnotherCopysIsLeftAlone) {
+  std::string current;
+  int registrations = 0;
+  ShellIntegration shell;
+  shell.is_protocol_registered = [&](std::string& text) {
+    text = current;
+    return false;
+  };
+  shell.register_protocol = [&] { return ++registrations > 0; };
+  InstallShellIntegration(shell);
+  Start("");
+  EXPECT_EQ(registrations, 1);
+  CloseAllWindows();
+  current = "D:\\other\\kestrun.exe \"%1\"";
+  Start("");
+  EXPECT_EQ(registrations, 1);
+}
+
+TEST_F(StartUpTest, ADeadAppPathIsRepairedAndALiveOneRespected) {
+  std::string current = "C:\\gone\\kestrun.exe";
+  int registrations = 0;
+  ShellIntegration shell;
+  shell.is_app_path_registered = [&](std::string& text) {
+    text = current;
+    return false;
+  };
+  shell.register_app_path = [&] { return ++registrations > 0; };
+  InstallShellIntegration(shell);
+  Start("");
+  EXPECT_EQ(registrations, 1);
+  CloseAllWindows();
+  WriteFile(Path("other.exe"), "alive");
+  current = Path("other.exe");
+  Start("");
+  EXPECT_EQ(registrations, 1);
+}
+
+TEST_F(StartUpTest, ABrokenSettingIsPassedOverSilently) {
+  WriteIni("[launcher]\r\nFIRSTRUN=perhaps\r\nCHECKLWPATH=no idea\r\n");
+  Start("");
+  EXPECT_TRUE(IsOpen("frmain"));
+  EXPECT_EQ(Ini("launcher", "FIRSTRUN"), "False");
+}
+
+// A failing association left the question unanswered, so that it came again at each start.
+TEST_F(StartUpTest, TheFirstRunIsNotedThoughTheAssociationFails) {
+  WriteIni("");
+  ShellIntegration shell;
+  shell.associate_bms = []() -> bool { Raise(error::kPermissionDenied); };
+  InstallShellIntegration(shell);
+  desktop.dialogs().ExpectBox(kFirstRunQuestion, BoxAnswer::kYes);
+  Start("");
+  EXPECT_EQ(Ini("launcher", "FIRSTRUN"), "False");
+  EXPECT_TRUE(IsOpen("frmain"));
+}
+
+// ---- the end of a start that shows nothing -------------------------------------------------------------------------
+
+// The main window was loaded for its command and never shown: the process went on without any window.
+TEST_F(StartUpTest, ACommandThatShowsNoWindowEndsTheProcess) {
+  UnregisterWindow("FrmUpdate");
+  Start("-update");
+  EXPECT_TRUE(LoadedWindows().empty());
+}
+
+// It stayed in memory behind the window that took the text for a file, and kept the process when that one was closed.
+TEST_F(StartUpTest, AWindowThatFailsWhileItLoadsDoesNotStayUnseen) {
+  WriteIni("[launcher]\r\nFIRSTRUN=False\r\nWARNOVERWRITE=perhaps\r\n");
+  desktop.dialogs().ExpectBox("Error: 13\r\nType mismatch");
+  Start("-frmoverwrite");
+  EXPECT_EQ(Address(), "-frmoverwrite");
+  EXPECT_EQ(LoadedWindows().size(), 1U);
+}
+
+TEST_F(StartUpTest, TheSplashWindowsExitEndsTheProcessAtOnce) {
+  InstallStyleRuntime({[] { return true; }, [](const std::string&) {},
+                       [&](Form& form) {
+                         if (form.Name() == "frmsplash") static_cast<frmsplash&>(form).Label2.Click();
+                       }});
+  Start("");
+  EXPECT_GE(desktop.processes().end_count, 1);
+}
+
+}  // namespace
+}  // namespace kestrun

@@ -1,0 +1,43 @@
+// Every window of the program as a script sees it.
+#include <gtest/gtest.h>
+
+#include "program/frame_fixture.h"
+
+namespace kestrun {
+namespace {
+
+class WindowMembersTest : public FrameTest {
+ protected:
+  // Reads every readable property that takes no arguments; each must answer without a failure.
+  static void ReadAll(Object& object, const std::string& where) {
+    for (const MemberInfo& member : object.ListMembers()) {
+      if (member.kind == MemberKind::kMethod || member.kind == MemberKind::kWriteOnly || member.least_arguments > 0)
+        continue;
+      if (member.name == "Image" && object.TypeName() == "McImageList") continue;  // in an empty list there is none
+      EXPECT_NO_THROW(static_cast<void>(GetMember(object, member.name))) << where << "." << member.name;
+    }
+  }
+};
+
+TEST_F(WindowMembersTest, EveryReadablePropertyOfEveryWindowAndControlAnswersByName) {
+  TellGameFolder();
+  SetSafeMode(true);
+  int windows = 0;
+  int controls = 0;
+  for (const std::string& name : RegisteredWindows()) {
+    if (name == "frmsplash") continue;  // its load handler is the start-up
+    Form& form = WindowByName(name);
+    ReadAll(form, name);
+    ++windows;
+    for (const Ref<Control>& control : form.controls()) {
+      ReadAll(*control, name + "." + control->Name());
+      EXPECT_NE(form.FindMember(control->Name()), kNoMember);
+      ++controls;
+    }
+  }
+  EXPECT_GE(windows, 2);
+  EXPECT_GE(controls, 20);
+}
+
+}  // namespace
+}  // namespace kestrun
