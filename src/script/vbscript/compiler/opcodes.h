@@ -13,6 +13,7 @@
 //                                  text that is no number just differs from a number
 //   Append                         a &= the n values from register b on
 //   jumps                          by a instructions; Loop goes back and costs time
+//   CountFailure                   jumps by a while the condition of a loop has not failed too often: count in b
 //   For..., Each...                state in registers from c on, variable b; by a to where the body begins or ends
 //   calls                          result to a, or dropped when a is kNoResult; c names what is called
 //   Put..., SetMember, SetOwn      the value stands behind the arguments; c names the member
@@ -33,7 +34,7 @@ namespace kestrun::vbs {
   X(And) X(Or) X(Xor) X(Eqv) X(Imp) X(Is) X(Negate) X(Plus) X(Not)                               \
   X(Equal) X(NotEqual) X(Less) X(LessEqual) X(Greater) X(GreaterEqual)                           \
   X(Append)                                                                                      \
-  X(Jump) X(Loop) X(JumpFalse) X(JumpTrue)                                                       \
+  X(Jump) X(Loop) X(CountFailure) X(JumpFalse) X(JumpTrue)                                       \
   X(JumpUnlessEqual) X(JumpUnlessNotEqual) X(JumpUnlessLess) X(JumpUnlessLessEqual)              \
   X(JumpUnlessGreater) X(JumpUnlessGreaterEqual)                                                 \
   X(JumpIfEqual) X(JumpIfNotEqual) X(JumpIfLess) X(JumpIfLessEqual)                              \

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/local_forms.h"
 #include "script/vbscript/engine/err_object.h"
 #include "script/vbscript/engine/procedure_reference.h"
 #include "script/vbscript/engine/program.h"
@@ -87,11 +88,17 @@ class Engine final : public RuntimeContext {
 
   // RuntimeContext.
   void Charge(uint64_t steps) override { machine_.Charge(steps); }
-  void ChargeMemory(size_t bytes) override;
+  void ChargeMemory(size_t bytes) override {
+    if (bytes > limits_.memory_bytes || LiveBytes::Total() > limits_.memory_bytes - bytes) RaiseOutOfMemory();
+  }
+  [[nodiscard]] size_t memory_left() const override {
+    const size_t used = LiveBytes::Total();
+    return used > limits_.memory_bytes ? 0 : limits_.memory_bytes - used;
+  }
   [[nodiscard]] size_t most_text_units() const override { return limits_.text_units; }
   [[nodiscard]] bool allow_ui() const override { return allow_ui_; }
   [[nodiscard]] int locale() const override { return locale_; }
-  void set_locale(int locale) override { locale_ = locale; }
+  void set_locale(int locale) override;
   [[nodiscard]] uint32_t& random_state() override { return random_state_; }
 
   void set_allow_ui(bool allow) { allow_ui_ = allow; }
@@ -106,9 +113,15 @@ class Engine final : public RuntimeContext {
  private:
   friend class ClassInstance;
 
+  [[noreturn]] static void RaiseOutOfMemory();
+  ErrorReport ReportInWords(const std::function<void()>& action);
+  // Throws CompileError.
+  void ParseInto(Module& module, bool as_expression);
+  [[nodiscard]] std::string SourceOf(const Variant& text);
   [[nodiscard]] std::shared_ptr<Module> ParseExecuted(const Variant& text, bool as_expression);
   // A class or a constant is defined once, and keeps its name to itself. Throws ModuleError.
   void RefuseRedefinitions(const Module& module);
+  void DefineExecuted(const std::shared_ptr<Module>& module);
   void DefineClass(const std::shared_ptr<Module>& module, const ClassTree& tree);
   void AddMethod(ClassDefinition& definition, const std::shared_ptr<Module>& module, const ProcedureTree& tree);
   void ReleaseEverything();
@@ -139,6 +152,7 @@ class Engine::Activity {
 
  private:
   Engine& engine_;
+  const LocalFormsScope forms_;
 };
 
 }  // namespace kestrun::vbs

@@ -1,12 +1,26 @@
 #include "script/vbscript/engine/err_object.h"
 
 #include "base/convert.h"
+#include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 
 namespace kestrun::vbs {
 namespace {
 
 ErrObject& Of(Object& object) { return static_cast<ErrObject&>(object); }
+
+// An error is copied on its way to whoever handles it, so that its texts may not be of any length: error 14.
+std::string ErrorText(const Variant& value) {
+  constexpr size_t kMostUnits = 1 << 16;
+  const Variant plain = PlainValue(value);
+  if (plain.Is(VarType::kString) && plain.text().size() > kMostUnits) RaiseScript(error::kOutOfStringSpace);
+  return ToText(plain);
+}
+
+void PutText(ErrObject& err, std::string ErrObject::*field, const Variant& value) {
+  err.*field = ErrorText(value);
+  err.CountBytes();
+}
 
 Variant GetNumber(Object& object, Arguments) { return int32_t{Of(object).number}; }
 void PutNumber(Object& object, Arguments, const Variant& value) {
@@ -15,11 +29,13 @@ void PutNumber(Object& object, Arguments, const Variant& value) {
   err.description = err.number ? std::string(ScriptErrorText(err.number)) : std::string();
 }
 Variant GetDescription(Object& object, Arguments) { return Of(object).description; }
-void PutDescription(Object& object, Arguments, const Variant& value) { Of(object).description = ToText(value); }
+void PutDescription(Object& object, Arguments, const Variant& value) {
+  PutText(Of(object), &ErrObject::description, value);
+}
 Variant GetSource(Object& object, Arguments) { return Of(object).source; }
-void PutSource(Object& object, Arguments, const Variant& value) { Of(object).source = ToText(value); }
+void PutSource(Object& object, Arguments, const Variant& value) { PutText(Of(object), &ErrObject::source, value); }
 Variant GetHelpFile(Object& object, Arguments) { return Of(object).help_file; }
-void PutHelpFile(Object& object, Arguments, const Variant& value) { Of(object).help_file = ToText(value); }
+void PutHelpFile(Object& object, Arguments, const Variant& value) { PutText(Of(object), &ErrObject::help_file, value); }
 Variant GetHelpContext(Object& object, Arguments) { return int32_t{Of(object).help_context}; }
 void PutHelpContext(Object& object, Arguments, const Variant& value) { Of(object).help_context = ToLong(value); }
 
@@ -36,7 +52,7 @@ const Variant* Given(Arguments arguments, size_t at) {
 }
 
 std::string TextOr(const Variant* value, std::string_view otherwise) {
-  return value ? ToText(*value) : std::string(otherwise);
+  return value ? ErrorText(*value) : std::string(otherwise);
 }
 
 std::string_view Either(const std::string& kept, std::string_view otherwise) { return kept.empty() ? otherwise : kept; }
@@ -87,14 +103,18 @@ void ErrObject::Set(const RuntimeError& error) {
   // A host that describes its own failure also says where it came from, or nobody does.
   const bool own_words = host && (!host->description().empty() || number < 0);
   if (source.empty() && !own_words) source = IsCompileError(number) ? kCompileErrorSource : kRuntimeErrorSource;
+  CountBytes();
 }
 
 void ErrObject::Clear() {
   number = 0;
   help_context = 0;
-  description.clear();
-  source.clear();
-  help_file.clear();
+  for (std::string* const text : {&description, &source, &help_file}) *text = std::string();
+  CountBytes();
+}
+
+void ErrObject::CountBytes() {
+  bytes_.Set(LiveBytes::BlockOf(description) + LiveBytes::BlockOf(source) + LiveBytes::BlockOf(help_file));
 }
 
 }  // namespace kestrun::vbs

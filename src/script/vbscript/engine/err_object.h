@@ -17,6 +17,8 @@ class ErrObject final : public TableObject {
   [[nodiscard]] const MemberTable& Members() const override;
 
   void Set(const RuntimeError& error);
+  // After its texts were changed.
+  void CountBytes();
   void Clear();
 
   int number = 0;
@@ -24,6 +26,9 @@ class ErrObject final : public TableObject {
   std::string source;
   std::string help_file;
   int help_context = 0;
+
+ private:
+  LiveBytes bytes_;
 };
 
 }  // namespace kestrun::vbs

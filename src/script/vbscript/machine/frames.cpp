@@ -207,6 +207,7 @@ void Machine::Refresh(Procedure& procedure) {
     std::unique_ptr<Code> code = CompileProcedure(context, *procedure.tree);
     if (procedure.code) procedure.retired.push_back(std::move(procedure.code));
     procedure.code = std::move(code);
+    engine_.ChargeMemory(0);
   }
   procedure.checked_epoch = globals_.epoch();
 }

@@ -25,8 +25,16 @@ struct Builtin {
   int least_arguments;
   int most_arguments;
   Variant (*call)(RuntimeContext& context, Arguments arguments);
+  // Bit n: the function itself charges for what it does with argument n, or takes no longer for a long one. The caller
+  // charges for every other text by its length, because reading it as a number or a date takes as long as it is.
+  uint8_t charged_within = 0;
   BuiltinUse use = BuiltinUse::kAnywhere;
 };
+
+inline constexpr uint8_t kFirst = 1;
+inline constexpr uint8_t kSecond = 2;
+inline constexpr uint8_t kThird = 4;
+inline constexpr uint8_t kEvery = 0xFF;
 
 inline constexpr int kAnyArgumentCount = 255;
 

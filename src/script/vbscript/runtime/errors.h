@@ -10,6 +10,7 @@ namespace kestrun::vbs {
 namespace error {
 using namespace kestrun::error;
 inline constexpr int kArrayLocked = 10;
+inline constexpr int kLoopNotInitialized = 92;
 inline constexpr int kNotANumberedObject = 451;
 inline constexpr int kKeyExists = 457;
 inline constexpr int kUnsupportedType = 458;

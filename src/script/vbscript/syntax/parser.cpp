@@ -30,6 +30,11 @@ void Parser::ParseEvaluation() {
   if (!At(TokenKind::kEndOfFile)) Fail(compile_error::kExpectedEndOfStatement);
 }
 
+void Parser::ReportProgress() {
+  unreported_ = 0;
+  if (report_progress_) report_progress_(kTokensPerReport);
+}
+
 void Parser::GoBackTo(const Token& token) {
   lexer_.MoveTo(token);
   const bool space_before = token.space_before;

@@ -22,6 +22,8 @@ class Parser {
   Parser(Module& module, NameTable& names, DateReader read_date);
 
   void ParseModule();
+  // Called now and then with the number of tokens since the last time. What it throws ends the parsing.
+  void OnProgress(std::function<void(size_t tokens)> report) { report_progress_ = std::move(report); }
   // One expression and nothing behind it.
   void ParseEvaluation();
 
@@ -47,7 +49,11 @@ class Parser {
   class BlockScope;
 
   // Tokens.
-  void Advance() { token_ = lexer_.Next(); }
+  void Advance() {
+    token_ = lexer_.Next();
+    if (++unreported_ == kTokensPerReport) ReportProgress();
+  }
+  void ReportProgress();
   void GoBackTo(const Token& token);
   [[nodiscard]] bool At(TokenKind kind) const { return token_.kind == kind; }
   [[nodiscard]] bool AtWord(Word word) const { return token_.word == word && word != Word::kNone; }
@@ -143,7 +149,11 @@ class Parser {
 
   Module& module_;
   NameTable& names_;
+  static constexpr size_t kTokensPerReport = 256;
+
   DateReader read_date_;
+  std::function<void(size_t)> report_progress_;
+  size_t unreported_ = 0;
   Lexer lexer_;
   Token token_;
   DeclarationScope global_;
