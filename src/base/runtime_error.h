@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace kestrun {
 
@@ -57,6 +58,28 @@ class RuntimeError : public std::runtime_error {
 
  private:
   int number_;
+};
+
+// A failure of an object that scripts use, with all that a host may say about it. The number is a run-time error's or a
+// result code (negative); a script sees the common result codes as the error numbers of its language, unless the host
+// describes the failure itself. An empty text was not given.
+class HostError : public RuntimeError {
+ public:
+  explicit HostError(int number, const std::string& description = {}, std::string source = {},
+                     std::string help_file = {}, int help_context = 0)
+      : RuntimeError(number, description),
+        source_(std::move(source)),
+        help_file_(std::move(help_file)),
+        help_context_(help_context) {}
+
+  [[nodiscard]] const std::string& source() const noexcept { return source_; }
+  [[nodiscard]] const std::string& help_file() const noexcept { return help_file_; }
+  [[nodiscard]] int help_context() const noexcept { return help_context_; }
+
+ private:
+  std::string source_;
+  std::string help_file_;
+  int help_context_;
 };
 
 [[noreturn]] void Raise(int number);

@@ -49,9 +49,9 @@ On Error Resume Next
 Dim i
 i = "start"
 For i = 1 / 0 To 5
-  WScript.Echo i '=> start
+  WScript.Echo i, Err.Number '=> start 11
 Next
-WScript.Echo "after" '=> after
+WScript.Echo i, Err.Number '=> start 92
 '---- A For Each whose collection fails runs its body once
 On Error Resume Next
 Dim e
