@@ -2,9 +2,9 @@
 
 #include "base/text.h"
 #include "platform/platform.h"
-#include "program/ask.h"
 #include "program/path_text.h"
-#include "program/run_command.h"
+#include "program/window_kit/ask.h"
+#include "program/window_kit/run_command.h"
 
 namespace kestrun {
 namespace {

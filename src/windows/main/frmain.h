@@ -22,12 +22,13 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/window_registry.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 
 class frmain final : public Form {
  public:
-  static constexpr const char* kName = "frmain";
+  static constexpr const char* kName = window_name::kMain;
   frmain();
 
   // ---- controls, in tab order ----
@@ -177,8 +178,9 @@ class frmain final : public Form {
   void LayOutFolderAndList();
   void LayOutChoices();
   void LayOutStatusLine();
-  // Places what moves with the window's size.
   void Arrange();
+  void PlaceFolderAndList();
+  void PlaceChoices();
   void PlacePreview();
   void PlaceStatusLine();
   // How much larger the window is than it is laid out for; the height may be less, within limits.
@@ -192,6 +194,8 @@ class frmain final : public Form {
   // What leads to a window that is not there yet is disabled.
   void EnableWhatIsThere();
   void EnableNews();
+  struct Opening;
+  std::vector<Opening> Openings();
   void AddWindowCommands();
 
   // Maps.
@@ -225,7 +229,7 @@ class frmain final : public Form {
   void LaunchEditor();
   static void StartTool(const std::string& program, const std::string& missing);
   void ShowMapInfo();
-  void HandMapToPreviewWindow(bool search);
+  void HandMapToPreviewManager(PreviewTask task);
   void LaunchProgram(int number);
   void AddProgram(int number, const std::string& name, const std::string& path);
 

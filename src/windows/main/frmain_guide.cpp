@@ -1,8 +1,8 @@
 // What tells a player where things are: the status line, the flashing arrow and the panel of guided links.
 #include "base/convert.h"
 #include "platform/platform.h"
-#include "program/run_command.h"
 #include "program/settings.h"
+#include "program/window_kit/run_command.h"
 #include "windows/main/frmain.h"
 
 namespace kestrun {
@@ -12,17 +12,25 @@ constexpr int kFlips = 11;
 constexpr uint32_t kFlipMs = 500;
 constexpr int kSlideStep = 40;
 
-constexpr struct {
+struct GuideLink {
   const char* key;
   const char* caption;
-  const char* window = nullptr;  // the one that the link opens
-} kLinks[]{
-    {"pack1", "Play a new map"},
-    {"pack2", "Change map when hosting"},
-    {"autohost", "Auto change the maps", "frmputlist"},
-    {"download", "Download a map", "frmopenmap"},
-    {"editor", "Make a new map"},
-    {"upload", "Upload maps to Velmoor", "FrmCenter"},
+  const char* window;  // without which it leads nowhere; null when it needs none
+  void (*follow)(frmain& main);
+};
+
+void OpenMapList(frmain&) {
+  MsgBox("This will open the auto host window");
+  OpenWindow(window_name::kMapList);
+}
+
+constexpr GuideLink kLinks[]{
+    {"pack1", "Play a new map", nullptr, [](frmain& main) { main.PlayPack1(); }},
+    {"pack2", "Change map when hosting", nullptr, [](frmain& main) { main.PlayPack2(); }},
+    {"autohost", "Auto change the maps", window_name::kMapList, &OpenMapList},
+    {"download", "Download a map", window_name::kOpenMap, [](frmain& main) { main.mnu_loadmapfromhd.Click(); }},
+    {"editor", "Make a new map", nullptr, [](frmain& main) { main.Command4.Click(); }},
+    {"upload", "Upload maps to Velmoor", window_name::kUploader, [](frmain&) { OpenWindow(window_name::kUploader); }},
 };
 
 }  // namespace
@@ -118,7 +126,7 @@ void frmain::LoadQuickLinks() {
 
 void frmain::OpenQuickLinks() {
   if (QuickLinks.LinkCount() == 0) {
-    for (const auto& link : kLinks) {
+    for (const GuideLink& link : kLinks) {
       QuickLinks.AddLink(link.key, link.caption);
       QuickLinks.LblLink(QuickLinks.LinkCount() - 1).Enabled = !link.window || IsWindowRegistered(link.window);
     }
@@ -149,17 +157,11 @@ void frmain::SlideIn() {
 }
 
 void frmain::FollowLink(const std::string& key) {
-  if (key == "pack1") PlayPack1();
-  if (key == "pack2") PlayPack2();
-  if (key == "download") ShowWindow("frmopenmap");
-  if (key == "editor") Command4.Click();
-  if (key == "upload") ShowWindow("FrmCenter");
-  if (key == "autohost") {
-    MsgBox("This will open the auto host window");
-    ShowWindow("frmputlist");
+  for (const GuideLink& link : kLinks) {
+    if (key == link.key) link.follow(*this);
   }
 }
 
-void frmain::mnu_checkforupdate_Click() { ShowWindow("FrmUpdate"); }
+void frmain::mnu_checkforupdate_Click() { OpenWindow(window_name::kUpdate); }
 
 }  // namespace kestrun

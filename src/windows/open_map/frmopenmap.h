@@ -17,12 +17,13 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/window_registry.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 
 class frmopenmap final : public Form {
  public:
-  static constexpr const char* kName = "frmopenmap";
+  static constexpr const char* kName = window_name::kOpenMap;
   static constexpr int kTaskCount = 6;
   frmopenmap();
 
@@ -70,14 +71,13 @@ class frmopenmap final : public Form {
   void Connect();
   void ConnectTasks();
   void RestoreChoices();
-  void DisableTasksWithoutWindow();
+  void EnableWhatIsThere();
   void Browse();
   void PutAndPlay(int32_t mode);
   [[nodiscard]] std::string ChosenName();
   void LaunchGame();
   void ShowPreview();
-  void RunTask(int task);
-  // Lets one task stand out, none for -1.
+  // Lets one task stand out, none when there is none of that number.
   void Highlight(int task);
   // Tells an empty address in these words and goes to it; true when it is empty.
   bool AddressIsMissing(const char* request);

@@ -1,5 +1,6 @@
 // Buttons and menu items: their words, what they do, and when they cannot be used.
 #include "support/failing_files.h"
+#include "support/registered_window.h"
 #include "windows/main/frmain_fixture.h"
 #include "windows/map_info/frmmapinfo.h"
 
@@ -92,6 +93,7 @@ TEST_F(MainWindowTest, TheTabKeyGoesThroughTheWindowInReadingOrder) {
 // ---- windows of their own ------------------------------------------------------------------------------------------
 
 TEST_F(MainWindowTest, WhatLeadsToAWindowThatIsNotThereIsDisabled) {
+  const WithoutWindow style_editor("FrmEdit");
   Main().Show();
   EXPECT_FALSE(Main().mnu_Editor.Enabled);
   EXPECT_FALSE(Main().mnu_Editor.Choose());
@@ -102,12 +104,13 @@ TEST_F(MainWindowTest, WhatLeadsToAWindowThatIsNotThereIsDisabled) {
 }
 
 TEST_F(MainWindowTest, AnItemComesAliveWhenItsWindowIsThere) {
-  if (!IsWindowRegistered("frmname")) {
+  {
+    const WithoutWindow name_editor("frmname");
     Main().Show();
     EXPECT_FALSE(Main().mnu_nameeditor.Enabled);
     CloseAllWindows();
-    const WindowRegistration registration("frmname", [] { return MakeRef<Form>("frmname"); });
   }
+  const StandInWindow<Form> name_editor("frmname");
   Main().Show();
   EXPECT_TRUE(Main().mnu_nameeditor.Choose());
   EXPECT_TRUE(LoadedWindow("frmname"));
@@ -147,12 +150,13 @@ class PreviewManager final : public Form {
 };
 
 TEST_F(MainWindowTest, ThePreviewWindowGetsTheSelectedMap) {
-  if (!IsWindowRegistered("frmpicture")) {
+  {
+    const WithoutWindow preview_manager("frmpicture");
     MainOnMaps();
     Main().ImgPreview.Click();  // nobody is there to take it
     CloseAllWindows();
-    const WindowRegistration registration("frmpicture", [] { return MakeRef<PreviewManager>(); });
   }
+  const StandInWindow<PreviewManager> preview_manager("frmpicture");
   MainOnMaps();
   desktop.dialogs().ExpectBox("Select map!");
   Main().ImgPreview.Click();

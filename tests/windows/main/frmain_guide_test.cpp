@@ -1,4 +1,5 @@
 // What tells a player where things are: status line, arrow, guided links, update notice.
+#include "support/registered_window.h"
 #include "windows/main/frmain_fixture.h"
 
 namespace kestrun {
@@ -126,32 +127,53 @@ TEST_F(QuickLinksTest, TheSecondLinkShowsHowToChangeTheMapOfARunningGame) {
   EXPECT_EQ(Main().PctArrow.Left + Main().PctArrow.Width / 2, Main().Command7.Left + Main().Command7.Width / 2);
 }
 
-TEST_F(QuickLinksTest, TheOtherLinksDoWhatTheySay) {
+TEST_F(QuickLinksTest, TheDownloadLinkOpensTheLoadMapWindow) {
   ClickLink("Download a map");
-  EXPECT_TRUE(LoadedWindow("frmopenmap"));
-  desktop.dialogs().ExpectBox("Can't find the editor program! Please select it in the options window.");
+  ASSERT_TRUE(LoadedWindow("frmopenmap"));
+  EXPECT_TRUE(LoadedWindow("frmopenmap")->IsShown());
+}
+
+TEST_F(QuickLinksTest, TheEditorLinkStartsTheEditor) {
+  WriteFile(GamePath("DFLWMEDFC2.EXE"), "editor");
+  for (const char* name : {"TEXT.BIN", "Df3items.bin", "SUNSETS.DEF"}) WriteFile(GamePath(name), "there");
   ClickLink("Make a new map");
+  ASSERT_EQ(desktop.shell().openings.size(), 1U);
+  EXPECT_EQ(desktop.shell().openings[0].file, GamePath("DFLWMEDFC2.EXE"));
+}
+
+TEST_F(QuickLinksTest, TheAutoHostLinkSaysWhatItOpensAndOpensIt) {
+  const StandInWindow<Form> map_list("frmputlist");
+  CloseAllWindows();
+  Main().Show();
   desktop.dialogs().ExpectBox("This will open the auto host window");
   ClickLink("Auto change the maps");
+  ASSERT_TRUE(LoadedWindow("frmputlist"));
+  EXPECT_TRUE(LoadedWindow("frmputlist")->IsShown());
+}
+
+TEST_F(QuickLinksTest, TheUploadLinkOpensTheUploader) {
+  const StandInWindow<Form> uploader("FrmCenter");
+  CloseAllWindows();
+  Main().Show();
   ClickLink("Upload maps to Velmoor");
+  ASSERT_TRUE(LoadedWindow("FrmCenter"));
+  EXPECT_TRUE(LoadedWindow("FrmCenter")->IsShown());
 }
 
 TEST_F(QuickLinksTest, ALinkToAWindowThatIsNotThereIsDisabledAndComesAliveWithIt) {
   constexpr int kDownload = 3;
   constexpr int kUpload = 5;
   EXPECT_TRUE(Main().QuickLinks.LblLink(kDownload).Enabled);
-  if (!IsWindowRegistered("FrmCenter")) {
+  CloseAllWindows();
+  {
+    const WithoutWindow uploader("FrmCenter");
+    Main().Show();
     EXPECT_FALSE(Main().QuickLinks.LblLink(kUpload).Enabled);
     CloseAllWindows();
-    const WindowRegistration registration("FrmCenter", [] { return MakeRef<Form>("FrmCenter"); });
-    Main().Show();
-    EXPECT_TRUE(Main().QuickLinks.LblLink(kUpload).Enabled);
-    ClickLink("Upload maps to Velmoor");
-    EXPECT_TRUE(LoadedWindow("FrmCenter"));
-    UnregisterWindow("FrmCenter");
-  } else {
-    EXPECT_TRUE(Main().QuickLinks.LblLink(kUpload).Enabled);
   }
+  const StandInWindow<Form> uploader("FrmCenter");
+  Main().Show();
+  EXPECT_TRUE(Main().QuickLinks.LblLink(kUpload).Enabled);
 }
 
 TEST_F(QuickLinksTest, TheMarkIsStoredAndKeepsThePanelClosedAtTheNextStart) {
