@@ -1,5 +1,6 @@
 #include "maps/fetch/frmzip.h"
 #include "program/program_pictures.h"
+#include "program/window_kit/list_focus.h"
 #include "program/window_kit/place_controls.h"
 
 namespace kestrun {
@@ -19,6 +20,7 @@ void frmzip::LayOut() {
   LstZip.StrechIcon = true;
   LstZip.FullRowSelect = true;
   LstZip.AutoHideScrollBars = true;
+  ShowFocusOnlyWhileFocused(LstZip);
 
   PlaceOkAndCancel(Command1, Command2, 5100, 3405);
 }

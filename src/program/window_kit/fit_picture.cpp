@@ -12,7 +12,7 @@ constexpr int64_t kTwipsPerPixel = 15;
 }  // namespace
 
 Place FitPicture(const Ref<Picture>& picture, const Place& room, SmallPicture small) {
-  if (!picture || picture->width_pixels() <= 0 || picture->height_pixels() <= 0) return room;
+  if (!picture) return room;
   const int64_t own_width = picture->width_pixels() * kTwipsPerPixel;
   const int64_t own_height = picture->height_pixels() * kTwipsPerPixel;
   int64_t width = std::min<int64_t>(room.width, room.height * own_width / own_height);

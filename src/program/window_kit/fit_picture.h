@@ -9,7 +9,7 @@ namespace kestrun {
 // Whether a picture that is smaller than its place is enlarged to it.
 enum class SmallPicture { kEnlarge, kKeepSize };
 
-// Where the picture goes inside the room; without one, or for one without pixels, the whole room.
+// Where the picture goes inside the room; without one it is the whole room.
 [[nodiscard]] Place FitPicture(const Ref<Picture>& picture, const Place& room, SmallPicture small);
 
 }  // namespace kestrun

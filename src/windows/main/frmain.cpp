@@ -86,7 +86,7 @@ void frmain::Load() {
   LoadStep([this] { txtoutput.Text = ReadSetting(setting::kOutputText); });
   LoadStep([this] { Text1.Text = MapFolder(); });
   LoadStep([this] {
-    if (!FileExists(Text1.Text)) Text1.Text = platform().program().Folder();
+    if (!FileExists(Text1.Text)) ShowFolderInstead(platform().program().Folder());
   });
   LoadStep([this] { FileMaps.SetPath(Text1.Text.get()); });
   LoadStep([this] { ShowStatusLine(TextToBoolean(ReadSetting(setting::kStatusLine))); });

@@ -50,6 +50,8 @@ class frmain final : public Form {
   OptionButton& opdeath = Add<OptionButton>("opdeath");
   OptionButton& oprename = Add<OptionButton>("oprename");
   TextBox& txtoutput = Add<TextBox>("txtoutput");
+  // How many characters of what the archive holds the name has.
+  Label& lblnamelength = Add<Label>("lblnamelength");
   CommandButton& Command2 = Add<CommandButton>("Command2");
   CommandButton& Command7 = Add<CommandButton>("Command7");
   CommandButton& Command3 = Add<CommandButton>("Command3");
@@ -178,6 +180,7 @@ class frmain final : public Form {
   void LayOutFolderAndList();
   void LayOutChoices();
   void LayOutStatusLine();
+  void NoteLeastSize();
   void Arrange();
   void PlaceFolderAndList();
   void PlaceChoices();
@@ -201,6 +204,8 @@ class frmain final : public Form {
   // Maps.
   void ConnectMaps();
   void FolderTextChanged();
+  // Shows a folder in the place of the stored one, which stays stored: it may be there again at the next start.
+  void ShowFolderInstead(const std::string& folder);
   void TakeTypedFolder();
   void BrowseFolder();
   void RefreshList();
@@ -216,12 +221,13 @@ class frmain final : public Form {
   void HandleListKey(int& key_code);
   void LoadIcons();
   void AskForZipIcon();
+  // The list that is seen: the painted one, in safe mode the plain one.
+  [[nodiscard]] Control& VisibleList();
+  void SelectByName(const std::string& name);
 
   // Commands.
   void ConnectCommands();
   void PutSelectedMap(int32_t mode);
-  // The stock mission or the rename text, as the option buttons say; a stock name is shown in txtoutput.
-  [[nodiscard]] std::string ChosenName();
   // Folder and name of the selected map; empty, after the request to select one, when none is.
   [[nodiscard]] std::string SelectedMap();
   // The same without a question; meaningless while none is selected.
@@ -235,6 +241,7 @@ class frmain final : public Form {
 
   // Status line and guide.
   void ConnectStatusLine();
+  void ShowStatus(const std::string& text);
   void ShowStatusLine(bool visible);
   void ConnectGuide();
   void LoadQuickLinks();
@@ -242,13 +249,15 @@ class frmain final : public Form {
   void OpenQuickLinks();
   void FollowLink(const std::string& key);
   void SlideIn();
-  void MarkStartup(bool checked);
+  void CloseQuickLinks();
+  void MarkStartup(bool stays_closed);
 
   std::vector<std::string> program_paths_;
-  bool is_startup_checked_ = false;
+  bool stays_closed_at_startup_ = false;
   bool has_banner_place_ = false;
   bool is_sliding_ = false;
   bool is_zip_icon_asked_ = false;
+  bool keeps_stored_folder_ = false;
 };
 
 // Who fetches the banner and the news of the site. The window leaves no room for a banner while nobody does.

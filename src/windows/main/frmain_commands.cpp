@@ -5,6 +5,7 @@
 #include "maps/fetch/fetch_map.h"
 #include "maps/map_file_commands.h"
 #include "maps/map_picture.h"
+#include "maps/put/mission_name.h"
 #include "maps/put/put_map.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
@@ -50,12 +51,6 @@ void frmain::ConnectCommands() {
 
 // ---- putting a map into the game -----------------------------------------------------------------------------------
 
-std::string frmain::ChosenName() {
-  if (opcapflag.Value) txtoutput.Text = kCaptureTheFlagMission;
-  if (opdeath.Value) txtoutput.Text = kDeathmatchMission;
-  return txtoutput.Text;
-}
-
 std::string frmain::SelectedPath() const { return FileMaps.Path() + "\\" + FileMaps.FileName(); }
 
 std::string frmain::SelectedMap() {
@@ -69,7 +64,7 @@ void frmain::PutSelectedMap(int32_t mode) {
   if (path.empty()) return;
   if (MapFileKind(path) == map_file_kind::kZip) path = GetFileFromZip(path);
   if (path.empty()) return;
-  std::string name = ChosenName();
+  std::string name = ChosenMission({opcapflag, opdeath, oprename, txtoutput});
   const bool packed = PutMap(path, name, mode, true);
   std::string message = packed ? "Successfully packed map" : "Failed to pack map";
   if (mode == kPutBesideOnly) message += ": " + GetFileName(path);

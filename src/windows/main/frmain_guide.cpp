@@ -1,4 +1,7 @@
 // What tells a player where things are: the status line, the flashing arrow and the panel of guided links.
+#include <initializer_list>
+#include <utility>
+
 #include "base/convert.h"
 #include "platform/platform.h"
 #include "program/settings.h"
@@ -8,6 +11,9 @@
 namespace kestrun {
 namespace {
 
+constexpr const char* kOwnStatus = "Select a map and click 'Put map in DFLW'.";
+constexpr const char* kTick = "\xE2\x9C\x93 ";
+constexpr const char* kShowAtStartup = "Show at startup";
 constexpr int kFlips = 11;
 constexpr uint32_t kFlipMs = 500;
 constexpr int kSlideStep = 40;
@@ -37,22 +43,30 @@ constexpr GuideLink kLinks[]{
 
 // ---- status line ---------------------------------------------------------------------------------------------------
 
+// A control's tip stands in the status line while the mouse is over it. Over what has none, and outside the window, the
+// line has its own text.
 void frmain::ConnectStatusLine() {
-  const auto tell = [this](Control& control, const Control& tip_of) {
-    control.MouseMove = [this, shown = &tip_of](int, int, int, int) { txtstatusbar.Text = shown->ToolTipText; };
+  const auto show = [this](Control& control, std::string text) {
+    control.MouseMove = [this, text = std::move(text)](int, int, int, int) { ShowStatus(text); };
   };
   for (const Ref<Control>& control : controls()) {
-    if (!control->ToolTipText->empty()) tell(*control, *control);
+    if (!control->ToolTipText->empty()) show(*control, control->ToolTipText);
   }
-  tell(ListBox, FileMaps);
-  ImgPreview.MouseMove = [this](int, int, int, int) {
-    txtstatusbar.Text = "A preview of this map click load image to load a screen shot";
-  };
-  Text1.MouseMove = [this](int, int, int, int) {
-    txtstatusbar.Text = "The current folder you are looking for *.bms (maps) files";
-  };
+  show(ListBox, FileMaps.ToolTipText);
+  show(ImgPreview, "A preview of this map click load image to load a screen shot");
+  show(Text1, "The current folder you are looking for *.bms (maps) files");
+  for (Control* silent : std::initializer_list<Control*>{this, &Frame1, &Picture2, &txtstatusbar, &lblfolder, &lblmaps,
+                                                         &lblpreview, &lblnopreview, &lblnamelength}) {
+    show(*silent, kOwnStatus);
+  }
+  MouseLeave = [this] { ShowStatus(kOwnStatus); };
+  ShowStatus(kOwnStatus);
   mnu_status.Click = [this] { ShowStatusLine(!txtstatusbar.Visible); };
   mnu_status.Checked = true;
+}
+
+void frmain::ShowStatus(const std::string& text) {
+  if (txtstatusbar.Text.get() != text) txtstatusbar.Text = text;
 }
 
 void frmain::ShowStatusLine(bool visible) {
@@ -102,13 +116,10 @@ void frmain::PlayAutoHost() {}
 
 void frmain::ConnectGuide() {
   QuickLinks.LinkClick = [this](const std::string& key, int) { RunCommand([&] { FollowLink(key); }); };
-  QuickLinks.LblCloseClick = [this] {
-    TmrQuickLinks.Enabled = false;
-    QuickLinks.Visible = false;
-  };
+  QuickLinks.LblCloseClick = [this] { CloseQuickLinks(); };
   QuickLinks.ChStartupClick = [this] {
-    MarkStartup(!is_startup_checked_);
-    RunCommand([this] { WriteSetting(setting::kShowQuickLinks, is_startup_checked_ ? "1" : "0"); });
+    MarkStartup(!stays_closed_at_startup_);
+    RunCommand([this] { WriteSetting(setting::kShowQuickLinks, stays_closed_at_startup_ ? "1" : "0"); });
   };
   // The label begins close to the panel's edge: there is room for one character.
   QuickLinks.LblClose.Caption = "\xC3\x97";
@@ -121,7 +132,7 @@ void frmain::LoadQuickLinks() {
   QuickLinks.Height = 0;
   MarkStartup(ReadSetting(setting::kShowQuickLinks) == "1");
   QuickLinks.Visible = false;
-  if (!is_startup_checked_) OpenQuickLinks();
+  if (!stays_closed_at_startup_) OpenQuickLinks();
 }
 
 void frmain::OpenQuickLinks() {
@@ -135,15 +146,22 @@ void frmain::OpenQuickLinks() {
   TmrQuickLinks.Enabled = !QuickLinks.IsFullyOpen();
 }
 
-// The tick of a mark keeps the panel closed at the next start; struck out, the words say so.
-void frmain::MarkStartup(bool checked) {
-  is_startup_checked_ = checked;
+// The focus goes on to the list, where the next step is.
+void frmain::CloseQuickLinks() {
+  TmrQuickLinks.Enabled = false;
+  QuickLinks.Visible = false;
+  VisibleList().SetFocus();
+}
+
+// A tick in front of the words says that the panel comes at the next start; the words stay in their place.
+void frmain::MarkStartup(bool stays_closed) {
   Label& label = QuickLinks.ChStartup();
-  FontDescription font = label.Font;
-  font.strikethrough = checked;
-  label.Font = font;
-  label.ToolTipText = checked ? "This panel stays closed when the program starts. Click to open it then."
-                              : "This panel opens when the program starts. Click to keep it closed then.";
+  const int tick_width = platform().windowing().TextWidth(kTick, label.Font);
+  if (stays_closed != stays_closed_at_startup_) label.Left = label.Left + (stays_closed ? tick_width : -tick_width);
+  stays_closed_at_startup_ = stays_closed;
+  label.Caption = stays_closed ? kShowAtStartup : std::string(kTick) + kShowAtStartup;
+  label.ToolTipText = stays_closed ? "This panel stays closed when the program starts. Click to open it then."
+                                   : "This panel opens when the program starts. Click to keep it closed then.";
 }
 
 void frmain::SlideIn() {

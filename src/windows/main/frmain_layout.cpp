@@ -2,8 +2,10 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "maps/put/mission_name.h"
 #include "program/program_pictures.h"
 #include "program/window_kit/fit_picture.h"
+#include "program/window_kit/list_focus.h"
 #include "program/window_kit/place_controls.h"
 #include "windows/main/frmain.h"
 #include "windows/main/frmain_pictures.h"
@@ -55,6 +57,7 @@ void frmain::LayOut() {
   LayOutStatusLine();
   BuildMenus();
   SetClientSize(kClientWidth, kClientHeight);
+  NoteLeastSize();
   Arrange();
 }
 
@@ -68,9 +71,10 @@ void frmain::LayOutFolderAndList() {
   ListBox.SelForeColor = color::kHighlightText;
   ListBox.SelectionStyle = 0;
   ListBox.FullRowSelect = true;
-  ListBox.ShowIcon = true;
   ListBox.StrechIcon = true;
   ListBox.AutoHideScrollBars = true;
+  ListBox.SetEmptyText("No maps in this folder.");
+  ShowFocusOnlyWhileFocused(ListBox);
   FileMaps.Pattern = "*.bms;*.zip";
   FileMaps.ToolTipText = "All the maps in the selected folder.";
   FileMaps.Visible = false;
@@ -86,7 +90,7 @@ void frmain::LayOutFolderAndList() {
   ImgPreview.BorderStyle = 1;
   ImgPreview.Stretch = true;
   ImgPreview.ToolTipText = "Click to load a screen shot";
-  for (Label* label : {&lblfolder, &lblmaps, &lblpreview, &lblnopreview}) label->BackStyle = 0;
+  for (Label* label : {&lblfolder, &lblmaps, &lblpreview, &lblnopreview, &lblnamelength}) label->BackStyle = 0;
 }
 
 void frmain::LayOutChoices() {
@@ -98,8 +102,15 @@ void frmain::LayOutChoices() {
   PlaceOption(oprename, Frame1, kMargin, 885, 1020, "Rename:", "The map is stored under the name that you type.");
   opcapflag.Value = true;
   txtoutput.SetContainer(Frame1);
-  txtoutput.Move(1245, 892, kColumnWidth - 1245 - kMargin, kRow);
-  txtoutput.ToolTipText = "The name under which the map is stored in the game.";
+  constexpr int kCountWidth = 660;
+  constexpr int kCountLeft = kColumnWidth - kMargin - kCountWidth;
+  txtoutput.Move(1245, 892, kCountLeft - kGap - 1245, kRow);
+  txtoutput.ToolTipText =
+      "The name under which the map is stored in the game. The archive holds its first 16 characters.";
+  txtoutput.Change = [this] { lblnamelength.Caption = MissionNameLength(txtoutput.Text); };
+  txtoutput.Change();
+  lblnamelength.SetContainer(Frame1);
+  lblnamelength.Move(kCountLeft, 922, kCountWidth, kLabelHeight);
 
   SetCaptionAndTip(Command2, "Put &map in DFLW", "Put the selected map in the game before you start it.");
   SetCaptionAndTip(Command7, "I'm already &playing",
@@ -119,7 +130,6 @@ void frmain::LayOutStatusLine() {
   txtstatusbar.BackColor = color::kButtonFace;
   txtstatusbar.Locked = true;
   txtstatusbar.TabStop = false;
-  txtstatusbar.Text = "Select a map and click 'Put map in DFLW'.";
 
   PctUpdate.BorderStyle = 0;
   PctUpdate.Visible = false;
@@ -142,6 +152,7 @@ void frmain::LayOutStatusLine() {
   QuickLinks.LinkFontColor = LinkColor();
   QuickLinks.ForeColor = color::kWindowText;
   QuickLinks.Visible = false;
+  QuickLinks.TabIndex = lblpreview.TabIndex;  // it stands in the preview's place
   FontDescription bold = QuickLinks.Label1.Font;
   bold.bold = true;
   QuickLinks.Label1.Font = bold;
@@ -162,6 +173,11 @@ int frmain::SpareWidth() const { return std::max(ScaleWidth() - kClientWidth, 0)
 
 int frmain::SpareHeight() const {
   return std::max(ScaleHeight() - kClientHeight - (has_banner_place_ ? kBannerHeight : 0), -kPreviewGives);
+}
+
+// At the least size nothing is cut off yet.
+void frmain::NoteLeastSize() {
+  SetLeastClientSize(kClientWidth, kClientHeight - kPreviewGives + (has_banner_place_ ? kBannerHeight : 0));
 }
 
 // Places all controls for the present size. A wider window gives its room to the list, a higher one to the list and the
@@ -223,6 +239,7 @@ void frmain::PlaceStatusLine() {
 
 void frmain::ShowBannerPlace(bool shown) {
   has_banner_place_ = shown;
+  NoteLeastSize();
   Height = shown ? kHeightWithBanner : kHeightWithoutBanner;
   Arrange();
 }

@@ -29,6 +29,10 @@ void frmain::BuildMenus() {
   BuildFileMenu();
   BuildOtherMenus();
   mnu_refresh.Shortcut = "F5";
+  mnu_refreshmaplist.KeyHint = "F5";
+  mnu_putmapin.KeyHint = "Enter";
+  mnu_renamemap.KeyHint = "F2";
+  mnu_deletemap.KeyHint = "Del";
 }
 
 void frmain::BuildFileMenu() {
@@ -36,7 +40,7 @@ void frmain::BuildFileMenu() {
        {{mnu_putmapin, "Put &map in DFLW"},
         {mnu_imalreadyplaying, "I'm already &playing"},
         {mnu_line1, kLine},
-        {mnu_loadmap, "Load map &from"},
+        {mnu_loadmap, "&Load map from"},
         {mnu_line2, kLine},
         {mnu_showmapinfo, "Show map &info"},
         {mnu_largepreview, "&Large map preview"},
@@ -53,7 +57,7 @@ void frmain::BuildFileMenu() {
         {mnu_refreshmaplist, "&Refresh list"},
         {mnu_line5, kLine},
         {mnu_exit, "&Exit"}});
-  Fill(mnu_loadmap, "Load map &from", {{mnu_loadfromURL, "&URL"}, {mnu_loadmapfromhd, "&File on hard disk"}});
+  Fill(mnu_loadmap, "&Load map from", {{mnu_loadfromURL, "&URL"}, {mnu_loadmapfromhd, "&File on hard disk"}});
   Fill(mnu_rightclick, "Preview",
        {{mnu_largepreview2, "&Large preview"},
         {mnu_loadpreview, "L&oad preview"},

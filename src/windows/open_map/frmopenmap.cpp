@@ -9,6 +9,7 @@
 #include "forms/member_rows.h"
 #include "maps/fetch/fetch_map.h"
 #include "maps/map_picture.h"
+#include "maps/put/mission_name.h"
 #include "maps/put/put_map.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
@@ -52,12 +53,7 @@ frmopenmap::frmopenmap() : Form(kName) {
 const MemberTable& frmopenmap::Members() const { return kTable; }
 
 void frmopenmap::Connect() {
-  TxtFile.Change = [this] {
-    RunCommand([this] {
-      ImgPreview.Picture = LoadMapPicture(TxtFile.Text);
-      FitPreview();
-    });
-  };
+  TxtFile.Change = [this] { RunCommand([this] { ShowPictureOf(TxtFile.Text); }); };
   FilesDropped = [this](const std::vector<std::string>& paths) {
     if (!paths.empty()) TxtFile.Text = paths.front();
   };
@@ -121,16 +117,22 @@ void frmopenmap::Browse() {
 }
 
 void frmopenmap::PutAndPlay(int32_t mode) {
-  const std::string local = FetchMap(TxtFile.Text);
-  std::string name = ChosenName();
+  const std::string local = FetchAddress();
+  std::string name = ChosenMission({options1, options0, options3, txtrename});
   if (local.empty()) return;
   MsgBox(PutMap(local, name, mode, true) ? "Successfully packed map" : "Failed to pack map");
 }
 
-std::string frmopenmap::ChosenName() {
-  if (options1.Value) txtrename.Text = kCaptureTheFlagMission;
-  if (options0.Value) txtrename.Text = kDeathmatchMission;
-  return options0.Value || options1.Value || options3.Value ? txtrename.Text.get() : std::string();
+std::string frmopenmap::FetchAddress() {
+  const std::string address = TxtFile.Text;
+  std::string local = FetchMap(address);
+  if (!local.empty() && local != address && !ImgPreview.Picture.get()) ShowPictureOf(local);
+  return local;
+}
+
+void frmopenmap::ShowPictureOf(const std::string& map) {
+  ImgPreview.Picture = LoadMapPicture(map);
+  FitPreview();
 }
 
 void frmopenmap::LaunchGame() {

@@ -37,6 +37,8 @@ class frmopenmap final : public Form {
   OptionButton& options1 = Add<OptionButton>("options", 1);
   OptionButton& options3 = Add<OptionButton>("options", 3);
   TextBox& txtrename = Add<TextBox>("txtrename");
+  // How many characters of what the archive holds the name has.
+  Label& lblnamelength = Add<Label>("lblnamelength");
   CommandButton& cmdputin = Add<CommandButton>("cmdputin");
   CommandButton& cmdplaying = Add<CommandButton>("cmdplaying");
   CommandButton& Command1 = Add<CommandButton>("Command1");
@@ -46,6 +48,7 @@ class frmopenmap final : public Form {
   // The heading of the picture, and for the keyboard the way to it.
   Label& Label3 = Add<Label>("Label3");
   PictureBox& PctPreview = Add<PictureBox>("PctPreview");
+  Label& lblnopreview = Add<Label>("lblnopreview");
   Image& ImgPreview = Add<Image>("ImgPreview");
   CommonDialog& dlgopen = Add<CommonDialog>("dlgopen");
   // Applies the style once.
@@ -73,8 +76,10 @@ class frmopenmap final : public Form {
   void RestoreChoices();
   void EnableWhatIsThere();
   void Browse();
+  // The local map of the address. One out of a zip brings its own picture along when the address has none.
+  [[nodiscard]] std::string FetchAddress();
+  void ShowPictureOf(const std::string& map);
   void PutAndPlay(int32_t mode);
-  [[nodiscard]] std::string ChosenName();
   void LaunchGame();
   void ShowPreview();
   // Lets one task stand out, none when there is none of that number.

@@ -1,3 +1,4 @@
+#include "maps/put/mission_name.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/fit_picture.h"
 #include "program/window_kit/place_controls.h"
@@ -18,6 +19,7 @@ constexpr int kClientWidth = kPreviewLeft + kPreviewWidth + kMargin;
 constexpr int kColumnsTop = 960;
 constexpr int kColumnsBottom = 4560;
 constexpr int kBrowseWidth = 1260;
+constexpr int kPreviewBorder = 2 * 15;  // of the picture's place, on each side
 
 void PlaceText(TextBox& box, int left, int top, int width, const char* tip) {
   box.Move(left, top, width, 330);
@@ -32,39 +34,50 @@ void frmopenmap::LayOut() {
   KeyPreview = true;
   SetClientSize(kClientWidth, kColumnsBottom + kMargin);
 
-  Label1.Caption = "Please enter a file name or url (http://)";
+  Label1.Caption = "Please enter a &file name or url (http://)";
   Label1.Move(kMargin, 150, kClientWidth - 2 * kMargin, kLabelHeight);
   PlaceText(TxtFile, kMargin, 420, kClientWidth - 3 * kMargin - kBrowseWidth,
             "Enter the file location on your computer or internet here.");
   PlaceButton(CmdBrowse, {kClientWidth - kMargin - kBrowseWidth, 405, kBrowseWidth, 360}, "&Browse",
               "Browse for other file.");
 
-  Frame1.Caption = "Put the map in as";
+  Frame1.Caption = "Put the map &in as";
   Frame1.Move(kMargin, kColumnsTop, kChoiceWidth, 1980);
-  PlaceOption(options0, Frame1, kMargin, 315, kChoiceWidth - 2 * kMargin, "Deathmatch (Death valley)",
+  PlaceOption(options0, Frame1, kMargin, 315, kChoiceWidth - 2 * kMargin, "&Deathmatch (Death valley)",
               "Insert as deathmatch");
-  PlaceOption(options1, Frame1, kMargin, 705, kChoiceWidth - 2 * kMargin, "Capture the flag (Desert Prison)",
+  PlaceOption(options1, Frame1, kMargin, 705, kChoiceWidth - 2 * kMargin, "&Capture the flag (Desert Prison)",
               "Insert as capture the flag.");
-  PlaceOption(options3, Frame1, kMargin, 1095, kChoiceWidth - 2 * kMargin, "Rename:", "Insert using other name.");
+  PlaceOption(options3, Frame1, kMargin, 1095, kChoiceWidth - 2 * kMargin, "&Rename:", "Insert using other name.");
   txtrename.SetContainer(Frame1);
-  PlaceText(txtrename, 450, 1440, kChoiceWidth - 450 - kMargin, "");
+  PlaceText(txtrename, 450, 1440, kChoiceWidth - 450 - kMargin,
+            "The name under which the map is stored in the game. The archive holds its first 16 characters.");
+  txtrename.Change = [this] { lblnamelength.Caption = MissionNameLength(txtrename.Text); };
+  txtrename.Change();
+  constexpr int kCountWidth = 660;
+  lblnamelength.SetContainer(Frame1);
+  lblnamelength.Move(kChoiceWidth - kMargin - kCountWidth, 1125, kCountWidth, kLabelHeight);
+  lblnamelength.Alignment = static_cast<int>(TextAlignment::kRight);
 
   constexpr int kButtonHeight = 450;
   constexpr int kButtonStep = kButtonHeight + 75;
   constexpr int kFirstButton = kColumnsBottom - 2 * kButtonStep - kButtonHeight;
-  PlaceButton(cmdputin, {kMargin, kFirstButton, kChoiceWidth, kButtonHeight}, "Put map in DFLW", "Insert map in DFLW");
-  PlaceButton(cmdplaying, {kMargin, kFirstButton + kButtonStep, kChoiceWidth, kButtonHeight}, "I'm already playing",
+  PlaceButton(cmdputin, {kMargin, kFirstButton, kChoiceWidth, kButtonHeight}, "Put &map in DFLW", "Insert map in DFLW");
+  PlaceButton(cmdplaying, {kMargin, kFirstButton + kButtonStep, kChoiceWidth, kButtonHeight}, "I'm already &playing",
               "Insert map in DFLW while you are playing.");
-  PlaceButton(Command1, {kMargin, kFirstButton + 2 * kButtonStep, kChoiceWidth, kButtonHeight}, "Launch DFLW",
+  PlaceButton(Command1, {kMargin, kFirstButton + 2 * kButtonStep, kChoiceWidth, kButtonHeight}, "&Launch DFLW",
               "Open DFLW.");
   cmdputin.Default = true;
 
-  Label3.Caption = "Preview";
+  Label3.Caption = "Pre&view";
   Label3.Move(kPreviewLeft, kColumnsTop, 720, kLabelHeight);
   PctPreview.Move(kPreviewLeft, kColumnsTop + kLabelHeight + 30, kPreviewWidth,
                   kColumnsBottom - kColumnsTop - kLabelHeight - 30);
-  PctPreview.BackColor = color::kButtonShadow;
+  PctPreview.BackColor = color::kWindowBackground;
   ImgPreview.SetContainer(PctPreview);
+  lblnopreview.SetContainer(PctPreview);
+  PlaceLabel(lblnopreview, 0, (PctPreview.Height - kLabelHeight) / 2, kPreviewWidth - 2 * kPreviewBorder, "No preview");
+  lblnopreview.Alignment = static_cast<int>(TextAlignment::kCenter);
+  lblnopreview.ForeColor = color::kGrayText;
   ImgPreview.ToolTipText = "Map preview";
   ImgPreview.Stretch = true;
   FitPreview();
@@ -76,7 +89,7 @@ void frmopenmap::LayOutTasks() {
   PctTasks.Move(kTasksLeft, kColumnsTop, kTasksWidth, kColumnsBottom - kColumnsTop);
   PctTasks.BackColor = color::kWindowBackground;
   Label2.SetContainer(PctTasks);
-  Label2.Caption = "Tasks";
+  Label2.Caption = "&Tasks";
   Label2.Move(kMargin, 150, kTasksWidth - 2 * kMargin, 285);
   Label2.BackStyle = 0;
   Label2.ForeColor = color::kWindowText;
@@ -93,8 +106,8 @@ void frmopenmap::LayOutTasks() {
 }
 
 void frmopenmap::FitPreview() {
-  constexpr int kBorder = 2 * 15;  // of the picture's place, on each side
-  const Place inside{0, 0, PctPreview.Width - 2 * kBorder, PctPreview.Height - 2 * kBorder};
+  const Place inside{0, 0, PctPreview.Width - 2 * kPreviewBorder, PctPreview.Height - 2 * kPreviewBorder};
+  lblnopreview.Visible = !ImgPreview.Picture.get();
   MoveTo(ImgPreview, FitPicture(ImgPreview.Picture, inside, SmallPicture::kKeepSize));
 }
 

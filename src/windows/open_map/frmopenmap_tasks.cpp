@@ -70,7 +70,7 @@ void frmopenmap::SaveMapAs() {
   RunCommand([this] {
     if (AddressIsMissing("Enter path!")) return;
     if (!AskYesNo("This will download or copy the map to the default map folder continue?")) return;
-    const std::string local = FetchMap(TxtFile.Text);
+    const std::string local = FetchAddress();
     if (local.empty() || !FileExists(local)) return;
     const std::string target = InMapFolder(local);
     if (!EqualsNoCase(local, target)) platform().files().Copy(local, target);
@@ -82,7 +82,7 @@ void frmopenmap::AddAutoHost() {
     if (AddressIsMissing("Enter path!")) return;
     std::string target = TxtFile.Text;
     if (!FileExists(target) || MapFileKind(target) != map_file_kind::kMap) {
-      const std::string local = FetchMap(TxtFile.Text);
+      const std::string local = FetchAddress();
       if (local.empty()) return;
       target = InMapFolder(local);
       const bool is_there_already = EqualsNoCase(local, target);
@@ -99,7 +99,7 @@ void frmopenmap::AddAutoHost() {
 void frmopenmap::ShowMapInfo() {
   RunCommand([this] {
     if (AddressIsMissing("Enter Path!")) return;
-    const std::string local = FetchMap(TxtFile.Text);
+    const std::string local = FetchAddress();
     if (!local.empty() && FileExists(local)) OpenMapInfo(local);
   });
 }

@@ -35,7 +35,7 @@ TEST(FitPictureTest, ASmallPictureKeepsItsSizeWhereThatIsWanted) {
 
 TEST(FitPictureTest, WithoutAPictureThePlaceStaysWhole) {
   EXPECT_EQ(Fitted({}, SmallPicture::kEnlarge), "100 200 3000 1500");
-  EXPECT_EQ(Fitted(PictureOf(0, 0), SmallPicture::kKeepSize), "100 200 3000 1500");
+  EXPECT_EQ(Fitted({}, SmallPicture::kKeepSize), "100 200 3000 1500");
 }
 
 TEST(FitPictureTest, AnExtremePictureStaysVisible) {
