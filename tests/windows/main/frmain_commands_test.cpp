@@ -27,7 +27,7 @@ std::string Captions(const MenuItem& menu) {
 TEST_F(MainWindowTest, TheMenusReadAsPlayersKnowThem) {
   Main().Show();
   EXPECT_EQ(Captions(Main().mnu_file),
-            "Put &map in DFLW|I'm already &playing|-|Load map &from|-|Show map &info|&Large map preview|&Load map "
+            "Put &map in DFLW|I'm already &playing|-|&Load map from|-|Show map &info|&Large map preview|&Load map "
             "preview|&Search map preview|-|C&opy map to ...|&Rename map|&Delete selected map|Copy map "
             "&name|-|&Change folder|&Open folder|&Refresh list|-|&Exit|");
   EXPECT_EQ(Captions(Main().mnu_loadmap), "&URL|&File on hard disk|");
@@ -43,13 +43,14 @@ TEST_F(MainWindowTest, TheMenusReadAsPlayersKnowThem) {
   EXPECT_EQ(Describe(Main().TopMenus()).substr(0, 7), "&File[P");
 }
 
-TEST_F(MainWindowTest, LoadMapFromHasAnAccessKeyOfItsOwn) {
-  std::string keys;
-  for (const MenuItem* item : Main().mnu_file.Items()) {
-    const size_t at = item->Caption->find('&');
-    if (item != &Main().mnu_loadmap && at != std::string::npos) keys += ToLower(item->Caption->substr(at + 1, 1));
-  }
-  EXPECT_EQ(keys.find('f'), std::string::npos) << keys;
+TEST_F(MainWindowTest, TheKeysOfTheListStandBesideTheirItems) {
+  EXPECT_EQ(Main().mnu_putmapin.KeyHint.get(), "Enter");
+  EXPECT_EQ(Main().mnu_renamemap.KeyHint.get(), "F2");
+  EXPECT_EQ(Main().mnu_deletemap.KeyHint.get(), "Del");
+  EXPECT_EQ(Main().mnu_refreshmaplist.KeyHint.get(), "F5");
+  EXPECT_EQ(Main().mnu_refresh.Shortcut.get(), "F5");
+  // A key in the folder box must not delete a map.
+  EXPECT_EQ(Main().mnu_deletemap.Shortcut.get(), "");
 }
 
 TEST_F(MainWindowTest, TheButtonsReadAsPlayersKnowThem) {

@@ -25,6 +25,21 @@ TEST_F(MainWindowTest, TheStatusLineShowsTheTipUnderTheMouse) {
   }
 }
 
+TEST_F(MainWindowTest, TheStatusLineGoesBackToItsOwnTextWhenTheMouseLeaves) {
+  Main().Show();
+  const std::string own = "Select a map and click 'Put map in DFLW'.";
+  EXPECT_EQ(Main().txtstatusbar.Text.get(), own);
+  for (Control* silent : std::initializer_list<Control*>{&Main(), &Main().Frame1, &Main().lblmaps}) {
+    Main().Command7.MouseMove(0, 0, 10, 10);
+    EXPECT_NE(Main().txtstatusbar.Text.get(), own);
+    silent->MouseMove(0, 0, 10, 10);
+    EXPECT_EQ(Main().txtstatusbar.Text.get(), own);
+  }
+  Main().Command7.MouseMove(0, 0, 10, 10);
+  Main().MouseLeave();
+  EXPECT_EQ(Main().txtstatusbar.Text.get(), own);
+}
+
 TEST_F(MainWindowTest, TheTipsAreThoseThatPlayersKnow) {
   EXPECT_EQ(Main().Text1.ToolTipText.get(), "Type the path name where your maps are stored.");
   EXPECT_EQ(Main().FileMaps.ToolTipText.get(), "All the maps in the selected folder.");
@@ -176,17 +191,38 @@ TEST_F(QuickLinksTest, ALinkToAWindowThatIsNotThereIsDisabledAndComesAliveWithIt
   EXPECT_TRUE(Main().QuickLinks.LblLink(kUpload).Enabled);
 }
 
-TEST_F(QuickLinksTest, TheMarkIsStoredAndKeepsThePanelClosedAtTheNextStart) {
-  EXPECT_FALSE(Main().QuickLinks.ChStartup().Font->strikethrough);
+TEST_F(QuickLinksTest, ATickSaysThatThePanelComesAtTheNextStartAndAClickTakesItAway) {
+  const Label& label = Main().QuickLinks.ChStartup();
+  EXPECT_EQ(label.Caption.get(), "\xE2\x9C\x93 Show at startup");
+  const int ticked_left = label.Left;
   Main().QuickLinks.ChStartup().Click();
   EXPECT_EQ(Ini("launcher", "SHOWQUICKLINKS"), "1");
-  EXPECT_TRUE(Main().QuickLinks.ChStartup().Font->strikethrough);
+  EXPECT_EQ(label.Caption.get(), "Show at startup");
+  EXPECT_GT(label.Left.get(), ticked_left);  // the words stay where they are
+  EXPECT_FALSE(label.Font->strikethrough);
   CloseAllWindows();
   Main().Show();
   EXPECT_FALSE(Main().QuickLinks.Visible);
-  EXPECT_TRUE(Main().QuickLinks.ChStartup().Font->strikethrough);
+  EXPECT_EQ(Main().QuickLinks.ChStartup().Caption.get(), "Show at startup");
   Main().QuickLinks.ChStartup().Click();
   EXPECT_EQ(Ini("launcher", "SHOWQUICKLINKS"), "0");
+  EXPECT_EQ(Main().QuickLinks.ChStartup().Caption.get(), "\xE2\x9C\x93 Show at startup");
+}
+
+TEST_F(QuickLinksTest, ClosingThePanelPutsTheFocusOnTheList) {
+  desktop.clock().AdvanceMs(1000);
+  Main().QuickLinks.LblClose.Click();
+  EXPECT_EQ(Main().ActiveControl(), &Main().ListBox);
+}
+
+TEST_F(QuickLinksTest, TheTabKeyComesToThePanelBehindTheListAndBeforeTheChoices) {
+  desktop.clock().AdvanceMs(1000);
+  std::string order;
+  for (const Control* control : Main().TabOrder()) order += control->Name() + " ";
+  const size_t panel = order.find("LblLink");
+  ASSERT_NE(panel, std::string::npos) << order;
+  EXPECT_GT(panel, order.find("Command6")) << order;
+  EXPECT_LT(panel, order.find("opcapflag")) << order;
 }
 
 TEST_F(QuickLinksTest, TheCloseLabelHidesThePanelAndTipsShowsItAgain) {
