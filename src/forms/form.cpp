@@ -80,6 +80,11 @@ void Form::SetClientSize(int width_twips, int height_twips) {
   Height = height_twips + kFrameHeight + (HasMenu() ? kMenuHeight : 0);
 }
 
+void Form::SetLeastClientSize(int width_twips, int height_twips) {
+  least_scale_width_ = width_twips;
+  least_scale_height_ = height_twips;
+}
+
 void Form::EnsureLoaded() {
   if (loaded_ || !IsAlive()) return;  // a closed window never comes back
   loaded_ = true;

@@ -46,6 +46,8 @@ class Form : public Control {
   // The user or the program closes the form; a handler that sets the flag keeps it open.
   Event<bool&> QueryUnload;
   Event<> Resize;
+  // The mouse has left the window and all that stands in it.
+  Event<> MouseLeave;
   // Full paths of files and folders that were dropped on the window. Only a form whose handler is set before it is
   // shown takes them; others show the user that they do not.
   Event<const std::vector<std::string>&> FilesDropped;
@@ -54,6 +56,10 @@ class Form : public Control {
   [[nodiscard]] int ScaleWidth() const { return Width - kFrameWidth; }
   [[nodiscard]] int ScaleHeight() const { return Height - kFrameHeight - (HasMenu() ? kMenuHeight : 0); }
   void SetClientSize(int width_twips, int height_twips);
+  // The client area that a user cannot make smaller, but for the size of the screen; 0 at first.
+  void SetLeastClientSize(int width_twips, int height_twips);
+  [[nodiscard]] int LeastScaleWidth() const { return least_scale_width_; }
+  [[nodiscard]] int LeastScaleHeight() const { return least_scale_height_; }
 
   // Runs the load handler once; showing or the registry does it. A form whose load handler fails is closed.
   void EnsureLoaded();
@@ -127,6 +133,8 @@ class Form : public Control {
   std::vector<Control*> stacking_;  // back to front
   std::unique_ptr<FormPeer> peer_;
   Control* active_control_ = nullptr;
+  int least_scale_width_ = 0;
+  int least_scale_height_ = 0;
   bool loaded_ = false;
   bool shown_ = false;
   bool modal_ = false;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include "base/text.h"
 #include "platform/platform.h"
@@ -33,8 +34,12 @@ WindowRegistration::WindowRegistration(std::string name, WindowFactory factory) 
   Factories().insert_or_assign(std::move(name), std::move(factory));
 }
 
-void UnregisterWindow(std::string_view name) {
-  if (const auto found = Factories().find(name); found != Factories().end()) Factories().erase(found);
+WindowFactory UnregisterWindow(std::string_view name) {
+  const auto found = Factories().find(name);
+  if (found == Factories().end()) return {};
+  WindowFactory factory = std::move(found->second);
+  Factories().erase(found);
+  return factory;
 }
 
 std::vector<std::string> RegisteredWindows() {

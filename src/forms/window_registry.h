@@ -21,9 +21,9 @@ class WindowRegistration {
   WindowRegistration(std::string name, WindowFactory factory);
 };
 
-// Takes a registration back: for a window that is not there for the whole life of the process, such as a test's. An
-// instance stays until it is closed.
-void UnregisterWindow(std::string_view name);
+// Takes a registration back and gives its factory, an empty one when there was none: for a window that is not there for
+// the whole life of the process, such as a test's. An instance stays until it is closed.
+WindowFactory UnregisterWindow(std::string_view name);
 
 // Names of all registered windows, sorted.
 [[nodiscard]] std::vector<std::string> RegisteredWindows();

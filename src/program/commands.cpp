@@ -8,12 +8,12 @@
 #include "base/text.h"
 #include "forms/window_registry.h"
 #include "platform/platform.h"
-#include "program/open_window.h"
 #include "program/pack_command.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/show_error.h"
 #include "program/style_hook.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 namespace {

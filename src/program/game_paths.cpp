@@ -4,12 +4,12 @@
 
 #include "base/convert.h"
 #include "base/text.h"
-#include "forms/window_registry.h"
 #include "platform/platform.h"
 #include "program/folders.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/show_error.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 namespace {
@@ -36,7 +36,7 @@ void StartGame() {
   }
   MsgBox("Game file 'dflwdem.exe' not found!!!!! Please select your game folder in the options window!!!",
          BoxButtons::kOk, BoxIcon::kCritical);
-  ShowWindowModal("frmoptions");
+  OpenWindow(window_name::kOptions, ShowWay::kShowModal);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "formats/pff/cls_pff.h"
 #include "maps/put/frmoverwrite.h"
+#include "maps/put/mission_name.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
 #include "program/path_text.h"
@@ -15,8 +16,6 @@
 namespace kestrun {
 namespace {
 
-constexpr size_t kNameFieldBytes = 16;
-
 bool AskToContinue(const std::string& title, const std::string& first_lines) {
   return MsgBox(first_lines + std::string(kCrLf) + "Continue?", BoxButtons::kYesNo, BoxIcon::kWarning, title) ==
          BoxAnswer::kYes;
@@ -25,7 +24,7 @@ bool AskToContinue(const std::string& title, const std::string& first_lines) {
 // The width of a name field in the archive, counted in its single-byte text.
 void CutToNameField(std::string& name) {
   const std::string encoded = EncodeText(name);
-  if (encoded.size() > kNameFieldBytes) name = DecodeText(std::string_view(encoded).substr(0, kNameFieldBytes));
+  if (encoded.size() > kMissionNameBytes) name = DecodeText(std::string_view(encoded).substr(0, kMissionNameBytes));
 }
 
 // A name that the archive cannot hold would come back as another one: it is refused before anything is changed.

@@ -21,6 +21,8 @@ namespace {
 
 constexpr const wchar_t* kFormClass = L"KestrunForm";
 constexpr int kFirstMenuCommand = 1000;
+constexpr UINT_PTR kPointerTimer = 1;
+constexpr UINT kPointerIntervalMs = 200;
 constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers that the program is built for
 constexpr int kTipWidthTwips = 6000;
 
@@ -423,7 +425,8 @@ void FormWindow::AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items) {
     std::wstring text = ToWide(item->Caption.get());
     // Wine forgets the column of the others' pictures in the width of an item that has none.
     if (IsWine() && has_pictures && !item->Picture.get()) text += L"      ";
-    if (!item->Shortcut->empty()) text += L"\t" + ToWide(item->Shortcut.get());
+    const std::string& key = item->Shortcut->empty() ? item->KeyHint.get() : item->Shortcut.get();
+    if (!key.empty()) text += L"\t" + ToWide(key);
     const std::vector<MenuItem*> children = item->Items();
     const UINT state = (item->Enabled ? MF_ENABLED : MF_GRAYED) | (item->Checked ? MF_CHECKED : MF_UNCHECKED);
     const UINT_PTR command = kFirstMenuCommand + menu_commands_.size();
@@ -436,14 +439,34 @@ void FormWindow::AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items) {
       AppendMenuW(menu, MF_POPUP | state, reinterpret_cast<UINT_PTR>(submenu), text.c_str());
     }
     if (const Picture* picture = item->Picture.get().get()) {
-      menu_bitmaps_.push_back(MakeMenuBitmap(*picture, GetSystemMetrics(SM_CXMENUCHECK)));
       MENUITEMINFOW info{};
       info.cbSize = sizeof info;
       info.fMask = MIIM_BITMAP;
-      info.hbmpItem = menu_bitmaps_.back().get();
+      info.hbmpItem = HBMMENU_CALLBACK;
+      if (!IsWine()) {
+        menu_bitmaps_.push_back(MakeMenuBitmap(*picture, GetSystemMetrics(SM_CXMENUCHECK)));
+        info.hbmpItem = menu_bitmaps_.back().get();
+      }
       SetMenuItemInfoW(menu, static_cast<UINT>(GetMenuItemCount(menu) - 1), TRUE, &info);
     }
   }
+}
+
+// Wine lays a menu's bitmaps over its rows as they are, edges and all, and asks for the pictures of these items
+// instead.
+void FormWindow::MeasureMenuPicture(MEASUREITEMSTRUCT& item) const {
+  const int size = GetSystemMetrics(SM_CXMENUCHECK);
+  item.itemWidth = static_cast<UINT>(size + size / 3);
+  item.itemHeight = static_cast<UINT>(size);
+}
+
+void FormWindow::DrawMenuPicture(const DRAWITEMSTRUCT& item) const {
+  const auto at = static_cast<size_t>(item.itemID) - kFirstMenuCommand;
+  const Picture* picture = at < menu_commands_.size() ? menu_commands_[at]->Picture.get().get() : nullptr;
+  if (!picture) return;
+  const int size = GetSystemMetrics(SM_CXMENUCHECK);
+  const int top = (item.rcItem.top + item.rcItem.bottom - size) / 2;
+  DrawPictureTo(item.hDC, *picture, {item.rcItem.left, top, item.rcItem.left + size, top + size});
 }
 
 // Items often change several at a time: the menu is built once, in the next pass of the message loop.
@@ -503,6 +526,13 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
     case WM_SIZE:
       if (first != SIZE_MINIMIZED) NoteSize();
       return false;
+    case WM_GETMINMAXINFO: LimitSize(*reinterpret_cast<MINMAXINFO*>(second)); return true;
+    case WM_TIMER:
+      if (first != kPointerTimer) return false;
+      LookForPointer();
+      return true;
+    case WM_MEASUREITEM: MeasureMenuPicture(*reinterpret_cast<MEASUREITEMSTRUCT*>(second)); return true;
+    case WM_DRAWITEM: DrawMenuPicture(*reinterpret_cast<const DRAWITEMSTRUCT*>(second)); return true;
     case WM_ACTIVATE:
       if (LOWORD(first) != WA_INACTIVE && HIWORD(first) == 0) {
         FocusFirst();
@@ -548,6 +578,31 @@ void FormWindow::NoteSize() {
   DispatchEvent(form_.get(), [this] { form_->Resize(); });
 }
 
+// Never more than the screen: there the form has to do with less.
+void FormWindow::LimitSize(MINMAXINFO& limits) const {
+  if (form_->LeastScaleWidth() == 0 || form_->BorderStyle != static_cast<int>(FormBorder::kSizable)) return;
+  const SIZE client{scale_.Pixels(form_->LeastScaleWidth()), scale_.Pixels(form_->LeastScaleHeight())};
+  const SIZE least = OuterSize(client, Style(), ExtendedStyle(), form_->HasMenu(), scale_);
+  const RECT work = WorkArea(window());
+  limits.ptMinTrackSize = {std::min(least.cx, work.right - work.left), std::min(least.cy, work.bottom - work.top)};
+}
+
+// No message tells that the mouse has left a window with children in it: while it is inside, it is looked after.
+void FormWindow::WatchPointer() {
+  if (is_pointer_watched_ || !form_->MouseLeave) return;
+  is_pointer_watched_ = SetTimer(window(), kPointerTimer, kPointerIntervalMs, nullptr) != 0;
+}
+
+void FormWindow::LookForPointer() {
+  POINT place{};
+  GetCursorPos(&place);
+  const HWND under = WindowFromPoint(place);
+  if (under && GetAncestor(under, GA_ROOT) == window()) return;
+  KillTimer(window(), kPointerTimer);
+  is_pointer_watched_ = false;
+  DispatchEvent(form_.get(), [this] { form_->MouseLeave(); });
+}
+
 void FormWindow::Rescale(ScreenScale scale) {
   scale_ = scale;
   fonts_.clear();
@@ -568,6 +623,7 @@ bool FormWindow::HandleContainerMessage(HWND container_window, Control& containe
     case WM_PAINT: Paint(container_window, container); return true;
     case WM_SETCURSOR:
       MakeToolTips();
+      WatchPointer();
       result = TRUE;
       return reinterpret_cast<HWND>(first) == container_window && LOWORD(second) == HTCLIENT &&
              ShowContainerPointer(container_window, container);

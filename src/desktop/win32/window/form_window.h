@@ -104,6 +104,14 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   [[nodiscard]] Control* DrawnControlAt(Control& container, POINT place) const;
   bool HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result);
   void NoteSize();
+  // Tells how small the user may make the window.
+  void LimitSize(MINMAXINFO& limits) const;
+  // Sees to it that the form hears when the mouse has left the window.
+  void WatchPointer();
+  void LookForPointer();
+  // Pictures of menu items where the system draws none with soft edges.
+  void MeasureMenuPicture(MEASUREITEMSTRUCT& item) const;
+  void DrawMenuPicture(const DRAWITEMSTRUCT& item) const;
 
   Ref<Form> form_;
   ScreenScale scale_;
@@ -114,6 +122,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   std::vector<Ref<MenuItem>> menu_commands_;  // by command number, from kFirstMenuCommand
   std::vector<BitmapHandle> menu_bitmaps_;
   bool menu_stale_ = false;
+  bool is_pointer_watched_ = false;
   std::map<std::string, FontHandle> fonts_;
   std::map<Color, BrushHandle> brushes_;
   std::vector<std::unique_ptr<ControlPeer>> peers_;
