@@ -13,6 +13,7 @@ void FrmOverWrite::LayOut() {
   ShowInTaskbar = false;
   SetClientSize(6000, 3000);
 
+  for (Image* image : {&imgPFF, &imgBMS}) image->Stretch = true;
   imgPFF.Move(240, 240, 480, 480);
   imgPFF.Picture = ArchivePicture();
   LblPFF.Caption = "PFF";
@@ -42,7 +43,6 @@ void FrmOverWrite::LayOut() {
 
   Timer1.Enabled = false;
   Timer1.Interval = 1;
-  for (Image* image : {&imgPFF, &imgBMS}) image->Stretch = true;
   for (Label* label : {&LblPFF, &LblBMS, &lblWarn}) label->UseMnemonic = false;  // they name files
 }
 
