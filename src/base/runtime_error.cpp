@@ -37,6 +37,8 @@ constexpr std::array kErrorTexts{
     ErrorText{94, "Invalid use of Null"},
     ErrorText{321, "Invalid file format"},
     ErrorText{326, "Resource not found"},
+    ErrorText{362, "Can't unload controls created at design time"},
+    ErrorText{380, "Invalid property value"},
     ErrorText{383, "Property is read-only"},
     ErrorText{424, "Object required"},
     ErrorText{429, "ActiveX component can't create object"},
@@ -44,15 +46,21 @@ constexpr std::array kErrorTexts{
     ErrorText{440, "Automation error"},
     ErrorText{450, "Wrong number of arguments or invalid property assignment"},
     ErrorText{481, "Invalid picture"},
+    ErrorText{727, "There is already a control with this name"},
 };
+
+const ErrorText* FindText(int number) {
+  return std::find_if(kErrorTexts.begin(), kErrorTexts.end(),
+                      [number](const ErrorText& row) { return row.number == number; });
+}
 
 }  // namespace
 
 std::string_view StandardErrorText(int number) {
-  const auto* found = std::find_if(kErrorTexts.begin(), kErrorTexts.end(),
-                                   [number](const ErrorText& row) { return row.number == number; });
-  return found == kErrorTexts.end() ? "Application-defined or object-defined error" : found->text;
+  return HasStandardErrorText(number) ? FindText(number)->text : "Application-defined or object-defined error";
 }
+
+bool HasStandardErrorText(int number) { return FindText(number) != kErrorTexts.end(); }
 
 RuntimeError::RuntimeError(int number) : RuntimeError(number, std::string(StandardErrorText(number))) {}
 

@@ -34,6 +34,8 @@ inline constexpr int kObjectNotSet = 91;
 inline constexpr int kInvalidUseOfNull = 94;
 inline constexpr int kInvalidFileFormat = 321;
 inline constexpr int kResourceNotFound = 326;
+inline constexpr int kNotMadeByScript = 362;
+inline constexpr int kInvalidPropertyValue = 380;
 inline constexpr int kPropertyReadOnly = 383;
 inline constexpr int kObjectRequired = 424;
 inline constexpr int kCannotCreateObject = 429;
@@ -41,10 +43,13 @@ inline constexpr int kMemberNotFound = 438;
 inline constexpr int kAutomationError = 440;
 inline constexpr int kWrongArgumentCount = 450;
 inline constexpr int kInvalidPicture = 481;
+inline constexpr int kNameInUse = 727;
 }  // namespace error
 
 // The platform's text for a standard number; "Application-defined or object-defined error" for any other.
 [[nodiscard]] std::string_view StandardErrorText(int number);
+
+[[nodiscard]] bool HasStandardErrorText(int number);
 
 // A run-time failure that a handler can catch: number and description, both meant for the user's eyes.
 class RuntimeError : public std::runtime_error {

@@ -210,7 +210,9 @@ int NumberOfResult(int result) {
 std::string_view ScriptErrorText(int number) {
   const auto* row = std::lower_bound(kTexts.begin(), kTexts.end(), number,
                                      [](const ErrorText& text, int wanted) { return text.number < wanted; });
-  return row != kTexts.end() && row->number == number ? row->text : "Unknown runtime error";
+  if (row != kTexts.end() && row->number == number) return row->text;
+  // What the program's own objects raise has the program's text.
+  return HasStandardErrorText(number) ? StandardErrorText(number) : "Unknown runtime error";
 }
 
 void RaiseScript(int number) { throw RuntimeError(number, std::string(ScriptErrorText(number))); }
