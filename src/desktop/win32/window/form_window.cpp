@@ -539,7 +539,12 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
       LookForPointer();
       return true;
     case WM_MEASUREITEM: menu_.MeasurePicture(*reinterpret_cast<MEASUREITEMSTRUCT*>(second)); return true;
-    case WM_DRAWITEM: menu_.DrawPicture(*reinterpret_cast<const DRAWITEMSTRUCT*>(second)); return true;
+    case WM_DRAWITEM: {
+      const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(second);
+      if (item.CtlType != ODT_MENU) return false;
+      menu_.DrawPicture(item);
+      return true;
+    }
     case WM_MOVE:
       if (form_->IsShown()) NotePlace();
       return false;
