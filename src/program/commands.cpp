@@ -9,6 +9,7 @@
 #include "forms/window_registry.h"
 #include "platform/platform.h"
 #include "program/open_window.h"
+#include "program/originals_hook.h"
 #include "program/pack_command.h"
 #include "program/path_text.h"
 #include "program/settings.h"
@@ -53,6 +54,7 @@ constexpr std::array kCommandWords{
     CommandWord{"-frmoverwrite", "FrmOverWrite", {}},
     CommandWord{"-frmpicture", "frmpicture", {}},
     CommandWord{"-frmputlist", "frmputlist", {}},
+    CommandWord{"-frmrestore", "frmrestore", {}},
     CommandWord{"-frmsplash", "frmsplash", {}},
     CommandWord{"-frmupdate", "FrmUpdate", {}},
     CommandWord{"-frmzip", "frmzip", {}},
@@ -83,6 +85,10 @@ void LoadStyleOption(const std::string& path) {
 int RunRawCommand(const std::string& command) {
   if (StartsWith(command, "-pack ")) {
     PackCommand(command);
+    return kCommandCarriedOut;
+  }
+  if (StartsWith(command, "-restore ")) {
+    RestoreCommand(command);
     return kCommandCarriedOut;
   }
   if (StartsWith(command, "-mapinfo")) {

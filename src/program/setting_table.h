@@ -42,6 +42,8 @@ inline constexpr Setting kEditorProgram{kLauncher, "DFLWEDIT.EXE", "DFLWMEDFC2.E
 inline constexpr Setting kEditorCopy{kLauncher, "EDITEXE", ""};  // copy of the editor's name; written only
 inline constexpr Setting kGameParameters{kLauncher, "DFLWPAR", ""};  // parameters for the game
 
+inline constexpr Setting kOriginalsLimit{"ORIGINALS", "LIMITMB", "512"};  // megabytes that kept contents may take; first versions are kept all the same
+
 // Outside programs.
 inline constexpr Setting kRunAfterPack{kLauncher, "SHELLPACK", "False"};  // run a program after packing a map
 inline constexpr Setting kRunAfterPlaying{kLauncher, "SHELLIMPLAYING", "False"};  // run a program after "I'm already playing"
@@ -121,6 +123,7 @@ inline constexpr std::array kAll{&kStyle,
                                  &kEditorProgram,
                                  &kEditorCopy,
                                  &kGameParameters,
+                                 &kOriginalsLimit,
                                  &kRunAfterPack,
                                  &kRunAfterPlaying,
                                  &kPackProgram,

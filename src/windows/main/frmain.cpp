@@ -6,6 +6,7 @@
 #include "game/editor_files.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
+#include "program/originals_hook.h"
 #include "program/path_text.h"
 #include "program/run_command.h"
 #include "program/settings.h"
@@ -104,7 +105,9 @@ void frmain::LoadSafely() {
 }
 
 void frmain::Shown() {
-  if (!SafeMode()) LoadStep([this] { AskForZipIcon(); });
+  if (SafeMode()) return;
+  LoadStep([this] { AskForZipIcon(); });
+  LoadStep([] { CheckGameArchive(); });
 }
 
 void frmain::Unloading() {

@@ -74,6 +74,7 @@ void frmain::BuildOtherMenus() {
   Fill(mnu_actions, "A&ctions",
        {{mnu_launchDFLW, "&Launch DFLW"},
         {mnu_launcheditor, "Launch &Editor"},
+        {mnu_restoremissions, "Restore &stock missions ..."},
         {mnu_line8, kLine},
         {mnu_makemaplist, "&Make maplist (auto host)"},
         {mnu_launchchat, "&Auto Messenger"},
@@ -113,7 +114,7 @@ struct Opening {
 };
 
 // What leads to another window. Those marked kCommand do something first and stand elsewhere.
-std::array<Opening, 24> Openings(frmain& window) {
+std::array<Opening, 25> Openings(frmain& window) {
   using enum Opening::Way;
   return {{{window.Command5, "frmoptions", kShowModal},
            {window.mnu_options, "frmoptions", kShowModal},
@@ -129,6 +130,7 @@ std::array<Opening, 24> Openings(frmain& window) {
            {window.mnu_Editor, "FrmEdit"},
            {window.mnu_helpdoc, "frmdwnlhelp"},
            {window.mnu_helpAbout, "frmhelp"},
+           {window.mnu_restoremissions, "frmrestore"},
            {window.mnu_launchprogram, "frmaddprogram", kShowModal},
            {window.mnu_showmapinfo, "frmmapinfo", kCommand},
            {window.mnu_mapPreview, "frmpicture", kCommand},
