@@ -49,6 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static_cast<void>(kestrun::JoinCommandWords(kestrun::Split(text, " ")));
   static_cast<void>(kestrun::ProcessCommand(text));
   static_cast<void>(kestrun::ProcessCommand("-pack " + text));
+  static_cast<void>(kestrun::ProcessCommand("-restore " + text));
   kestrun::CloseAllWindows();
   return 0;
 }

@@ -9,7 +9,7 @@
 #include "base/text.h"
 #include "formats/profile/profile_file.h"
 #include "platform/platform.h"
-#include "program/ask.h"
+#include "program/window_kit/ask.h"
 #include "program/folders.h"
 #include "program/path_text.h"
 #include "program/settings.h"

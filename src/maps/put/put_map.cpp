@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "formats/pff/cls_pff.h"
 #include "maps/put/frmoverwrite.h"
+#include "maps/put/keep_before_put.h"
 #include "maps/put/mission_name.h"
 #include "platform/file_error.h"
 #include "platform/platform.h"
@@ -84,13 +85,17 @@ bool PutInArchive(const std::string& map_path, std::string& name, const std::str
   if (archive.PFFFileExists(name, index) && !ConfirmOverwrite(archive_path, name)) return false;
   CutToNameField(name);
   RefuseUnencodable(name);
-  archive.PackFile(ReadMap(map_path), name);
+  const Bytes map = ReadMap(map_path);
+  if (!KeepBeforePut(&archive, {map, map_path, game_folder, name}, warn)) return false;
+  archive.PackFile(map, name);
   archive.SavePffFile();
   platform().files().Copy(map_path, game_folder + "\\" + name);
   return RunProgramAfter({setting::kRunAfterPack, setting::kPackProgram, "put map in dflw"}, name, game_folder, warn);
 }
 
 bool PutBeside(const std::string& map_path, const std::string& name, const std::string& game_folder, bool warn) {
+  const Bytes map = platform().files().ReadAll(map_path);
+  if (!KeepBeforePut(nullptr, {map, map_path, game_folder, name}, warn)) return false;
   platform().files().Copy(map_path, game_folder + "\\" + name);
   return RunProgramAfter({setting::kRunAfterPlaying, setting::kPlayingProgram, "i'm already playing"}, name,
                          game_folder, warn);

@@ -33,7 +33,8 @@ TEST_F(MainWindowTest, TheMenusReadAsPlayersKnowThem) {
   EXPECT_EQ(Captions(Main().mnu_loadmap), "&URL|&File on hard disk|");
   EXPECT_EQ(Captions(Main().mnu_view), "&Refresh list|R&efresh banner|-|&Status bar|-|&Options|");
   EXPECT_EQ(Captions(Main().mnu_actions),
-            "&Launch DFLW|Launch &Editor|-|&Make maplist (auto host)|&Auto Messenger|Launch &name editor|&Map "
+            "&Launch DFLW|Launch &Editor|Restore &stock missions ...|-|&Make maplist (auto host)|&Auto "
+            "Messenger|Launch &name editor|&Map "
             "updater|&Skin creator|-|Make &room for more players|Launch &BMS => MIS |Launch &color picker|-|Add &your "
             "program|");
   EXPECT_EQ(Captions(Main().mnu_internet),
