@@ -36,6 +36,15 @@ class LocatedFile final : public File {
   void WriteAt(uint64_t offset, ByteView bytes) override {
     Located([&] { file_->WriteAt(offset, bytes); }, ThisPath(path_));
   }
+  void Flush() override {
+    Located([&] { file_->Flush(); }, ThisPath(path_));
+  }
+  void Truncate(uint64_t bytes) override {
+    Located([&] { file_->Truncate(bytes); }, ThisPath(path_));
+  }
+  void Reserve(uint64_t bytes) override {
+    Located([&] { file_->Reserve(bytes); }, ThisPath(path_));
+  }
   void Close() override {
     Located([&] { file_->Close(); }, ThisPath(path_));
   }
@@ -59,7 +68,7 @@ std::string_view LocatedFiles::Culprit(std::string_view from, std::string_view t
 }
 
 void LocatedFiles::Copy(std::string_view from, std::string_view to) {
-  Located([&] { files_->Copy(from, to); }, [&] { return Culprit(from, to); });
+  Located([&] { files_->Copy(from, to); }, [&] { return files_->IsFolder(from) ? from : Culprit(from, to); });
 }
 
 void LocatedFiles::Rename(std::string_view from, std::string_view to) {
@@ -92,6 +101,14 @@ void LocatedFiles::SetWriteTime(std::string_view path, uint64_t file_time) {
 
 void LocatedFiles::SetLocalTimes(std::string_view path, const LocalFileTimes& times) {
   Located([&] { files_->SetLocalTimes(path, times); }, ThisPath(path));
+}
+
+std::string LocatedFiles::TruePath(std::string_view path) {
+  return Located([&] { return files_->TruePath(path); }, ThisPath(path));
+}
+
+std::unique_ptr<FileLock> LocatedFiles::TryLock(std::string_view path, std::string_view program) {
+  return Located([&] { return files_->TryLock(path, program); }, ThisPath(path));
 }
 
 }  // namespace kestrun

@@ -29,6 +29,9 @@ class LocatedFiles final : public FileSystem {
   void SetWriteTime(std::string_view path, uint64_t file_time) override;
   void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override;
   [[nodiscard]] std::string CurrentFolder() override { return files_->CurrentFolder(); }
+  void FlushFolder(std::string_view folder) override { files_->FlushFolder(folder); }
+  [[nodiscard]] std::string TruePath(std::string_view path) override;
+  [[nodiscard]] std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) override;
 
  private:
   [[nodiscard]] std::string_view Culprit(std::string_view from, std::string_view to);

@@ -8,6 +8,7 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "formats/profile/profile_file.h"
+#include "forms/window_registry.h"
 #include "platform/platform.h"
 #include "program/window_kit/ask.h"
 #include "program/folders.h"
@@ -88,7 +89,7 @@ std::string PickGameFolder(const std::string& prompt, int32_t root, const std::s
 }
 
 void OfferGameFolder() {
-  if (IsWindowRegistered("frmoptions")) return;
+  if (IsWindowRegistered(window_name::kOptions)) return;
   if (!AskYesNo("The game folder is " + GameFolder() + "." + std::string(kCrLf) + "Do you want to choose another one?",
                 BoxIcon::kQuestion)) {
     return;
