@@ -9,6 +9,7 @@
 #include "base/sha256.h"
 #include "base/text.h"
 #include "platform/platform.h"
+#include "platform/turn.h"
 #include "program/settings.h"
 
 namespace kestrun::originals {
@@ -19,8 +20,6 @@ constexpr uint64_t kMostIndexBytes = uint64_t{64} << 20;
 // Shorter ones are never written anew.
 constexpr uint64_t kCompactFromBytes = uint64_t{256} << 10;
 constexpr uint64_t kCompactFactor = 4;
-constexpr uint32_t kWaitMs = 5000;
-constexpr uint32_t kPauseMs = 50;
 
 std::string LedgerFolder() { return AppFile("originals"); }
 std::string IndexPath() { return LedgerFolder() + "\\index.txt"; }
@@ -53,20 +52,6 @@ Bytes ReadIndexText() {
   Bytes text(size);
   text.resize(file->ReadAt(0, text));
   return text;
-}
-
-std::unique_ptr<FileLock> TakeTurn(const std::string& folder) {
-  FileSystem& files = platform().files();
-  const std::string path = folder + "\\ledger.lock";
-  for (uint32_t waited = 0;; waited += kPauseMs) {
-    std::unique_ptr<FileLock> turn = files.TryLock(path, platform().program().ExeName());
-    if (turn) return turn;
-    if (waited >= kWaitMs) break;
-    Sleep(kPauseMs);
-  }
-  const LockHolder holder = files.ReadLockHolder(path);
-  const std::string who = holder.program.empty() ? std::string("Another program") : holder.program;
-  Raise(error::kPermissionDenied, who + " is working in '" + folder + "'.");
 }
 
 // "." and ".." taken out, separators as the program joins them.
@@ -131,7 +116,7 @@ const Record* FindRecord(const Index& index, const Place& place, const std::stri
 Ledger::Ledger() : folder_(LedgerFolder()) {
   FileSystem& files = platform().files();
   if (!files.Exists(folder_)) files.MakeFolder(folder_);
-  turn_ = TakeTurn(folder_);
+  turn_ = TakeTurn(folder_ + "\\ledger");
   const Bytes text = ReadIndexText();
   index_bytes_ = text.size();
   // A line that a kill cut off is ended, so that the next one does not go on in it.
@@ -237,18 +222,25 @@ void Ledger::Note(Event event) {
   index_.Apply(event);
 }
 
+// What is at the end of the file and not known here is a line that was written only in part, or one of another command
+// of this process: the next line starts behind it.
 void Ledger::WriteNotes(bool durable) {
   const std::unique_ptr<File> file = platform().files().Open(IndexPath(), OpenMode::kReadWrite);
-  file->WriteAt(index_bytes_, AsBytes(notes_));
+  const uint64_t end = file->Size();
+  if (end != index_bytes_) {
+    knows_all_ = false;
+    notes_.insert(0, kCrLf);
+  }
+  file->WriteAt(end, AsBytes(notes_));
   if (durable) file->Flush();
   file->Close();
   if (durable && index_bytes_ == 0) platform().files().FlushFolder(folder_);
-  index_bytes_ += notes_.size();
+  index_bytes_ = end + notes_.size();
   notes_.clear();
 }
 
 void Ledger::CompactWhenLong() {
-  if (index_bytes_ < kCompactFromBytes) return;
+  if (!knows_all_ || index_bytes_ < kCompactFromBytes) return;
   const std::string compacted = index_.Compacted();
   if (index_bytes_ < kCompactFactor * compacted.size()) return;
   if (Attempt([&] { platform().files().WriteAllDurably(IndexPath(), AsBytes(compacted)); })) {

@@ -63,10 +63,11 @@ class Ledger {
   void CompactWhenLong();
 
   std::string folder_;
-  std::unique_ptr<FileLock> turn_;
+  std::shared_ptr<FileLock> turn_;
   Index index_;
   std::string notes_;
   uint64_t index_bytes_ = 0;
+  bool knows_all_ = true;  // of what the file holds
 };
 
 }  // namespace kestrun::originals

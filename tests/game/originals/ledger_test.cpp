@@ -99,13 +99,31 @@ class TakenTurn final : public ForwardingFiles {
   std::unique_ptr<FileLock> TryLock(std::string_view, std::string_view) override { return nullptr; }
 };
 
-TEST_F(LedgerTest, ATurnThatDoesNotComeIsARefusalAfterFiveSeconds) {
+TEST_F(LedgerTest, ATurnThatDoesNotComeMakesAnOriginalThatCannotBeKept) {
+  const std::string before = ReadFile(Archive());
   TakenTurn files(native_files);
   desktop.UseFiles(files);
-  const uint64_t start = desktop.clock().NowMs();
-  EXPECT_THROW(Ledger(), RuntimeError);
-  EXPECT_EQ(desktop.clock().NowMs() - start, 5000U);
+  desktop.dialogs().ExpectBox("The original of \"D08M03.BMS\" cannot be kept. Go on without?", BoxAnswer::kNo);
+  EXPECT_FALSE(Put("Oasis.bms", kMission));
   desktop.UseFiles(native_files);
+  EXPECT_EQ(ReadFile(Archive()), before);
+}
+
+// A command can run inside another one's message pass.
+TEST_F(LedgerTest, TwoCommandsOfOneProcessLoseNoLineOfEachOther) {
+  const Place outer = PlaceOf(GamePath("outer.bms"));
+  const Place inner = PlaceOf(GamePath("inner.bms"));
+  Ledger first;
+  first.Keep(outer, Of('1', 10), PutOf("p1"));
+  {
+    Ledger second;
+    second.Keep(inner, Of('2', 10), PutOf("p2"));
+  }
+  first.Keep(outer, Of('3', 10), PutOf("p3"));
+  const Index index = ReadIndex();
+  ASSERT_NE(index.Find(inner), nullptr);
+  EXPECT_EQ(index.Find(inner)->versions.size(), 1U);
+  EXPECT_EQ(index.Find(outer)->versions.size(), 2U);
 }
 
 // The archive's bytes change when the files are told to: a put is killed or fails at each file call before that.
@@ -161,6 +179,8 @@ class KilledFiles final : public ForwardingFiles {
       file_->WriteAt(offset, bytes);
     }
     void Flush() override { file_->Flush(); }
+    void Truncate(uint64_t bytes) override { file_->Truncate(bytes); }
+    void Reserve(uint64_t bytes) override { file_->Reserve(bytes); }
     void Close() override { file_->Close(); }
 
    private:
