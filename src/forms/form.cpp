@@ -7,6 +7,7 @@
 #include "forms/member_rows.h"
 #include "forms/menu_item.h"
 #include "forms/window_registry.h"
+#include "platform/failure_box.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -287,11 +288,7 @@ Variant Form::ControlByMember(size_t position, Arguments arguments) const {
 }
 
 void ReportEventFault() {
-  const RuntimeError failure = CurrentError();
-  Attempt([&] {
-    MsgBox("Error: " + std::to_string(failure.number()) + std::string(kCrLf) + failure.description(), BoxButtons::kOk,
-           BoxIcon::kCritical);
-  });
+  Attempt([] { ShowFailureBox("", BoxIcon::kCritical); });
 }
 
 }  // namespace kestrun
