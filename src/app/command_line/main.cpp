@@ -17,7 +17,8 @@ constexpr int kExitUsage = 2;
 constexpr size_t kPackQuotes = 6;
 
 constexpr const char* kUsage =
-    "usage: kestrun -pack ARCHIVE NAME SOURCE [/z]\n"
+    "usage: kestrun -pack ARCHIVE NAME SOURCE\n"
+    "       kestrun -pack ARCHIVE NAME SOURCE.zip/z      every file of the zip; \"/z\" behind a blank is no flag\n"
     "       kestrun '-pack \"ARCHIVE\" \"NAME\" \"SOURCE\"/z'\n"
     "       kestrun -?\n"
     "All other commands need the window program, kestrun.exe.\n";
