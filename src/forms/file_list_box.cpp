@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "forms/form.h"
 #include "forms/member_rows.h"
+#include "platform/file_error.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -50,7 +51,7 @@ const std::string& FileListBox::Path() const {
 
 void FileListBox::SetPath(std::string_view folder) {
   std::string wanted = WithoutTrailingSeparator(folder);
-  if (!platform().files().IsFolder(wanted)) Raise(error::kPathNotFound);
+  if (!platform().files().IsFolder(wanted)) throw FileError(error::kPathNotFound, wanted);
   path_ = std::move(wanted);
   Reload();
   PathChange();

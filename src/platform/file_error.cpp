@@ -37,7 +37,7 @@ constexpr std::array kAdvice{
     Advice{error::kPathFileAccess,
            "It cannot be used as a file here: it is a folder, or the folder does not let you write. Check the name, or "
            "choose a folder of your own."},
-    Advice{error::kPathNotFound, "Its folder is not there. Check the folder, and that its disk is connected."},
+    Advice{error::kPathNotFound, "There is no such folder. Check its name, and that its disk is connected."},
 };
 
 std::string_view AdviceFor(int number) {

@@ -10,6 +10,7 @@
 #include "program/command_log.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
+#include "program/load_archive.h"
 #include "program/originals_hook.h"
 #include "program/path_text.h"
 #include "program/show_error.h"
@@ -104,7 +105,7 @@ void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::str
 void PackInto(const std::string& source, const std::string& name, const std::string& archive_path, bool is_zip,
               const std::string& temporary_folder) {
   ClsPFF archive;
-  static_cast<void>(archive.LoadPff(archive_path));
+  LoadArchive(archive, archive_path);
   if (is_zip) {
     PackZipMembers(archive, source, TemporaryPath(temporary_folder, "unzipped_" + name));
   } else {

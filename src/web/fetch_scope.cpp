@@ -54,23 +54,18 @@ std::optional<int> PercentOf(const FetchState& state) {
 }
 
 FetchScope::FetchScope(FetchDisplay* display)
-    : outer_(innermost),
-      display_(display || !innermost ? display : innermost->display_),
-      owns_display_(display != nullptr) {
+    : outer_(innermost), display_(display || !innermost ? display : innermost->display_) {
   innermost = this;
 }
 
 FetchScope::~FetchScope() {
   innermost = outer_;
-  if (owns_display_ && has_shown_) display_->EndFetch();
+  if (has_shown_) display_->EndFetch();
 }
 
 void FetchScope::Show(const FetchState& state) {
   if (!innermost || !innermost->display_) return;
-  for (FetchScope* scope = innermost; scope; scope = scope->outer_) {
-    scope->has_shown_ = true;
-    if (scope->owns_display_) break;
-  }
+  innermost->has_shown_ = true;
   innermost->display_->ShowFetch(state);
 }
 

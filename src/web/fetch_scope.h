@@ -28,7 +28,7 @@ class FetchDisplay {
   // Before anything is sent, and then several times a second. No event of any window runs in it or between two of them;
   // what it changes is painted.
   virtual void ShowFetch(const FetchState& state) = 0;
-  // Once, behind the last fetch of a command that has shown one.
+  // Behind the fetches of a scope that has shown one.
   virtual void EndFetch() = 0;
 };
 
@@ -53,7 +53,6 @@ class FetchScope {
  private:
   FetchScope* outer_;
   FetchDisplay* display_;
-  bool owns_display_;
   bool has_shown_ = false;
   bool is_cancelled_ = false;
 };

@@ -1,3 +1,4 @@
+#include "base/convert.h"
 #include "forms/combo_box.h"
 
 #include <gtest/gtest.h>

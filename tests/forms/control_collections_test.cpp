@@ -1,3 +1,4 @@
+#include "base/convert.h"
 #include "forms/control_collections.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // What scripts draw on forms and picture boxes, and the numbers by which the system knows them.
+#include "base/convert.h"
 #include "forms/drawable_control.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+#include "base/convert.h"
 #include "forms/script_globals.h"
 
 #include <gtest/gtest.h>

@@ -48,7 +48,7 @@ TEST_F(FileErrorTest, AMissingFileIsNamed) {
 TEST_F(FileErrorTest, AMissingFolderIsNamed) {
   EXPECT_EQ(Told([&] { platform().files().WriteAll(Path("nowhere\\a.bms"), {}); }),
             "76: Path not found: " + Path("nowhere\\a.bms") +
-                "\r\nIts folder is not there. Check the folder, and that its disk is connected.");
+                "\r\nThere is no such folder. Check its name, and that its disk is connected.");
 }
 
 TEST_F(FileErrorTest, AFullDiskNamesTheFileThatFoundNoRoom) {

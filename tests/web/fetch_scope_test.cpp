@@ -98,8 +98,8 @@ TEST_F(FetchScopeTest, AScopeInsideShowsInTheOneAroundItAndItsCancelIsThatOnesTo
     EXPECT_TRUE(inner.IsCancelled());
   }
   EXPECT_TRUE(outer.IsCancelled());
-  EXPECT_FALSE(lines_.lines.empty());
-  EXPECT_NE(lines_.lines.back(), "end");
+  ASSERT_FALSE(lines_.lines.empty());
+  EXPECT_EQ(lines_.lines.back(), "end");
 }
 
 TEST_F(FetchScopeTest, ACommandThatFetchesNothingTouchesNoDisplay) {

@@ -117,7 +117,10 @@ std::unique_ptr<HttpSession> HeadlessInternet::OpenSession() {
 
 void HeadlessInternet::Exchange(const HttpRequest& request, HttpReceiver& receiver) {
   requests.push_back({request.method, request.url, request.headers, std::string(AsChars(request.body))});
-  const auto user_leaves = [this](uint64_t received) { return leave_after_bytes && received >= *leave_after_bytes; };
+  const bool leaves_at_once = leave_after_requests && requests.size() > *leave_after_requests;
+  const auto user_leaves = [this, leaves_at_once](uint64_t received) {
+    return leaves_at_once || (leave_after_bytes && received >= *leave_after_bytes);
+  };
   receiver.StillWaiting(user_leaves(0));
   const auto found = answers_.find(request.url);
   if (found == answers_.end()) Raise(error::kAutomationError, "The server cannot be reached.");

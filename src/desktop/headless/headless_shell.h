@@ -101,6 +101,8 @@ class HeadlessInternet final : public Internet {
   size_t piece_bytes = size_t{1} << 20;
   // The user presses Esc in every exchange once so many bytes of its body have arrived.
   std::optional<uint64_t> leave_after_bytes;
+  // The user presses Esc in every exchange behind so many.
+  std::optional<size_t> leave_after_requests;
   // Where set, opens the sessions in the place of the laid-down answers: real sockets, for those who ask for them.
   std::function<std::unique_ptr<HttpSession>()> transport;
 

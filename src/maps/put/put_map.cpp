@@ -11,6 +11,7 @@
 #include "platform/file_error.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
+#include "program/load_archive.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/show_error.h"
@@ -80,7 +81,7 @@ bool PutInArchive(const std::string& map_path, std::string& name, const std::str
     OfferGameFolder();
     return false;
   }
-  static_cast<void>(archive.LoadPff(archive_path));
+  LoadArchive(archive, archive_path);
   int32_t index = -1;
   if (archive.PFFFileExists(name, index) && !ConfirmOverwrite(archive_path, name)) return false;
   CutToNameField(name);

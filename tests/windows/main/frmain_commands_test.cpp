@@ -292,7 +292,7 @@ TEST_F(EditorFilesTest, AFileThatIsThereIsNotAskedAboutAndStays) {
 
 TEST_F(EditorFilesTest, AFolderThatCannotBeWrittenIsToldAndNoMoreIsAsked) {
   Expect("text.bin", BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: Extracting editor files76\r\nPath not found");
+  desktop.dialogs().ExpectFileFailure("Error: Extracting editor files76\r\nPath not found", Path("nowhere\\TEXT.BIN"));
   EXPECT_FALSE(Main().ExtractEditorFiles(Path("nowhere")));
 }
 
@@ -302,7 +302,7 @@ TEST_F(EditorFilesTest, AFileThatBreaksOffDoesNotStay) {
   FailingFiles full_disk(native_files, 1);
   desktop.UseFiles(full_disk);
   Expect("text.bin", BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: Extracting editor files61\r\nDisk full");
+  desktop.dialogs().ExpectFileFailure("Error: Extracting editor files61\r\nDisk full", GamePath("TEXT.BIN"));
   EXPECT_FALSE(Main().ExtractEditorFiles(Path("game")));
   desktop.UseFiles(native_files);
   EXPECT_FALSE(FileIsThere(GamePath("TEXT.BIN")));
