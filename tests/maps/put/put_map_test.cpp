@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "maps/put/frmoverwrite.h"
+#include "maps/put/mission_name.h"
 #include "program/frame_fixture.h"
 #include "program/style_hook.h"
 #include "support/failing_files.h"
