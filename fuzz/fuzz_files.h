@@ -32,7 +32,7 @@ class MemoryFiles final : public FileSystem {
     content[std::string(to)] = content[std::string(from)];
   }
   void Delete(std::string_view path) override { content.erase(std::string(path)); }
-  void Rename(std::string_view, std::string_view) override { Raise(error::kPermissionDenied); }
+  void Rename(std::string_view from, std::string_view to) override { Replace(from, to); }
   void Replace(std::string_view from, std::string_view to) override {
     content[std::string(to)] = std::move(content[std::string(from)]);
     content.erase(std::string(from));
@@ -43,6 +43,11 @@ class MemoryFiles final : public FileSystem {
   void SetWriteTime(std::string_view, uint64_t) override {}
   void SetLocalTimes(std::string_view, const LocalFileTimes&) override {}
   std::string CurrentFolder() override { return "C:\\"; }
+  void FlushFolder(std::string_view) override {}
+  std::string TruePath(std::string_view path) override { return std::string(path); }
+  std::unique_ptr<FileLock> TryLock(std::string_view, std::string_view) override {
+    return std::make_unique<FileLock>();
+  }
 
  private:
   class MemoryFile final : public File {
@@ -55,12 +60,17 @@ class MemoryFiles final : public FileSystem {
       std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(offset), count, buffer.begin());
       return count;
     }
-    // A small disk: an archive whose offsets lie far away fills it.
     void WriteAt(uint64_t offset, ByteView bytes) override {
-      constexpr uint64_t kDiskBytes = 1 << 24;
-      if (offset + bytes.size() > kDiskBytes) Raise(error::kDiskFull);
+      Reserve(offset + bytes.size());
       if (offset + bytes.size() > bytes_.size()) bytes_.resize(offset + bytes.size());
       std::copy(bytes.begin(), bytes.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(offset));
+    }
+    void Flush() override {}
+    void Truncate(uint64_t bytes) override { bytes_.resize(static_cast<size_t>(bytes)); }
+    // A small disk: an archive whose offsets lie far away fills it.
+    void Reserve(uint64_t bytes) override {
+      constexpr uint64_t kDiskBytes = 1 << 24;
+      if (bytes > kDiskBytes) Raise(error::kDiskFull);
     }
     void Close() override {}
 

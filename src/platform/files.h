@@ -28,8 +28,33 @@ class File {
   [[nodiscard]] virtual size_t ReadAt(uint64_t offset, MutableByteView buffer) = 0;
   // Writes all bytes at the offset, extending the file as needed.
   virtual void WriteAt(uint64_t offset, ByteView bytes) = 0;
+  // What was written so far survives a power cut once this returns.
+  virtual void Flush() = 0;
+  // Cuts the file at that length.
+  virtual void Truncate(uint64_t bytes) = 0;
+  // Takes the room on the disk that the file needs to be of that length: writing within it no longer meets a full disk.
+  // What the file holds stays; where the system has no other way it is made longer by zeros. Error 61 when there is no
+  // room: the file's length is then as before.
+  virtual void Reserve(uint64_t bytes) = 0;
   // Closes and reports what closing reports. The file is not used afterwards.
   virtual void Close() = 0;
+
+ protected:
+  // Reserve for systems and disks that know no other way.
+  void ReserveByZeros(uint64_t bytes);
+};
+
+// A turn at something that only one process may use at a time: ends with this object, and with its process, however
+// that ends.
+class FileLock {
+ public:
+  virtual ~FileLock() = default;
+};
+
+// Who has a turn, as far as it is known: a process number of 0 and no name when it is not.
+struct LockHolder {
+  uint32_t process = 0;
+  std::string program;
 };
 
 // Moments in local time: 100-nanosecond units since 1601-01-01, as the clock on the wall counts them.
@@ -73,12 +98,37 @@ class FileSystem {
   // All times of a file; a system that cannot set the creation time leaves that one as it is.
   virtual void SetLocalTimes(std::string_view path, const LocalFileTimes& times) = 0;
   [[nodiscard]] virtual std::string CurrentFolder() = 0;
+  // Files that were made, renamed or deleted in the folder stay so after a power cut once this returns. Never raises:
+  // some systems do it unasked and some disks cannot.
+  virtual void FlushFolder(std::string_view folder) = 0;
+  // One path for a file that several paths lead to: links followed and names in the case that they have on the disk, as
+  // far as the system tells. What is not there keeps its name, in the folder's one path.
+  [[nodiscard]] virtual std::string TruePath(std::string_view path) = 0;
+  // Takes the turn that the file `path` stands for; null while somebody else has it, in this process or another, under
+  // Wine or beside it. The file is made for the turn, names its holder (ReadLockHolder), and is removed with it.
+  [[nodiscard]] virtual std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) = 0;
+
+  // Who has the turn that TryLock did not give. Never raises.
+  [[nodiscard]] LockHolder ReadLockHolder(std::string_view path);
 
   // Whole-file forms of the above.
   [[nodiscard]] Bytes ReadAll(std::string_view path);
   void WriteAll(std::string_view path, ByteView bytes);
+  // Makes the bytes the file's whole content in one step that also survives a power cut: there is the old content or
+  // the new one at any moment. What is half written stands in `path` + ".new" meanwhile; a failure takes it away.
+  void WriteAllDurably(std::string_view path, ByteView bytes);
   // Writes behind the present end, creating the file when it is missing.
   void Append(std::string_view path, ByteView bytes);
 };
+
+// Where in its file TryLock locks one byte: behind any text.
+inline constexpr int64_t kLockedByte = int64_t{1} << 30;
+
+// What TryLock writes into its file, and back. Anything else than such a text gives an unknown holder.
+[[nodiscard]] std::string FormatLockHolder(const LockHolder& holder);
+[[nodiscard]] LockHolder ParseLockHolder(std::string_view text);
+
+// The folder part of a path, up to and without its last separator: "C:" for "C:\a", "." where there is none.
+[[nodiscard]] std::string_view FolderPart(std::string_view path);
 
 }  // namespace kestrun

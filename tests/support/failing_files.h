@@ -38,6 +38,11 @@ class FailingFiles final : public FileSystem {
     Count(), files_.SetLocalTimes(path, times);
   }
   std::string CurrentFolder() override { return files_.CurrentFolder(); }
+  void FlushFolder(std::string_view folder) override { files_.FlushFolder(folder); }
+  std::string TruePath(std::string_view path) override { return files_.TruePath(path); }
+  std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) override {
+    return Count(), files_.TryLock(path, program);
+  }
 
  private:
   class CountedFile final : public File {
@@ -53,6 +58,9 @@ class FailingFiles final : public FileSystem {
       owner_.Count();
       file_->WriteAt(offset, bytes);
     }
+    void Flush() override { owner_.Count(), file_->Flush(); }
+    void Truncate(uint64_t bytes) override { owner_.Count(), file_->Truncate(bytes); }
+    void Reserve(uint64_t bytes) override { owner_.Count(), file_->Reserve(bytes); }
     void Close() override { owner_.Count(), file_->Close(); }
 
    private:

@@ -27,6 +27,11 @@ class ForwardingFiles : public FileSystem {
   void SetWriteTime(std::string_view path, uint64_t time) override { files_.SetWriteTime(path, time); }
   void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override { files_.SetLocalTimes(path, times); }
   std::string CurrentFolder() override { return files_.CurrentFolder(); }
+  void FlushFolder(std::string_view folder) override { files_.FlushFolder(folder); }
+  std::string TruePath(std::string_view path) override { return files_.TruePath(path); }
+  std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) override {
+    return files_.TryLock(path, program);
+  }
 
  protected:
   [[nodiscard]] FileSystem& files() { return files_; }

@@ -13,10 +13,12 @@
 #include <cerrno>
 #include <ctime>
 #include <limits>
+#include <optional>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "desktop/headless/file_descriptor.h"
+#include "desktop/headless/posix_file_lock.h"
 
 namespace kestrun {
 namespace {
@@ -53,11 +55,15 @@ constexpr std::array kErrnoTable{
     ErrnoRow{ENOMEM, error::kOutOfMemory},
 };
 
-int ErrorNumber(int code) {
+}  // namespace
+
+int ErrorNumberOfErrno(int code) {
   const auto* found =
       std::find_if(kErrnoTable.begin(), kErrnoTable.end(), [code](const ErrnoRow& row) { return row.code == code; });
   return found == kErrnoTable.end() ? error::kPathFileAccess : found->error_number;
 }
+
+namespace {
 
 std::string FolderOf(const std::string& path) {
   const size_t end = path.find_last_not_of('/');
@@ -81,10 +87,10 @@ bool IsSameFile(const Status& left, const Status& right) {
 [[noreturn]] void RaiseForPath(int code, const std::string& path) {
   Status status{};
   if (code == ENOENT && !GetStatus(FolderOf(path), status)) Raise(error::kPathNotFound);
-  Raise(ErrorNumber(code));
+  Raise(ErrorNumberOfErrno(code));
 }
 
-[[noreturn]] void RaiseErrno() { Raise(ErrorNumber(errno)); }
+[[noreturn]] void RaiseErrno() { Raise(ErrorNumberOfErrno(errno)); }
 
 // The entry of `folder` that equals `name` without regard to case; the first in byte order, so that the answer does
 // not depend on the order on disk. Empty when there is none.
@@ -115,6 +121,13 @@ std::string ResolveComponents(const std::string& path) {
     position = path.find_first_not_of('/', end);
   }
   return resolved;
+}
+
+// Links followed; nothing when the path leads to nothing.
+std::optional<std::string> RealPath(const std::string& path) {
+  const std::unique_ptr<char, void (*)(void*)> real(::realpath(path.c_str(), nullptr), ::free);
+  if (!real) return std::nullopt;
+  return real.get();
 }
 
 FileDescriptor OpenDescriptor(const std::string& path, int flags) {
@@ -176,6 +189,17 @@ class PosixFile final : public File {
     return ReadFully(descriptor_.get(), offset, buffer);
   }
   void WriteAt(uint64_t offset, ByteView bytes) override { WriteFully(descriptor_.get(), offset, bytes); }
+  void Flush() override {
+    if (::fsync(descriptor_.get()) != 0) RaiseErrno();
+  }
+  void Truncate(uint64_t bytes) override {
+    if (::ftruncate(descriptor_.get(), FileOffset(bytes)) != 0) RaiseErrno();
+  }
+  void Reserve(uint64_t bytes) override {
+    if (bytes == 0 || ::fallocate(descriptor_.get(), FALLOC_FL_KEEP_SIZE, 0, FileOffset(bytes)) == 0) return;
+    if (errno != EOPNOTSUPP && errno != ENOSYS) RaiseErrno();
+    ReserveByZeros(bytes);
+  }
   void Close() override {
     // An interrupted close has closed all the same.
     if (::close(descriptor_.Release()) != 0 && errno != EINTR) RaiseErrno();
@@ -242,8 +266,7 @@ void CopyFileTo(const std::string& from, std::string to) {
     if (::faccessat(AT_FDCWD, to.c_str(), W_OK, AT_EACCESS) != 0) RaiseForPath(errno, to);
     mode = target_status.st_mode;
     // Where the target is a link, what it points at is replaced, not the link.
-    const std::unique_ptr<char, void (*)(void*)> real_path(::realpath(to.c_str(), nullptr), ::free);
-    if (real_path) to = real_path.get();
+    to = RealPath(to).value_or(to);
   }
   TemporarySibling copy(to);
   CopyContent(source.get(), copy.descriptor());
@@ -371,17 +394,17 @@ void PosixFileSystem::Replace(std::string_view from, std::string_view to) {
 void PosixFileSystem::MakeFolder(std::string_view path) {
   const std::string native = NativePath(path);
   if (::mkdir(native.c_str(), 0777) == 0) return;
-  Raise(errno == ENOENT ? error::kPathNotFound : ErrorNumber(errno));
+  Raise(errno == ENOENT ? error::kPathNotFound : ErrorNumberOfErrno(errno));
 }
 
 void PosixFileSystem::RemoveFolder(std::string_view path) {
   if (::rmdir(NativePath(path).c_str()) == 0) return;
-  Raise(errno == ENOENT ? error::kPathNotFound : ErrorNumber(errno));
+  Raise(errno == ENOENT ? error::kPathNotFound : ErrorNumberOfErrno(errno));
 }
 
 std::vector<FolderEntry> PosixFileSystem::List(std::string_view folder) {
   const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(NativePath(folder).c_str()), ::closedir);
-  if (!listing) Raise(errno == ENOENT ? error::kPathNotFound : ErrorNumber(errno));
+  if (!listing) Raise(errno == ENOENT ? error::kPathNotFound : ErrorNumberOfErrno(errno));
   std::vector<FolderEntry> entries;
   while (const dirent* entry = ::readdir(listing.get())) {
     const std::string_view name = entry->d_name;
@@ -411,6 +434,28 @@ std::string PosixFileSystem::CurrentFolder() {
   const std::unique_ptr<char, void (*)(void*)> folder(::getcwd(nullptr, 0), ::free);
   if (!folder) RaiseErrno();
   return folder.get();
+}
+
+void PosixFileSystem::FlushFolder(std::string_view folder) {
+  Attempt([&] { ::fsync(OpenDescriptor(NativePath(folder), O_RDONLY | O_DIRECTORY).get()); });
+}
+
+std::string PosixFileSystem::TruePath(std::string_view path) {
+  const std::string native = NativePath(path);
+  if (const auto real = RealPath(native)) return *real;
+  const auto folder = RealPath(FolderOf(native));
+  if (!folder) return native;
+  return (*folder == "/" ? "" : *folder) + "/" + native.substr(native.rfind('/') + 1);
+}
+
+std::unique_ptr<FileLock> PosixFileSystem::TryLock(std::string_view path, std::string_view program) {
+  const std::string native = NativePath(path);
+  try {
+    return TryLockFile(native, program);
+  } catch (const RuntimeError& failure) {
+    if (failure.number() == error::kFileNotFound) Raise(error::kPathNotFound);
+    throw;
+  }
 }
 
 }  // namespace kestrun

@@ -36,6 +36,9 @@ class PosixFileSystem final : public FileSystem {
   void SetWriteTime(std::string_view path, uint64_t file_time) override;
   void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override;
   [[nodiscard]] std::string CurrentFolder() override;
+  void FlushFolder(std::string_view folder) override;
+  [[nodiscard]] std::string TruePath(std::string_view path) override;
+  [[nodiscard]] std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) override;
 
  private:
   // With "/" only and the drive replaced. Error 52 for a path with a NUL in it, 76 for an unmapped drive or no path.

@@ -6,8 +6,10 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 
 #include "desktop/headless/file_descriptor.h"
@@ -497,6 +499,77 @@ TEST(FileDescriptorTest, ReleaseGivesItAway) {
   owner = FileDescriptor();
   EXPECT_TRUE(IsOpen(number));
   ::close(number);
+}
+
+TEST_F(PosixFilesTest, RoomThatIsReservedLeavesTheFileAsItIs) {
+  Write("a.pff", "archive");
+  const auto file = files_.Open(Path("a.pff"), OpenMode::kReadWrite);
+  file->Reserve(100'000);
+  struct stat status {};
+  ASSERT_EQ(::stat(Path("a.pff").c_str(), &status), 0);
+  EXPECT_GE(status.st_blocks * 512, 100'000);
+  EXPECT_EQ(Read("a.pff").substr(0, 7), "archive");
+}
+
+TEST_F(PosixFilesTest, RoomThatIsNotThereIsAFullDisk) {
+  Write("a.pff", "archive");
+  const auto file = files_.Open(Path("a.pff"), OpenMode::kReadWrite);
+  EXPECT_EQ(ErrorNumberOf([&] { file->Reserve(uint64_t{1} << 43); }), error::kDiskFull);
+  EXPECT_EQ(Read("a.pff"), "archive");
+}
+
+TEST_F(PosixFilesTest, ATurnIsForOneAtATime) {
+  auto first = files_.TryLock(Path("a.lock"), "kestrun");
+  ASSERT_TRUE(first);
+  EXPECT_FALSE(files_.TryLock(Path("a.lock"), "other"));
+  const LockHolder holder = files_.ReadLockHolder(Path("a.lock"));
+  EXPECT_EQ(holder.process, static_cast<uint32_t>(::getpid()));
+  EXPECT_EQ(holder.program, "kestrun");
+  first.reset();
+  EXPECT_FALSE(files_.Exists(Path("a.lock")));
+  EXPECT_TRUE(files_.TryLock(Path("a.lock"), "other"));
+}
+
+TEST_F(PosixFilesTest, ATurnEndsWithItsProcess) {
+  std::array<int, 2> pipe{};
+  ASSERT_EQ(::pipe(pipe.data()), 0);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const auto lock = files_.TryLock(Path("a.lock"), "child");
+    static_cast<void>(::write(pipe[1], lock ? "y" : "n", 1));
+    for (;;) ::pause();
+  }
+  char taken = 'n';
+  ASSERT_EQ(::read(pipe[0], &taken, 1), 1);
+  EXPECT_EQ(taken, 'y');
+  EXPECT_FALSE(files_.TryLock(Path("a.lock"), "parent"));
+  ::kill(child, SIGKILL);
+  ::waitpid(child, nullptr, 0);
+  EXPECT_TRUE(files_.TryLock(Path("a.lock"), "parent"));
+  ::close(pipe[0]);
+  ::close(pipe[1]);
+}
+
+TEST_F(PosixFilesTest, ATurnInAFolderThatIsNotThereIsAMissingPath) {
+  EXPECT_EQ(ErrorNumberOf([&] { static_cast<void>(files_.TryLock(Path("none/a.lock"), "kestrun")); }),
+            error::kPathNotFound);
+}
+
+TEST_F(PosixFilesTest, ContentIsReplacedWhole) {
+  Write("index", "old and longer");
+  files_.WriteAllDurably(Path("index"), AsBytes("new"));
+  EXPECT_EQ(Read("index"), "new");
+  EXPECT_EQ(Names(), std::vector<std::string>{"index"});
+}
+
+TEST_F(PosixFilesTest, AllPathsOfAFileHaveOneTruePath) {
+  files_.MakeFolder(Path("Game"));
+  Write("Game/Dflw.pff", "archive");
+  ASSERT_EQ(::symlink("Game", Path("link").c_str()), 0);
+  const std::string real = files_.TruePath(Path("Game/Dflw.pff"));
+  EXPECT_EQ(files_.TruePath(Path("GAME/dflw.PFF")), real);
+  EXPECT_EQ(files_.TruePath(folder_.path() + "\\link\\DFLW.pff"), real);
+  EXPECT_EQ(files_.TruePath(Path("link/new.stl")), files_.TruePath(Path("Game")) + "/new.stl");
 }
 
 }  // namespace

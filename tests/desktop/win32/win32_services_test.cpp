@@ -202,5 +202,41 @@ TEST_F(Win32ServicesTest, ASystemCodePageThatIsUtf8HoldsEveryCharacter) {
   EXPECT_EQ(page.Decode("é 地図 😀"), "é 地図 😀");
 }
 
+TEST_F(Win32ServicesTest, ATurnIsForOneAtATime) {
+  auto first = files.TryLock(Path("a.lock"), "kestrun");
+  ASSERT_TRUE(first);
+  EXPECT_FALSE(files.TryLock(Path("a.lock"), "other"));
+  const LockHolder holder = files.ReadLockHolder(Path("a.lock"));
+  EXPECT_EQ(holder.process, GetCurrentProcessId());
+  EXPECT_EQ(holder.program, "kestrun");
+  first.reset();
+  EXPECT_FALSE(files.Exists(Path("a.lock")));
+  EXPECT_TRUE(files.TryLock(Path("a.lock"), "other"));
+}
+
+TEST_F(Win32ServicesTest, ContentIsReplacedWhole) {
+  Write(Path("index"), "old and longer");
+  files.WriteAllDurably(Path("index"), AsBytes("new"));
+  EXPECT_EQ(Read(Path("index")), "new");
+  EXPECT_FALSE(files.Exists(Path("index.new")));
+}
+
+TEST_F(Win32ServicesTest, RoomIsReservedAndAFileCut) {
+  Write(Path("a.pff"), "archive");
+  const auto file = files.Open(Path("a.pff"), OpenMode::kReadWrite);
+  file->Reserve(100'000);
+  file->Flush();
+  file->Truncate(4);
+  EXPECT_EQ(file->Size(), 4U);
+  EXPECT_EQ(Read(Path("a.pff")), "arch");
+}
+
+TEST_F(Win32ServicesTest, AFileHasOneTruePath) {
+  Write(Path("Dflw.pff"), "archive");
+  const std::string folder = files.TruePath(Path("."));
+  EXPECT_EQ(files.TruePath(Path("new.stl")), folder + "\\new.stl");
+  EXPECT_TRUE(files.Exists(files.TruePath(Path("dflw.PFF"))));
+}
+
 }  // namespace
 }  // namespace kestrun

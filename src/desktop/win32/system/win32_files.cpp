@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "desktop/win32/system/handles.h"
 #include "desktop/win32/system/wide_text.h"
+#include "desktop/win32/system/win32_file_lock.h"
 
 namespace kestrun {
 namespace {
@@ -79,6 +80,15 @@ class Win32File final : public File {
     }
   }
 
+  void Flush() override { Require(FlushFileBuffers(handle_.get())); }
+  void Truncate(uint64_t bytes) override {
+    LARGE_INTEGER end{};
+    end.QuadPart = static_cast<LONGLONG>(bytes);
+    Require(SetFilePointerEx(handle_.get(), end, nullptr, FILE_BEGIN));
+    Require(SetEndOfFile(handle_.get()));
+  }
+  // The system has calls that promise room; Wine answers to them without taking any.
+  void Reserve(uint64_t bytes) override { ReserveByZeros(bytes); }
   void Close() override { Require(CloseHandle(handle_.Release())); }
 
  private:
@@ -119,6 +129,19 @@ FileHandle OpenForTimes(std::string_view path) {
                                 nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
   if (!handle.IsValid()) RaiseLastError();
   return handle;
+}
+
+// Links followed; empty when the path leads to nothing.
+std::wstring FinalPath(const std::wstring& path) {
+  const FileHandle handle = OpenForQuestions(path);
+  if (!handle.IsValid()) return {};
+  std::wstring final_path(GetFinalPathNameByHandleW(handle.get(), nullptr, 0, 0), L'\0');
+  final_path.resize(
+      GetFinalPathNameByHandleW(handle.get(), final_path.data(), static_cast<DWORD>(final_path.size()), 0));
+  constexpr std::wstring_view kServerMark = L"\\\\?\\UNC\\";
+  constexpr std::wstring_view kMark = L"\\\\?\\";
+  if (final_path.starts_with(kServerMark)) return L"\\\\" + final_path.substr(kServerMark.size());
+  return final_path.starts_with(kMark) ? final_path.substr(kMark.size()) : final_path;
 }
 
 FILETIME ToFileTime(uint64_t units) { return {static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)}; }
@@ -258,6 +281,25 @@ std::string Win32FileSystem::CurrentFolder() {
   std::wstring folder(GetCurrentDirectoryW(0, nullptr), L'\0');
   folder.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
   return FromWide(folder);
+}
+
+void Win32FileSystem::FlushFolder(std::string_view folder) {
+  const FileHandle handle(CreateFileW(ToWidePath(folder).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  if (handle.IsValid()) FlushFileBuffers(handle.get());
+}
+
+std::string Win32FileSystem::TruePath(std::string_view path) {
+  const std::wstring wide = ToWidePath(path);
+  if (const std::wstring there = FinalPath(wide); !there.empty()) return FromWide(there);
+  const size_t name = wide.find_last_of(L"\\/") + 1;
+  const std::wstring folder = FinalPath(name == 0 ? L"." : wide.substr(0, name));
+  if (folder.empty()) return std::string(path);
+  return FromWide((folder.back() == L'\\' ? folder : folder + L'\\') + wide.substr(name));
+}
+
+std::unique_ptr<FileLock> Win32FileSystem::TryLock(std::string_view path, std::string_view program) {
+  return TryLockFile(ToWidePath(path), program);
 }
 
 }  // namespace kestrun

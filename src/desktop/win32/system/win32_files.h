@@ -21,6 +21,9 @@ class Win32FileSystem final : public FileSystem {
   void SetWriteTime(std::string_view path, uint64_t file_time) override;
   void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override;
   [[nodiscard]] std::string CurrentFolder() override;
+  void FlushFolder(std::string_view folder) override;
+  [[nodiscard]] std::string TruePath(std::string_view path) override;
+  [[nodiscard]] std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) override;
 };
 
 // The path of a file that is not there, in the folder of the given one: for what is to take its place when it is whole.
