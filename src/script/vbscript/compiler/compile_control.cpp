@@ -27,12 +27,11 @@ void Compiler::CompileIf(const IfStatement& statement) {
   EndMark(mark, Here());
 }
 
-// A failure in the subject or in a value resumes behind the whole statement.
+// A failure in the subject resumes behind the whole statement, one in a value in the branch of that value.
 void Compiler::CompileSelect(const SelectStatement& statement) {
-  std::vector<size_t> marks;
   const int subject = NewRegister();
   Mark(statement.position);
-  marks.push_back(OpenMark());
+  const size_t head = OpenMark();
   Into(*statement.subject, Register(subject));
   Emit(Opcode::kLetTemporary, Register(subject), Register(subject));
   Label end;
@@ -40,9 +39,10 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
     Label body;
     Label next;
     if (!branch.values.empty()) {
-      Mark(branch.position);
-      marks.push_back(OpenMark());
+      Mark(statement.position);
+      const size_t mark = OpenMark();
       CompileCase(branch, *statement.subject, subject, body, next);
+      EndMark(mark, Here());
     }
     Place(body);
     CompileBlock(branch.body);
@@ -50,8 +50,7 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
     Place(next);
   }
   Place(end);
-  const size_t behind = Here();
-  for (const size_t mark : marks) EndMark(mark, behind);
+  EndMark(head, Here());
   Mark(statement.position);
   const size_t mark = OpenMark();
   MarkDirty(subject);

@@ -6,7 +6,9 @@
 namespace kestrun::vbs {
 namespace {
 
-bool IsMember(const GlobalEntry& entry) { return entry.kind != GlobalKind::kUnbound && entry.kind != GlobalKind::kClass; }
+bool IsMember(const GlobalEntry& entry) {
+  return entry.kind != GlobalKind::kUnbound && entry.kind != GlobalKind::kClass;
+}
 
 }  // namespace
 

@@ -17,7 +17,9 @@ class GlobalObject final : public Object {
   [[nodiscard]] MemberId FindMember(std::string_view name) const override;
   [[nodiscard]] std::vector<MemberInfo> ListMembers() const override { return {}; }
   Variant Get(MemberId member, Arguments arguments) override;
-  void Put(MemberId member, Arguments arguments, const Variant& value) override { Store(member, arguments, value, false); }
+  void Put(MemberId member, Arguments arguments, const Variant& value) override {
+    Store(member, arguments, value, false);
+  }
   void PutReference(MemberId member, Arguments arguments, const Variant& value) override {
     Store(member, arguments, value, true);
   }

@@ -11,9 +11,9 @@ struct NumberRow {
 
 // Longs whatever their value.
 constexpr NumberRow kLongs[] = {
-    {"vbMsgBoxHelpButton", 16384},
-    {"vbBlack", 0},       {"vbRed", 0xFF},         {"vbGreen", 0xFF00},  {"vbYellow", 0xFFFF},
-    {"vbBlue", 0xFF0000}, {"vbMagenta", 0xFF00FF}, {"vbCyan", 0xFFFF00}, {"vbWhite", 0xFFFFFF},
+    {"vbMsgBoxHelpButton", 16384}, {"vbBlack", 0},       {"vbRed", 0xFF},
+    {"vbGreen", 0xFF00},           {"vbYellow", 0xFFFF}, {"vbBlue", 0xFF0000},
+    {"vbMagenta", 0xFF00FF},       {"vbCyan", 0xFFFF00}, {"vbWhite", 0xFFFFFF},
 };
 
 constexpr NumberRow kNumbers[] = {

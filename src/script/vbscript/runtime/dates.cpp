@@ -103,8 +103,9 @@ Variant TimeValue(RuntimeContext&, Arguments arguments) {
 // MonthName(month[, abbreviate]).
 Variant MonthName(RuntimeContext& context, Arguments arguments) {
   const LocaleForms& forms = FormsOf(context.locale());
+  const bool abbreviated = FlagArgument(arguments, 1);
   const auto month = static_cast<size_t>(NameNumber(arguments[0], 12) - 1);
-  return FlagArgument(arguments, 1) ? forms.short_months[month] : forms.months[month];
+  return abbreviated ? forms.short_months[month] : forms.months[month];
 }
 
 // Weekday(date[, first day]): 1 is the first day of the week.
@@ -119,8 +120,9 @@ Variant Weekday(RuntimeContext& context, Arguments arguments) {
 Variant WeekdayName(RuntimeContext& context, Arguments arguments) {
   const LocaleForms& forms = FormsOf(context.locale());
   const int first = FirstWeekday(context, arguments, 2);
+  const bool abbreviated = FlagArgument(arguments, 1);
   const auto weekday = static_cast<size_t>((NameNumber(arguments[0], 7) - 1 + first - 1) % 7);
-  return FlagArgument(arguments, 1) ? forms.short_weekdays[weekday] : forms.weekdays[weekday];
+  return abbreviated ? forms.short_weekdays[weekday] : forms.weekdays[weekday];
 }
 
 }  // namespace kestrun::vbs

@@ -155,8 +155,8 @@ Variant FormatNumber(RuntimeContext& context, Arguments arguments) {
   return WithSign(FormatDecimal(number.decimal, format), number.negative, format);
 }
 
-// FormatCurrency: with the locale's sign. Negative amounts stand in parentheses in the United States, elsewhere behind a
-// minus sign, unless told otherwise.
+// FormatCurrency: with the locale's sign. Negative amounts stand in parentheses in the United States, elsewhere behind
+// a minus sign, unless told otherwise.
 Variant FormatCurrency(RuntimeContext& context, Arguments arguments) {
   const NumberFormat format = ReadFormat(context, arguments, context.locale() == kEnglishUnitedStates);
   const SignedDecimal number = ReadNumberArgument(arguments[0], 0);

@@ -120,12 +120,12 @@ Variant ImplyWithNull(const Variant& left, const Variant& right) {
 
 Variant And(const Variant& left, const Variant& right) {
   return Apply<AndBits>(left, right,
-                              [](const Variant& a, const Variant& b) { return SettledBy(KnownSide(a, b), true); });
+                        [](const Variant& a, const Variant& b) { return SettledBy(KnownSide(a, b), true); });
 }
 
 Variant Or(const Variant& left, const Variant& right) {
   return Apply<OrBits>(left, right,
-                             [](const Variant& a, const Variant& b) { return SettledBy(KnownSide(a, b), false); });
+                       [](const Variant& a, const Variant& b) { return SettledBy(KnownSide(a, b), false); });
 }
 
 Variant Xor(const Variant& left, const Variant& right) { return Apply<XorBits>(left, right, UnknownWithNull); }

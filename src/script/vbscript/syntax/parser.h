@@ -43,8 +43,8 @@ class Parser {
     int dos = 0;
     int fors = 0;
     int withs = 0;
-    int inline_ifs = 0;      // an If on one line, or the rest of the line behind Else
-    bool only_ifs = true;    // no other statement encloses this place
+    int inline_ifs = 0;    // an If on one line, or the rest of the line behind Else
+    bool only_ifs = true;  // no other statement encloses this place
   };
   class BlockScope;
 
