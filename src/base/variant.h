@@ -52,6 +52,8 @@ class TextBody final : public RefCounted {
     return capacity <= kInObject ? 0 : LiveBytes::Block((capacity + 1) * sizeof(char16_t));
   }
   std::u16string text;
+  // The last unit holds a single byte, its low one: scripts also keep bytes in texts, and any number of them.
+  bool half_unit = false;
 
  private:
   void LastReferenceGone() noexcept override { delete this; }

@@ -28,18 +28,18 @@ Select Case 1 / 0
   Case Else WScript.Echo "else"
 End Select
 WScript.Echo "behind", Err.Number '=> behind 11
-'---- Select Case: a value that fails leaves the statement
+'---- Select Case: a value that fails goes on in its branch
 On Error Resume Next
 Select Case 3
   Case 1 WScript.Echo "one"
-  Case 1 / 0 WScript.Echo "failed"
+  Case 1 / 0 WScript.Echo "failed" '=> failed
   Case 3 WScript.Echo "three"
   Case Else WScript.Echo "else"
 End Select
 WScript.Echo "behind", Err.Number '=> behind 11
 Err.Clear
 Select Case 3
-  Case 1, 1 / 0, 3 WScript.Echo "listed"
+  Case 1, 1 / 0, 3 WScript.Echo "listed" '=> listed
   Case Else WScript.Echo "else"
 End Select
 WScript.Echo "behind", Err.Number '=> behind 11

@@ -2,11 +2,6 @@
 #include "script/vbscript/compiler/compiler.h"
 
 namespace kestrun::vbs {
-namespace {
-
-constexpr uint32_t kLiteralCase = 3;  // one side is a literal, and a text that is no number just differs
-
-}  // namespace
 
 // A failing condition resumes at the first statement of its branch.
 void Compiler::CompileIf(const IfStatement& statement) {
@@ -32,12 +27,11 @@ void Compiler::CompileIf(const IfStatement& statement) {
   EndMark(mark, Here());
 }
 
-// A failure in the subject or in a value resumes behind the whole statement.
+// A failure in the subject resumes behind the whole statement, one in a value in the branch of that value.
 void Compiler::CompileSelect(const SelectStatement& statement) {
-  std::vector<size_t> marks;
   const int subject = NewRegister();
   Mark(statement.position);
-  marks.push_back(OpenMark());
+  const size_t head = OpenMark();
   Into(*statement.subject, Register(subject));
   Emit(Opcode::kLetTemporary, Register(subject), Register(subject));
   Label end;
@@ -45,9 +39,10 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
     Label body;
     Label next;
     if (!branch.values.empty()) {
-      Mark(branch.position);
-      marks.push_back(OpenMark());
-      CompileCase(branch, subject, body, next);
+      Mark(statement.position);
+      const size_t mark = OpenMark();
+      CompileCase(branch, *statement.subject, subject, body, next);
+      EndMark(mark, Here());
     }
     Place(body);
     CompileBlock(branch.body);
@@ -55,8 +50,7 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
     Place(next);
   }
   Place(end);
-  const size_t behind = Here();
-  for (const size_t mark : marks) EndMark(mark, behind);
+  EndMark(head, Here());
   Mark(statement.position);
   const size_t mark = OpenMark();
   MarkDirty(subject);
@@ -64,13 +58,14 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
   EndMark(mark, Here());
 }
 
-void Compiler::CompileCase(const CaseBranch& branch, int subject, Label& body, Label& next) {
+void Compiler::CompileCase(const CaseBranch& branch, const Expression& subject_tree, int subject, Label& body,
+                           Label& next) {
   for (const Expression* value : branch.values) {
     const int saved = next_register_;
     const bool last = value == branch.values.back();
     const Operand operand = Value(*value);
     EmitJump(last ? next : body, last ? Opcode::kJumpUnlessEqual : Opcode::kJumpIfEqual, Register(subject), operand,
-             IsLiteral(*value) ? kLiteralCase : 0);
+             LiteralSides(subject_tree, *value) | kCaseComparison);
     next_register_ = saved;
   }
 }
@@ -185,11 +180,14 @@ void Compiler::CompileDo(const DoStatement& statement) {
 // A failure leaves the register Empty: the members that the body names then raise error 424.
 void Compiler::CompileWith(const WithStatement& statement) {
   const int object = NewRegister();
+  const int value = NewRegister();
   Mark(statement.position);
   const size_t mark = OpenMark();
   Emit(Opcode::kClear, object, 0, 0, 1);
-  IntoFresh(*statement.object, object);
-  ClearDirty(object + 1);
+  IntoFresh(*statement.object, value);
+  Emit(Opcode::kSet, Register(object), Register(value), 0, 1);  // error 424 for what is no object
+  MarkDirty(value);
+  ClearDirty(value);
   EndMark(mark, Here());
   withs_.push_back(Register(object));
   CompileBlock(statement.body);

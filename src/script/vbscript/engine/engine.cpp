@@ -6,9 +6,11 @@
 #include "base/text.h"
 #include "script/vbscript/compiler/compiler.h"
 #include "script/vbscript/engine/class_instance.h"
+#include "script/vbscript/engine/global_object.h"
 #include "script/vbscript/runtime/builtins.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
+#include "script/vbscript/runtime/locale.h"
 #include "script/vbscript/syntax/parser.h"
 
 namespace kestrun::vbs {
@@ -22,6 +24,17 @@ double ReadDateLiteral(RuntimeContext& context, std::string_view text) {
   if (!kConversion) RaiseScript(error::kTypeMismatch);
   Variant argument(text);
   return kConversion->call(context, {&argument, 1}).real();
+}
+
+ModuleError ErrorIn(const Module& module, const CompileError& error) {
+  return {error.number, module.source.PlaceOf(error.position), module.source.LineAt(error.position)};
+}
+
+// The text of a script to execute, of an object its default member's. Error 13 for everything else.
+Variant CodeOf(const Variant& argument) {
+  Variant code = PlainValue(argument);
+  if (!code.Is(VarType::kString)) RaiseScript(error::kTypeMismatch);
+  return code;
 }
 
 bool IsHighSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
@@ -39,14 +52,18 @@ std::vector<int32_t> BoundsOf(const DeclaredVariable& variable) {
 
 }  // namespace
 
-Engine::Activity::Activity(Engine& engine) : engine_(engine) {
+Engine::Activity::Activity(Engine& engine) : engine_(engine), forms_(FormsOf(engine.locale_).conversions) {
   if (engine_.activities_++ > 0) return;
   engine_.stopping_ = false;
   engine_.machine_.ResetFuel();
   engine_.deadline_ = engine_.limits_.now() + std::chrono::milliseconds(engine_.limits_.timeout_ms);
 }
 
-Engine::Engine() : machine_(*this), err_(MakeRef<ErrObject>()), link_(std::make_shared<EngineLink>(EngineLink{this})) {}
+Engine::Engine()
+    : machine_(*this),
+      err_(MakeRef<ErrObject>()),
+      link_(std::make_shared<EngineLink>(EngineLink{this})),
+      global_object_(MakeRef<GlobalObject>(link_)) {}
 
 Engine::~Engine() {
   ReleaseEverything();
@@ -85,20 +102,44 @@ void Engine::CheckTime() {
   throw TimeLimitReached{};
 }
 
+// Acts at once, and whenever the engine runs: hosts keep their own forms.
+void Engine::set_locale(int locale) {
+  locale_ = locale;
+  UseForms(FormsOf(locale).conversions);
+}
+
 void Engine::RaiseOutOfMemory() { RaiseScript(error::kOutOfMemory); }
 
-std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression, bool inside_method) {
+std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression) {
   const Activity activity(*this);
   auto module = std::make_shared<Module>(text);
   try {
-    ParseInto(*module, as_expression, inside_method);
+    ParseInto(*module, as_expression);
   } catch (const CompileError& error) {
-    throw ModuleError{error.number, module->source.PlaceOf(error.position), module->source.LineAt(error.position)};
+    throw ErrorIn(*module, error);
   }
   return module;
 }
 
-void Engine::ParseInto(Module& module, bool as_expression, bool inside_method) {
+void Engine::RefuseRedefinitions(const Module& module) {
+  const auto refuse = [&](uint32_t position) {
+    throw ErrorIn(module, CompileError{compile_error::kNameRedefined, position});
+  };
+  for (const auto& tree : module.classes) {
+    const GlobalEntry& entry = globals_.Entry(tree->name);
+    if (entry.kind == GlobalKind::kClass || entry.kind == GlobalKind::kConstant) refuse(tree->position);
+  }
+  for (const ConstStatement* constant : module.constants) {
+    const GlobalKind kind = globals_.Entry(constant->name).kind;
+    if (kind != GlobalKind::kUnbound && kind != GlobalKind::kObject) refuse(constant->position);
+  }
+  for (const DeclaredVariable& variable : module.variables) {
+    const GlobalKind kind = globals_.Entry(variable.name).kind;
+    if (kind == GlobalKind::kClass || kind == GlobalKind::kConstant) refuse(variable.position);
+  }
+}
+
+void Engine::ParseInto(Module& module, bool as_expression) {
   constexpr uint64_t kStepsPerText = 64;  // what even the shortest text takes to be parsed and compiled
   ChargeMemory(0);
   Charge(kStepsPerText);
@@ -107,7 +148,6 @@ void Engine::ParseInto(Module& module, bool as_expression, bool inside_method) {
     Charge(tokens);
     ChargeMemory(0);
   });
-  if (inside_method) parser.AllowMe();
   if (as_expression) {
     parser.ParseEvaluation();
   } else {
@@ -118,6 +158,7 @@ void Engine::ParseInto(Module& module, bool as_expression, bool inside_method) {
 }
 
 void Engine::Define(const std::shared_ptr<Module>& module) {
+  RefuseRedefinitions(*module);
   for (const auto& tree : module->procedures) {
     globals_.DefineProcedure(tree->name, MakeRef<Procedure>(module, *tree, nullptr));
   }
@@ -170,10 +211,10 @@ void Engine::AddObject(std::string_view name, const Variant& object) {
 }
 
 // The place of a compile error is nobody's business here: the statement that executes the text is at fault.
-std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression, bool inside_method) {
+std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression) {
   const auto module = std::make_shared<Module>(SourceOf(text));
   try {
-    ParseInto(*module, as_expression, inside_method);
+    ParseInto(*module, as_expression);
   } catch (const CompileError& error) {
     RaiseScript(error.number);
   }
@@ -190,10 +231,19 @@ std::string Engine::SourceOf(const Variant& text) {
   return source;
 }
 
-void Engine::ExecuteText(const Variant& text, bool global) {
-  const std::shared_ptr<Module> module = ParseExecuted(text, false, !global && machine_.InMethod());
-  if (global || !machine_.InProcedure()) {
+// Inside a running script a second definition is an error like others.
+void Engine::DefineExecuted(const std::shared_ptr<Module>& module) {
+  try {
     Define(module);
+  } catch (const ModuleError& error) {
+    RaiseScript(error.number);
+  }
+}
+
+void Engine::ExecuteText(const Variant& text, bool global) {
+  const std::shared_ptr<Module> module = ParseExecuted(CodeOf(text), false);
+  if (global || !machine_.InProcedure()) {
+    DefineExecuted(module);
     machine_.RunGlobal(*module);
     return;
   }
@@ -205,25 +255,27 @@ void Engine::ExecuteText(const Variant& text, bool global) {
 }
 
 Variant Engine::EvaluateText(const Variant& text) {
-  if (!text.Is(VarType::kString)) return text;
-  const std::shared_ptr<Module> module = ParseExecuted(text, true, machine_.InMethod());
+  const Variant code = text.Is(VarType::kObject) && !text.object() ? text : PlainValue(text);
+  if (!code.Is(VarType::kString)) return code;
+  const std::shared_ptr<Module> module = ParseExecuted(code, true);
   return machine_.InProcedure() ? machine_.RunInside(*module) : machine_.EvaluateGlobal(*module);
 }
 
 Variant Engine::MakeProcedureReference(const Variant& name) {
-  const NameId number = names_.Find(ToText(name));
+  const NameId number = names_.Find(ToText(CodeOf(name)));
   if (number == kNoName || globals_.Entry(number).kind != GlobalKind::kProcedure) {
     RaiseScript(error::kInvalidProcedureCall);
   }
   return Variant(MakeRef<ProcedureReference>(link_, globals_.Entry(number).procedure));
 }
 
-Variant Engine::MakeObject(NameId class_name) {
+Variant Engine::MakeObject(NameId class_name, bool explicit_names) {
+  // The language's own class counts even when a script has one of its name.
+  const Ref<Object> own = CreateScriptObject(names_.Spelling(class_name), *this);
+  if (own) return Variant(own);
   const GlobalEntry& entry = globals_.Entry(class_name);
   if (!entry.definition) {
-    const Ref<Object> object = CreateScriptObject(names_.Spelling(class_name), *this);
-    if (!object) RaiseScript(error::kClassNotDefined);
-    return Variant(object);
+    throw NamedError(explicit_names ? error::kUndefinedVariable : error::kClassNotDefined, names_.Spelling(class_name));
   }
   const Ref<ClassDefinition> definition = entry.definition;
   ChargeMemory(sizeof(ClassInstance) + definition->fields.size() * sizeof(Variant));

@@ -44,6 +44,8 @@ Variant ClearErr(Object& object, Arguments) {
   return {};
 }
 
+constexpr int32_t kLargestNumber = 0xFFFF;
+
 // An argument that is there and not left out.
 const Variant* Given(Arguments arguments, size_t at) {
   return at < arguments.size() && !arguments[at].IsMissing() ? &arguments[at] : nullptr;
@@ -53,14 +55,19 @@ std::string TextOr(const Variant* value, std::string_view otherwise) {
   return value ? ErrorText(*value) : std::string(otherwise);
 }
 
-// Raise(number, source, description, help file, help context). Zero is no error.
-Variant RaiseErr(Object&, Arguments arguments) {
-  const int32_t number = ToLong(arguments[0]);
-  if (number == 0) RaiseScript(error::kInvalidProcedureCall);
+std::string_view Either(const std::string& kept, std::string_view otherwise) { return kept.empty() ? otherwise : kept; }
+
+// Raise(number, source, description, help file, help context). Zero and positive numbers above 65535 are no errors.
+// What is not given stays as Err has it, and where that is empty follows the number.
+Variant RaiseErr(Object& object, Arguments arguments) {
+  const ErrObject& err = Of(object);
+  const int32_t given = ToLong(arguments[0]);
+  if (given == 0 || given > kLargestNumber) RaiseScript(error::kInvalidProcedureCall);
+  const int number = NumberOfResult(given);
   const Variant* context = Given(arguments, 4);
-  throw RaisedError(number, TextOr(Given(arguments, 2), ScriptErrorText(number)),
-                    TextOr(Given(arguments, 1), kRuntimeErrorSource), TextOr(Given(arguments, 3), ""),
-                    context ? ToLong(*context) : 0);
+  throw HostError(number, TextOr(Given(arguments, 2), Either(err.description, ScriptErrorText(number))),
+                  TextOr(Given(arguments, 1), Either(err.source, kRuntimeErrorSource)),
+                  TextOr(Given(arguments, 3), err.help_file), context ? ToLong(*context) : err.help_context);
 }
 
 constexpr Member kMembers[] = {
@@ -84,17 +91,19 @@ const MemberTable& ErrObject::Members() const {
 
 void ErrObject::Set(const RuntimeError& error) {
   Clear();
-  number = error.number();
-  if (const auto* raised = dynamic_cast<const RaisedError*>(&error)) {
-    description = raised->description();
-    source = raised->source();
-    help_file = raised->help_file();
-    help_context = raised->help_context();
-    CountBytes();
-    return;
+  const RuntimeError words = InScriptWords(error);
+  number = words.number();
+  description = words.description();
+  const auto* host = dynamic_cast<const HostError*>(&error);
+  if (host) {
+    source = host->source();
+    help_file = host->help_file();
+    help_context = host->help_context();
   }
-  description = InScriptWords(error).description();
-  source = IsCompileError(number) ? kCompileErrorSource : kRuntimeErrorSource;
+  // A host that describes its own failure also says where it came from, or nobody does.
+  const bool own_words = host && (!host->description().empty() || number < 0);
+  if (source.empty() && !own_words) source = IsCompileError(number) ? kCompileErrorSource : kRuntimeErrorSource;
+  CountBytes();
 }
 
 void ErrObject::Clear() {

@@ -1,6 +1,8 @@
 // What the fast paths of the operators leave over: other types, objects and texts.
 #include <array>
 
+#include <algorithm>
+
 #include "script/vbscript/engine/engine.h"
 #include "script/vbscript/machine/machine.h"
 #include "script/vbscript/runtime/builders.h"
@@ -67,7 +69,7 @@ void Machine::SlowAdd(const Instruction& at, BinaryOperator add) {
   return texts ? Concatenate(at) : SlowBinary(at, add);
 }
 
-Variant Machine::CompareValues(const Variant& left, const Variant& right, Comparison wanted, bool one_is_literal) {
+Variant Machine::CompareValues(const Variant& left, const Variant& right, Comparison wanted, unsigned literals) {
   if (left.Is(VarType::kString) && right.Is(VarType::kString)) {
     const bool equality = wanted == Comparison::kEqual || wanted == Comparison::kNotEqual;
     if (equality && left.text().size() != right.text().size()) return wanted == Comparison::kNotEqual;
@@ -75,7 +77,7 @@ Variant Machine::CompareValues(const Variant& left, const Variant& right, Compar
     return Compare(order, int16_t{0}, wanted);
   }
   ChargeReading(left, right);
-  return Compare(left, right, wanted, one_is_literal);
+  return Compare(left, right, wanted, literals);
 }
 
 void Machine::SlowCompare(const Instruction& at, int comparison, Variant& result) {
@@ -85,20 +87,20 @@ void Machine::SlowCompare(const Instruction& at, int comparison, Variant& result
   const auto wanted = static_cast<Comparison>(comparison);
   if (objects) {
     const Variant plain_left = PlainCopy(left);
-    At(at.a) = CompareValues(plain_left, PlainCopy(right), wanted, at.n != 0);
+    At(at.a) = CompareValues(plain_left, PlainCopy(right), wanted, at.n);
   } else {
-    result = CompareValues(left, right, wanted, at.n != 0);
+    result = CompareValues(left, right, wanted, at.n);
   }
 }
 
 // The outcome of a comparison that decides a jump; Null counts as false.
 bool Machine::SlowTest(const Instruction& at, int comparison) {
   const Variant left = At(at.b);
-  const bool is_case = (at.n & 2) != 0;
+  const bool is_case = (at.n & kCaseComparison) != 0;
   const Variant right = At(at.c);
   try {
     const Variant plain_left = PlainCopy(left);
-    const Variant truth = CompareValues(plain_left, PlainCopy(right), static_cast<Comparison>(comparison), at.n != 0);
+    const Variant truth = CompareValues(plain_left, PlainCopy(right), static_cast<Comparison>(comparison), at.n);
     return truth.Is(VarType::kBoolean) && truth.boolean();
   } catch (const RuntimeError& error) {
     if (!is_case || error.number() != error::kTypeMismatch || left.Is(VarType::kObject)) throw;
@@ -116,7 +118,8 @@ void Machine::Concatenate(const Instruction& at) {
     At(at.a) = std::move(joined);
     return;
   }
-  const bool grows = &target == &left && &target != &right && left.Is(VarType::kString);
+  const bool whole = !EndsInHalf(left) && !EndsInHalf(right);
+  const bool grows = whole && &target == &left && &target != &right && left.Is(VarType::kString);
   if (grows && target.text_body()->references() == 1 && (right.Is(VarType::kString) || IsWhole(right))) {
     TextBuilder text(engine_, Ref<TextBody>(target.text_body()));
     AppendValue(text, right);
@@ -127,6 +130,7 @@ void Machine::Concatenate(const Instruction& at) {
 
 Variant Machine::Joined(const Variant& left, const Variant& right) {
   if (left.Is(VarType::kNull) && right.Is(VarType::kNull)) return left;
+  if (EndsInHalf(left) || EndsInHalf(right)) return JoinBytes(engine_, left, right);
   TextBuilder text(engine_, UnitsOf(left) + UnitsOf(right));
   AppendValue(text, left);
   AppendValue(text, right);
@@ -140,7 +144,8 @@ void Machine::AppendParts(Variant& target, Variant* parts, uint32_t count) {
   for (uint32_t part = 0; part < count; ++part) {
     if (parts[part].Is(VarType::kObject)) parts[part] = PlainCopy(parts[part]);
   }
-  if (target.Is(VarType::kString)) {
+  const bool whole = !EndsInHalf(target) && std::none_of(parts, parts + count, EndsInHalf);
+  if (target.Is(VarType::kString) && whole) {
     const bool own = target.text_body()->references() == 1;
     TextBuilder text = own ? TextBuilder(engine_, Ref<TextBody>(target.text_body()))
                            : TextBuilder(engine_, target.text().size() + UnitsOf(parts[0]));

@@ -180,6 +180,7 @@ Variant Machine::NewArray(const std::vector<int32_t>& bounds) {
 }
 
 void Machine::ReDimArray(Variant& target, Arguments bounds, bool preserve) {
+  if (!preserve && target.Is(VarType::kArray) && target.array().fixed) RaiseScript(error::kArrayLocked);
   std::vector<int32_t> sizes;
   for (const Variant& bound : bounds) sizes.push_back(SizeOf(IndexNumber(bound)));
   if (sizes.size() > kMostDimensions) RaiseScript(error::kSubscriptOutOfRange);

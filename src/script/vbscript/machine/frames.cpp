@@ -106,7 +106,8 @@ const Instruction* Machine::Recover(const RuntimeError& error, const Instruction
   const auto* named = dynamic_cast<const NamedError*>(&error);
   const std::string name = placed ? placed->name() : named ? named->name() : std::string();
   const ErrorPlace place = placed ? placed->place() : PlaceOf(*Top().code, mark);
-  engine_.err().Set(error);
+  // An error that comes out of a nested run has been told there, with its source and help.
+  if (!placed || engine_.err().number != error.number()) engine_.err().Set(error);
   while (true) {
     const Frame& frame = Top();
     mark = MarkAt(*frame.code, pc);

@@ -58,7 +58,7 @@ const Instruction* Machine::DoForBegin(const Instruction* pc) {
   Let(At(pc->b), Variant(std::move(first)));
   const bool rises = IsTrue(Compare(step, int16_t{0}, Comparison::kGreaterEqual));
   const Comparison beyond = rises ? Comparison::kGreater : Comparison::kLess;
-  const bool done = IsTrue(Compare(PlainCopy(At(pc->b)), last, beyond, true));
+  const bool done = IsTrue(Compare(PlainCopy(At(pc->b)), last, beyond, kRightIsLiteral));
   Register(pc->c + 1) = std::move(last);
   Register(pc->c + 2) = std::move(step);
   return done ? pc + pc->a : pc + 1;
@@ -154,14 +154,16 @@ const Instruction* Machine::DoSetName(const Instruction* pc) {
 }
 
 const Instruction* Machine::DoNew(const Instruction* pc) {
-  Variant object = engine_.MakeObject(static_cast<NameId>(pc->c));
+  const bool explicit_names = Top().code->module && Top().code->module->option_explicit;
+  Variant object = engine_.MakeObject(static_cast<NameId>(pc->c), explicit_names);
   engine_.ChargeMemory(0);
   At(pc->a) = std::move(object);
   return pc + 1;
 }
 
 const Instruction* Machine::DoLoadMe(const Instruction* pc) {
-  At(pc->a) = Variant(static_cast<Object*>(Top().self));
+  Object* const self = Top().self;
+  At(pc->a) = Variant(self ? self : &engine_.global_object());
   return pc + 1;
 }
 

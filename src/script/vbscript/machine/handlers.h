@@ -256,7 +256,8 @@ inline const Instruction* Machine::DoNegate(const Instruction* pc) {
 }
 
 inline const Instruction* Machine::DoPlus(const Instruction* pc) {
-  SlowUnary(*pc, UnaryPlus);
+  const Variant value = At(pc->b);
+  At(pc->a) = UnaryPlus(value);
   return pc + 1;
 }
 

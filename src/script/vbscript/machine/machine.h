@@ -65,8 +65,6 @@ class Machine {
 
   // True while the executing code stands in a procedure.
   [[nodiscard]] bool InProcedure() const;
-  // True while it stands in a method of a class.
-  [[nodiscard]] bool InMethod() const { return depth_ > 0 && top_->self; }
   [[nodiscard]] bool idle() const { return depth_ == 0; }
 
   void Charge(uint64_t steps) {
@@ -160,7 +158,7 @@ class Machine {
   void SlowAdd(const Instruction& at, BinaryOperator operation);
   void SlowUnary(const Instruction& at, Variant (*operation)(const Variant&));
   void ChargeArguments(const Builtin& builtin, Arguments arguments);
-  Variant CompareValues(const Variant& left, const Variant& right, Comparison wanted, bool one_is_literal);
+  Variant CompareValues(const Variant& left, const Variant& right, Comparison wanted, unsigned literals);
   void SlowCompare(const Instruction& at, int comparison, Variant& result);
   bool SlowTest(const Instruction& at, int comparison);
   bool SlowTruth(const Variant& value);
@@ -194,6 +192,7 @@ class Machine {
   // Members (members.cpp).
   void ResolveSite(CallSite& site, Object& object);
   const Instruction* CallSiteMember(const Instruction* pc, bool is_statement);
+  static void RequireCallableField(const Variant& field, size_t argument_count, bool is_statement);
   const Instruction* CallClassMember(const Instruction* pc, ClassInstance& self, const ClassMember& member);
   const Instruction* CallWithTooMany(const Instruction* pc, ClassInstance& self, Procedure& procedure);
   void CallHostMember(const Instruction* pc, Object& object, MemberId member, bool is_statement);

@@ -2,6 +2,7 @@
 #include <array>
 #include <vector>
 
+#include "base/local_forms.h"
 #include "script/vbscript/engine/class_instance.h"
 #include "script/vbscript/engine/engine.h"
 #include "script/vbscript/machine/machine.h"
@@ -44,10 +45,18 @@ const Instruction* Machine::CallSiteMember(const Instruction* pc, bool is_statem
   ResolveSite(site, object);
   if (site.script_class) {
     auto& instance = static_cast<ClassInstance&>(object);
-    return CallClassMember(pc, instance, site.script_class->members[static_cast<size_t>(site.member)]);
+    const ClassMember& member = site.script_class->members[static_cast<size_t>(site.member)];
+    if (member.is_field) RequireCallableField(instance.fields()[member.field], pc->n, is_statement);
+    return CallClassMember(pc, instance, member);
   }
   CallHostMember(pc, object, site.member, is_statement);
   return pc + 1;
+}
+
+// A field is no method, and has no arguments unless it holds an array or an object.
+void Machine::RequireCallableField(const Variant& field, size_t argument_count, bool is_statement) {
+  if (field.Is(VarType::kObject) || (field.Is(VarType::kArray) && !is_statement)) return;
+  if (is_statement || argument_count > 0) RaiseScript(error::kMemberNotFound);
 }
 
 const Instruction* Machine::CallClassMember(const Instruction* pc, ClassInstance& self, const ClassMember& member) {
@@ -127,6 +136,7 @@ class PassedVariables {
 
 // A host gets values; what it changes in them goes back into the variables that were passed.
 void Machine::CallHostMember(const Instruction* pc, Object& object, MemberId member, bool is_statement) {
+  const LocalFormsScope hosts_forms(nullptr);
   const Ref<Object> held(&object);
   const Arguments arguments = List(*pc);
   PassedVariables passed(arguments);
@@ -147,6 +157,7 @@ const Instruction* Machine::StoreSiteMember(const Instruction* pc, bool set) {
     auto& instance = static_cast<ClassInstance&>(object);
     return StoreClassMember(pc, instance, site.script_class->members[static_cast<size_t>(site.member)], set);
   }
+  const LocalFormsScope hosts_forms(nullptr);
   const Ref<Object> held(&object);
   const Arguments arguments = ValuesOf(List(*pc));
   const Variant stored(std::move(value));
@@ -169,6 +180,8 @@ const Instruction* Machine::StoreClassMember(const Instruction* pc, ClassInstanc
     Variant& field = self.fields()[member.field];
     const Variant stored(std::move(value));
     if (!arguments.empty()) {
+      const bool has_items = field.Is(VarType::kArray) || field.Is(VarType::kObject);
+      if (!has_items) RaiseScript(error::kInvalidProcedureCall);
       StoreIndexed(field, ValuesOf(arguments), stored, set);
     } else if (set) {
       field = stored;

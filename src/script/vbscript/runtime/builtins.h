@@ -1,6 +1,7 @@
 // The built-in functions and constants: two tables that the compiler looks names up in.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,13 @@
 #include "script/vbscript/runtime/context.h"
 
 namespace kestrun::vbs {
+
+// Where a builtin may be called.
+enum class BuiltinUse : uint8_t {
+  kAnywhere,
+  kValue,      // a statement that drops its result gets error 458
+  kStatement,  // an expression that wants a result gets error 13
+};
 
 struct Builtin {
   std::string_view name;
@@ -20,6 +28,7 @@ struct Builtin {
   // Bit n: the function itself charges for what it does with argument n, or takes no longer for a long one. The caller
   // charges for every other text by its length, because reading it as a number or a date takes as long as it is.
   uint8_t charged_within = 0;
+  BuiltinUse use = BuiltinUse::kAnywhere;
 };
 
 inline constexpr uint8_t kFirst = 1;

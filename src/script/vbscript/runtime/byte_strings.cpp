@@ -1,7 +1,5 @@
-// The byte forms of the text functions: each UTF-16 unit counts as two bytes, the low one first.
-//
-// Departure: a text always holds whole units, so that an odd number of bytes is filled up with a zero byte; LenB
-// therefore never gives an odd number.
+// The byte forms of the text functions: each UTF-16 unit counts as two bytes, the low one first. An odd number of bytes
+// ends in half a unit.
 #include <algorithm>
 
 #include "script/vbscript/runtime/builders.h"
@@ -25,6 +23,7 @@ std::u16string BytesOf(RuntimeContext& context, const Variant& argument) {
       bytes.push_back(static_cast<char16_t>(text.view()[from] >> 8));
     }
   });
+  if (text.value().text_body()->half_unit) bytes.pop_back();
   return bytes;
 }
 
@@ -34,7 +33,9 @@ Variant TextOf(RuntimeContext& context, std::u16string_view bytes) {
     const unsigned high = at + 1 < bytes.size() ? bytes[at + 1] : 0;
     text.Append(static_cast<char16_t>(bytes[at] | high << 8));
   }
-  return text.Take();
+  Variant taken = text.Take();
+  taken.text_body()->half_unit = bytes.size() % 2 != 0;
+  return taken;
 }
 
 Variant FindBytes(RuntimeContext& context, Arguments arguments, size_t first, size_t start) {
@@ -55,11 +56,11 @@ Variant AscB(RuntimeContext& context, Arguments arguments) {
   return static_cast<uint8_t>(bytes[0]);
 }
 
-// ChrB(code): the byte, filled up to one unit.
-Variant ChrB(RuntimeContext&, Arguments arguments) {
+// ChrB(code): a text of one byte.
+Variant ChrB(RuntimeContext& context, Arguments arguments) {
   const int32_t code = ToLong(arguments[0]);
   if (code < 0 || code > 255) RaiseScript(error::kInvalidProcedureCall);
-  return Variant(std::u16string(1, static_cast<char16_t>(code)));
+  return TextOf(context, std::u16string(1, static_cast<char16_t>(code)));
 }
 
 Variant InStrB(RuntimeContext& context, Arguments arguments) {
@@ -71,7 +72,8 @@ Variant InStrB(RuntimeContext& context, Arguments arguments) {
 
 Variant LenB(RuntimeContext&, Arguments arguments) {
   if (arguments[0].Is(VarType::kNull)) return arguments[0];
-  return CountValue(TextArgument(arguments[0]).size() * 2);
+  const TextArgument text(arguments[0]);
+  return CountValue(text.size() * 2 - (text.value().text_body()->half_unit ? 1 : 0));
 }
 
 Variant LeftB(RuntimeContext& context, Arguments arguments) {
@@ -94,6 +96,13 @@ Variant RightB(RuntimeContext& context, Arguments arguments) {
   const size_t count = CountArgument(arguments[1], 0);
   const std::u16string bytes = BytesOf(context, arguments[0]);
   return TextOf(context, std::u16string_view(bytes).substr(bytes.size() > count ? bytes.size() - count : 0));
+}
+
+Variant JoinBytes(RuntimeContext& context, const Variant& left, const Variant& right) {
+  const auto bytes_of = [&](const Variant& side) {
+    return side.Is(VarType::kNull) ? std::u16string() : BytesOf(context, side);
+  };
+  return TextOf(context, bytes_of(left) + bytes_of(right));
 }
 
 }  // namespace kestrun::vbs

@@ -162,7 +162,8 @@ Variant RegExp::Execute(const Variant& text) {
 
 Variant RegExp::Replace(const Variant& text, const Variant& replacement) {
   const TextArgument subject(text);
-  const TextArgument form(replacement);
+  const bool truth = replacement.Is(VarType::kBoolean);
+  const TextArgument form(truth ? Variant(BooleanBits(replacement.boolean())) : replacement);
   const RegExpProgram& program = Program();
   RegExpMatcher matcher(context(), program, subject.view());
   const Expansion expansion(subject.view(), form.view(), program.group_count);

@@ -140,12 +140,12 @@ Variant InStr(RuntimeContext& context, Arguments arguments) {
   return FindFrom(context, arguments, 1, start, TextCompareArgument(arguments, 3));
 }
 
-// InStrRev(text, wanted[, start[, compare]]): the last place that ends at or in front of start; -1 is the end.
+// InStrRev(text, wanted[, start[, compare]]): the last place that ends at or in front of start; -1 is the end. Error 94
+// for Null.
 Variant InStrRev(RuntimeContext& context, Arguments arguments) {
   const int32_t start = LongArgument(arguments, 2, -1);
   if (start == 0 || start < -1) RaiseScript(error::kInvalidProcedureCall);
   const bool ignore_case = TextCompareArgument(arguments, 3);
-  if (IsNullArgument(arguments[0]) || IsNullArgument(arguments[1])) return Variant::Null();
   const TextArgument text(arguments[0]);
   const TextArgument wanted(arguments[1]);
   const size_t end = start < 0 ? text.size() : static_cast<size_t>(start);
@@ -160,29 +160,30 @@ Variant UCase(RuntimeContext& context, Arguments arguments) { return MapUnits<Up
 // Len(text): in UTF-16 units.
 Variant Len(RuntimeContext&, Arguments arguments) {
   const Variant& argument = arguments[0];
-  if (argument.Is(VarType::kString)) return CountValue(argument.text().size());
+  if (argument.Is(VarType::kString)) return CountValue(argument.text().size() - (EndsInHalf(argument) ? 1 : 0));
   return IsNullArgument(argument) ? argument : CountValue(TextArgument(argument).size());
 }
 
 // Left(text, count), Right(text, count): the whole text when it is shorter; error 5 for a negative count.
 Variant Left(RuntimeContext& context, Arguments arguments) {
-  if (IsNullArgument(arguments[0])) return arguments[0];
   const size_t count = CountArgument(arguments[1], 0);
+  if (IsNullArgument(arguments[0])) return arguments[0];
   return Slice(context, TextArgument(arguments[0]), 0, count);
 }
 
 Variant Right(RuntimeContext& context, Arguments arguments) {
-  if (IsNullArgument(arguments[0])) return arguments[0];
   const size_t count = CountArgument(arguments[1], 0);
+  if (IsNullArgument(arguments[0])) return arguments[0];
   const TextArgument text(arguments[0]);
   return Slice(context, text, text.size() > count ? text.size() - count : 0, count);
 }
 
 // Mid(text, start[, count]): what there is; error 5 for a start below 1 or a negative count.
 Variant Mid(RuntimeContext& context, Arguments arguments) {
-  if (IsNullArgument(arguments[0])) return arguments[0];
+  const int32_t wanted = LongArgument(arguments, 2, INT32_MAX);
   const size_t start = CountArgument(arguments[1], 1);
-  const size_t count = IsGiven(arguments, 2) ? CountArgument(arguments[2], 0) : kNotFound;
+  const size_t count = CountArgument(wanted, 0);
+  if (IsNullArgument(arguments[0])) return arguments[0];
   return Slice(context, TextArgument(arguments[0]), start - 1, count);
 }
 
