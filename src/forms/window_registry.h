@@ -54,6 +54,10 @@ bool ShowWindowModal(std::string_view name);
 // window is left.
 void WindowClosed(Form& form);
 
+// From now on the message loop also ends with the last window that is shown: those that were loaded unseen are closed
+// with it.
+void EndWithLastShownWindow();
+
 // Closes every instance without asking, in the order of their making. For the end of the process and of each test.
 void CloseAllWindows();
 

@@ -11,6 +11,7 @@
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/show_error.h"
+#include "web/download_file.h"
 #include "web/web_paths.h"
 
 namespace kestrun {

@@ -27,6 +27,7 @@ inline constexpr const char* kHelpDownload = "frmdwnlhelp";
 inline constexpr const char* kPreviewManager = "frmpicture";
 inline constexpr const char* kLargePreview = "frmLargeprev";
 inline constexpr const char* kOptions = "frmoptions";
+inline constexpr const char* kRestore = "frmrestore";
 inline constexpr const char* kStyleEditor = "FrmEdit";
 }  // namespace window_name
 

@@ -6,6 +6,7 @@
 #include "game/editor_files.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
+#include "program/originals_hook.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/start_mode.h"
@@ -103,7 +104,9 @@ void frmain::LoadSafely() {
 }
 
 void frmain::Shown() {
-  if (!SafeMode()) LoadStep([this] { AskForZipIcon(); });
+  if (SafeMode()) return;
+  LoadStep([this] { AskForZipIcon(); });
+  LoadStep([] { CheckGameArchive(); });
 }
 
 void frmain::Unloading() {

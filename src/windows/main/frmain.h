@@ -106,6 +106,7 @@ class frmain final : public Form {
   MenuItem& mnu_actions = Add<MenuItem>("mnu_actions");
   MenuItem& mnu_launchDFLW = Add<MenuItem>("mnu_launchDFLW");
   MenuItem& mnu_launcheditor = Add<MenuItem>("mnu_launcheditor");
+  MenuItem& mnu_restoremissions = Add<MenuItem>("mnu_restoremissions");
   MenuItem& mnu_line8 = Add<MenuItem>("mnu_line", 8);
   MenuItem& mnu_makemaplist = Add<MenuItem>("mnu_makemaplist");
   MenuItem& mnu_launchchat = Add<MenuItem>("mnu_launchchat");

@@ -33,7 +33,8 @@ TEST_F(MainWindowTest, TheMenusReadAsPlayersKnowThem) {
   EXPECT_EQ(Captions(Main().mnu_loadmap), "&URL|&File on hard disk|");
   EXPECT_EQ(Captions(Main().mnu_view), "&Refresh list|R&efresh banner|-|&Status bar|-|&Options|");
   EXPECT_EQ(Captions(Main().mnu_actions),
-            "&Launch DFLW|Launch &Editor|-|&Make maplist (auto host)|&Auto Messenger|Launch &name editor|&Map "
+            "&Launch DFLW|Launch &Editor|Restore &stock missions ...|-|&Make maplist (auto host)|&Auto "
+            "Messenger|Launch &name editor|&Map "
             "updater|&Skin creator|-|Make &room for more players|Launch &BMS => MIS |Launch &color picker|-|Add &your "
             "program|");
   EXPECT_EQ(Captions(Main().mnu_internet),
@@ -291,7 +292,7 @@ TEST_F(EditorFilesTest, AFileThatIsThereIsNotAskedAboutAndStays) {
 
 TEST_F(EditorFilesTest, AFolderThatCannotBeWrittenIsToldAndNoMoreIsAsked) {
   Expect("text.bin", BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: Extracting editor files76\r\nPath not found");
+  desktop.dialogs().ExpectFileFailure("Error: Extracting editor files76\r\nPath not found", Path("nowhere\\TEXT.BIN"));
   EXPECT_FALSE(Main().ExtractEditorFiles(Path("nowhere")));
 }
 
@@ -301,7 +302,7 @@ TEST_F(EditorFilesTest, AFileThatBreaksOffDoesNotStay) {
   FailingFiles full_disk(native_files, 1);
   desktop.UseFiles(full_disk);
   Expect("text.bin", BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: Extracting editor files61\r\nDisk full");
+  desktop.dialogs().ExpectFileFailure("Error: Extracting editor files61\r\nDisk full", GamePath("TEXT.BIN"));
   EXPECT_FALSE(Main().ExtractEditorFiles(Path("game")));
   desktop.UseFiles(native_files);
   EXPECT_FALSE(FileIsThere(GamePath("TEXT.BIN")));

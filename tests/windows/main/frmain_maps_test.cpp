@@ -172,7 +172,7 @@ TEST_F(MainWindowTest, EnterInTheFolderBoxReadsTheFolderAndPutsNoMapIn) {
 TEST_F(MainWindowTest, EnterAfterAFolderThatDoesNotExistSaysSo) {
   MainOnMaps();
   Main().Text1.Text = Path("nowhere");
-  desktop.dialogs().ExpectBox("Error: 76\r\nPath not found");
+  desktop.dialogs().ExpectFileFailure("Error: 76\r\nPath not found", Path("nowhere"));
   int enter = 13;
   Main().Text1.KeyDown(enter, 0);
   EXPECT_EQ(Rows(), "Desert.bms|Oasis.bms|");

@@ -106,7 +106,7 @@ TEST_F(MainWindowTest, AFailureIsReportedAndThenSaid) {
   MainOnMaps().FileMaps.ListIndex = 1;
   native_files.Delete(MapPath("Oasis.bms"));
   desktop.dialogs().ExpectBox("The file: " + MapPath("Oasis.bms") + " does not exists.\r\nContinue?", BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: 53\r\nFile not found");
+  desktop.dialogs().ExpectFileFailure("Error: 53\r\nFile not found", MapPath("Oasis.bms"));
   desktop.dialogs().ExpectBox("Failed to pack map");
   Main().Command2.Press();
 }
@@ -235,7 +235,7 @@ TEST_F(MainWindowTest, AReadOnlyGameFolderIsToldAndTheArchiveStays) {
   ClickRow(0);
   WriteFile(GamePath("kept.bms"), "kept");
   native_files.MakeFolder(GamePath("D08M03.BMS"));  // a folder in the loose file's place refuses the copy
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", GamePath("D08M03.BMS"));
   desktop.dialogs().ExpectBox("Failed to pack map: Desert.bms");
   Main().Command7.Press();
   EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);

@@ -99,7 +99,7 @@ FontHandle MakeFont(const FontDescription& font, ScreenScale scale) {
   description.lfItalic = font.italic;
   description.lfUnderline = font.underline;
   description.lfStrikeOut = font.strikethrough;
-  description.lfCharSet = DEFAULT_CHARSET;
+  description.lfCharSet = static_cast<BYTE>(font.charset == 0 ? DEFAULT_CHARSET : font.charset);
   description.lfQuality = CLEARTYPE_QUALITY;
   // The bitmap font of old dialogues has one size only; Tahoma has its widths, and every size.
   const std::wstring name = ToWide(font.name == "MS Sans Serif" ? "Tahoma" : font.name);

@@ -1,4 +1,4 @@
-#include "platform/http_redirect.h"
+#include "web/redirect.h"
 
 #include <algorithm>
 
@@ -10,10 +10,6 @@ namespace {
 
 constexpr int kMostRedirects = 10;
 constexpr std::string_view kSecureScheme = "https://";
-
-bool IsRedirect(int status) {
-  return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
-}
 
 bool IsSecure(std::string_view url) { return EqualsNoCase(url.substr(0, kSecureScheme.size()), kSecureScheme); }
 
@@ -69,6 +65,11 @@ HttpRequest Redirected(HttpRequest request, int status, std::string url) {
 
 }  // namespace
 
+bool IsRedirect(int status, const HttpHeaders& headers) {
+  const bool leads = status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
+  return leads && FindHeader(headers, "Location");
+}
+
 std::string ResolveLocation(std::string_view page, std::string_view location) {
   if (IsAbsolute(location)) return std::string(location);
   const PageParts from(page);
@@ -87,9 +88,8 @@ std::string ResolveLocation(std::string_view page, std::string_view location) {
 HttpResponse FollowRedirects(HttpRequest request, const std::function<HttpResponse(const HttpRequest& request)>& send) {
   for (int redirects = 0; redirects <= kMostRedirects; ++redirects) {
     HttpResponse response = send(request);
-    const std::optional<std::string> location = response.Header("Location");
-    if (!IsRedirect(response.status) || !location) return response;
-    std::string url = ResolveLocation(request.url, *location);
+    if (!IsRedirect(response.status, response.headers)) return response;
+    std::string url = ResolveLocation(request.url, *response.Header("Location"));
     if (IsSecure(request.url) && !IsSecure(url)) {
       Raise(error::kAutomationError, "The server sends the request from a safe connection to an open one.");
     }

@@ -10,9 +10,12 @@
 
 namespace kestrun {
 
-// Sends a request with `send`, which follows no redirects, and then what the answers ask for: 301, 302 and 303 turn
-// all but GET and HEAD into a GET without a body, 307 and 308 repeat the request. Raises error 440 after ten of them,
-// and for one that leads from https to anything else.
+// True for an answer that says where to ask instead.
+[[nodiscard]] bool IsRedirect(int status, const HttpHeaders& headers);
+
+// Sends a request with `send` and then what the answers ask for: 301, 302 and 303 turn all but GET and HEAD into a GET
+// without a body, 307 and 308 repeat the request. Gives the last answer. Raises error 440 after ten of them, and for
+// one that leads from https to anything else.
 [[nodiscard]] HttpResponse FollowRedirects(HttpRequest request,
                                            const std::function<HttpResponse(const HttpRequest& request)>& send);
 
