@@ -150,8 +150,13 @@ void frmopenmap::Browse() {
   if (dlgopen.ShowOpen()) TxtFile.Text = dlgopen.FileName;
 }
 
+std::string frmopenmap::Fetched() {
+  const FetchScope fetch(&fetch_line_);
+  return FetchMap(TxtFile.Text);
+}
+
 void frmopenmap::PutAndPlay(int32_t mode) {
-  const std::string local = FetchMap(TxtFile.Text);
+  const std::string local = Fetched();
   std::string name = ChosenName();
   if (local.empty()) return;
   MsgBox(PutMap(local, name, mode, true) ? "Successfully packed map" : "Failed to pack map");
@@ -196,7 +201,7 @@ void frmopenmap::SaveMapAs() {
   RunCommand([this] {
     if (AddressIsMissing("Enter path!")) return;
     if (!AskYesNo("This will download or copy the map to the default map folder continue?")) return;
-    const std::string local = FetchMap(TxtFile.Text);
+    const std::string local = Fetched();
     if (local.empty() || !FileExists(local)) return;
     const std::string target = InMapFolder(local);
     if (!EqualsNoCase(local, target)) platform().files().Copy(local, target);
@@ -208,7 +213,7 @@ void frmopenmap::AddAutoHost() {
     if (AddressIsMissing("Enter path!")) return;
     std::string target = TxtFile.Text;
     if (!FileExists(target) || MapFileKind(target) != map_file_kind::kMap) {
-      const std::string local = FetchMap(TxtFile.Text);
+      const std::string local = Fetched();
       if (local.empty()) return;
       target = InMapFolder(local);
       const bool is_there_already = EqualsNoCase(local, target);
@@ -225,7 +230,7 @@ void frmopenmap::AddAutoHost() {
 void frmopenmap::ShowMapInfo() {
   RunCommand([this] {
     if (AddressIsMissing("Enter Path!")) return;
-    const std::string local = FetchMap(TxtFile.Text);
+    const std::string local = Fetched();
     if (!local.empty() && FileExists(local)) OpenMapInfo(local);
   });
 }

@@ -17,6 +17,7 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/window_registry.h"
+#include "program/fetch_line.h"
 
 namespace kestrun {
 
@@ -24,6 +25,7 @@ class frmopenmap final : public Form {
  public:
   static constexpr const char* kName = "frmopenmap";
   static constexpr int kTaskCount = 6;
+  static constexpr const char* kCaption = "Kestrun - Open Map";
   frmopenmap();
 
   Label& Label1 = Add<Label>("Label1");
@@ -72,6 +74,8 @@ class frmopenmap final : public Form {
   void RestoreChoices();
   void DisableTasksWithoutWindow();
   void Browse();
+  // FetchMap of the address, shown in this window.
+  [[nodiscard]] std::string Fetched();
   void PutAndPlay(int32_t mode);
   [[nodiscard]] std::string ChosenName();
   void LaunchGame();
@@ -83,6 +87,9 @@ class frmopenmap final : public Form {
   bool AddressIsMissing(const char* request);
 
   bool choices_restored_ = false;
+
+  // Its caption is the window's line of words while it fetches.
+  FetchLine fetch_line_{nullptr, [this](const std::string& words) { Caption = words; }, [this] { Caption = kCaption; }};
 };
 
 }  // namespace kestrun

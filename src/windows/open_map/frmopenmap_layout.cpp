@@ -44,7 +44,7 @@ void PlaceText(TextBox& box, int left, int top, int width, const char* tip) {
 }  // namespace
 
 void frmopenmap::LayOut() {
-  Caption = "Kestrun - Open Map";
+  Caption = kCaption;
   Icon = ProgramIcon();
   BorderStyle = static_cast<int>(FormBorder::kFixedSingle);
   StartUpPosition = static_cast<int>(StartPosition::kCenterScreen);
