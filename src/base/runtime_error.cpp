@@ -37,6 +37,8 @@ constexpr std::array kErrorTexts{
     ErrorText{error::kInvalidUseOfNull, "Invalid use of Null"},
     ErrorText{error::kInvalidFileFormat, "Invalid file format"},
     ErrorText{error::kResourceNotFound, "Resource not found"},
+    ErrorText{error::kNotMadeByScript, "Can't unload controls created at design time"},
+    ErrorText{error::kInvalidPropertyValue, "Invalid property value"},
     ErrorText{error::kPropertyReadOnly, "Property is read-only"},
     ErrorText{error::kObjectRequired, "Object required"},
     ErrorText{error::kCannotCreateObject, "ActiveX component can't create object"},
@@ -44,15 +46,21 @@ constexpr std::array kErrorTexts{
     ErrorText{error::kAutomationError, "Automation error"},
     ErrorText{error::kWrongArgumentCount, "Wrong number of arguments or invalid property assignment"},
     ErrorText{error::kInvalidPicture, "Invalid picture"},
+    ErrorText{error::kNameInUse, "There is already a control with this name"},
 };
+
+const ErrorText* FindText(int number) {
+  return std::find_if(kErrorTexts.begin(), kErrorTexts.end(),
+                      [number](const ErrorText& row) { return row.number == number; });
+}
 
 }  // namespace
 
 std::string_view StandardErrorText(int number) {
-  const auto* found = std::find_if(kErrorTexts.begin(), kErrorTexts.end(),
-                                   [number](const ErrorText& row) { return row.number == number; });
-  return found == kErrorTexts.end() ? "Application-defined or object-defined error" : found->text;
+  return HasStandardErrorText(number) ? FindText(number)->text : "Application-defined or object-defined error";
 }
+
+bool HasStandardErrorText(int number) { return FindText(number) != kErrorTexts.end(); }
 
 RuntimeError::RuntimeError(int number) : RuntimeError(number, std::string(StandardErrorText(number))) {}
 

@@ -7,12 +7,13 @@
 #include "base/text.h"
 #include "forms/window_registry.h"
 #include "platform/platform.h"
-#include "program/open_window.h"
+#include "program/originals_hook.h"
 #include "program/pack_command.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/show_error.h"
 #include "program/style_hook.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 namespace {
@@ -53,6 +54,11 @@ int CallProcedure(const Command& command, const std::string&) {
 
 int Pack(const Command&, const std::string& text) {
   PackCommand(text);
+  return kCommandCarriedOut;
+}
+
+int Restore(const Command&, const std::string& text) {
+  RestoreCommand(text);
   return kCommandCarriedOut;
 }
 
@@ -127,6 +133,7 @@ constexpr std::array kCommands{
     Command{Match::kWord, "-frmoverwrite", OpenWordsWindow, "FrmOverWrite"},
     Command{Match::kWord, "-frmpicture", OpenWordsWindow, "frmpicture"},
     Command{Match::kWord, "-frmputlist", OpenWordsWindow, "frmputlist"},
+    Command{Match::kWord, "-frmrestore", OpenWordsWindow, "frmrestore"},
     Command{Match::kWord, "-frmsplash", OpenWordsWindow, "frmsplash"},
     Command{Match::kWord, "-frmupdate", OpenWordsWindow, "FrmUpdate"},
     Command{Match::kWord, "-frmzip", OpenWordsWindow, "frmzip"},
@@ -134,6 +141,7 @@ constexpr std::array kCommands{
     Command{Match::kWord, "-frmpictureselect", OpenWordsWindow, "FrmpictureSelect"},
     Command{Match::kStart, "-pack ", Pack, {}, "-pack \"pfffile\" \"rename\" \"filepath or url\" /z: packs a file into the pfffile with 'rename' as filename downloads urls, use /z to for zipped file extraction.", kSecondPage},
     Command{Match::kStart, "-edit ", EditStyle},
+    Command{Match::kStart, "-restore ", Restore},
 };
 // clang-format on
 

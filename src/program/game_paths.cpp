@@ -10,11 +10,12 @@
 #include "formats/profile/profile_file.h"
 #include "forms/window_registry.h"
 #include "platform/platform.h"
-#include "program/ask.h"
+#include "program/window_kit/ask.h"
 #include "program/folders.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/show_error.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 namespace {
@@ -62,7 +63,7 @@ void StartGame() {
   }
   MsgBox("Game file 'dflwdem.exe' not found!!!!! Please select your game folder in the options window!!!",
          BoxButtons::kOk, BoxIcon::kCritical);
-  ShowWindowModal("frmoptions");
+  OpenWindow(window_name::kOptions, ShowWay::kShowModal);
   OfferGameFolder();
 }
 
@@ -88,7 +89,7 @@ std::string PickGameFolder(const std::string& prompt, int32_t root, const std::s
 }
 
 void OfferGameFolder() {
-  if (IsWindowRegistered("frmoptions")) return;
+  if (IsWindowRegistered(window_name::kOptions)) return;
   if (!AskYesNo("The game folder is " + GameFolder() + "." + std::string(kCrLf) + "Do you want to choose another one?",
                 BoxIcon::kQuestion)) {
     return;

@@ -1,6 +1,5 @@
 #include "program/pack_command.h"
 
-#include "base/code_page.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "formats/pff/cls_pff.h"
@@ -8,11 +7,12 @@
 #include "formats/zip/member_path.h"
 #include "platform/file_error.h"
 #include "platform/platform.h"
+#include "program/command_log.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
 #include "program/load_archive.h"
+#include "program/originals_hook.h"
 #include "program/path_text.h"
-#include "program/settings.h"
 #include "program/show_error.h"
 #include "web/download_file.h"
 #include "web/fetch_scope.h"
@@ -20,6 +20,12 @@
 
 namespace kestrun {
 namespace {
+
+std::string TemporaryFolder() {
+  std::string folder = SpecialFolder(folder::kTemporary);
+  if (!folder.empty()) folder.pop_back();
+  return folder;
+}
 
 std::string FillMacros(std::string text, const std::string& temporary_folder) {
   // The game folder is resolved only where it is asked for: resolving may put a question to the user.
@@ -68,6 +74,18 @@ void DeleteLeftovers(const Cls_Zip& zip, const std::string& folder) {
   }
 }
 
+// The entry that the file takes the place of is kept first. Nobody is there to be asked: when that fails, the log says
+// so.
+void PackOne(ClsPFF& archive, OriginalsKeeper& keeper, const Bytes& content, const std::string& name,
+             const std::string& source) {
+  try {
+    keeper.KeepEntry(archive, name, content, source);
+  } catch (const std::exception&) {
+    Attempt([&, reason = CurrentError().description()] { LogNotKept(name, reason); });
+  }
+  archive.PackFile(content, name);
+}
+
 // Unpacks every member into the folder, which is left behind, and stages each file under its own base name.
 void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::string& folder) {
   const Ref<Cls_Zip> zip = MakeRef<Cls_Zip>();
@@ -75,10 +93,12 @@ void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::str
   DeleteLeftovers(*zip, folder);
   const Cls_Zip::Selection all(static_cast<size_t>(zip->FileCount()) + 1, true);
   zip->UnPack(all, folder);
+  const std::unique_ptr<OriginalsKeeper> keeper = KeepOriginals();
   for (int32_t member = 1; member <= zip->FileCount(); ++member) {
     if (zip->IsDir(member)) continue;
     const std::string name = zip->FileName(member);
-    archive.PackFile(ReadSource(archive, UnpackedPath(folder, name)), GetFileName(name));
+    PackOne(archive, *keeper, ReadSource(archive, UnpackedPath(folder, name)), GetFileName(name),
+            zip_path + ":" + name);
   }
 }
 
@@ -89,17 +109,18 @@ void PackInto(const std::string& source, const std::string& name, const std::str
   if (is_zip) {
     PackZipMembers(archive, source, TemporaryPath(temporary_folder, "unzipped_" + name));
   } else {
-    archive.PackFile(ReadSource(archive, source), name);
+    PackOne(archive, *KeepOriginals(), ReadSource(archive, source), name, source);
   }
   archive.SavePffFile();
 }
 
 void AppendLogLine(const std::string& source, const std::string& archive_path, const std::string& name) {
-  const std::string line = source + " --> " + archive_path + ":" + name + " ~>OK" + std::string(kCrLf);
-  platform().files().Append(AppFile("kestrun.log"), AsBytes(EncodeText(line)));
+  AppendToLog(source + " --> " + archive_path + ":" + name + " ~>OK");
 }
 
 }  // namespace
+
+std::string FillCommandMacros(const std::string& text) { return FillMacros(text, TemporaryFolder()); }
 
 void PackCommand(const std::string& command) {
   Attempt([&] {
@@ -115,8 +136,7 @@ void PackCommand(const std::string& command) {
 
 bool packfile(std::string Source, const std::string& Name, std::string ArchivePath, bool IsZip) {
   try {
-    std::string temporary_folder = SpecialFolder(folder::kTemporary);
-    if (!temporary_folder.empty()) temporary_folder.pop_back();
+    const std::string temporary_folder = TemporaryFolder();
     Source = FillMacros(Source, temporary_folder);
     const FetchScope fetch;
     if (IsUrl(Source) && !DownloadFile(Source, TemporaryPath(temporary_folder, Name))) {
@@ -141,7 +161,7 @@ bool EndsInZipFlag(const std::string& source) { return ToLower(source).ends_with
 }  // namespace
 
 std::string JoinCommandWords(const std::vector<std::string>& words) {
-  if (words.size() < 2 || words[0] != "-pack") {
+  if (words.size() < 2 || (words[0] != "-pack" && words[0] != "-restore")) {
     std::string joined;
     for (const std::string& word : words) joined += joined.empty() ? word : " " + word;
     return joined;

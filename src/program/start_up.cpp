@@ -12,12 +12,13 @@
 #include "program/commands.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
-#include "program/open_window.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/shell_integration.h"
 #include "program/start_mode.h"
 #include "program/style_hook.h"
+#include "program/window_kit/apply_style.h"
+#include "program/window_kit/open_window.h"
 #include "web/web_paths.h"
 
 namespace kestrun {
@@ -42,9 +43,7 @@ void LoadDefaultStyle() {
   if (FileExists(path)) LoadStyleFile(path);
 }
 
-void ApplyStyle(Form& splash) {
-  if (StyleActive()) FormLoadStyle(splash);
-}
+void ApplyStyle(Form& splash) { ApplyStyleAtOnce(splash, "ApplyStyle()"); }
 
 void ShowSplash(Form& splash) {
   splash.Show();

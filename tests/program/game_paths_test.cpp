@@ -5,6 +5,7 @@
 #include "program/settings.h"
 #include "support/error_number.h"
 #include "support/headless_fixture.h"
+#include "support/registered_window.h"
 
 namespace kestrun {
 namespace {
@@ -156,18 +157,11 @@ TEST_F(GamePathsTest, AFailedOpenOfTheGameIsSilent) {
   EXPECT_FALSE(launchDFLW());
 }
 
-class OptionsWindow final : public Form {
- public:
-  OptionsWindow() : Form("frmoptions") {}
-};
-
 TEST_F(GamePathsTest, AMissingGameIsToldByItsUsualNameAndTheOptionsOpen) {
   TellRegistry(Path("game"));
   WriteIni("[launcher]\r\nDFLWDEM.EXE=other.exe\r\n");
   desktop.dialogs().ExpectBox(kMissing).WithIcon(BoxIcon::kCritical).WithButtons(BoxButtons::kOk);
-  if (!IsWindowRegistered("frmoptions")) {
-    const WindowRegistration registration("frmoptions", [] { return MakeRef<OptionsWindow>(); });
-  }
+  const StandInWindow<Form> options("frmoptions");
   bool shown = false;
   desktop.windowing().ExpectModal("frmoptions", [&](Form& form) { shown = true, form.Unload(); });
   EXPECT_FALSE(launchDFLW());

@@ -5,6 +5,7 @@
 #include "program/game_paths.h"
 #include "program/shell_integration.h"
 #include "program/style_hook.h"
+#include "support/registered_window.h"
 #include "windows/splash/frmsplash.h"
 
 namespace kestrun {
@@ -35,7 +36,6 @@ constexpr const char* kStartBrowse =
 class StartUpTest : public FrameTest {
  protected:
   StartUpTest() {
-    const WindowRegistration registration("frmopenmap", [] { return MakeRef<LoadMapWindow>(); });
     WriteIni("[launcher]\r\nFIRSTRUN=False\r\n");
     TellGameFolder();
   }
@@ -50,6 +50,7 @@ class StartUpTest : public FrameTest {
     static_cast<void>(WindowByName("frmsplash"));
   }
   [[nodiscard]] bool IsOpen(const char* window) { return LoadedWindow(window) && LoadedWindow(window)->IsShown(); }
+  const StandInWindow<LoadMapWindow> load_map{"frmopenmap"};
   [[nodiscard]] std::string Address() {
     return static_cast<TextBox*>(LoadedWindow("frmopenmap")->FindControl("TxtFile"))->Text;
   }
@@ -141,6 +142,16 @@ TEST_F(StartUpTest, TheVersionStandsInTheSplashWindow) {
                        }});
   Start("");
   EXPECT_EQ(shown, "V2.10.7");
+}
+
+TEST_F(StartUpTest, AStyleThatFailsOnTheSplashWindowIsReportedAndTheStartGoesOn) {
+  InstallStyleRuntime({[] { return true; }, [](const std::string&) {},
+                       [](Form& form) {
+                         if (form.Name() == "frmsplash") Raise(error::kTypeMismatch);
+                       }});
+  desktop.dialogs().ExpectBox("Error: ApplyStyle()13\r\nType mismatch");
+  Start("");
+  EXPECT_TRUE(IsOpen("frmain"));
 }
 
 TEST_F(StartUpTest, AFirstRunAsksOnceAndNotesIt) {
@@ -337,7 +348,7 @@ TEST_F(StartUpTest, TheFirstRunIsNotedThoughTheAssociationFails) {
 
 // The main window was loaded for its command and never shown: the process went on without any window.
 TEST_F(StartUpTest, ACommandThatShowsNoWindowEndsTheProcess) {
-  UnregisterWindow("FrmUpdate");
+  const WithoutWindow update("FrmUpdate");
   Start("-update");
   EXPECT_TRUE(LoadedWindows().empty());
 }

@@ -6,6 +6,8 @@
 #include "base/text.h"
 #include "formats/pff/cls_pff.h"
 #include "maps/put/frmoverwrite.h"
+#include "maps/put/keep_before_put.h"
+#include "maps/put/mission_name.h"
 #include "platform/file_error.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
@@ -17,8 +19,6 @@
 namespace kestrun {
 namespace {
 
-constexpr size_t kNameFieldBytes = 16;
-
 bool AskToContinue(const std::string& title, const std::string& first_lines) {
   return MsgBox(first_lines + std::string(kCrLf) + "Continue?", BoxButtons::kYesNo, BoxIcon::kWarning, title) ==
          BoxAnswer::kYes;
@@ -27,7 +27,7 @@ bool AskToContinue(const std::string& title, const std::string& first_lines) {
 // The width of a name field in the archive, counted in its single-byte text.
 void CutToNameField(std::string& name) {
   const std::string encoded = EncodeText(name);
-  if (encoded.size() > kNameFieldBytes) name = DecodeText(std::string_view(encoded).substr(0, kNameFieldBytes));
+  if (encoded.size() > kMissionNameBytes) name = DecodeText(std::string_view(encoded).substr(0, kMissionNameBytes));
 }
 
 // A name that the archive cannot hold would come back as another one: it is refused before anything is changed.
@@ -86,13 +86,17 @@ bool PutInArchive(const std::string& map_path, std::string& name, const std::str
   if (archive.PFFFileExists(name, index) && !ConfirmOverwrite(archive_path, name)) return false;
   CutToNameField(name);
   RefuseUnencodable(name);
-  archive.PackFile(ReadMap(map_path), name);
+  const Bytes map = ReadMap(map_path);
+  if (!KeepBeforePut(&archive, {map, map_path, game_folder, name}, warn)) return false;
+  archive.PackFile(map, name);
   archive.SavePffFile();
   platform().files().Copy(map_path, game_folder + "\\" + name);
   return RunProgramAfter({setting::kRunAfterPack, setting::kPackProgram, "put map in dflw"}, name, game_folder, warn);
 }
 
 bool PutBeside(const std::string& map_path, const std::string& name, const std::string& game_folder, bool warn) {
+  const Bytes map = platform().files().ReadAll(map_path);
+  if (!KeepBeforePut(nullptr, {map, map_path, game_folder, name}, warn)) return false;
   platform().files().Copy(map_path, game_folder + "\\" + name);
   return RunProgramAfter({setting::kRunAfterPlaying, setting::kPlayingProgram, "i'm already playing"}, name,
                          game_folder, warn);

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "maps/put/frmoverwrite.h"
+#include "maps/put/mission_name.h"
 #include "program/frame_fixture.h"
+#include "program/style_hook.h"
 #include "support/failing_files.h"
 #include "support/forwarding_files.h"
 
@@ -75,6 +77,38 @@ TEST_F(PutMapTest, TheQuestionNamesBothFiles) {
     window.CmdCancel.Press();
   });
   EXPECT_FALSE(Put("D08M03.BMS"));
+}
+
+TEST_F(PutMapTest, TheQuestionOpensWithTheFocusOnItsDefaultButton) {
+  desktop.windowing().ExpectModal("FrmOverWrite", [](Form& form) {
+    auto& window = static_cast<FrmOverWrite&>(form);
+    EXPECT_EQ(window.ActiveControl(), &window.CmdOK);
+    EXPECT_TRUE(window.CmdOK.Default);
+    window.Unload();
+  });
+  EXPECT_FALSE(Put("D08M03.BMS"));
+}
+
+TEST_F(PutMapTest, TheQuestionPutsAnActiveStyleOnOnceAfterFiftyMilliseconds) {
+  int applied = 0;
+  InstallStyleRuntime({[] { return true; }, [](const std::string&) {}, [&](Form&) { ++applied; }});
+  Window<FrmOverWrite>().Show();
+  Sleep(49);
+  EXPECT_EQ(applied, 0);
+  Sleep(1000);
+  EXPECT_EQ(applied, 1);
+  CallMember(Window<FrmOverWrite>(), "ApplyStyle");
+  Sleep(50);
+  EXPECT_EQ(applied, 2);
+  InstallStyleRuntime({});
+}
+
+TEST_F(PutMapTest, AStyleThatFailsOnTheQuestionIsReported) {
+  InstallStyleRuntime({[] { return true; }, [](const std::string&) {}, [](Form&) { Raise(error::kTypeMismatch); }});
+  desktop.dialogs().ExpectBox("Error: Applystyle13\r\nType mismatch");
+  Window<FrmOverWrite>().Show();
+  Sleep(1000);
+  InstallStyleRuntime({});
 }
 
 TEST_F(PutMapTest, ClosingTheQuestionByItsBoxIsANo) {
@@ -180,6 +214,24 @@ TEST_F(PutMapTest, AMissingArchiveIsAskedAboutAndNoEndsIt) {
                               BoxAnswer::kNo);
   EXPECT_FALSE(Put("NEW.BMS"));
   EXPECT_FALSE(FileIsThere(Archive()));
+}
+
+TEST_F(PutMapTest, YesToAMissingArchiveGoesOnAndEndsInTheErrorBox) {
+  native_files.Delete(Archive());
+  desktop.dialogs().ExpectBox("The pff file: " + Archive() +
+                                  " does not exists.\r\nGo to options and select the right dflw game "
+                                  "folder.\r\nContinue?",
+                              BoxAnswer::kYes);
+  desktop.dialogs().ExpectBox("Error: 53\r\nFile not found");
+  EXPECT_FALSE(Put("NEW.BMS"));
+  EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS")));
+}
+
+TEST_F(PutMapTest, AMissingArchiveIsSilentWithoutWarnings) {
+  native_files.Delete(Archive());
+  EXPECT_FALSE(Put("NEW.BMS", kPutInArchive, false));
+  EXPECT_FALSE(FileIsThere(Archive()));
+  EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS")));
 }
 
 TEST_F(PutMapTest, BehindAMissingArchiveTheGameFolderCanBeChangedAtOnce) {

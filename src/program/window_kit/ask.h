@@ -1,4 +1,4 @@
-// A question of the map windows with the answers Yes and No.
+// A question with the answers Yes and No.
 #pragma once
 
 #include <string_view>

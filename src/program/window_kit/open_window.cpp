@@ -1,4 +1,4 @@
-#include "program/open_window.h"
+#include "program/window_kit/open_window.h"
 
 #include "base/convert.h"
 #include "base/runtime_error.h"
@@ -10,16 +10,24 @@
 namespace kestrun {
 namespace {
 
+// What the window of the large picture is larger than that, in twips.
+constexpr int kLargePreviewRight = 250;
+constexpr int kLargePreviewBottom = 500;
+
+void Show(Form& window, ShowWay way) {
+  if (way == ShowWay::kShowModal) {
+    window.ShowModal();
+  } else {
+    window.Show();
+  }
+}
+
 // Hands a file to a window by one of its procedures and shows it.
 void OpenWithFile(std::string_view name, std::string_view procedure, const std::string& file, ShowWay way) {
   if (!IsWindowRegistered(name)) return;
   const Ref<Form> window(&WindowByName(name));
   CallMember(*window, procedure, {file});
-  if (way == ShowWay::kShowModal) {
-    window->ShowModal();
-  } else {
-    window->Show();
-  }
+  Show(*window, way);
 }
 
 void SelectFile(Object& list, const std::string& name) {
@@ -37,6 +45,10 @@ Object& ControlOf(Form& window, std::string_view name) {
   const Variant control = GetMember(window, name);
   if (!control.object()) Raise(error::kObjectRequired);
   return *control.object();
+}
+
+void OpenWindow(std::string_view name, ShowWay way) {
+  if (IsWindowRegistered(name)) Show(WindowByName(name), way);
 }
 
 void SetOpenMapAddress(const std::string& address) {
@@ -64,6 +76,25 @@ void LoadMapList(const std::string& path) {
   const Ref<Form> window(&WindowByName(window_name::kMapList));
   RunPendingEvents();
   CallMember(*window, "LoadList", {path});
+}
+
+void OpenPreviewManager(const std::string& map, PreviewTask task) {
+  if (!IsWindowRegistered(window_name::kPreviewManager)) return;
+  const Ref<Form> window(&WindowByName(window_name::kPreviewManager));
+  PutMember(ControlOf(*window, "lblmap"), "Caption", map);
+  window->Show();
+  if (task == PreviewTask::kSearch) CallMember(*window, "CmdDownload_Click");
+}
+
+void ShowLargePicture(const Ref<Picture>& picture) {
+  if (!picture || !IsWindowRegistered(window_name::kLargePreview)) return;
+  const Ref<Form> window(&WindowByName(window_name::kLargePreview));
+  Control* box = window->FindControl("Picture1");
+  if (!box) Raise(error::kObjectRequired);
+  PutMember(*box, "Picture", picture);
+  window->Width = box->Left + box->Width + kLargePreviewRight;
+  window->Height = box->Top + box->Height + kLargePreviewBottom;
+  window->ShowModal();
 }
 
 void OpenUploader(const std::string& zip) {
