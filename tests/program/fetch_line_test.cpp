@@ -16,7 +16,7 @@ class FetchingWindow final : public Form {
   FetchingWindow() : Form("frmfetching") {}
   Label& lblline = Add<Label>("lblline");
   ProgressBar& bar = Add<ProgressBar>("bar");
-  FetchLine line{bar, [this](const std::string& words) { lblline.Caption = words; },
+  FetchLine line{&bar, [this](const std::string& words) { lblline.Caption = words; },
                  [this] { lblline.Caption = "own"; }};
 };
 

@@ -64,10 +64,17 @@ TEST_F(PackCommandTest, AMissingSourceIsReportedAndStillLogged) {
   EXPECT_EQ(Log(), "C:\\nowhere.bms --> %GAMEDIR%\\dflw.pff:A.BMS ~>OK\r\n");
 }
 
-TEST_F(PackCommandTest, AMissingArchiveIsReportedAndStillLogged) {
-  desktop.dialogs().ExpectBox("?");
+TEST_F(PackCommandTest, AMissingArchiveIsStillLogged) {
   Pack("%GAMEDIR%\\none.pff", "A.BMS", "%APPDIR%\\extra.bin");
-  EXPECT_FALSE(FileIsThere(GamePath("none.pff")));
+  EXPECT_EQ(Log(), "%APPDIR%\\extra.bin --> %GAMEDIR%\\none.pff:A.BMS ~>OK\r\n");
+}
+
+TEST_F(PackCommandTest, AnArchiveThatIsNoneIsReportedAndStillLogged) {
+  WriteFile(GamePath("none.pff"), "no archive");
+  desktop.dialogs().ExpectBox("Error: packfile 321\r\nThe archive '" + GamePath("none.pff") +
+                              "' could not be read, so it is left as it is.");
+  Pack("%GAMEDIR%\\none.pff", "A.BMS", "%APPDIR%\\extra.bin");
+  EXPECT_EQ(ReadFile(GamePath("none.pff")), "no archive");
   EXPECT_EQ(Log(), "%APPDIR%\\extra.bin --> %GAMEDIR%\\none.pff:A.BMS ~>OK\r\n");
 }
 

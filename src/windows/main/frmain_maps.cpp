@@ -1,7 +1,9 @@
 // The folder, its list of maps in two forms, and the preview of the selected one.
 #include <utility>
 
+#include "base/code_page.h"
 #include "base/text.h"
+#include "formats/profile/profile_file.h"
 #include "forms/keys.h"
 #include "maps/file_tools.h"
 #include "maps/map_picture.h"
@@ -18,6 +20,13 @@ namespace kestrun {
 namespace {
 
 constexpr int kZipIcon = 0;  // of ImageList
+
+// For a folder that was chosen and not only begun to be typed.
+void TellWhenNotRemembered(const std::string& folder) {
+  if (EncodeText(folder).size() <= kProfileValueBytes) return;
+  MsgBox("Kestrun works with this folder now but cannot remember it for the next start: its path has more than " +
+         std::to_string(kProfileValueBytes) + " characters." + std::string(kCrLf) + folder);
+}
 
 }  // namespace
 
@@ -82,6 +91,7 @@ void frmain::TakeTypedFolder() {
   FileMaps.SetPath(Text1.Text.get());
   FillListBox();
   ListBox.Refresh();
+  TellWhenNotRemembered(Text1.Text);
 }
 
 // A folder becomes the folder of the list; what else it is the load-map window knows to open.
@@ -90,6 +100,7 @@ void frmain::TakeDropped(const std::vector<std::string>& paths) {
   const std::string& path = paths.front();
   if (platform().files().IsFolder(path)) {
     Text1.Text = path;
+    TellWhenNotRemembered(path);
     return;
   }
   OpenAddress(path);
@@ -100,6 +111,7 @@ void frmain::BrowseFolder() {
   if (folder.empty()) return;
   folder.pop_back();
   Text1.Text = folder;
+  TellWhenNotRemembered(folder);
 }
 
 // The map that is selected stays selected as long as there is one of its name.

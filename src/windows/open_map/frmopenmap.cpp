@@ -124,6 +124,7 @@ void frmopenmap::PutAndPlay(int32_t mode) {
 }
 
 std::string frmopenmap::FetchAddress() {
+  const FetchScope fetch(&fetch_line_);
   const std::string address = TxtFile.Text;
   std::string local = FetchMap(address);
   if (!local.empty() && local != address && !ImgPreview.Picture.get()) ShowPictureOf(local);

@@ -17,6 +17,7 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/window_registry.h"
+#include "program/fetch_line.h"
 #include "program/window_kit/open_window.h"
 
 namespace kestrun {
@@ -25,6 +26,7 @@ class frmopenmap final : public Form {
  public:
   static constexpr const char* kName = window_name::kOpenMap;
   static constexpr int kTaskCount = 6;
+  static constexpr const char* kCaption = "Kestrun - Open Map";
   frmopenmap();
 
   Label& Label1 = Add<Label>("Label1");
@@ -88,6 +90,9 @@ class frmopenmap final : public Form {
   bool AddressIsMissing(const char* request);
 
   bool choices_restored_ = false;
+
+  // Its caption is the window's line of words while it fetches.
+  FetchLine fetch_line_{nullptr, [this](const std::string& words) { Caption = words; }, [this] { Caption = kCaption; }};
 };
 
 }  // namespace kestrun

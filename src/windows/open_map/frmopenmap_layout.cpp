@@ -30,7 +30,7 @@ void PlaceText(TextBox& box, int left, int top, int width, const char* tip) {
 }  // namespace
 
 void frmopenmap::LayOut() {
-  LayOutFixedWindow(*this, "Kestrun - Open Map", StartPosition::kCenterScreen);
+  LayOutFixedWindow(*this, kCaption, StartPosition::kCenterScreen);
   KeyPreview = true;
   SetClientSize(kClientWidth, kColumnsBottom + kMargin);
 

@@ -216,22 +216,20 @@ TEST_F(PutMapTest, AMissingArchiveIsAskedAboutAndNoEndsIt) {
   EXPECT_FALSE(FileIsThere(Archive()));
 }
 
-TEST_F(PutMapTest, YesToAMissingArchiveGoesOnAndEndsInTheErrorBox) {
+TEST_F(PutMapTest, YesToAMissingArchiveGoesOnAndTheMapLiesBesideIt) {
   native_files.Delete(Archive());
   desktop.dialogs().ExpectBox("The pff file: " + Archive() +
                                   " does not exists.\r\nGo to options and select the right dflw game "
                                   "folder.\r\nContinue?",
                               BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: 53\r\nFile not found");
-  EXPECT_FALSE(Put("NEW.BMS"));
-  EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS")));
+  EXPECT_TRUE(Put("NEW.BMS"));
+  EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), map);
 }
 
-TEST_F(PutMapTest, AMissingArchiveIsSilentWithoutWarnings) {
+TEST_F(PutMapTest, WithoutWarningsAMissingArchiveIsPassedOverSilently) {
   native_files.Delete(Archive());
-  EXPECT_FALSE(Put("NEW.BMS", kPutInArchive, false));
-  EXPECT_FALSE(FileIsThere(Archive()));
-  EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS")));
+  EXPECT_TRUE(Put("NEW.BMS", kPutInArchive, false));
+  EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), map);
 }
 
 TEST_F(PutMapTest, BehindAMissingArchiveTheGameFolderCanBeChangedAtOnce) {

@@ -1,6 +1,7 @@
 // The folder, the two lists of its maps, the selection and the preview.
 #include <algorithm>
 
+#include "base/code_page.h"
 #include "desktop/headless/raster_canvas.h"
 #include "support/forwarding_files.h"
 #include "windows/main/frmain_fixture.h"
@@ -417,6 +418,66 @@ TEST_F(MainWindowTest, AnotherFileThatIsDroppedIsAskedAboutAsAtAStart) {
       BoxAnswer::kNo);
   Main().FilesDropped({MapPath("notes.txt")});
   EXPECT_EQ(LoadedWindow("frmopenmap"), nullptr);
+}
+
+// ---- long paths ----------------------------------------------------------------------------------------------------
+
+class LongFolderTest : public MainWindowTest {
+ protected:
+  LongFolderTest() {
+    while (EncodeText(folder).size() < 300) {
+      folder += "\\a folder inside a folder inside a folder";
+      native_files.MakeFolder(folder);
+    }
+    WriteFile(folder + "\\Far.bms", "BMS far");
+    Main().Show();
+    Main().Text1.Text = folder;
+    desktop.clock().AdvanceMs(500);
+  }
+
+  std::string folder = Path("maps");
+};
+
+TEST_F(LongFolderTest, ItsMapsAreListedShownAndPutIn) {
+  EXPECT_EQ(Rows(), "Far.bms|");
+  GiveMapPicture("Far.bms", 40, 30);
+  ClickRow(0);
+  EXPECT_TRUE(Main().ImgPreview.Picture.get());
+  desktop.dialogs().ExpectBox("Successfully packed map");
+  Main().Command2.Press();
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "D08M03.BMS"), "BMS far");
+  EXPECT_EQ(ReadFile(GamePath("D08M03.BMS")), "BMS far");
+}
+
+TEST_F(LongFolderTest, ItsMapsAreDescribedCopiedRenamedAndDeleted) {
+  ClickRow(0);
+  std::string caption;
+  desktop.windowing().ExpectModal("frmmapinfo", [&](Form& form) {
+    caption = form.Caption;
+    form.Unload();
+  });
+  Main().mnu_showmapinfo.Choose();
+  EXPECT_EQ(caption, "Map info Far.bms");
+  desktop.dialogs().ExpectFile(folder + "\\Copy.bms");
+  Main().mnu_copymapto.Choose();
+  EXPECT_EQ(ReadFile(folder + "\\Copy.bms"), "BMS far");
+  desktop.dialogs().ExpectInput("Enter a new name for the map. Don't forget the .bms / .zip !", "Near.bms");
+  Main().mnu_renamemap.Choose();
+  EXPECT_EQ(ReadFile(folder + "\\Near.bms"), "BMS far");
+  desktop.dialogs().ExpectBox("Are you sure you want to delete Near.bms?", BoxAnswer::kYes);
+  Main().mnu_deletemap.Choose();
+  EXPECT_EQ(Rows(), "Copy.bms|");
+}
+
+TEST_F(LongFolderTest, ChoosingItSaysThatItIsNotRemembered) {
+  Main().Text1.Text = Path("maps");
+  desktop.dialogs().ExpectFolder("Select the folder where you want to load maps from.", folder);
+  desktop.dialogs().ExpectBox(
+      "Kestrun works with this folder now but cannot remember it for the next start: its path has more than 254 "
+      "characters.\r\n" +
+      folder);
+  Main().Command1.Press();
+  EXPECT_EQ(Rows(), "Far.bms|");
 }
 
 // ---- the right button ----------------------------------------------------------------------------------------------

@@ -77,16 +77,6 @@ TEST_F(MainWindowTest, RenameStoresTheTypedName) {
   EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "MINE.BMS"), "BMS desert");
 }
 
-TEST_F(MainWindowTest, WithNoOptionOnTheNameIsEmpty) {
-  MainOnMaps().FileMaps.ListIndex = 0;
-  Main().opcapflag.Value = false;
-  Main().txtoutput.Text = std::string("MINE.BMS");
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
-  desktop.dialogs().ExpectBox("Failed to pack map: Desert.bms");
-  Main().Command7.Press();
-  EXPECT_FALSE(FileIsThere(GamePath("MINE.BMS")));
-}
-
 TEST_F(MainWindowTest, TheNameBoxShowsHowMuchOfTheArchivesNameFieldIsUsed) {
   Main().Show();
   Main().txtoutput.Text = std::string("SEVENTEEN_LET.BMS");

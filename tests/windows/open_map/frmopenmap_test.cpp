@@ -195,7 +195,7 @@ TEST_F(LoadMapWindowTest, CaptionsAndTipsAreThoseThatPlayersKnow) {
   EXPECT_EQ(Open().Label2.Caption.get(), "&Tasks");
 }
 
-TEST_F(LoadMapWindowTest, EachAccessKeyOfTheWindowIsThereOnce) { EXPECT_EQ(AccessKeys(Open()), "fbicdrmpltv"); }
+TEST_F(LoadMapWindowTest, EachAccessKeyOfTheWindowIsThereOnce) { EXPECT_EQ(AccessKeys(Open()), "fbidcrmpltv"); }
 
 TEST_F(LoadMapWindowTest, WithoutAPictureThePlaceOfThePreviewSaysSo) {
   GivePicture("Oasis.bms");
