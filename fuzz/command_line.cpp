@@ -30,6 +30,11 @@ class NoFiles final : public kestrun::FileSystem {
   void SetWriteTime(std::string_view, uint64_t) override { Refuse(); }
   void SetLocalTimes(std::string_view, const kestrun::LocalFileTimes&) override { Refuse(); }
   std::string CurrentFolder() override { return "C:\\"; }
+  void FlushFolder(std::string_view) override {}
+  std::string TruePath(std::string_view path) override { return std::string(path); }
+  std::unique_ptr<kestrun::FileLock> TryLock(std::string_view, std::string_view) override {
+    return std::make_unique<kestrun::FileLock>();
+  }
 
  private:
   [[noreturn]] static void Refuse() { kestrun::Raise(kestrun::error::kFileNotFound); }

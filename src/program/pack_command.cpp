@@ -5,13 +5,17 @@
 #include "formats/pff/cls_pff.h"
 #include "formats/zip/cls_zip.h"
 #include "formats/zip/member_path.h"
+#include "platform/file_error.h"
 #include "platform/platform.h"
 #include "program/command_log.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
+#include "program/load_archive.h"
 #include "program/originals_hook.h"
 #include "program/path_text.h"
 #include "program/show_error.h"
+#include "web/download_file.h"
+#include "web/fetch_scope.h"
 #include "web/web_paths.h"
 
 namespace kestrun {
@@ -33,6 +37,7 @@ std::string FillMacros(std::string text, const std::string& temporary_folder) {
 // Reads an outside file through the archive, and turns its silent failure, told by event only, into an error: an empty
 // buffer must never take the place of an entry.
 Bytes ReadSource(ClsPFF& archive, const std::string& path) {
+  if (FileExists(path) && platform().files().Open(path, OpenMode::kRead)->Size() == 0) RaiseEmptyFile(path);
   RuntimeError failure(error::kFileNotFound);
   archive.PFFError = [&failure](int32_t number, const std::string& description) {
     failure = RuntimeError(number, description);
@@ -40,7 +45,7 @@ Bytes ReadSource(ClsPFF& archive, const std::string& path) {
   Bytes buffer;
   archive.FileBuffer(path, buffer);
   archive.PFFError = nullptr;
-  if (buffer.empty()) throw failure;
+  if (buffer.empty()) throw FileError(failure, path);
   return buffer;
 }
 
@@ -100,7 +105,7 @@ void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::str
 void PackInto(const std::string& source, const std::string& name, const std::string& archive_path, bool is_zip,
               const std::string& temporary_folder) {
   ClsPFF archive;
-  static_cast<void>(archive.LoadPff(archive_path));
+  LoadArchive(archive, archive_path);
   if (is_zip) {
     PackZipMembers(archive, source, TemporaryPath(temporary_folder, "unzipped_" + name));
   } else {
@@ -133,8 +138,9 @@ bool packfile(std::string Source, const std::string& Name, std::string ArchivePa
   try {
     const std::string temporary_folder = TemporaryFolder();
     Source = FillMacros(Source, temporary_folder);
+    const FetchScope fetch;
     if (IsUrl(Source) && !DownloadFile(Source, TemporaryPath(temporary_folder, Name))) {
-      MsgBox("Unable to download " + Source);
+      if (!fetch.IsCancelled()) MsgBox("Unable to download " + Source);
       return false;
     }
     ArchivePath = FillMacros(ArchivePath, temporary_folder);
@@ -164,7 +170,7 @@ std::string JoinCommandWords(const std::vector<std::string>& words) {
   for (size_t at = 1; at < words.size(); ++at) {
     const bool is_last = at > 1 && at + 1 == words.size();
     if (is_last && ToLower(words[at]) == kZipFlag) {
-      command += words[at];
+      command += " " + words[at];
     } else if (is_last && EndsInZipFlag(words[at])) {
       command += " \"" + words[at].substr(0, words[at].size() - kZipFlag.size()) + "\"" + std::string(kZipFlag);
     } else {

@@ -39,7 +39,7 @@ TEST_F(PackZipTest, TheFolderOfTheUnpackedFilesIsLeftBehind) {
 
 TEST_F(PackZipTest, AMissingZipIsReportedAndTheArchiveKept) {
   const std::string before = ReadFile(archive);
-  desktop.dialogs().ExpectBox("Error: packfile 53\r\nFile not found");
+  desktop.dialogs().ExpectFileFailure("Error: packfile 53\r\nFile not found", MapPath("none.zip"));
   PackCommand("-pack \"" + archive + "\" \"NEW.BMS\" \"" + MapPath("none.zip") + "\"/z");
   EXPECT_EQ(ReadFile(archive), before);
 }
@@ -48,7 +48,8 @@ TEST_F(PackZipTest, AMemberThatCannotBeUnpackedIsReportedAndTheArchiveKept) {
   ZipMember imploded{"OASIS.BMS", "data"};
   imploded.method = 6;
   const std::string before = ReadFile(archive);
-  desktop.dialogs().ExpectBox("Error: packfile 1033\r\nFile not found.");
+  desktop.dialogs().ExpectFileFailure("Error: packfile 1033\r\nFile not found",
+                                      Path("temp\\unzipped_NEW.BMS\\OASIS.BMS"));
   Pack({{"A.BMS", "BMS new"}, imploded});
   EXPECT_EQ(ReadFile(archive), before);
 }
@@ -58,7 +59,8 @@ TEST_F(PackZipTest, WhatAnEarlierZipLeftBehindIsNotPackedInstead) {
   const std::string before = ReadFile(archive);
   ZipMember imploded{"OASIS.BMS", "data"};
   imploded.method = 6;
-  desktop.dialogs().ExpectBox("Error: packfile 1033\r\nFile not found.");
+  desktop.dialogs().ExpectFileFailure("Error: packfile 1033\r\nFile not found",
+                                      Path("temp\\unzipped_NEW.BMS\\OASIS.BMS"));
   Pack({imploded});
   EXPECT_EQ(ReadFile(archive), before);
 }
@@ -88,14 +90,15 @@ TEST_F(PackZipTest, ANameThatLeadsOutOfTheTemporaryFolderUnpacksNothing) {
 }
 
 TEST_F(PackZipTest, TheLogLineIsWrittenWhateverBecameOfTheZip) {
-  desktop.dialogs().ExpectBox("Error: packfile 53\r\nFile not found");
+  desktop.dialogs().ExpectFileFailure("Error: packfile 53\r\nFile not found", Path("temp\\none.zip"));
   PackCommand("-pack \"%GAMEDIR%\\dflw.pff\" \"MAPS\" \"%TEMPDIR%\\none.zip\"/Z");
   EXPECT_EQ(ReadFile(ProgramPath("kestrun.log")), "%TEMPDIR%\\none.zip --> %GAMEDIR%\\dflw.pff:MAPS ~>OK\r\n");
 }
 
 TEST_F(PackZipTest, AnEmptyFileInTheZipIsReportedAndTheArchiveKept) {
   const std::string before = ReadFile(archive);
-  desktop.dialogs().ExpectBox("Error: packfile 9\r\nSubscript out of range");
+  desktop.dialogs().ExpectFileFailure("Error: packfile 9\r\nThe file is empty",
+                                      Path("temp\\unzipped_NEW.BMS\\readme.txt"));
   Pack({{"A.BMS", "BMS new"}, {"readme.txt", ""}});
   EXPECT_EQ(ReadFile(archive), before);
 }
@@ -106,7 +109,8 @@ TEST_F(PackZipTest, APasswordThatIsNotGivenIsReportedAndTheArchiveKept) {
   const std::string before = ReadFile(archive);
   desktop.dialogs().ExpectInput("Give Password", std::nullopt).WithTitle("Password requered");
   desktop.dialogs().ExpectBox("Password is incorrect");
-  desktop.dialogs().ExpectBox("Error: packfile 1033\r\nFile not found.");
+  desktop.dialogs().ExpectFileFailure("Error: packfile 1033\r\nFile not found",
+                                      Path("temp\\unzipped_NEW.BMS\\OASIS.BMS"));
   Pack({{"A.BMS", "BMS new"}, secret});
   EXPECT_EQ(ReadFile(archive), before);
 }

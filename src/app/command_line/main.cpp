@@ -24,7 +24,8 @@ struct BatchWord {
 constexpr std::array kBatchWords{BatchWord{"-pack ", 6}, BatchWord{"-restore ", 2}};
 
 constexpr const char* kUsage =
-    "usage: kestrun -pack ARCHIVE NAME SOURCE [/z]\n"
+    "usage: kestrun -pack ARCHIVE NAME SOURCE\n"
+    "       kestrun -pack ARCHIVE NAME SOURCE.zip/z      every file of the zip; \"/z\" behind a blank is no flag\n"
     "       kestrun '-pack \"ARCHIVE\" \"NAME\" \"SOURCE\"/z'\n"
     "       kestrun -restore ARCHIVE [NAME]\n"
     "       kestrun -?\n"

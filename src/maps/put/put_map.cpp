@@ -7,16 +7,17 @@
 #include "formats/pff/cls_pff.h"
 #include "maps/put/frmoverwrite.h"
 #include "maps/put/keep_before_put.h"
+#include "maps/put/mission_name.h"
+#include "platform/file_error.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
+#include "program/load_archive.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/show_error.h"
 
 namespace kestrun {
 namespace {
-
-constexpr size_t kNameFieldBytes = 16;
 
 bool AskToContinue(const std::string& title, const std::string& first_lines) {
   return MsgBox(first_lines + std::string(kCrLf) + "Continue?", BoxButtons::kYesNo, BoxIcon::kWarning, title) ==
@@ -26,7 +27,7 @@ bool AskToContinue(const std::string& title, const std::string& first_lines) {
 // The width of a name field in the archive, counted in its single-byte text.
 void CutToNameField(std::string& name) {
   const std::string encoded = EncodeText(name);
-  if (encoded.size() > kNameFieldBytes) name = DecodeText(std::string_view(encoded).substr(0, kNameFieldBytes));
+  if (encoded.size() > kMissionNameBytes) name = DecodeText(std::string_view(encoded).substr(0, kMissionNameBytes));
 }
 
 // A name that the archive cannot hold would come back as another one: it is refused before anything is changed.
@@ -38,10 +39,15 @@ void RefuseUnencodable(const std::string& name) {
                                           "'. Choose a name without it.");
 }
 
+// An empty map would leave the mission without data. It is refused before anything is asked; one that is missing fails
+// where it is read.
+void RefuseEmptyMap(const std::string& path) {
+  if (FileExists(path) && platform().files().Open(path, OpenMode::kRead)->Size() == 0) RaiseEmptyFile(path);
+}
+
 Bytes ReadMap(const std::string& path) {
   Bytes map = platform().files().ReadAll(path);
-  // An empty map would leave the mission without data.
-  if (map.empty()) Raise(error::kSubscriptOutOfRange);
+  if (map.empty()) RaiseEmptyFile(path);
   return map;
 }
 
@@ -66,14 +72,16 @@ bool RunProgramAfter(const AfterRun& after, const std::string& name, const std::
 }
 
 bool PutInArchive(const std::string& map_path, std::string& name, const std::string& game_folder, bool warn) {
+  RefuseEmptyMap(map_path);
   ClsPFF archive;
   const std::string archive_path = game_folder + "\\" + ReadSetting(setting::kArchiveName);
   if (!FileExists(archive_path) && warn &&
       !AskToContinue("File not found!", "The pff file: " + archive_path + " does not exists." + std::string(kCrLf) +
                                             "Go to options and select the right dflw game folder.")) {
+    OfferGameFolder();
     return false;
   }
-  static_cast<void>(archive.LoadPff(archive_path));
+  LoadArchive(archive, archive_path);
   int32_t index = -1;
   if (archive.PFFFileExists(name, index) && !ConfirmOverwrite(archive_path, name)) return false;
   CutToNameField(name);

@@ -53,7 +53,7 @@ TEST_F(LoadMapTasksTest, RenameStoresTheTypedName) {
 TEST_F(LoadMapTasksTest, WithNoOptionSelectedTheMapIsPutInUnderAnEmptyName) {
   WriteIni("[launcher]\r\nOPTIONS0=False\r\nOPTIONS1=False\r\nOPTIONS3=False\r\ntxtoutputtext=MINE.BMS\r\n");
   OpenWith(MapPath("Oasis.bms"));
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", GamePath(""));
   desktop.dialogs().ExpectBox("Failed to pack map");
   Open().cmdplaying.Press();
   EXPECT_EQ(Open().txtrename.Text.get(), "MINE.BMS");
@@ -108,11 +108,11 @@ TEST_F(LoadMapTasksTest, AFolderAsTheAddressFailsAndLeavesTheGameAsItWas) {
       "game can be damaged!!!\r\ncontinue?",
       BoxAnswer::kYes);
   Open().Show();
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", Path("maps"));
   desktop.dialogs().ExpectBox("Failed to pack map");
   Open().cmdputin.Press();
   EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", Path("maps"));
   desktop.dialogs().ExpectBox("Failed to pack map");
   Open().cmdplaying.Press();
 }
@@ -243,7 +243,7 @@ TEST_F(LoadMapTasksTest, ACopyThatFailsIsReported) {
   native_files.MakeFolder(DefaultMapPath("Oasis.bms"));
   OpenWith(MapPath("Oasis.bms"));
   ExpectQuestion(kSaveQuestion, BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", DefaultMapPath("Oasis.bms"));
   ClickTask(kDownload);
 }
 
@@ -323,7 +323,7 @@ TEST_F(LoadMapTasksTest, AFailedDownloadHostsNothing) {
 TEST_F(LoadMapTasksTest, AMissingMapIsReportedAndNotHosted) {
   RegisterOthers();
   OpenWith(MapPath("Missing.bms"));
-  desktop.dialogs().ExpectBox("Error: 53\r\nFile not found");
+  desktop.dialogs().ExpectFileFailure("Error: 53\r\nFile not found", MapPath("Missing.bms"));
   ClickTask(kAutoHost);
   EXPECT_EQ(MapList(), nullptr);
 }

@@ -88,6 +88,13 @@ class InputBoxForm final : public Form {
   CommandButton& cmdCancel = Add<CommandButton>("cmdCancel");
   Label& lblPrompt = Add<Label>("lblPrompt");
   std::optional<std::string> answer;
+
+ protected:
+  // The preset is there to be replaced by the first key.
+  void Shown() override {
+    txtAnswer.SelStart = 0;
+    txtAnswer.SelLength = static_cast<int>(ToWide(txtAnswer.Text.get()).size());
+  }
 };
 
 // "Maps (*.bms)|*.bms" becomes NUL-separated pairs with an empty text at the end.

@@ -106,7 +106,8 @@ const Instruction* Machine::Recover(const RuntimeError& error, const Instruction
   const auto* named = dynamic_cast<const NamedError*>(&error);
   const std::string name = placed ? placed->name() : named ? named->name() : std::string();
   const ErrorPlace place = placed ? placed->place() : PlaceOf(*Top().code, mark);
-  engine_.err().Set(error);
+  // An error that comes out of a nested run has been told there, with its source and help.
+  if (!placed || engine_.err().number != error.number()) engine_.err().Set(error);
   while (true) {
     const Frame& frame = Top();
     mark = MarkAt(*frame.code, pc);
@@ -206,6 +207,7 @@ void Machine::Refresh(Procedure& procedure) {
     std::unique_ptr<Code> code = CompileProcedure(context, *procedure.tree);
     if (procedure.code) procedure.retired.push_back(std::move(procedure.code));
     procedure.code = std::move(code);
+    engine_.ChargeMemory(0);
   }
   procedure.checked_epoch = globals_.epoch();
 }

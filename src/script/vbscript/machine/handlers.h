@@ -97,7 +97,7 @@ inline const Instruction* Machine::DoStoreIndex(const Instruction* pc) {
   Variant& index = At(pc->c);
   const bool plain = value.type() <= VarType::kString && (index.Is(VarType::kInteger) || index.Is(VarType::kLong));
   if (array.Is(VarType::kArray) && plain) {
-    ArrayBody& body = array.MutableArray();
+    ArrayBody& body = OwnArray(array);
     if (body.sizes.size() == 1 && static_cast<uint32_t>(index.whole()) < body.elements.size()) {
       body.elements[static_cast<uint32_t>(index.whole())] = value;
       return pc + 1;
@@ -136,7 +136,7 @@ inline const Instruction* Machine::DoAdd(const Instruction* pc) {
   } else if (AsReal(left, first) && AsReal(right, second) && std::isfinite(first + second)) {
     At(pc->a).SetReal(VarType::kDouble, first + second);
   } else {
-    SlowBinary(*pc, Add);
+    SlowAdd(*pc);
   }
   return pc + 1;
 }
@@ -257,13 +257,14 @@ inline const Instruction* Machine::DoNegate(const Instruction* pc) {
   if (const unsigned kind = WholeKind(value, value); kind <= kWholeNumbers) {
     StoreWhole(At(pc->a), kind, -int64_t{value.whole()});
   } else {
-    At(pc->a) = Negate(Variant(value));
+    SlowUnary(*pc, Negate);
   }
   return pc + 1;
 }
 
 inline const Instruction* Machine::DoPlus(const Instruction* pc) {
-  At(pc->a) = UnaryPlus(Variant(At(pc->b)));
+  const Variant value = At(pc->b);
+  At(pc->a) = UnaryPlus(value);
   return pc + 1;
 }
 
@@ -272,7 +273,7 @@ inline const Instruction* Machine::DoNot(const Instruction* pc) {
   if (value.Is(VarType::kBoolean)) {
     At(pc->a).SetBoolean(!value.boolean());
   } else {
-    At(pc->a) = Not(Variant(value));
+    SlowUnary(*pc, Not);
   }
   return pc + 1;
 }
@@ -386,8 +387,11 @@ inline const Instruction* Machine::DoCallProcedure(const Instruction* pc) {
 
 inline const Instruction* Machine::DoCallBuiltin(const Instruction* pc) {
   const Arguments arguments = List(*pc);
-  Variant result = Top().code->builtins[static_cast<size_t>(pc->c)]->call(engine_, arguments);
-  for (Variant& argument : arguments) argument.Clear();
+  const Builtin& builtin = *Top().code->builtins[static_cast<size_t>(pc->c)];
+  ChargeArguments(builtin, arguments);
+  Variant result = builtin.call(engine_, arguments);
+  for (Variant& argument : arguments) argument.DropReference();
+  if (result.owns()) engine_.ChargeMemory(0);
   GiveResult(pc->a, std::move(result));
   return pc + 1;
 }
