@@ -8,13 +8,13 @@
 #include "game/originals/archive_health.h"
 #include "game/originals/present_content.h"
 #include "platform/platform.h"
-#include "program/window_kit/ask.h"
 #include "program/folders.h"
-#include "program/window_kit/open_window.h"
 #include "program/path_text.h"
-#include "program/window_kit/run_command.h"
 #include "program/settings.h"
 #include "program/style_hook.h"
+#include "program/window_kit/ask.h"
+#include "program/window_kit/open_window.h"
+#include "program/window_kit/run_command.h"
 #include "windows/restore/difference_texts.h"
 
 namespace kestrun {
