@@ -7,6 +7,7 @@
 #include "formats/zip/cls_zip.h"
 #include "formats/zip/member_path.h"
 #include "platform/platform.h"
+#include "platform/turn.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
 #include "program/path_text.h"
@@ -63,8 +64,36 @@ void DeleteLeftovers(const Cls_Zip& zip, const std::string& folder) {
   }
 }
 
-// Unpacks every member into the folder, which is left behind, and stages each file under its own base name.
+void AppendLog(const std::string& line) {
+  platform().files().Append(AppFile("kestrun.log"), AsBytes(EncodeText(line + std::string(kCrLf))));
+}
+
+// What is noted beside the pack's own line: a log that cannot be written is no reason to leave the pack.
+void Note(const std::string& line) {
+  Attempt([&] { AppendLog(line); });
+}
+
+bool IsEmptyFile(const std::string& path) {
+  uint64_t size = 1;
+  Attempt([&] { size = platform().files().Open(path, OpenMode::kRead)->Size(); });
+  return size == 0;
+}
+
+// Each member lies in the archive as if it had been packed alone, whatever the ones before it did.
+void PackMember(ClsPFF& archive, const std::string& path, const std::string& member) {
+  try {
+    archive.PackFile(ReadSource(archive, path), GetFileName(member));
+    archive.SettleStaged();
+  } catch (const std::exception&) {
+    const RuntimeError failure = CurrentError();
+    Raise(failure.number(), "The zip's member '" + member + "' cannot go into the archive: " + failure.description());
+  }
+}
+
+// Unpacks every member into the folder, which is left behind, and stages each file under its own base name. The folder
+// has a fixed name: another process that wants it waits until what was unpacked has been read.
 void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::string& folder) {
+  const auto turn = TakeTurn(folder);
   const Ref<Cls_Zip> zip = MakeRef<Cls_Zip>();
   zip->Get_Contents(zip_path);
   DeleteLeftovers(*zip, folder);
@@ -73,13 +102,21 @@ void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::str
   for (int32_t member = 1; member <= zip->FileCount(); ++member) {
     if (zip->IsDir(member)) continue;
     const std::string name = zip->FileName(member);
-    archive.PackFile(ReadSource(archive, UnpackedPath(folder, name)), GetFileName(name));
+    const std::string path = UnpackedPath(folder, name);
+    if (IsEmptyFile(path)) {
+      Note(zip_path + ": the member '" + name + "' is empty and was skipped.");
+    } else {
+      PackMember(archive, path, name);
+    }
   }
 }
 
 void PackInto(const std::string& source, const std::string& name, const std::string& archive_path, bool is_zip,
               const std::string& temporary_folder) {
+  // Without a path the archive itself says what is wrong.
+  const auto turn = archive_path.empty() ? nullptr : TakeTurn(archive_path);
   ClsPFF archive;
+  archive.Recovered = Note;
   static_cast<void>(archive.LoadPff(archive_path));
   if (is_zip) {
     PackZipMembers(archive, source, TemporaryPath(temporary_folder, "unzipped_" + name));
@@ -87,11 +124,6 @@ void PackInto(const std::string& source, const std::string& name, const std::str
     archive.PackFile(ReadSource(archive, source), name);
   }
   archive.SavePffFile();
-}
-
-void AppendLogLine(const std::string& source, const std::string& archive_path, const std::string& name) {
-  const std::string line = source + " --> " + archive_path + ":" + name + " ~>OK" + std::string(kCrLf);
-  platform().files().Append(AppFile("kestrun.log"), AsBytes(EncodeText(line)));
 }
 
 }  // namespace
@@ -104,7 +136,7 @@ void PackCommand(const std::string& command) {
     const std::string& name = pieces[3];
     const std::string& source = pieces[5];
     packfile(source, name, archive_path, ToLower(pieces[6]) == "/z");
-    AppendLogLine(source, archive_path, name);
+    AppendLog(source + " --> " + archive_path + ":" + name + " ~>OK");
   });
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/code_page.h"
+#include "base/runtime_error.h"
 #include "formats/zip/mod_disk_io.h"
 #include "formats/zip/mod_inflate64.h"
 #include "formats/zip/reduce.h"
@@ -12,6 +13,8 @@
 
 namespace kestrun::zip {
 namespace {
+
+constexpr uint32_t kMostBytes = 0x7FFFFFFF;
 
 // How the decompression routines are told the announced size.
 int64_t LastByte(const Item& item) { return int64_t{item.uncompressed_size} - 1; }
@@ -25,9 +28,20 @@ Extraction::Extraction(const std::string& path, std::shared_ptr<const Directory>
 
 int16_t Extraction::Run(const std::vector<bool>& selection) {
   for (size_t member = 1; member < selection.size(); ++member) {
+    if (selection[member]) RefuseTooLarge(directory_->items[member - 1]);
+  }
+  for (size_t member = 1; member < selection.size(); ++member) {
     if (selection[member] && ExtractMember(directory_->items[member - 1]) == Next::kEnd) break;
   }
   return status_;
+}
+
+// Before anything is unpacked: no map comes near that size.
+void Extraction::RefuseTooLarge(const Item& item) const {
+  if (item.uncompressed_size <= kMostBytes && item.compressed_size <= kMostBytes) return;
+  Raise(error::kOverflow, "The zip's member '" + DecodeText(directory_->Name(item)) + "' says that it has " +
+                              std::to_string(std::max(item.uncompressed_size, item.compressed_size)) +
+                              " bytes. Files over 2 GB are refused.");
 }
 
 Extraction::Next Extraction::ExtractMember(const Item& item) {

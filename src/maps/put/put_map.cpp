@@ -7,6 +7,7 @@
 #include "formats/pff/cls_pff.h"
 #include "maps/put/frmoverwrite.h"
 #include "platform/platform.h"
+#include "platform/turn.h"
 #include "program/game_paths.h"
 #include "program/path_text.h"
 #include "program/settings.h"
@@ -64,6 +65,14 @@ bool RunProgramAfter(const AfterRun& after, const std::string& name, const std::
   return true;
 }
 
+// The archive is read again under the turn: another process may have changed it while the question stood.
+void PackInTurn(ClsPFF& archive, const std::string& archive_path, const Bytes& map, const std::string& name) {
+  const auto turn = TakeTurn(archive_path);
+  static_cast<void>(archive.LoadPff(archive_path));
+  archive.PackFile(map, name);
+  archive.SavePffFile();
+}
+
 bool PutInArchive(const std::string& map_path, std::string& name, const std::string& game_folder, bool warn) {
   ClsPFF archive;
   const std::string archive_path = game_folder + "\\" + ReadSetting(setting::kArchiveName);
@@ -77,8 +86,7 @@ bool PutInArchive(const std::string& map_path, std::string& name, const std::str
   if (archive.PFFFileExists(name, index) && !ConfirmOverwrite(archive_path, name)) return false;
   CutToNameField(name);
   RefuseUnencodable(name);
-  archive.PackFile(ReadMap(map_path), name);
-  archive.SavePffFile();
+  PackInTurn(archive, archive_path, ReadMap(map_path), name);
   platform().files().Copy(map_path, game_folder + "\\" + name);
   return RunProgramAfter({setting::kRunAfterPack, setting::kPackProgram, "put map in dflw"}, name, game_folder, warn);
 }

@@ -7,6 +7,7 @@
 #include "forms/keys.h"
 #include "forms/member_rows.h"
 #include "maps/fetch/fetch_map.h"
+#include "maps/fetch/fetch_turn.h"
 #include "maps/map_picture.h"
 #include "maps/put/put_map.h"
 #include "platform/platform.h"
@@ -151,10 +152,13 @@ void frmopenmap::Browse() {
 }
 
 void frmopenmap::PutAndPlay(int32_t mode) {
+  FetchTurn turn;
   const std::string local = FetchMap(TxtFile.Text);
   std::string name = ChosenName();
   if (local.empty()) return;
-  MsgBox(PutMap(local, name, mode, true) ? "Successfully packed map" : "Failed to pack map");
+  const bool packed = PutMap(local, name, mode, true);
+  turn.End();
+  MsgBox(packed ? "Successfully packed map" : "Failed to pack map");
 }
 
 std::string frmopenmap::ChosenName() {
@@ -196,6 +200,7 @@ void frmopenmap::SaveMapAs() {
   RunCommand([this] {
     if (AddressIsMissing("Enter path!")) return;
     if (!AskYesNo("This will download or copy the map to the default map folder continue?")) return;
+    const FetchTurn turn;
     const std::string local = FetchMap(TxtFile.Text);
     if (local.empty() || !FileExists(local)) return;
     const std::string target = InMapFolder(local);
@@ -206,6 +211,7 @@ void frmopenmap::SaveMapAs() {
 void frmopenmap::AddAutoHost() {
   RunCommand([this] {
     if (AddressIsMissing("Enter path!")) return;
+    const FetchTurn turn;
     std::string target = TxtFile.Text;
     if (!FileExists(target) || MapFileKind(target) != map_file_kind::kMap) {
       const std::string local = FetchMap(TxtFile.Text);
@@ -225,6 +231,7 @@ void frmopenmap::AddAutoHost() {
 void frmopenmap::ShowMapInfo() {
   RunCommand([this] {
     if (AddressIsMissing("Enter Path!")) return;
+    const FetchTurn turn;
     const std::string local = FetchMap(TxtFile.Text);
     if (!local.empty() && FileExists(local)) OpenMapInfo(local);
   });
