@@ -178,7 +178,7 @@ TEST_P(PffCrashTest, AKillAtAnyCallIsMendedByTheNextUse) {
 
 TEST_P(PffCrashTest, APowerCutAtAnyCallIsMendedByTheNextUse) {
   for (int call = 0; call < kMostCalls; ++call) {
-    for (unsigned seed = 1; seed <= 12; ++seed) {
+    for (unsigned seed = 1; seed <= 6; ++seed) {
       const auto disk = MakeDisk();
       disk->Arm(Fault::kPowerCut, call, seed);
       if (Run(*disk) == End::kDone) return ExpectManyCalls(call);
@@ -192,7 +192,7 @@ TEST_P(PffCrashTest, APowerCutAtAnyCallIsMendedByTheNextUse) {
 
 TEST_P(PffCrashTest, APowerCutInTheMiddleOfMendingIsMendedToo) {
   for (int call = 0; call < kMostCalls; ++call) {
-    for (unsigned seed = 1; seed <= 6; ++seed) {
+    for (unsigned seed = 1; seed <= 3; ++seed) {
       const auto disk = MakeDisk();
       disk->Arm(Fault::kPowerCut, call, seed);
       if (Run(*disk) == End::kDone) return;

@@ -52,6 +52,12 @@ Header ReadHeader(const std::string& path) {
   return header;
 }
 
+uint64_t TableEnd(const Header& header) {
+  const auto stride = static_cast<uint64_t>(static_cast<uint32_t>(header.item_size));
+  return static_cast<uint32_t>(header.table_offset) + (static_cast<uint64_t>(header.total_files) - 1) * stride +
+         pff::kEntryBytes;
+}
+
 // The counts and offsets of a header are claims: none is believed further than the file reaches.
 void CheckTablePlace(const Header& header, uint64_t file_bytes, const std::string& path) {
   const uint64_t start = static_cast<uint32_t>(header.table_offset);
@@ -62,9 +68,7 @@ void CheckTablePlace(const Header& header, uint64_t file_bytes, const std::strin
 void CheckTableSize(const Header& header, uint64_t file_bytes, const std::string& path) {
   if (header.total_files <= 0) Raise(error::kSubscriptOutOfRange, "The archive '" + path + "' holds no entries.");
   const auto count = static_cast<uint64_t>(header.total_files);
-  const auto stride = static_cast<uint64_t>(static_cast<uint32_t>(header.item_size));
-  const auto start = static_cast<uint64_t>(static_cast<uint32_t>(header.table_offset));
-  if (count > file_bytes || start + (count - 1) * stride + pff::kEntryBytes > file_bytes) {
+  if (count > file_bytes || TableEnd(header) > file_bytes) {
     RefuseFormat("The archive '" + path + "' is too short for the " + std::to_string(count) +
                  " entries that its header claims.");
   }
@@ -368,10 +372,10 @@ bool ClsPFF::IsAsLastSeen() const {
   if (!on_disk_.is_there) return true;
   const std::unique_ptr<File> file = platform().files().Open(path_, OpenMode::kRead);
   if (!HasBytes(*file, 0, pff::RecordBytes(std::span<const Header>(&on_disk_.header, 1)))) return false;
-  std::vector<Entry> present;
   if (on_disk_.header.total_files <= 0) return true;
-  return Attempt([&] { present = ReadEntries(*file, on_disk_.header); }) &&
-         std::ranges::equal(pff::RecordBytes(std::span<const Entry>(present)),
+  if (TableEnd(on_disk_.header) > file->Size()) return false;
+  const std::vector<Entry> present = ReadEntries(*file, on_disk_.header);
+  return std::ranges::equal(pff::RecordBytes(std::span<const Entry>(present)),
                             pff::RecordBytes(std::span<const Entry>(on_disk_.entries)));
 }
 

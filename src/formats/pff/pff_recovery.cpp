@@ -85,6 +85,17 @@ State LookAtArchive(const std::string& path, JournalReader& journal) {
 
 void RemoveJournal(const std::string& journal_path) { platform().files().Delete(journal_path); }
 
+// The block in which the old archive ended is made old as a whole, with zeros behind the end: half of it old and half
+// new would be neither for the next look at it.
+Bytes OldBlocks(const JournalRecord& record) {
+  Bytes bytes = record.old;
+  const uint64_t old_end = record.offset + bytes.size();
+  const uint64_t end = record.offset + record.length;
+  if (!bytes.empty() && old_end < end && old_end % kBlockBytes != 0)
+    bytes.resize(bytes.size() + BlockPart(old_end, end));
+  return bytes;
+}
+
 void PutOldBytesBack(const std::string& path, JournalReader& journal) {
   FileSystem& files = platform().files();
   if (!journal.header().existed) {
@@ -93,9 +104,11 @@ void PutOldBytesBack(const std::string& path, JournalReader& journal) {
   }
   const std::unique_ptr<File> archive = files.Open(path, OpenMode::kReadWrite);
   journal.ForEach([&](const JournalRecord& record) {
-    if (!record.old.empty()) archive->WriteAt(record.offset, record.old);
+    if (!record.old.empty()) archive->WriteAt(record.offset, OldBlocks(record));
     return true;
   });
+  // Only what is old for sure may lose what stands behind it.
+  archive->Flush();
   archive->Truncate(journal.header().old_bytes);
   archive->Flush();
   archive->Close();

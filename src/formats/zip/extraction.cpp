@@ -28,7 +28,8 @@ Extraction::Extraction(const std::string& path, std::shared_ptr<const Directory>
 
 int16_t Extraction::Run(const std::vector<bool>& selection) {
   for (size_t member = 1; member < selection.size(); ++member) {
-    if (selection[member]) RefuseTooLarge(directory_->items[member - 1]);
+    const Item& item = directory_->items[member - 1];
+    if (selection[member] && item.compressed_size > kMostBytes) RefuseTooLarge(item);
   }
   for (size_t member = 1; member < selection.size(); ++member) {
     if (selection[member] && ExtractMember(directory_->items[member - 1]) == Next::kEnd) break;
@@ -36,12 +37,13 @@ int16_t Extraction::Run(const std::vector<bool>& selection) {
   return status_;
 }
 
-// Before anything is unpacked: no map comes near that size.
+// Before anything is unpacked: no map comes near that size. What a member says of itself without having it is no
+// reason.
 void Extraction::RefuseTooLarge(const Item& item) const {
-  if (item.uncompressed_size <= kMostBytes && item.compressed_size <= kMostBytes) return;
-  Raise(error::kOverflow, "The zip's member '" + DecodeText(directory_->Name(item)) + "' says that it has " +
-                              std::to_string(std::max(item.uncompressed_size, item.compressed_size)) +
-                              " bytes. Files over 2 GB are refused.");
+  const uint64_t stored_bytes = std::min<uint64_t>(item.compressed_size, file_->Size());
+  if (stored_bytes <= kMostBytes) return;
+  Raise(error::kOverflow, "The zip's member '" + DecodeText(directory_->Name(item)) + "' has " +
+                              std::to_string(stored_bytes) + " bytes. Files over 2 GB are refused.");
 }
 
 Extraction::Next Extraction::ExtractMember(const Item& item) {

@@ -24,7 +24,7 @@ class Extraction {
   // Opens the archive; raises the file layer's error when it cannot. Closed at the end, however that comes.
   Extraction(const std::string& path, std::shared_ptr<const Directory> directory, std::string destination);
   // Indexed from 1 to the number of members. Gives the status. Error 6 before anything is unpacked when one of them
-  // announces more than 2 GB.
+  // has more than 2 GB.
   int16_t Run(const std::vector<bool>& selection);
 
  private:

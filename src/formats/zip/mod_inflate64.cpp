@@ -202,9 +202,11 @@ uint64_t MostBytes(uint64_t input_bytes, bool deflate64) {
 
 int32_t Inflate(Bytes& data, int64_t last, bool deflate64) {
   const auto announced = static_cast<uint64_t>(std::max<int64_t>(last + 1, 0));
+  // No file of the program's is larger.
+  constexpr uint64_t kLargest = 0x7FFFFFFF;
+  const uint64_t most = std::min({announced, deflate::MostBytes(data.size(), deflate64), kLargest});
   Bytes output;
-  const deflate::Expansion done =
-      deflate::ExpandGrowing(data, std::min(announced, deflate::MostBytes(data.size(), deflate64)), output, deflate64);
+  const deflate::Expansion done = deflate::ExpandGrowing(data, most, output, deflate64);
   if (!done.codes_built) {
     MsgBox("Error in tree creation (Static)");
     return done.status;
