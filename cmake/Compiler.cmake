@@ -1,4 +1,8 @@
 # Language level, warnings as errors and sanitizers for every target of the project.
+# A build folder whose preset has got another compiler loses its settings once: without this the sanitizers would be off.
+if(NOT CMAKE_BUILD_TYPE)
+  message(FATAL_ERROR "No build type: configure with a preset (cmake --preset native); after a change of its compiler, twice.")
+endif()
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -6,9 +10,9 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(KESTRUN_CCACHE ccache)
 if(KESTRUN_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${KESTRUN_CCACHE})
-  # Precompiled headers and ccache get along only when time stamps inside them are ignored.
-  set(ENV{CCACHE_SLOPPINESS} "pch_defines,time_macros")
+  # Precompiled headers and ccache get along only when ccache overlooks what they do to macros and time stamps.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime CCACHE_PCH_EXTSUM=1 ${KESTRUN_CCACHE})
 endif()
 
 add_library(kestrun_options INTERFACE)

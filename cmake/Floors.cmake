@@ -5,6 +5,30 @@ file(STRINGS ${floor_list} floor_lines REGEX "^[^#]")
 string(REPLACE " " ";" KESTRUN_FLOORS "${floor_lines}")
 list(REMOVE_ITEM KESTRUN_FLOORS app)  # the programs: each its own target
 
+# The standard headers that most files include, parsed once. The x86 build does without: it shows what a file forgot to
+# include.
+set(KESTRUN_STANDARD_HEADERS <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory> <optional> <span> <string>
+  <string_view> <utility> <vector>)
+# Floors whose code the tests and fuzzers run in long loops: optimised a little in Debug builds too.
+set(KESTRUN_BUSY_FLOORS base formats script)
+set(KESTRUN_BUSY_OPTIONS $<$<CONFIG:Debug>:-O1>)
+if(KESTRUN_PRECOMPILE)
+  kestrun_precompile(kestrun_headers HEADERS ${KESTRUN_STANDARD_HEADERS})
+  kestrun_precompile(kestrun_busy_headers HEADERS ${KESTRUN_STANDARD_HEADERS} OPTIONS ${KESTRUN_BUSY_OPTIONS})
+endif()
+
+# kestrun_floor_options(TARGET FLOOR): how a floor's objects are compiled.
+function(kestrun_floor_options target floor)
+  set(headers kestrun_headers)
+  if(floor IN_LIST KESTRUN_BUSY_FLOORS)
+    set(headers kestrun_busy_headers)
+    target_compile_options(${target} PRIVATE ${KESTRUN_BUSY_OPTIONS})
+  endif()
+  if(KESTRUN_PRECOMPILE)
+    kestrun_use_precompiled(${target} ${headers})
+  endif()
+endfunction()
+
 # kestrun_floor(NAME [FOLDER folder] [LIBRARIES library...]): the object library of one floor, from all sources in its
 # folder. Object libraries, so that windows which register themselves are never dropped by the linker.
 function(kestrun_floor name)
@@ -20,6 +44,7 @@ function(kestrun_floor name)
   endif()
   add_library(kestrun_${name}_objects OBJECT ${sources})
   target_link_libraries(kestrun_${name}_objects PUBLIC kestrun_options)
+  kestrun_floor_options(kestrun_${name}_objects ${name})
   add_library(kestrun_${name} INTERFACE)
   target_sources(kestrun_${name} INTERFACE $<TARGET_OBJECTS:kestrun_${name}_objects>)
   target_link_libraries(kestrun_${name} INTERFACE kestrun_options ${FLOOR_LIBRARIES})

@@ -30,6 +30,11 @@ class NoFiles final : public kestrun::FileSystem {
   void SetWriteTime(std::string_view, uint64_t) override { Refuse(); }
   void SetLocalTimes(std::string_view, const kestrun::LocalFileTimes&) override { Refuse(); }
   std::string CurrentFolder() override { return "C:\\"; }
+  void FlushFolder(std::string_view) override {}
+  std::string TruePath(std::string_view path) override { return std::string(path); }
+  std::unique_ptr<kestrun::FileLock> TryLock(std::string_view, std::string_view) override {
+    return std::make_unique<kestrun::FileLock>();
+  }
 
  private:
   [[noreturn]] static void Refuse() { kestrun::Raise(kestrun::error::kFileNotFound); }
@@ -49,6 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static_cast<void>(kestrun::JoinCommandWords(kestrun::Split(text, " ")));
   static_cast<void>(kestrun::ProcessCommand(text));
   static_cast<void>(kestrun::ProcessCommand("-pack " + text));
+  static_cast<void>(kestrun::ProcessCommand("-restore " + text));
   kestrun::CloseAllWindows();
   return 0;
 }

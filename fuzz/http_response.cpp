@@ -8,8 +8,22 @@
 
 #include "base/runtime_error.h"
 #include "desktop/headless/socket_http.h"
+#include "web/web_request.h"
 
 namespace {
+
+class Keeper final : public kestrun::HttpReceiver {
+ public:
+  bool TakeHead(int status, const kestrun::HttpHeaders& headers) override {
+    response = {status, headers, {}};
+    return true;
+  }
+  bool TakePiece(kestrun::ByteView piece) override {
+    response.body.insert(response.body.end(), piece.begin(), piece.end());
+    return true;
+  }
+  kestrun::HttpResponse response;
+};
 
 std::optional<kestrun::HttpResponse> Read(kestrun::ByteView input, size_t most) {
   const auto receive = [&input, most](std::span<char> buffer) {
@@ -18,9 +32,9 @@ std::optional<kestrun::HttpResponse> Read(kestrun::ByteView input, size_t most) 
     input = input.subspan(count);
     return count;
   };
-  std::optional<kestrun::HttpResponse> response;
-  kestrun::Attempt([&] { response = kestrun::ReadHttpResponse("GET", receive, nullptr); });
-  return response;
+  Keeper keeper;
+  if (!kestrun::Attempt([&] { kestrun::ReadHttpAnswer("GET", receive, keeper); })) return std::nullopt;
+  return keeper.response;
 }
 
 }  // namespace

@@ -3,9 +3,11 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <utility>
 
 #include "base/calendar.h"
+#include "base/local_forms.h"
 #include "base/number.h"
 #include "base/object.h"
 #include "base/runtime_error.h"
@@ -167,6 +169,13 @@ std::string FormatReal(double value, int digits) {
   return shown;
 }
 
+std::optional<double> DateFromText(const std::u16string& text) {
+  const LocalForms* const forms = FormsInUse();
+  std::string narrow;
+  const bool ascii = forms ? Narrow(forms->date_in(text), narrow) : Narrow(text, narrow);
+  return ascii ? ParseDate(narrow) : std::nullopt;
+}
+
 bool IsExactCurrency(const std::string& plain) {
   if (plain.find('e') != std::string::npos) return false;
   const size_t point = plain.find('.');
@@ -197,10 +206,19 @@ int64_t PlainToCurrency(const std::string& plain) {
 }
 
 int64_t CurrencyFromText(const std::u16string& text) {
+  if (const LocalForms* forms = FormsInUse()) {
+    const LocalFormsScope english(nullptr);
+    return CurrencyFromText(forms->number_in(text));
+  }
   std::string narrow;
   NumberReader reader(Narrow(text, narrow) ? TrimWhite(narrow) : std::string_view());
   if (reader.Read() && IsExactCurrency(reader.plain())) return PlainToCurrency(reader.plain());
   return DoubleToCurrency(NumberFromText(text));
+}
+
+std::string LocalNumber(std::string text) {
+  const LocalForms* const forms = FormsInUse();
+  return forms ? forms->number_out(text) : text;
 }
 
 std::string CurrencyToText(int64_t scaled) {
@@ -209,7 +227,7 @@ std::string CurrencyToText(int64_t scaled) {
   std::string text = (negative ? "-" : "") + std::to_string(magnitude / 10000);
   std::string fraction = std::to_string(10000 + magnitude % 10000).substr(1);
   fraction.erase(fraction.find_last_not_of('0') + 1);
-  return fraction.empty() ? text : text + "." + fraction;
+  return fraction.empty() ? text : LocalNumber(text + "." + fraction);
 }
 
 // A default member may answer with an object that has one as well; a ring of them must end.
@@ -230,6 +248,10 @@ Variant DefaultValue(const Variant& value) {
 }  // namespace
 
 bool ReadNumber(std::u16string_view text, double& value) {
+  if (const LocalForms* forms = FormsInUse()) {
+    const LocalFormsScope english(nullptr);
+    return ReadNumber(forms->number_in(text), value);
+  }
   std::string narrow;
   return Narrow(text, narrow) && ParseNumber(narrow, value);
 }
@@ -242,18 +264,27 @@ double TextToDouble(std::string_view text) {
 
 bool TextToBoolean(std::string_view text) {
   const std::string_view word = text;
+  if (const LocalForms* forms = FormsInUse()) {
+    if (EqualsNoCase(word, forms->true_word)) return true;
+    if (EqualsNoCase(word, forms->false_word)) return false;
+  }
   if (EqualsNoCase(word, "True") || EqualsNoCase(word, "#TRUE#")) return true;
   if (EqualsNoCase(word, "False") || EqualsNoCase(word, "#FALSE#")) return false;
-  return TextToDouble(text) != 0;
+  double value = 0;
+  if (!ReadNumber(ToUtf16(text), value)) Raise(error::kTypeMismatch);
+  return value != 0;
 }
 
 int32_t TextToLong(std::string_view text) { return RoundToInt(TextToDouble(text)); }
 
-std::string BooleanToText(bool value) { return value ? "True" : "False"; }
+std::string BooleanToText(bool value) {
+  if (const LocalForms* forms = FormsInUse()) return std::string(value ? forms->true_word : forms->false_word);
+  return value ? "True" : "False";
+}
 
-std::string DoubleToText(double value) { return FormatReal(value, 15); }
+std::string DoubleToText(double value) { return LocalNumber(FormatReal(value, 15)); }
 
-std::string SingleToText(float value) { return FormatReal(static_cast<double>(value), 7); }
+std::string SingleToText(float value) { return LocalNumber(FormatReal(static_cast<double>(value), 7)); }
 
 double LeadingNumber(std::string_view text) {
   std::string compact;
@@ -319,9 +350,8 @@ uint8_t ToByte(const Variant& value) {
 double ToDate(const Variant& value) {
   if (value.Is(VarType::kDate)) return value.real();
   if (value.Is(VarType::kObject)) return ToDate(DefaultValue(value));
-  std::string narrow;
-  if (value.Is(VarType::kString) && Narrow(value.text(), narrow)) {
-    if (const std::optional<double> date = ParseDate(narrow)) return *date;
+  if (value.Is(VarType::kString)) {
+    if (const std::optional<double> date = DateFromText(value.text())) return *date;
   }
   const double number = ToDouble(value);
   if (!IsDateNumber(number)) Raise(error::kOverflow);
@@ -329,9 +359,8 @@ double ToDate(const Variant& value) {
 }
 
 bool IsDate(const Variant& value) {
-  std::string narrow;
   if (!value.Is(VarType::kString)) return value.Is(VarType::kDate);
-  return Narrow(value.text(), narrow) && ParseDate(narrow).has_value();
+  return DateFromText(value.text()).has_value();
 }
 
 int32_t ToLong(const Variant& value) {
@@ -363,7 +392,9 @@ std::string ToText(const Variant& value) {
     case VarType::kByte: return std::to_string(value.whole());
     case VarType::kSingle: return SingleToText(static_cast<float>(value.real()));
     case VarType::kDouble: return DoubleToText(value.real());
-    case VarType::kDate: return DateToText(value.real());
+    case VarType::kDate:
+      if (const LocalForms* forms = FormsInUse()) return forms->date_out(value.real());
+      return DateToText(value.real());
     case VarType::kCurrency: return CurrencyToText(value.scaled());
     case VarType::kBoolean: return BooleanToText(value.boolean());
     case VarType::kString: return ToUtf8(value.text());

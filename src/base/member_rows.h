@@ -19,44 +19,53 @@ struct VariantTraits;
 
 template <>
 struct VariantTraits<int16_t> {
+  static constexpr std::string_view kTypeName = "Integer";
   static Variant To(int16_t value) { return value; }
   static int16_t From(const Variant& value) { return ToInteger(value); }
 };
 template <>
 struct VariantTraits<bool> {
+  static constexpr std::string_view kTypeName = "Boolean";
   static Variant To(bool value) { return value; }
   static bool From(const Variant& value) { return ToBoolean(value); }
 };
 template <>
 struct VariantTraits<int> {
+  static constexpr std::string_view kTypeName = "Long";
   static Variant To(int value) { return value; }
   static int From(const Variant& value) { return ToLong(value); }
 };
 template <>
 struct VariantTraits<uint32_t> {  // colours
+  static constexpr std::string_view kTypeName = "Long";
   static Variant To(uint32_t value) { return static_cast<int32_t>(value); }
   static uint32_t From(const Variant& value) { return static_cast<uint32_t>(ToLong(value)); }
 };
 template <>
 struct VariantTraits<double> {
+  static constexpr std::string_view kTypeName = "Double";
   static Variant To(double value) { return value; }
   static double From(const Variant& value) { return ToDouble(value); }
 };
 template <>
 struct VariantTraits<std::string> {
+  static constexpr std::string_view kTypeName = "String";
   static Variant To(const std::string& value) { return value; }
   static std::string From(const Variant& value) { return ToText(value); }
 };
 template <>
 struct VariantTraits<std::string_view> {
+  static constexpr std::string_view kTypeName = "String";
   static Variant To(std::string_view value) { return value; }
   static std::string From(const Variant& value) { return ToText(value); }
 };
 template <>
 struct VariantTraits<Variant> {
+  static constexpr std::string_view kTypeName = "";
   static Variant To(const Variant& value) { return value; }
   static Variant From(const Variant& value) { return value; }
 };
+
 namespace internal {
 
 template <class T>
@@ -69,6 +78,18 @@ struct MemberPointer<R (C::*)(P...)> {
 };
 template <class C, class R, class... P>
 struct MemberPointer<R (C::*)(P...) const> : MemberPointer<R (C::*)(P...)> {};
+
+// Empty for what gives nothing.
+template <class T>
+constexpr std::string_view TypeNameOf() {
+  if constexpr (std::is_void_v<T>) {
+    return {};
+  } else {
+    return VariantTraits<std::remove_cvref_t<T>>::kTypeName;
+  }
+}
+template <auto kMethod>
+constexpr std::string_view kResultType = TypeNameOf<typename MemberPointer<decltype(kMethod)>::Result>();
 
 template <auto kMethod, size_t... kAt>
 Variant CallMethod(Object& object, Arguments arguments, std::index_sequence<kAt...>) {
@@ -107,18 +128,26 @@ template <auto kGetter>
 constexpr Member ReadOnlyRow(std::string_view name) {
   constexpr auto kCount =
       static_cast<int>(std::tuple_size_v<typename internal::MemberPointer<decltype(kGetter)>::Parameters>);
-  return {name, MemberKind::kReadOnly, kCount, kCount, &internal::CallMethod<kGetter>, nullptr};
+  return {name,    MemberKind::kReadOnly,         kCount, kCount, &internal::CallMethod<kGetter>,
+          nullptr, internal::kResultType<kGetter>};
 }
 template <auto kGetter, auto kSetter>
 constexpr Member AccessorRow(std::string_view name) {
-  return {name, MemberKind::kReadWrite, 0, 0, &internal::CallMethod<kGetter>, &internal::PutThrough<kSetter>};
+  return {name,
+          MemberKind::kReadWrite,
+          0,
+          0,
+          &internal::CallMethod<kGetter>,
+          &internal::PutThrough<kSetter>,
+          internal::kResultType<kGetter>};
 }
 
 template <auto kMethod>
 constexpr Member MethodRow(std::string_view name) {
   constexpr auto kCount =
       static_cast<int>(std::tuple_size_v<typename internal::MemberPointer<decltype(kMethod)>::Parameters>);
-  return {name, MemberKind::kMethod, kCount, kCount, &internal::CallMethod<kMethod>, nullptr};
+  return {name,    MemberKind::kMethod,           kCount, kCount, &internal::CallMethod<kMethod>,
+          nullptr, internal::kResultType<kMethod>};
 }
 
 // A method with optional arguments, or one that needs the raw values.

@@ -31,6 +31,7 @@ struct MemberInfo {
   MemberKind kind;
   int least_arguments;
   int most_arguments;
+  std::string_view type = {};  // of the value that it gives, as TypeName names it; empty for none and for any
 };
 
 // The sequence that For Each walks.
@@ -75,7 +76,7 @@ class Object : public RefCounted {
 void PutMember(Object& object, std::string_view name, const Variant& value, std::vector<Variant> arguments = {});
 Variant CallMember(Object& object, std::string_view name, std::vector<Variant> arguments = {});
 
-// One row of a class's member table. Accessors get the object as Object&; the helpers in member_table.h write them.
+// One row of a class's member table. Accessors get the object as Object&; the helpers in member_rows.h write them.
 struct Member {
   std::string_view name;
   MemberKind kind;
@@ -83,6 +84,7 @@ struct Member {
   int most_arguments = 0;
   Variant (*get)(Object& object, Arguments arguments) = nullptr;  // also the call of a method
   void (*put)(Object& object, Arguments arguments, const Variant& value) = nullptr;
+  std::string_view type = {};  // of the value, as TypeName names it; empty for none and for any
 };
 
 // A class's members, its base class's first.

@@ -1,39 +1,41 @@
 #include "base/ref.h"
 
-#include <vector>
+#include <new>
+
+#include "base/live_bytes.h"
 
 namespace kestrun {
 namespace {
 
 constexpr int kDeepestNesting = 64;
 
-struct Graveyard {
-  int nesting = 0;
-  std::vector<RefCounted*> waiting;
-};
-
-Graveyard& TheGraveyard() {
-  static Graveyard graveyard;
-  return graveyard;
-}
-
 }  // namespace
 
+void* RefCounted::operator new(size_t size) {
+  void* const block = ::operator new(size);
+  LiveBytes::Add(LiveBytes::Block(size));
+  return block;
+}
+
+void RefCounted::operator delete(void* block, size_t size) noexcept {
+  LiveBytes::Remove(LiveBytes::Block(size));
+  ::operator delete(block);
+}
+
 void RefCounted::Destroy(RefCounted* object) noexcept {
-  Graveyard& graveyard = TheGraveyard();
-  if (graveyard.nesting >= kDeepestNesting) {
-    graveyard.waiting.push_back(object);
+  if (nesting_ >= kDeepestNesting) {
+    object->next_waiting_ = std::exchange(waiting_, object);
     return;
   }
-  ++graveyard.nesting;
+  ++nesting_;
   delete object;
-  --graveyard.nesting;
-  while (graveyard.nesting == 0 && !graveyard.waiting.empty()) {
-    RefCounted* const next = graveyard.waiting.back();
-    graveyard.waiting.pop_back();
-    ++graveyard.nesting;
+  --nesting_;
+  while (nesting_ == 0 && waiting_) {
+    RefCounted* const next = waiting_;
+    waiting_ = next->next_waiting_;
+    ++nesting_;
     delete next;
-    --graveyard.nesting;
+    --nesting_;
   }
 }
 

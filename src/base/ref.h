@@ -20,15 +20,22 @@ class RefCounted {
   }
   [[nodiscard]] uint32_t references() const noexcept { return references_; }
 
+  // What such objects take is counted, because scripts can make and keep them.
+  static void* operator new(size_t size);
+  static void operator delete(void* block, size_t size) noexcept;
+
  protected:
   virtual ~RefCounted() = default;
   // Called when the count reaches zero; the default destroys the object.
   virtual void LastReferenceGone() noexcept { Destroy(this); }
   // Deletes, or queues the deletion when many owners are ending inside each other: a chain of a million objects must
-  // not take a million stack frames to end.
+  // not take a million stack frames to end. The queue is linked through the objects, so that it needs no memory.
   static void Destroy(RefCounted* object) noexcept;
 
  private:
+  inline static int nesting_ = 0;  // of objects that are ending inside each other
+  inline static RefCounted* waiting_ = nullptr;
+  RefCounted* next_waiting_ = nullptr;
   uint32_t references_ = 0;
 };
 

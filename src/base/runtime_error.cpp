@@ -13,46 +13,54 @@ struct ErrorText {
 };
 
 constexpr std::array kErrorTexts{
-    ErrorText{5, "Invalid procedure call or argument"},
-    ErrorText{6, "Overflow"},
-    ErrorText{7, "Out of memory"},
-    ErrorText{9, "Subscript out of range"},
-    ErrorText{11, "Division by zero"},
-    ErrorText{13, "Type mismatch"},
-    ErrorText{14, "Out of string space"},
-    ErrorText{28, "Out of stack space"},
-    ErrorText{52, "Bad file name or number"},
-    ErrorText{53, "File not found"},
-    ErrorText{55, "File already open"},
-    ErrorText{57, "Device I/O error"},
-    ErrorText{58, "File already exists"},
-    ErrorText{61, "Disk full"},
-    ErrorText{62, "Input past end of file"},
-    ErrorText{67, "Too many files"},
-    ErrorText{70, "Permission denied"},
-    ErrorText{71, "Disk not ready"},
-    ErrorText{75, "Path/File access error"},
-    ErrorText{76, "Path not found"},
-    ErrorText{91, "Object variable or With block variable not set"},
-    ErrorText{94, "Invalid use of Null"},
-    ErrorText{321, "Invalid file format"},
-    ErrorText{326, "Resource not found"},
-    ErrorText{383, "Property is read-only"},
-    ErrorText{424, "Object required"},
-    ErrorText{429, "ActiveX component can't create object"},
-    ErrorText{438, "Object doesn't support this property or method"},
-    ErrorText{440, "Automation error"},
-    ErrorText{450, "Wrong number of arguments or invalid property assignment"},
-    ErrorText{481, "Invalid picture"},
+    ErrorText{error::kInvalidProcedureCall, "Invalid procedure call or argument"},
+    ErrorText{error::kOverflow, "Overflow"},
+    ErrorText{error::kOutOfMemory, "Out of memory"},
+    ErrorText{error::kSubscriptOutOfRange, "Subscript out of range"},
+    ErrorText{error::kDivisionByZero, "Division by zero"},
+    ErrorText{error::kTypeMismatch, "Type mismatch"},
+    ErrorText{error::kOutOfStringSpace, "Out of string space"},
+    ErrorText{error::kOutOfStackSpace, "Out of stack space"},
+    ErrorText{error::kBadFileName, "Bad file name or number"},
+    ErrorText{error::kFileNotFound, "File not found"},
+    ErrorText{error::kFileAlreadyOpen, "File already open"},
+    ErrorText{error::kDeviceIo, "Device I/O error"},
+    ErrorText{error::kFileAlreadyExists, "File already exists"},
+    ErrorText{error::kDiskFull, "Disk full"},
+    ErrorText{error::kInputPastEnd, "Input past end of file"},
+    ErrorText{error::kTooManyFiles, "Too many files"},
+    ErrorText{error::kPermissionDenied, "Permission denied"},
+    ErrorText{error::kDiskNotReady, "Disk not ready"},
+    ErrorText{error::kPathFileAccess, "Path/File access error"},
+    ErrorText{error::kPathNotFound, "Path not found"},
+    ErrorText{error::kObjectNotSet, "Object variable or With block variable not set"},
+    ErrorText{error::kInvalidUseOfNull, "Invalid use of Null"},
+    ErrorText{error::kInvalidFileFormat, "Invalid file format"},
+    ErrorText{error::kResourceNotFound, "Resource not found"},
+    ErrorText{error::kNotMadeByScript, "Can't unload controls created at design time"},
+    ErrorText{error::kInvalidPropertyValue, "Invalid property value"},
+    ErrorText{error::kPropertyReadOnly, "Property is read-only"},
+    ErrorText{error::kObjectRequired, "Object required"},
+    ErrorText{error::kCannotCreateObject, "ActiveX component can't create object"},
+    ErrorText{error::kMemberNotFound, "Object doesn't support this property or method"},
+    ErrorText{error::kAutomationError, "Automation error"},
+    ErrorText{error::kWrongArgumentCount, "Wrong number of arguments or invalid property assignment"},
+    ErrorText{error::kInvalidPicture, "Invalid picture"},
+    ErrorText{error::kNameInUse, "There is already a control with this name"},
 };
+
+const ErrorText* FindText(int number) {
+  return std::find_if(kErrorTexts.begin(), kErrorTexts.end(),
+                      [number](const ErrorText& row) { return row.number == number; });
+}
 
 }  // namespace
 
 std::string_view StandardErrorText(int number) {
-  const auto* found = std::find_if(kErrorTexts.begin(), kErrorTexts.end(),
-                                   [number](const ErrorText& row) { return row.number == number; });
-  return found == kErrorTexts.end() ? "Application-defined or object-defined error" : found->text;
+  return HasStandardErrorText(number) ? FindText(number)->text : "Application-defined or object-defined error";
 }
+
+bool HasStandardErrorText(int number) { return FindText(number) != kErrorTexts.end(); }
 
 RuntimeError::RuntimeError(int number) : RuntimeError(number, std::string(StandardErrorText(number))) {}
 

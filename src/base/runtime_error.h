@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace kestrun {
 
@@ -33,6 +34,8 @@ inline constexpr int kObjectNotSet = 91;
 inline constexpr int kInvalidUseOfNull = 94;
 inline constexpr int kInvalidFileFormat = 321;
 inline constexpr int kResourceNotFound = 326;
+inline constexpr int kNotMadeByScript = 362;
+inline constexpr int kInvalidPropertyValue = 380;
 inline constexpr int kPropertyReadOnly = 383;
 inline constexpr int kObjectRequired = 424;
 inline constexpr int kCannotCreateObject = 429;
@@ -40,10 +43,13 @@ inline constexpr int kMemberNotFound = 438;
 inline constexpr int kAutomationError = 440;
 inline constexpr int kWrongArgumentCount = 450;
 inline constexpr int kInvalidPicture = 481;
+inline constexpr int kNameInUse = 727;
 }  // namespace error
 
 // The platform's text for a standard number; "Application-defined or object-defined error" for any other.
 [[nodiscard]] std::string_view StandardErrorText(int number);
+
+[[nodiscard]] bool HasStandardErrorText(int number);
 
 // A run-time failure that a handler can catch: number and description, both meant for the user's eyes.
 class RuntimeError : public std::runtime_error {
@@ -57,6 +63,28 @@ class RuntimeError : public std::runtime_error {
 
  private:
   int number_;
+};
+
+// A failure of an object that scripts use, with all that a host may say about it. The number is a run-time error's or a
+// result code (negative); a script sees the common result codes as the error numbers of its language, unless the host
+// describes the failure itself. An empty text was not given.
+class HostError : public RuntimeError {
+ public:
+  explicit HostError(int number, const std::string& description = {}, std::string source = {},
+                     std::string help_file = {}, int help_context = 0)
+      : RuntimeError(number, description),
+        source_(std::move(source)),
+        help_file_(std::move(help_file)),
+        help_context_(help_context) {}
+
+  [[nodiscard]] const std::string& source() const noexcept { return source_; }
+  [[nodiscard]] const std::string& help_file() const noexcept { return help_file_; }
+  [[nodiscard]] int help_context() const noexcept { return help_context_; }
+
+ private:
+  std::string source_;
+  std::string help_file_;
+  int help_context_;
 };
 
 [[noreturn]] void Raise(int number);

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/live_bytes.h"
 #include "base/ref.h"
 
 namespace kestrun {
@@ -36,37 +37,26 @@ enum class VarType : uint16_t {
 // The code of the kError value that stands for a left-out argument (DISP_E_PARAMNOTFOUND).
 inline constexpr int32_t kMissingArgument = static_cast<int32_t>(0x80020004);
 
-// Bytes that the texts and arrays of variants take, so that a script's budget can be held against them.
-class LiveBytes {
- public:
-  LiveBytes() = default;
-  ~LiveBytes() { total_ -= counted_; }
-  LiveBytes(const LiveBytes&) = delete;
-  LiveBytes& operator=(const LiveBytes&) = delete;
-  void Set(size_t bytes) {
-    total_ += bytes - counted_;
-    counted_ = bytes;
-  }
-  [[nodiscard]] static size_t Total() { return total_; }
-
- private:
-  inline static size_t total_ = 0;
-  size_t counted_ = 0;
-};
-
 // A shared UTF-16 text. May hold lone surrogates.
 class TextBody final : public RefCounted {
+  LiveBytes bytes_;  // in front of the text, where the base class leaves room for it
+
  public:
   TextBody() = default;
   explicit TextBody(std::u16string content) : text(std::move(content)) { CountBytes(); }
   // For whoever has changed the text a lot.
-  void CountBytes() { bytes_.Set(text.capacity() * sizeof(char16_t)); }
+  void CountBytes() noexcept { bytes_.Set(BytesOf(text.capacity())); }
+  // What a text of this capacity takes beside its object. A short one stands in the object itself.
+  [[nodiscard]] static size_t BytesOf(size_t capacity) noexcept {
+    constexpr size_t kInObject = 7;
+    return capacity <= kInObject ? 0 : LiveBytes::Block((capacity + 1) * sizeof(char16_t));
+  }
   std::u16string text;
+  // The last unit holds a single byte, its low one: scripts also keep bytes in texts, and any number of them.
+  bool half_unit = false;
 
  private:
   void LastReferenceGone() noexcept override { delete this; }
-
-  LiveBytes bytes_;
 };
 
 class ArrayBody;
@@ -155,6 +145,8 @@ class Variant {
     payload.boolean = value;
     Replace(VarType::kBoolean, 0, payload);
   }
+  // True while it holds a counted reference.
+  [[nodiscard]] bool owns() const noexcept { return owns_ != 0; }
   // Back to Empty if it holds a counted reference; otherwise the value may stay.
   void DropReference() noexcept {
     if (owns_) Clear();
@@ -244,7 +236,7 @@ class ArrayBody final : public RefCounted {
   std::vector<Variant> elements;
 
   // For whoever has changed the number of elements.
-  void CountBytes() { bytes_.Set(elements.size() * sizeof(Variant)); }
+  void CountBytes() noexcept { bytes_.Set(LiveBytes::BlockOf(elements) + LiveBytes::BlockOf(sizes)); }
 
  private:
   LiveBytes bytes_;

@@ -31,6 +31,8 @@ class Canvas {
   // One pixel wide.
   virtual void Frame(const PixelRect& area, Color color) = 0;
   virtual void HorizontalLine(int left, int right, int y, Color color) = 0;
+  // A straight line of any direction with both its ends, so many pixels wide.
+  virtual void Line(PixelPoint from, PixelPoint to, Color color, int width) = 0;
   // The dotted rectangle of the focus, drawn so that a second call takes it away.
   virtual void FocusRectangle(const PixelRect& area) = 0;
   virtual void Text(std::string_view text, const PixelRect& area, const FontDescription& font, Color color,

@@ -7,11 +7,10 @@ namespace kestrun {
 namespace {
 
 constexpr Member kRows[]{
-    PropertyRow<&CheckBox::Caption>("Caption"),
     PropertyRow<&CheckBox::Value>("Value"),
     PropertyRow<&CheckBox::Alignment>("Alignment"),
 };
-const MemberTable kTable{&Control::kControlMembers, kRows};
+const MemberTable kTable{&Button::kButtonMembers, kRows};
 
 }  // namespace
 

@@ -1,20 +1,20 @@
 // A check box. Value: 0 clear, 1 ticked, 2 greyed. Every change of the value is a Click.
 #pragma once
 
-#include "forms/control.h"
+#include "forms/button.h"
 
 namespace kestrun {
 
-class CheckBox final : public Control {
+class CheckBox final : public Button {
  public:
-  using Control::Control;
+  using Button::Button;
 
-  Property<std::string> Caption{*this, PropertyId::kCaption};
   Property<int> Value{*this, PropertyId::kValue};
   Property<int> Alignment{*this, PropertyId::kAlignment};
 
-  // What a user's press does: 0 and 2 become 1, 1 becomes 0, when the box is usable.
-  bool Press();
+  // 0 and 2 become 1, 1 becomes 0.
+  bool Press() override;
+  [[nodiscard]] bool StaysDown() const override { return Value != 0; }
 
   [[nodiscard]] std::string TypeName() const override { return "CheckBox"; }
   [[nodiscard]] const MemberTable& Members() const override;

@@ -14,14 +14,15 @@ constexpr Member kValueRow{"Value",
                            [](Object&, Arguments) -> Variant { return false; },
                            [](Object& object, Arguments, const Variant& value) {
                              if (ToBoolean(value)) static_cast<CommandButton&>(object).Click();
-                           }};
+                           },
+                           "Boolean"};
 
 constexpr Member kRows[]{
-    PropertyRow<&CommandButton::Caption>("Caption"), PropertyRow<&CommandButton::Default>("Default"),
-    PropertyRow<&CommandButton::Cancel>("Cancel"),   PropertyRow<&CommandButton::Style>("Style"),
-    PropertyRow<&CommandButton::Picture>("Picture"), kValueRow,
+    PropertyRow<&CommandButton::Default>("Default"),
+    PropertyRow<&CommandButton::Cancel>("Cancel"),
+    kValueRow,
 };
-const MemberTable kTable{&Control::kControlMembers, kRows};
+const MemberTable kTable{&Button::kButtonMembers, kRows};
 
 }  // namespace
 

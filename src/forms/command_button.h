@@ -1,27 +1,23 @@
 // A push button. Default: Enter presses it; Cancel: Esc presses it.
 #pragma once
 
-#include "forms/control.h"
-#include "forms/picture.h"
+#include "forms/button.h"
 
 namespace kestrun {
 
-class CommandButton final : public Control {
+class CommandButton final : public Button {
  public:
-  using Control::Control;
+  using Button::Button;
 
-  Property<std::string> Caption{*this, PropertyId::kCaption};
   Property<bool> Default{*this, PropertyId::kDefault};
   Property<bool> Cancel{*this, PropertyId::kCancel};
-  // 0 standard, 1 with its picture.
-  Property<int> Style{*this, PropertyId::kAppearance};
-  Property<Ref<kestrun::Picture>> Picture{*this, PropertyId::kPicture};
 
-  // What a user's press does: Click, when the button is usable. Gives whether it was.
-  bool Press();
+  // A Click.
+  bool Press() override;
 
   [[nodiscard]] std::string TypeName() const override { return "CommandButton"; }
   [[nodiscard]] const MemberTable& Members() const override;
+  [[nodiscard]] MemberId DefaultMember() const override { return FindMember("Value"); }
 
  protected:
   void PropertyChanged(PropertyId id) override;

@@ -7,6 +7,7 @@
 
 #include "base/object.h"
 #include "forms/color.h"
+#include "forms/picture.h"
 #include "forms/property.h"
 #include "platform/windowing.h"
 
@@ -26,6 +27,9 @@ inline constexpr int kCtrl = 2;
 inline constexpr int kAlt = 4;
 }  // namespace shift
 
+// What a sunken border takes of a control's width and height, both sides together.
+inline constexpr int kSunkenEdgesTwips = 60;
+
 class Control : public TableObject {
  public:
   // A control of the form under a name, with an index when it is an element of a control array, -1 otherwise.
@@ -36,7 +40,7 @@ class Control : public TableObject {
   [[nodiscard]] int Index() const { return index_; }
   // Null once the form has gone.
   [[nodiscard]] Form* form() const { return form_; }
-  // The form itself, a frame or a picture box.
+  // The form itself, a frame or a picture box; null for a form.
   [[nodiscard]] Control* Container() const { return container_; }
   void SetContainer(Control& container);
 
@@ -51,6 +55,8 @@ class Control : public TableObject {
   Property<int> TabIndex{*this, PropertyId::kTabIndex};
   Property<bool> TabStop{*this, PropertyId::kTabStop, true};
   Property<int> MousePointer{*this, PropertyId::kMousePointer};
+  // The mouse's picture over the control while MousePointer is 0 or 99. Its hot spot is its top left corner.
+  Property<Ref<kestrun::Picture>> MouseIcon{*this, PropertyId::kMousePointer};
   Property<FontDescription> Font{*this, PropertyId::kFont};
   Property<Color> ForeColor{*this, PropertyId::kForeColor, color::kButtonText};
   Property<Color> BackColor{*this, PropertyId::kBackColor, color::kButtonFace};
@@ -74,6 +80,9 @@ class Control : public TableObject {
   void Refresh();
   // 0 brings the control in front of its siblings, 1 puts it behind them.
   void ZOrder(int position);
+  // The number by which the system knows the control's window; the form's window is made for it when there is none yet.
+  // 0 for a control that its container draws.
+  [[nodiscard]] int32_t WindowNumber() const;
 
   // False for controls that are never seen: timers, dialogues, menu items.
   [[nodiscard]] virtual bool HasBody() const { return true; }
@@ -83,17 +92,28 @@ class Control : public TableObject {
   [[nodiscard]] virtual bool IsContainer() const { return false; }
   // Controls that this one is made of, from back to front; the form does not list them.
   [[nodiscard]] virtual std::span<const Ref<Control>> Constituents() const { return {}; }
+  // Scripts remove only what they have added themselves.
+  [[nodiscard]] bool IsMadeByScript() const { return made_by_script_; }
+  void MarkMadeByScript() { made_by_script_ = true; }
   // True when it is visible and enabled and all its containers are, so that a user can act on it.
   [[nodiscard]] bool IsUsable() const;
 
   [[nodiscard]] const MemberTable& Members() const override { return kControlMembers; }
   static const MemberTable kControlMembers;
+  // The same and hWnd: of kinds that have a window of their own.
+  static const MemberTable kWindowedMembers;
+
+  // Twips of one unit in which this container's controls are placed, across and down.
+  [[nodiscard]] virtual double UnitWidth() const { return 1; }
+  [[nodiscard]] virtual double UnitHeight() const { return 1; }
 
  protected:
   friend void internal::NotifyPropertyChanged(Control& owner, PropertyId id);
   friend class Form;
   friend class CompositeControl;
 
+  // For kinds that show content rather than a face, before anything is assigned to them.
+  void TakeWindowColors();
   // Runs after a property was stored and before the peer hears of it: where a control keeps its own rules.
   virtual void PropertyChanged(PropertyId id) { static_cast<void>(id); }
   [[nodiscard]] bool IsAlive() const override { return form_ != nullptr; }
@@ -106,6 +126,7 @@ class Control : public TableObject {
   Control* container_;
   std::string name_;
   int index_;
+  bool made_by_script_ = false;
 };
 
 }  // namespace kestrun

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "forms/form.h"
 #include "forms/member_rows.h"
+#include "platform/file_error.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -25,16 +26,21 @@ std::string WithoutTrailingSeparator(std::string_view folder) {
 constexpr Member kRows[]{
     PropertyRow<&FileListBox::Pattern>("Pattern"),
     PropertyRow<&FileListBox::ListIndex>("ListIndex"),
+    PropertyRow<&FileListBox::Appearance>("Appearance"),
     AccessorRow<&FileListBox::Path, &FileListBox::SetPath>("Path"),
     AccessorRow<&FileListBox::FileName, &FileListBox::SetFileName>("FileName"),
     ReadOnlyRow<&FileListBox::ListCount>("ListCount"),
     {"List", MemberKind::kReadOnly, 1, 1,
-     [](Object& object, Arguments at) -> Variant { return Self(object).List(ToLong(at[0])); }, nullptr},
+     [](Object& object, Arguments at) -> Variant { return Self(object).List(ToLong(at[0])); }, nullptr, "String"},
     MethodRow<&FileListBox::Reload>("Refresh"),
 };
-const MemberTable kTable{&Control::kControlMembers, kRows};
+const MemberTable kTable{&Control::kWindowedMembers, kRows};
 
 }  // namespace
+
+FileListBox::FileListBox(Form* form, std::string name, int index) : Control(form, std::move(name), index) {
+  TakeWindowColors();
+}
 
 const MemberTable& FileListBox::Members() const { return kTable; }
 
@@ -45,7 +51,7 @@ const std::string& FileListBox::Path() const {
 
 void FileListBox::SetPath(std::string_view folder) {
   std::string wanted = WithoutTrailingSeparator(folder);
-  if (!platform().files().IsFolder(wanted)) Raise(error::kPathNotFound);
+  if (!platform().files().IsFolder(wanted)) throw FileError(error::kPathNotFound, wanted);
   path_ = std::move(wanted);
   Reload();
   PathChange();

@@ -10,10 +10,12 @@ namespace kestrun {
 
 class FileListBox final : public Control {
  public:
-  using Control::Control;
+  FileListBox(Form* form, std::string name, int index);
 
   // Patterns joined by ";", "*.bms;*.zip".
   Property<std::string> Pattern{*this, PropertyId::kPattern, "*.*"};
+  // 0 flat, 1 sunken: how the border looks.
+  Property<int> Appearance{*this, PropertyId::kAppearance, 1};
   Property<int> ListIndex{*this, PropertyId::kListIndex, -1};
 
   // The folder without a trailing separator (a drive's root has one). Assigning lists the new folder and fires

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 #include "base/text.h"
+#include "forms/control_collections.h"
 #include "forms/member_rows.h"
 #include "forms/menu_item.h"
 #include "forms/window_registry.h"
+#include "platform/failure_box.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -24,11 +27,17 @@ Variant ShowWithMode(Object& object, Arguments arguments) {
   return {};
 }
 
-Variant ListControls(Object& object, Arguments) {
-  const auto& controls = Self(object).controls();
-  Ref<ArrayBody> list = MakeRef<ArrayBody>(std::vector<int32_t>{static_cast<int32_t>(controls.size())});
-  std::copy(controls.begin(), controls.end(), list->elements.begin());
-  return Variant(list);
+// Form.Controls is the collection, Form.Controls(which) one of its elements.
+Variant GetControls(Object& object, Arguments which) {
+  const Ref<ControlCollection> all = MakeRef<ControlCollection>(Ref<Form>(&Self(object)));
+  return which.empty() ? Variant(all) : all->Item(which[0]);
+}
+
+Variant CallPopupMenu(Object& object, Arguments given) {
+  auto* menu = given[0].Is(VarType::kObject) ? dynamic_cast<MenuItem*>(given[0].object()) : nullptr;
+  if (!menu) Raise(error::kObjectRequired);
+  Self(object).PopupMenu(*menu);
+  return {};
 }
 
 // Sets a flag for as long as it lives.
@@ -53,20 +62,24 @@ constexpr Member kRows[]{
     PropertyRow<&Form::ControlBox>("ControlBox"),
     PropertyRow<&Form::ShowInTaskbar>("ShowInTaskbar"),
     PropertyRow<&Form::KeyPreview>("KeyPreview"),
-    PropertyRow<&Form::Picture>("Picture"),
     PropertyRow<&Form::Icon>("Icon"),
-    ReadOnlyRow<&Form::ScaleWidth>("ScaleWidth"),
-    ReadOnlyRow<&Form::ScaleHeight>("ScaleHeight"),
-    {"Controls", MemberKind::kReadOnly, 0, 0, &ListControls, nullptr},
+    {"Controls", MemberKind::kReadOnly, 0, 1, &GetControls, nullptr, "Controls"},
+    {"ActiveControl", MemberKind::kReadOnly, 0, 0,
+     [](Object& object, Arguments) -> Variant {
+       Control* active = Self(object).ActiveControl();
+       return active ? Variant(active) : Variant::Nothing();
+     },
+     nullptr, "Object"},
+    RawMethodRow("PopupMenu", 1, 5, &CallPopupMenu),
     RawMethodRow("Show", 0, 2, &ShowWithMode),
     MethodRow<&Form::Hide>("Hide"),
 };
 
 }  // namespace
 
-const MemberTable Form::kFormMembers{&Control::kControlMembers, kRows};
+const MemberTable Form::kFormMembers{&DrawableControl::kDrawableMembers, kRows};
 
-Form::Form(std::string name) : Control(this, std::move(name), -1) {
+Form::Form(std::string name) : DrawableControl(this, std::move(name), -1) {
   Visible.StoreQuietly(false);
   ForeColor.StoreQuietly(color::kButtonText);
 }
@@ -75,9 +88,34 @@ Form::~Form() {
   for (const Ref<Control>& control : controls_) control->Disconnect();
 }
 
+int Form::ScaleWidth() const {
+  return BorderStyle == static_cast<int>(FormBorder::kNone) ? Width.get() : Width - kFrameWidth;
+}
+
+int Form::ScaleHeight() const {
+  const int frame = BorderStyle == static_cast<int>(FormBorder::kNone) ? 0 : kFrameHeight;
+  return Height - frame - (HasMenu() ? kMenuHeight : 0);
+}
+
 void Form::SetClientSize(int width_twips, int height_twips) {
-  Width = width_twips + kFrameWidth;
-  Height = height_twips + kFrameHeight + (HasMenu() ? kMenuHeight : 0);
+  Width = width_twips + (Width - ScaleWidth());
+  Height = height_twips + (Height - ScaleHeight());
+}
+
+void Form::PropertyChanged(PropertyId id) {
+  DrawableControl::PropertyChanged(id);
+  placed_ = placed_ || id == PropertyId::kLeft || id == PropertyId::kTop;
+  if (id != PropertyId::kVisible || Visible == shown_) return;
+  if (Visible) {
+    Show();
+  } else {
+    Hide();
+  }
+}
+
+void Form::SetLeastClientSize(int width_twips, int height_twips) {
+  least_scale_width_ = width_twips;
+  least_scale_height_ = height_twips;
 }
 
 void Form::EnsureLoaded() {
@@ -102,7 +140,8 @@ void Form::Show() {
   }
   shown_ = true;
   Visible.StoreQuietly(true);
-  peer_ = platform().windowing().Show(*this);
+  EnsurePeer();
+  peer_->Show();
   Shown();
 }
 
@@ -120,10 +159,18 @@ void Form::Hide() {
   if (!shown_) return;
   shown_ = false;
   Visible.StoreQuietly(false);
+  ClosePeer();
+}
+
+void Form::EnsurePeer() {
+  if (!peer_ && IsAlive()) peer_ = platform().windowing().MakePeer(*this);
+}
+
+void Form::ClosePeer() {
   if (!peer_) return;
   peer_->Close();
   // The peer may be the caller of the handler that hides the form: it goes when that is over.
-  platform().clock().Post([closed = std::shared_ptr<FormPeer>(std::move(peer_))] {});
+  platform().clock().Post([closed = std::exchange(peer_, nullptr)] {});
 }
 
 bool Form::Unload() {
@@ -144,6 +191,7 @@ bool Form::Unload() {
 
 void Form::Discard() {
   Hide();
+  ClosePeer();
   loaded_ = false;
   for (const Ref<Control>& control : controls_) control->Disconnect();
   Disconnect();
@@ -151,7 +199,7 @@ void Form::Discard() {
 }
 
 void Form::PopupMenu(MenuItem& item) {
-  if (peer_) peer_->PopUpMenu(item);
+  if (const std::shared_ptr<FormPeer> shown = peer_) shown->PopUpMenu(item);
 }
 
 std::vector<Control*> Form::StackingOrder() const {
@@ -250,7 +298,7 @@ std::vector<MemberInfo> Form::ListMembers() const {
   std::vector<MemberInfo> list = Control::ListMembers();
   for (const Ref<Control>& control : controls_) {
     const int indexes = control->Index() < 0 ? 0 : 1;
-    list.push_back({control->Name(), MemberKind::kReadOnly, indexes, indexes});
+    list.push_back({control->Name(), MemberKind::kReadOnly, indexes, indexes, {}});
   }
   return list;
 }
@@ -279,19 +327,17 @@ void Form::Put(MemberId member, Arguments arguments, const Variant& value) {
 Variant Form::ControlByMember(size_t position, Arguments arguments) const {
   if (position >= controls_.size()) Raise(error::kObjectRequired);
   const Ref<Control>& first = controls_[position];
-  if (arguments.empty()) return first;
-  if (arguments.size() > 1 || first->Index() < 0) Raise(error::kWrongArgumentCount);
-  Control* element = FindControl(first->Name(), ToLong(arguments[0]));
-  if (!element) Raise(error::kSubscriptOutOfRange);
-  return element;
+  if (first->Index() < 0) {
+    if (!arguments.empty()) Raise(error::kWrongArgumentCount);
+    return first;
+  }
+  if (arguments.size() > 1) Raise(error::kWrongArgumentCount);
+  const Ref<ControlArray> array = MakeRef<ControlArray>(Ref<Form>(first->form()), first->Name());
+  return arguments.empty() ? Variant(array) : array->Item(arguments[0]);
 }
 
 void ReportEventFault() {
-  const RuntimeError failure = CurrentError();
-  Attempt([&] {
-    MsgBox("Error: " + std::to_string(failure.number()) + std::string(kCrLf) + failure.description(), BoxButtons::kOk,
-           BoxIcon::kCritical);
-  });
+  Attempt([] { ShowFailureBox("", BoxIcon::kCritical); });
 }
 
 }  // namespace kestrun

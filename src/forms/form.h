@@ -8,8 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "forms/control.h"
-#include "forms/picture.h"
+#include "forms/drawable_control.h"
 
 namespace kestrun {
 
@@ -17,6 +16,7 @@ class MenuItem;
 
 // Height and width in twips of what surrounds a form's client area, the same on every screen: a form's Width and Height
 // are nominal, and the peer makes the client area exactly Width - kFrameWidth by Height - kFrameHeight (- kMenuHeight).
+// A form without a frame is all client area.
 inline constexpr int kFrameWidth = 120;
 inline constexpr int kFrameHeight = 405;
 inline constexpr int kMenuHeight = 285;
@@ -24,7 +24,7 @@ inline constexpr int kMenuHeight = 285;
 enum class FormBorder { kNone = 0, kFixedSingle = 1, kSizable = 2, kFixedDialog = 3 };
 enum class StartPosition { kManual = 0, kCenterOwner = 1, kCenterScreen = 2, kWindowsDefault = 3 };
 
-class Form : public Control {
+class Form : public DrawableControl {
  public:
   explicit Form(std::string name);
   ~Form() override;
@@ -40,20 +40,24 @@ class Form : public Control {
   Property<bool> ShowInTaskbar{*this, PropertyId::kBoxes, true};
   // The form sees keys before its controls do.
   Property<bool> KeyPreview{*this, PropertyId::kNone};
-  Property<Ref<kestrun::Picture>> Picture{*this, PropertyId::kPicture};
   Property<Ref<kestrun::Picture>> Icon{*this, PropertyId::kIcon};
 
   // The user or the program closes the form; a handler that sets the flag keeps it open.
   Event<bool&> QueryUnload;
   Event<> Resize;
+  // The mouse has left the window and all that stands in it.
+  Event<> MouseLeave;
   // Full paths of files and folders that were dropped on the window. Only a form whose handler is set before it is
   // shown takes them; others show the user that they do not.
   Event<const std::vector<std::string>&> FilesDropped;
 
-  // Client area in twips.
-  [[nodiscard]] int ScaleWidth() const { return Width - kFrameWidth; }
-  [[nodiscard]] int ScaleHeight() const { return Height - kFrameHeight - (HasMenu() ? kMenuHeight : 0); }
+  [[nodiscard]] int ScaleWidth() const override;
+  [[nodiscard]] int ScaleHeight() const override;
   void SetClientSize(int width_twips, int height_twips);
+  // The client area that a user cannot make smaller, but for the size of the screen; 0 at first.
+  void SetLeastClientSize(int width_twips, int height_twips);
+  [[nodiscard]] int LeastScaleWidth() const { return least_scale_width_; }
+  [[nodiscard]] int LeastScaleHeight() const { return least_scale_height_; }
 
   // Runs the load handler once; showing or the registry does it. A form whose load handler fails is closed.
   void EnsureLoaded();
@@ -68,6 +72,8 @@ class Form : public Control {
   // the unload handler is reported and keeps nothing open.
   bool Unload();
   [[nodiscard]] bool IsShown() const { return shown_; }
+  // Left or Top was assigned: the form stands there, wherever StartUpPosition would put it.
+  [[nodiscard]] bool IsPlaced() const { return placed_; }
   void PopupMenu(MenuItem& item);
 
   // All controls in the order of their making. In stacking order, from back to front, also those that other controls
@@ -96,8 +102,10 @@ class Form : public Control {
   void Remove(Control& control);
 
   [[nodiscard]] std::string TypeName() const override { return Name(); }
-  [[nodiscard]] bool IsContainer() const override { return true; }
+  [[nodiscard]] bool TakesFocus() const override { return false; }
   [[nodiscard]] const MemberTable& Members() const override { return kFormMembers; }
+  // The collection of its controls: Form("Command1").
+  [[nodiscard]] MemberId DefaultMember() const override { return FindMember("Controls"); }
   [[nodiscard]] MemberId FindMember(std::string_view name) const override;
   [[nodiscard]] const void* MemberLayout() const override { return nullptr; }
   [[nodiscard]] std::vector<MemberInfo> ListMembers() const override;
@@ -106,6 +114,8 @@ class Form : public Control {
   static const MemberTable kFormMembers;
 
   [[nodiscard]] FormPeer* form_peer() const { return peer_.get(); }
+  // Makes the window, which stays hidden until the form is shown. Hiding the form ends it.
+  void EnsurePeer();
 
  protected:
   // The window's load handler: runs once, before the form is first shown or used.
@@ -115,22 +125,28 @@ class Form : public Control {
   // The window's unload handler.
   virtual void Unloading() {}
 
+  void PropertyChanged(PropertyId id) override;
+
  private:
   friend class Control;
 
   void AddControl(Ref<Control> control);
   void Discard();
+  void ClosePeer();
   void Restack(Control& control, bool in_front);
   [[nodiscard]] Variant ControlByMember(size_t position, Arguments arguments) const;
 
   std::vector<Ref<Control>> controls_;
   std::vector<Control*> stacking_;  // back to front
-  std::unique_ptr<FormPeer> peer_;
+  std::shared_ptr<FormPeer> peer_;
   Control* active_control_ = nullptr;
+  int least_scale_width_ = 0;
+  int least_scale_height_ = 0;
   bool loaded_ = false;
   bool shown_ = false;
   bool modal_ = false;
   bool unloading_ = false;
+  bool placed_ = false;
 };
 
 // Reports the failure in flight in a box, "Error: " + number + CR LF + description.

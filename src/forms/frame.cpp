@@ -5,8 +5,9 @@
 namespace kestrun {
 namespace {
 
-constexpr Member kRows[]{PropertyRow<&Frame::Caption>("Caption"), PropertyRow<&Frame::BorderStyle>("BorderStyle")};
-const MemberTable kTable{&Control::kControlMembers, kRows};
+constexpr Member kRows[]{PropertyRow<&Frame::Caption>("Caption"), PropertyRow<&Frame::BorderStyle>("BorderStyle"),
+                         PropertyRow<&Frame::Appearance>("Appearance")};
+const MemberTable kTable{&Control::kWindowedMembers, kRows};
 
 }  // namespace
 

@@ -11,6 +11,8 @@ class Frame final : public Control {
 
   Property<std::string> Caption{*this, PropertyId::kCaption};
   Property<int> BorderStyle{*this, PropertyId::kBorderStyle, 1};
+  // 0 flat, 1 etched: how the border looks.
+  Property<int> Appearance{*this, PropertyId::kAppearance, 1};
 
   [[nodiscard]] std::string TypeName() const override { return "Frame"; }
   [[nodiscard]] const MemberTable& Members() const override;

@@ -15,5 +15,6 @@ inline constexpr int kDown = 40;
 inline constexpr int kDelete = 46;
 inline constexpr int kMenu = 93;
 inline constexpr int kF2 = 113;
+inline constexpr int kF5 = 116;
 
 }  // namespace kestrun::key

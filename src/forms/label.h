@@ -3,7 +3,6 @@
 #pragma once
 
 #include "forms/control.h"
-#include "forms/picture.h"
 
 namespace kestrun {
 
@@ -16,7 +15,7 @@ class Label final : public Control {
 
   Property<std::string> Caption{*this, PropertyId::kCaption};
   Property<int> Alignment{*this, PropertyId::kAlignment};
-  // The label takes the size of its text.
+  // The label takes the size of its text; with WordWrap its width stays, and its height follows.
   Property<bool> AutoSize{*this, PropertyId::kAutoSize};
   Property<bool> WordWrap{*this, PropertyId::kWordWrap};
   // "&" marks the access key; off for texts that hold names of files.
@@ -24,9 +23,8 @@ class Label final : public Control {
   // 0 transparent, 1 opaque.
   Property<int> BackStyle{*this, PropertyId::kBackStyle, 1};
   Property<int> BorderStyle{*this, PropertyId::kBorderStyle};
-
-  // The mouse's picture over the label; none for the usual one. Its hot spot is its top left corner.
-  Property<Ref<Picture>> MouseIcon{*this, PropertyId::kMousePointer};
+  // 0 flat, 1 sunken: how the border looks.
+  Property<int> Appearance{*this, PropertyId::kAppearance, 1};
 
   // Bold and underlined, as a link that the mouse or the keyboard is on.
   void Emphasize(bool emphasized);
@@ -36,6 +34,12 @@ class Label final : public Control {
   // A link from the day its Click has a handler; what shows the form looks at that when the form is shown.
   [[nodiscard]] bool TakesFocus() const override { return static_cast<bool>(Click); }
   [[nodiscard]] MemberId DefaultMember() const override { return FindMember("Caption"); }
+
+ protected:
+  void PropertyChanged(PropertyId id) override;
+
+ private:
+  void FitToText();
 };
 
 }  // namespace kestrun

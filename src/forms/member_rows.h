@@ -9,6 +9,7 @@ namespace kestrun {
 
 template <>
 struct VariantTraits<Ref<Picture>> {
+  static constexpr std::string_view kTypeName = "Picture";
   static Variant To(const Ref<Picture>& value) { return value; }
   static Ref<Picture> From(const Variant& value) {
     if (value.Is(VarType::kEmpty)) return {};
@@ -45,7 +46,13 @@ void PutProperty(Object& object, Arguments, const Variant& value) {
 // A stored property, readable and writable.
 template <auto kProperty>
 constexpr Member PropertyRow(std::string_view name) {
-  return {name, MemberKind::kReadWrite, 0, 0, &internal::GetProperty<kProperty>, &internal::PutProperty<kProperty>};
+  return {name,
+          MemberKind::kReadWrite,
+          0,
+          0,
+          &internal::GetProperty<kProperty>,
+          &internal::PutProperty<kProperty>,
+          VariantTraits<typename internal::MemberPointer<decltype(kProperty)>::Value>::kTypeName};
 }
 
 }  // namespace kestrun

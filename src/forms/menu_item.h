@@ -16,6 +16,8 @@ class MenuItem final : public Control {
   Property<bool> Checked{*this, PropertyId::kChecked};
   // As it is shown behind the caption, "Ctrl+R" or "F5"; the form reacts to it.
   Property<std::string> Shortcut{*this, PropertyId::kText};
+  // Shown like a shortcut, for a key that the control with the focus acts on; the form does not react to it.
+  Property<std::string> KeyHint{*this, PropertyId::kText};
   // A small picture in front of the caption.
   Property<Ref<kestrun::Picture>> Picture{*this, PropertyId::kPicture};
 

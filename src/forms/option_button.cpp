@@ -7,11 +7,10 @@ namespace kestrun {
 namespace {
 
 constexpr Member kRows[]{
-    PropertyRow<&OptionButton::Caption>("Caption"),
     PropertyRow<&OptionButton::Value>("Value"),
     PropertyRow<&OptionButton::Alignment>("Alignment"),
 };
-const MemberTable kTable{&Control::kControlMembers, kRows};
+const MemberTable kTable{&Button::kButtonMembers, kRows};
 
 }  // namespace
 

@@ -1,20 +1,20 @@
 // An option button: of those in one container at most one is on. Being switched on is a Click.
 #pragma once
 
-#include "forms/control.h"
+#include "forms/button.h"
 
 namespace kestrun {
 
-class OptionButton final : public Control {
+class OptionButton final : public Button {
  public:
-  using Control::Control;
+  using Button::Button;
 
-  Property<std::string> Caption{*this, PropertyId::kCaption};
   Property<bool> Value{*this, PropertyId::kValue};
   Property<int> Alignment{*this, PropertyId::kAlignment};
 
-  // What a user's press does: switches it on, when the button is usable; Click comes also when it was on.
-  bool Press();
+  // Switches it on; Click comes also when it was on.
+  bool Press() override;
+  [[nodiscard]] bool StaysDown() const override { return Value; }
 
   [[nodiscard]] std::string TypeName() const override { return "OptionButton"; }
   [[nodiscard]] const MemberTable& Members() const override;

@@ -16,6 +16,9 @@ class Picture final : public TableObject {
 
   [[nodiscard]] int width_pixels() const { return width_pixels_; }
   [[nodiscard]] int height_pixels() const { return height_pixels_; }
+  // Its own size: a pixel is a 96th of an inch.
+  [[nodiscard]] int width_twips() const { return width_pixels_ * 15; }
+  [[nodiscard]] int height_twips() const { return height_pixels_ * 15; }
   [[nodiscard]] const std::vector<uint32_t>& pixels() const { return pixels_; }
 
   [[nodiscard]] std::string TypeName() const override { return "Picture"; }

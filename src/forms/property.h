@@ -36,7 +36,7 @@ enum class PropertyId : uint8_t {
   kAlignment,
   kAutoSize,
   kWordWrap,
-  kPicture,
+  kPicture,  // also the other pictures of a button, and what of them is see-through
   kStretch,
   kDefault,
   kCancel,
@@ -57,6 +57,8 @@ enum class PropertyId : uint8_t {
   kMousePointer,
   kIcon,
   kBoxes,
+  kStyle,
+  kDrawing,  // what was drawn on a form or a picture box
   kCustom,
 };
 

@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "forms/member_rows.h"
+#include "forms/text_selection.h"
 
 namespace kestrun {
 namespace {
@@ -17,29 +18,27 @@ constexpr Member kRows[]{
     PropertyRow<&TextBox::ScrollBars>("ScrollBars"),
     PropertyRow<&TextBox::Alignment>("Alignment"),
     PropertyRow<&TextBox::BorderStyle>("BorderStyle"),
+    PropertyRow<&TextBox::Appearance>("Appearance"),
     PropertyRow<&TextBox::SelStart>("SelStart"),
     PropertyRow<&TextBox::SelLength>("SelLength"),
     AccessorRow<&TextBox::SelText, &TextBox::SetSelText>("SelText"),
 };
-const MemberTable kTable{&Control::kControlMembers, kRows};
+const MemberTable kTable{&Control::kWindowedMembers, kRows};
 
 }  // namespace
 
-const MemberTable& TextBox::Members() const { return kTable; }
-
-std::string TextBox::SelText() const {
-  const std::u16string text = ToUtf16(Text.get());
-  const auto start = std::min(static_cast<size_t>(std::max(SelStart.get(), 0)), text.size());
-  return ToUtf8(std::u16string_view(text).substr(start, static_cast<size_t>(std::max(SelLength.get(), 0))));
+TextBox::TextBox(Form* form, std::string name, int index) : Control(form, std::move(name), index) {
+  TakeWindowColors();
 }
 
+const MemberTable& TextBox::Members() const { return kTable; }
+
+std::string TextBox::SelText() const { return SelectedPart(Text.get(), SelStart, SelLength); }
+
 void TextBox::SetSelText(std::string_view replacement) {
-  std::u16string text = ToUtf16(Text.get());
-  const std::u16string inserted = ToUtf16(replacement);
-  const auto start = std::min(static_cast<size_t>(std::max(SelStart.get(), 0)), text.size());
-  text.replace(start, static_cast<size_t>(std::max(SelLength.get(), 0)), inserted);
-  Text = ToUtf8(text);
-  SelStart = static_cast<int>(start + inserted.size());
+  ReplacedText replaced = ReplaceSelection(Text.get(), SelStart, SelLength, replacement);
+  Text = std::move(replaced.text);
+  SelStart = replaced.end;
   SelLength = 0;
 }
 

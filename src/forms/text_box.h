@@ -7,7 +7,7 @@ namespace kestrun {
 
 class TextBox final : public Control {
  public:
-  using Control::Control;
+  TextBox(Form* form, std::string name, int index);
 
   Property<std::string> Text{*this, PropertyId::kText};
   Property<bool> Locked{*this, PropertyId::kLocked};
@@ -19,6 +19,8 @@ class TextBox final : public Control {
   Property<int> ScrollBars{*this, PropertyId::kScrollBars};
   Property<int> Alignment{*this, PropertyId::kAlignment};
   Property<int> BorderStyle{*this, PropertyId::kBorderStyle, 1};
+  // 0 flat, 1 sunken: how the border looks.
+  Property<int> Appearance{*this, PropertyId::kAppearance, 1};
   // Start and length of the selection, in characters (UTF-16 units).
   Property<int> SelStart{*this, PropertyId::kSelection};
   Property<int> SelLength{*this, PropertyId::kSelection};

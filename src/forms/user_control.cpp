@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "base/text.h"
+#include "forms/access_key.h"
 #include "forms/form.h"
 #include "forms/label.h"
 #include "platform/platform.h"
@@ -29,7 +29,7 @@ std::string UserControl::AccessibleName() const {
   for (const Ref<Control>& control : form()->controls()) {
     const auto* label = dynamic_cast<const Label*>(control.get());
     if (!label || label->Container() != Container() || label->TabIndex + 1 != TabIndex) continue;
-    std::string name = ReplaceAll(label->Caption.get(), "&", "");
+    std::string name = WithoutAccessKey(label->Caption.get());
     while (name.ends_with(":") || name.ends_with(" ")) name.pop_back();
     return name;
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include "base/text.h"
 #include "platform/platform.h"
@@ -27,14 +28,29 @@ std::vector<Ref<Form>>& Instances() {
   return instances;
 }
 
+bool ends_with_last_shown = false;
+
+// A window that was loaded for its procedures and that nobody can see and close must not keep the process. Posted,
+// since a routine that closes one window may be about to show the next.
+void EndUnlessShown() {
+  const auto is_shown = [](const Ref<Form>& form) { return form->IsShown(); };
+  if (!ends_with_last_shown || std::any_of(Instances().begin(), Instances().end(), is_shown)) return;
+  CloseAllWindows();
+  platform().windowing().Quit();
+}
+
 }  // namespace
 
 WindowRegistration::WindowRegistration(std::string name, WindowFactory factory) {
   Factories().insert_or_assign(std::move(name), std::move(factory));
 }
 
-void UnregisterWindow(std::string_view name) {
-  if (const auto found = Factories().find(name); found != Factories().end()) Factories().erase(found);
+WindowFactory UnregisterWindow(std::string_view name) {
+  const auto found = Factories().find(name);
+  if (found == Factories().end()) return {};
+  WindowFactory factory = std::move(found->second);
+  Factories().erase(found);
+  return factory;
 }
 
 std::vector<std::string> RegisteredWindows() {
@@ -89,9 +105,13 @@ void WindowClosed(Form& form) {
   platform().clock().Post([closed = *found] {});
   Instances().erase(found);
   if (Instances().empty()) platform().windowing().Quit();
+  if (ends_with_last_shown) platform().clock().Post(EndUnlessShown);
 }
 
+void EndWithLastShownWindow() { ends_with_last_shown = true; }
+
 void CloseAllWindows() {
+  ends_with_last_shown = false;
   while (!Instances().empty()) {
     const Ref<Form> form = Instances().back();
     form->Hide();

@@ -21,9 +21,9 @@ class WindowRegistration {
   WindowRegistration(std::string name, WindowFactory factory);
 };
 
-// Takes a registration back: for a window that is not there for the whole life of the process, such as a test's. An
-// instance stays until it is closed.
-void UnregisterWindow(std::string_view name);
+// Takes a registration back and gives its factory, an empty one when there was none: for a window that is not there for
+// the whole life of the process, such as a test's. An instance stays until it is closed.
+WindowFactory UnregisterWindow(std::string_view name);
 
 // Names of all registered windows, sorted.
 [[nodiscard]] std::vector<std::string> RegisteredWindows();
@@ -53,6 +53,10 @@ bool ShowWindowModal(std::string_view name);
 // For Form::Unload: drops the registry's reference at the end of the present event, and ends the message loop when no
 // window is left.
 void WindowClosed(Form& form);
+
+// From now on the message loop also ends with the last window that is shown: those that were loaded unseen are closed
+// with it.
+void EndWithLastShownWindow();
 
 // Closes every instance without asking, in the order of their making. For the end of the process and of each test.
 void CloseAllWindows();

@@ -3,9 +3,9 @@
 #include "base/bytes.h"
 #include "base/runtime_error.h"
 #include "platform/platform.h"
-#include "program/ask.h"
 #include "program/path_text.h"
 #include "program/show_error.h"
+#include "program/window_kit/ask.h"
 
 namespace kestrun {
 namespace {

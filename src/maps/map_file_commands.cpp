@@ -2,9 +2,9 @@
 
 #include "base/text.h"
 #include "platform/platform.h"
-#include "program/ask.h"
 #include "program/path_text.h"
-#include "program/run_command.h"
+#include "program/window_kit/ask.h"
+#include "program/window_kit/run_command.h"
 
 namespace kestrun {
 namespace {
@@ -37,6 +37,13 @@ struct SelectedMap {
   std::string folder;
 };
 
+// The map that the user works on stays selected, under its new name as well: commands go on with it. A name that the
+// list does not show selects nothing.
+void ReloadAndSelect(FileListBox& maps, const std::string& name) {
+  maps.Reload();
+  Attempt([&] { maps.SetFileName(name); });
+}
+
 // The answer changes nothing; No is at hand for those who press Enter.
 void TellThatNameIsTaken() {
   MessageBoxRequest box;
@@ -60,7 +67,7 @@ bool CopyMapTo(FileListBox& maps, CommonDialog& dlgcopyto) {
     const std::string target = dlgcopyto.FileName;
     if (FileExists(target) && !AskYesNo("This file already exists do you want to overwrite it?")) return kListIsFine;
     platform().files().Copy(map.Path(), target);
-    maps.Reload();
+    ReloadAndSelect(maps, map.name);
     return kListIsFine;
   });
 }
@@ -83,7 +90,7 @@ bool RenameMap(FileListBox& maps) {
     if (EqualsNoCase(map.Path(), new_path)) return kListIsFine;
     platform().files().Copy(map.Path(), new_path);
     platform().files().Delete(map.Path());
-    maps.Reload();
+    ReloadAndSelect(maps, answer);
     return kListIsFine;
   });
 }

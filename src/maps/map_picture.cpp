@@ -6,12 +6,12 @@
 #include "base/bytes.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "forms/window_registry.h"
 #include "platform/platform.h"
 #include "program/folders.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/show_error.h"
+#include "web/download_file.h"
 #include "web/web_paths.h"
 
 namespace kestrun {
@@ -19,11 +19,6 @@ namespace {
 
 // Larger files are no map's picture, and are not read into memory.
 constexpr uint64_t kMostPictureFileBytes = 256 * 1024 * 1024;
-
-constexpr const char* kLargePreview = "frmLargeprev";
-// What the window is larger than its picture, in twips.
-constexpr int kLargePreviewRight = 250;
-constexpr int kLargePreviewBottom = 500;
 
 // A map keeps its picture whether it is zipped or not.
 std::string AsUnzipped(const std::string& map) {
@@ -88,17 +83,6 @@ Ref<Picture> LoadMapPicture(const std::string& Map) {
     if (!path.empty()) picture = LoadPictureFile(path);
   });
   return picture;
-}
-
-void ShowLargePicture(const Ref<Picture>& picture) {
-  if (!picture || !IsWindowRegistered(kLargePreview)) return;
-  const Ref<Form> window(&WindowByName(kLargePreview));
-  Control* box = window->FindControl("Picture1");
-  if (!box) Raise(error::kObjectRequired);
-  PutMember(*box, "Picture", picture);
-  window->Width = box->Left + box->Width + kLargePreviewRight;
-  window->Height = box->Top + box->Height + kLargePreviewBottom;
-  window->ShowModal();
 }
 
 }  // namespace kestrun

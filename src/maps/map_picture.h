@@ -30,8 +30,4 @@ inline constexpr int32_t kOther = 255;
 // The picture of a map, null when it has none or it cannot be shown.
 [[nodiscard]] Ref<Picture> LoadMapPicture(const std::string& Map);
 
-// Shows a picture at its full size in the window frmLargeprev, and waits until that is closed. Without a picture, or
-// while there is no such window, nothing happens.
-void ShowLargePicture(const Ref<Picture>& picture);
-
 }  // namespace kestrun

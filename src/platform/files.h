@@ -82,6 +82,8 @@ class FileSystem {
   // system allows it.
   virtual void Copy(std::string_view from, std::string_view to) = 0;
   virtual void Delete(std::string_view path) = 0;
+  // True for a file with a mark that keeps it from being changed. Never raises.
+  [[nodiscard]] virtual bool IsReadOnly(std::string_view path) { return static_cast<void>(path), false; }
   // Where files have a mark that keeps them from being deleted: takes it away. Never raises.
   virtual void ClearReadOnly(std::string_view path) { static_cast<void>(path); }
   // Error 58 when the target exists.

@@ -1,21 +1,16 @@
-// One HTTP request and its answer, as they cross between the program and the platform.
+// Requests and answers of the web as they cross between the program and the platform: one exchange at a time, without
+// any judgement about what an answer means. The rules stand in web/.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "base/bytes.h"
 
 namespace kestrun {
-
-// A body of more bytes ends its request as a failure: nothing that the program asks for comes near it.
-inline constexpr size_t kMostResponseBytes = size_t{64} << 20;
 
 struct HttpHeader {
   std::string name;
@@ -23,41 +18,49 @@ struct HttpHeader {
   friend bool operator==(const HttpHeader&, const HttpHeader&) = default;
 };
 
+// In the order of the message; names as they were written, values as UTF-8.
+using HttpHeaders = std::vector<HttpHeader>;
+
+// The first header of that name, in any case; nothing when there is none.
+[[nodiscard]] std::optional<std::string> FindHeader(const HttpHeaders& headers, std::string_view name);
+
 struct HttpRequest {
   std::string method;
   std::string url;
-  std::vector<HttpHeader> headers;
-  // Sent as it stands, with its length; the bytes have to live until the answer is there.
+  HttpHeaders headers;
+  // Sent as it stands, with its length; the bytes have to live until the exchange has ended.
   ByteView body;
-  // Called, where it is set, when the response starts and whenever a piece of its body has arrived.
-  std::function<void()> on_event;
 };
 
+// A whole answer in memory.
 struct HttpResponse {
   int status = 0;
-  // In the order of the response; names as the server wrote them, values as UTF-8.
-  std::vector<HttpHeader> headers;
+  HttpHeaders headers;
   Bytes body;
 
-  // The first header of that name, in any case; nothing when there is none.
-  [[nodiscard]] std::optional<std::string> Header(std::string_view name) const;
+  [[nodiscard]] std::optional<std::string> Header(std::string_view name) const { return FindHeader(headers, name); }
 };
 
-// The body as UTF-8 text, read by the charset of Content-Type: UTF-8 where it says so, the code page everywhere else.
-[[nodiscard]] std::string ResponseText(const HttpResponse& response);
+// Takes an answer in as it arrives, on the thread that asked. What a call raises ends the exchange and travels on.
+class HttpReceiver {
+ public:
+  virtual ~HttpReceiver() = default;
+  // These two give whether to go on: with false the rest is left, and the exchange ends as if the answer were whole.
+  [[nodiscard]] virtual bool TakeHead(int status, const HttpHeaders& headers) = 0;
+  // The next bytes of the body, never none.
+  [[nodiscard]] virtual bool TakePiece(ByteView piece) = 0;
+  // Several times a second while the exchange lasts. `user_leaves` is true once the user has pressed Esc in it.
+  virtual void StillWaiting(bool user_leaves) { static_cast<void>(user_leaves); }
+};
 
-// One "Name: value" line of a head, without blanks around the value; nothing when it is none: no colon, or a name that
-// is no token.
-[[nodiscard]] std::optional<HttpHeader> ParseHeaderLine(std::string_view line);
-
-// True when the method and the header names are tokens (RFC 9110, 5.6.2) and neither the values nor the URL hold
-// control characters: what is sent can be read in one way only.
-[[nodiscard]] bool IsWellFormed(const HttpRequest& request);
-
-// True when this answer has no body whatever its headers say: to HEAD, and with 1xx, 204 or 304.
-[[nodiscard]] bool HasNoBody(std::string_view method, int status);
-
-// A length in decimal digits and nothing else; nothing for any other text and for numbers past 18 digits.
-[[nodiscard]] std::optional<uint64_t> ParseLength(std::string_view text);
+// What one request and those that it leads to have in common, such as cookies.
+class HttpSession {
+ public:
+  virtual ~HttpSession() = default;
+  // Sends a request and hands its one answer to the receiver; a redirect is an answer like any other. Waits as long as
+  // the service does by default. No other input of the user's than Esc goes anywhere meanwhile. Raises error 440 with a
+  // sentence for every failure: no connection, a bad URL, a time-out, an answer that is no HTTP.
+  virtual void Exchange(const HttpRequest& request, HttpReceiver& receiver) = 0;
+};
 
 }  // namespace kestrun

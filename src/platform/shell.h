@@ -1,7 +1,7 @@
 // The shell: opening things, known folders, running processes, the internet's state.
 #pragma once
 
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +30,8 @@ class Processes {
   virtual ~Processes() = default;
   // Executable file names of the running processes, as the system lists them.
   [[nodiscard]] virtual std::vector<std::string> RunningNames() = 0;
+  // File names of the other programs that have this file open, as far as the system tells. Never raises.
+  [[nodiscard]] virtual std::vector<std::string> HoldersOf(std::string_view path) = 0;
   // Ends this process at once, without any further code of the program running.
   virtual void EndProcess() = 0;
 };
@@ -40,12 +42,11 @@ class Internet {
   // The platform's URL test.
   [[nodiscard]] virtual bool IsUrl(std::string_view text) = 0;
   [[nodiscard]] virtual bool IsConnected() = 0;
-  // Fetches the newest version into a file; 0 on success, the service's error number otherwise.
+  // The system's own download, for the schemes that are not http: fetches the newest version into a file. 0 on success,
+  // the service's error number otherwise.
   [[nodiscard]] virtual int DownloadToFile(std::string_view url, std::string_view path) = 0;
-  // One request, whose answer is awaited here: redirects are followed, time-outs are the service's own. Any status is
-  // an answer. Nothing on every failure: no connection, a bad URL, a time-out, a response that is cut off, malformed or
-  // larger than kMostResponseBytes, a fault in `on_event`. Never raises.
-  [[nodiscard]] virtual std::optional<HttpResponse> Send(const HttpRequest& request) = 0;
+  // The way to the web. The rules of web/ stand above it.
+  [[nodiscard]] virtual std::unique_ptr<HttpSession> OpenSession() = 0;
 };
 
 }  // namespace kestrun

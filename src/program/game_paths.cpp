@@ -1,30 +1,57 @@
 #include "program/game_paths.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "base/code_page.h"
 #include "base/convert.h"
+#include "base/runtime_error.h"
 #include "base/text.h"
+#include "formats/profile/profile_file.h"
 #include "forms/window_registry.h"
 #include "platform/platform.h"
+#include "program/window_kit/ask.h"
 #include "program/folders.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/show_error.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 namespace {
+
+// What a folder dialogue gave is used without its last separator. Error 5 for a cancelled one.
+std::string PickFolder(const std::string& prompt, int32_t root, const std::string& start) {
+  return ParentFolder(BrowseForFolder(prompt, root, start));
+}
+
+bool HoldsGame(const std::string& folder) {
+  return FileExists(folder + "\\" + ReadSetting(setting::kGameProgram)) ||
+         FileExists(folder + "\\" + ReadSetting(setting::kArchiveName));
+}
+
+// Why this folder may not be the right one; empty for one that is.
+std::string DoubtAbout(const std::string& folder) {
+  const size_t bytes = EncodeText(folder).size();
+  if (bytes > kProfileValueBytes) {
+    return "The path of this folder is too long to be kept in the settings: it has " + std::to_string(bytes) +
+           " characters, and 254 are possible.";
+  }
+  if (HoldsGame(folder)) return {};
+  return "The game is not in the folder " + folder + ": there is neither " + ReadSetting(setting::kGameProgram) +
+         " nor " + ReadSetting(setting::kArchiveName) + " in it.";
+}
+
+bool is_asking_off = false;
 
 std::string AskForGameFolder() {
   MsgBox(
       "Kestrun was unable to find your dflw game folder. Please select your game folder (directory where you installed "
       "the dflw game).");
-  const std::string picked = BrowseForFolder(
+  return PickGameFolder(
       "Select your game folder (game installation directory 'C:\\program files\\novalogic\\delta force land "
       "warrior...').",
       folder::kGivenPath, "C:\\");
-  const std::string game_folder = ParentFolder(picked);
-  WriteSetting(setting::kGameFolder, game_folder);
-  return game_folder;
 }
 
 void StartGame() {
@@ -36,7 +63,8 @@ void StartGame() {
   }
   MsgBox("Game file 'dflwdem.exe' not found!!!!! Please select your game folder in the options window!!!",
          BoxButtons::kOk, BoxIcon::kCritical);
-  ShowWindowModal("frmoptions");
+  OpenWindow(window_name::kOptions, ShowWay::kShowModal);
+  OfferGameFolder();
 }
 
 }  // namespace
@@ -45,8 +73,33 @@ std::string GameFolder() {
   std::string stored = ReadSetting(setting::kGameFolder);
   if (!stored.empty()) return stored;
   if (FileExists(AppFile("dflwdem.exe"))) return platform().program().Folder();
-  return AskForGameFolder();
+  return is_asking_off ? std::string() : AskForGameFolder();
 }
+
+std::string PickGameFolder(const std::string& prompt, int32_t root, const std::string& start) {
+  for (;;) {
+    std::string folder = PickFolder(prompt, root, start);
+    const std::string doubt = DoubtAbout(folder);
+    if (doubt.empty() ||
+        !AskYesNo(doubt + std::string(kCrLf) + "Do you want to choose another folder?", BoxIcon::kWarning)) {
+      WriteSetting(setting::kGameFolder, folder);
+      return folder;
+    }
+  }
+}
+
+void OfferGameFolder() {
+  if (IsWindowRegistered(window_name::kOptions)) return;
+  if (!AskYesNo("The game folder is " + GameFolder() + "." + std::string(kCrLf) + "Do you want to choose another one?",
+                BoxIcon::kQuestion)) {
+    return;
+  }
+  Attempt([] { PickGameFolder("Select the folder where you installed your game.", folder::kMyComputer, ""); });
+}
+
+GameFolderUnasked::GameFolderUnasked() : before_(std::exchange(is_asking_off, true)) {}
+
+GameFolderUnasked::~GameFolderUnasked() { is_asking_off = before_; }
 
 std::string GamePathFromRegistry() {
   return platform()

@@ -12,6 +12,28 @@ namespace kestrun {
 // there. Only then the user is asked, and the answer is stored; error 5 when that is cancelled.
 [[nodiscard]] std::string GameFolder();
 
+// Lets the user pick the game folder, stores it without its last separator, and gives it. About a folder without the
+// game's program or archive, or one whose path is too long for the settings, the user is asked: to pick again, or to
+// keep it. Error 5, and nothing stored, when the dialogue is cancelled. Prompt, root and start are BrowseForFolder's.
+std::string PickGameFolder(const std::string& prompt, int32_t root, const std::string& start);
+
+// Behind a message that the game was not found there: lets the user change the game folder, as long as there is no
+// options window to do it in.
+void OfferGameFolder();
+
+// While it lives GameFolder asks nobody: where no folder is known it gives the empty text. For what follows a start
+// that has asked already.
+class GameFolderUnasked {
+ public:
+  GameFolderUnasked();
+  ~GameFolderUnasked();
+  GameFolderUnasked(const GameFolderUnasked&) = delete;
+  GameFolderUnasked& operator=(const GameFolderUnasked&) = delete;
+
+ private:
+  bool before_;
+};
+
 // The folder under the game's App Paths key; empty when there is none.
 [[nodiscard]] std::string GamePathFromRegistry();
 

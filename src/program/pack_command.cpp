@@ -1,22 +1,32 @@
 #include "program/pack_command.h"
 
-#include "base/code_page.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "formats/pff/cls_pff.h"
 #include "formats/zip/cls_zip.h"
 #include "formats/zip/member_path.h"
+#include "platform/file_error.h"
 #include "platform/platform.h"
 #include "platform/turn.h"
+#include "program/command_log.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
+#include "program/load_archive.h"
+#include "program/originals_hook.h"
 #include "program/path_text.h"
-#include "program/settings.h"
 #include "program/show_error.h"
+#include "web/download_file.h"
+#include "web/fetch_scope.h"
 #include "web/web_paths.h"
 
 namespace kestrun {
 namespace {
+
+std::string TemporaryFolder() {
+  std::string folder = SpecialFolder(folder::kTemporary);
+  if (!folder.empty()) folder.pop_back();
+  return folder;
+}
 
 std::string FillMacros(std::string text, const std::string& temporary_folder) {
   // The game folder is resolved only where it is asked for: resolving may put a question to the user.
@@ -28,6 +38,7 @@ std::string FillMacros(std::string text, const std::string& temporary_folder) {
 // Reads an outside file through the archive, and turns its silent failure, told by event only, into an error: an empty
 // buffer must never take the place of an entry.
 Bytes ReadSource(ClsPFF& archive, const std::string& path) {
+  if (FileExists(path) && platform().files().Open(path, OpenMode::kRead)->Size() == 0) RaiseEmptyFile(path);
   RuntimeError failure(error::kFileNotFound);
   archive.PFFError = [&failure](int32_t number, const std::string& description) {
     failure = RuntimeError(number, description);
@@ -35,7 +46,7 @@ Bytes ReadSource(ClsPFF& archive, const std::string& path) {
   Bytes buffer;
   archive.FileBuffer(path, buffer);
   archive.PFFError = nullptr;
-  if (buffer.empty()) throw failure;
+  if (buffer.empty()) throw FileError(failure, path);
   return buffer;
 }
 
@@ -64,13 +75,9 @@ void DeleteLeftovers(const Cls_Zip& zip, const std::string& folder) {
   }
 }
 
-void AppendLog(const std::string& line) {
-  platform().files().Append(AppFile("kestrun.log"), AsBytes(EncodeText(line + std::string(kCrLf))));
-}
-
 // What is noted beside the pack's own line: a log that cannot be written is no reason to leave the pack.
 void Note(const std::string& line) {
-  Attempt([&] { AppendLog(line); });
+  Attempt([&] { AppendToLog(line); });
 }
 
 bool IsEmptyFile(const std::string& path) {
@@ -79,10 +86,23 @@ bool IsEmptyFile(const std::string& path) {
   return size == 0;
 }
 
-// Each member lies in the archive as if it had been packed alone, whatever the ones before it did.
-void PackMember(ClsPFF& archive, const std::string& path, const std::string& member) {
+// The entry that the file takes the place of is kept first. Nobody is there to be asked: when that fails, the log says
+// so.
+void PackOne(ClsPFF& archive, OriginalsKeeper& keeper, const Bytes& content, const std::string& name,
+             const std::string& source) {
   try {
-    archive.PackFile(ReadSource(archive, path), GetFileName(member));
+    keeper.KeepEntry(archive, name, content, source);
+  } catch (const std::exception&) {
+    Attempt([&, reason = CurrentError().description()] { LogNotKept(name, reason); });
+  }
+  archive.PackFile(content, name);
+}
+
+// Each member lies in the archive as if it had been packed alone, whatever the ones before it did.
+void PackMember(ClsPFF& archive, OriginalsKeeper& keeper, const std::string& path, const std::string& zip_path,
+                const std::string& member) {
+  try {
+    PackOne(archive, keeper, ReadSource(archive, path), GetFileName(member), zip_path + ":" + member);
     archive.SettleStaged();
   } catch (const std::exception&) {
     const RuntimeError failure = CurrentError();
@@ -99,6 +119,7 @@ void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::str
   DeleteLeftovers(*zip, folder);
   const Cls_Zip::Selection all(static_cast<size_t>(zip->FileCount()) + 1, true);
   zip->UnPack(all, folder);
+  const std::unique_ptr<OriginalsKeeper> keeper = KeepOriginals();
   for (int32_t member = 1; member <= zip->FileCount(); ++member) {
     if (zip->IsDir(member)) continue;
     const std::string name = zip->FileName(member);
@@ -106,7 +127,7 @@ void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::str
     if (IsEmptyFile(path)) {
       Note(zip_path + ": the member '" + name + "' is empty and was skipped.");
     } else {
-      PackMember(archive, path, name);
+      PackMember(archive, *keeper, path, zip_path, name);
     }
   }
 }
@@ -117,16 +138,22 @@ void PackInto(const std::string& source, const std::string& name, const std::str
   const auto turn = archive_path.empty() ? nullptr : TakeTurn(archive_path);
   ClsPFF archive;
   archive.Recovered = Note;
-  static_cast<void>(archive.LoadPff(archive_path));
+  LoadArchive(archive, archive_path);
   if (is_zip) {
     PackZipMembers(archive, source, TemporaryPath(temporary_folder, "unzipped_" + name));
   } else {
-    archive.PackFile(ReadSource(archive, source), name);
+    PackOne(archive, *KeepOriginals(), ReadSource(archive, source), name, source);
   }
   archive.SavePffFile();
 }
 
+void AppendLogLine(const std::string& source, const std::string& archive_path, const std::string& name) {
+  AppendToLog(source + " --> " + archive_path + ":" + name + " ~>OK");
+}
+
 }  // namespace
+
+std::string FillCommandMacros(const std::string& text) { return FillMacros(text, TemporaryFolder()); }
 
 void PackCommand(const std::string& command) {
   Attempt([&] {
@@ -142,11 +169,11 @@ void PackCommand(const std::string& command) {
 
 bool packfile(std::string Source, const std::string& Name, std::string ArchivePath, bool IsZip) {
   try {
-    std::string temporary_folder = SpecialFolder(folder::kTemporary);
-    if (!temporary_folder.empty()) temporary_folder.pop_back();
+    const std::string temporary_folder = TemporaryFolder();
     Source = FillMacros(Source, temporary_folder);
+    const FetchScope fetch;
     if (IsUrl(Source) && !DownloadFile(Source, TemporaryPath(temporary_folder, Name))) {
-      MsgBox("Unable to download " + Source);
+      if (!fetch.IsCancelled()) MsgBox("Unable to download " + Source);
       return false;
     }
     ArchivePath = FillMacros(ArchivePath, temporary_folder);
@@ -167,7 +194,7 @@ bool EndsInZipFlag(const std::string& source) { return ToLower(source).ends_with
 }  // namespace
 
 std::string JoinCommandWords(const std::vector<std::string>& words) {
-  if (words.size() < 2 || words[0] != "-pack") {
+  if (words.size() < 2 || (words[0] != "-pack" && words[0] != "-restore")) {
     std::string joined;
     for (const std::string& word : words) joined += joined.empty() ? word : " " + word;
     return joined;
@@ -176,7 +203,7 @@ std::string JoinCommandWords(const std::vector<std::string>& words) {
   for (size_t at = 1; at < words.size(); ++at) {
     const bool is_last = at > 1 && at + 1 == words.size();
     if (is_last && ToLower(words[at]) == kZipFlag) {
-      command += words[at];
+      command += " " + words[at];
     } else if (is_last && EndsInZipFlag(words[at])) {
       command += " \"" + words[at].substr(0, words[at].size() - kZipFlag.size()) + "\"" + std::string(kZipFlag);
     } else {

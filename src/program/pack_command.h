@@ -21,9 +21,12 @@ void PackCommand(const std::string& command);
 // reported by ShowError with the context "packfile ". Always gives false.
 bool packfile(std::string Source, const std::string& Name, std::string ArchivePath, bool IsZip);
 
-// Gives a command line typed in a shell the form that PackCommand reads: each word behind -pack in double quotes, a
-// last word "/z" directly behind the last quote, as is the "/z" of a last word that ends in ".zip/z". For any other
-// command the words joined by blanks.
+// The text with %GAMEDIR%, %APPDIR% and %TEMPDIR% filled in.
+[[nodiscard]] std::string FillCommandMacros(const std::string& text);
+
+// Gives a command line typed in a shell the form that PackCommand and RestoreCommand read: each word behind -pack or
+// -restore in double quotes, and the "/z" of a last word that ends in ".zip/z" directly behind the last quote, where it
+// counts. A last word "/z" keeps its blank, and so does not. For any other command the words joined by blanks.
 [[nodiscard]] std::string JoinCommandWords(const std::vector<std::string>& words);
 
 }  // namespace kestrun

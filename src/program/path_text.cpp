@@ -1,7 +1,5 @@
 #include "program/path_text.h"
 
-#include <utility>
-
 #include "base/convert.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -10,11 +8,6 @@
 
 namespace kestrun {
 namespace {
-
-UrlFileNameSource& InstalledSource() {
-  static UrlFileNameSource source;
-  return source;
-}
 
 // Position of the last such character counted from 1, 0 when there is none.
 size_t LastPosition(const std::string& text, char wanted) { return text.rfind(wanted) + 1; }
@@ -51,11 +44,8 @@ std::string ParentFolder(const std::string& Path) {
 
 std::string GetFileName(const std::string& Path, bool NoServer) {
   if (!IsUrl(Path)) return Path.substr(Path.find_last_of("\\/") + 1);
-  if (!NoServer && InstalledSource()) {
-    std::string name = InstalledSource()(Path);
-    if (!name.empty()) return name;
-  }
-  return NameInUrl(Path);
+  const std::string name = NoServer ? std::string() : NameFromServer(Path);
+  return name.empty() ? NameInUrl(Path) : name;
 }
 
 std::string GetExtension(const std::string& Path) {
@@ -75,7 +65,5 @@ std::string FillPlaceholders(const std::string& Template, const std::vector<Vari
   for (const Variant& argument : Arguments) text = ReplaceAll(text, "%" + std::to_string(++number), ToText(argument));
   return text;
 }
-
-void SetUrlFileNameSource(UrlFileNameSource source) { InstalledSource() = std::move(source); }
 
 }  // namespace kestrun

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -31,10 +30,5 @@ namespace kestrun {
 // Replaces "%1", "%2" ... by the arguments, in turn: a "%2" that came with the first argument is replaced by the
 // second.
 [[nodiscard]] std::string FillPlaceholders(const std::string& Template, const std::vector<Variant>& Arguments);
-
-// Who asks a web server for the file name of a URL; gives the empty text when the server names none.
-using UrlFileNameSource = std::function<std::string(const std::string& url)>;
-// Without a source, an empty one included, no server is asked.
-void SetUrlFileNameSource(UrlFileNameSource source);
 
 }  // namespace kestrun

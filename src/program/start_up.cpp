@@ -1,6 +1,7 @@
 #include "program/start_up.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "base/convert.h"
@@ -11,12 +12,13 @@
 #include "program/commands.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
-#include "program/open_window.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/shell_integration.h"
 #include "program/start_mode.h"
 #include "program/style_hook.h"
+#include "program/window_kit/apply_style.h"
+#include "program/window_kit/open_window.h"
 #include "web/web_paths.h"
 
 namespace kestrun {
@@ -41,9 +43,7 @@ void LoadDefaultStyle() {
   if (FileExists(path)) LoadStyleFile(path);
 }
 
-void ApplyStyle(Form& splash) {
-  if (StyleActive()) FormLoadStyle(splash);
-}
+void ApplyStyle(Form& splash) { ApplyStyleAtOnce(splash, "ApplyStyle()"); }
 
 void ShowSplash(Form& splash) {
   splash.Show();
@@ -52,23 +52,22 @@ void ShowSplash(Form& splash) {
 }
 
 // Asks for the game folder once in the life of an installation whose game cannot be found. Each statement stands for
-// itself: whatever becomes of the question, it is not put again.
-void FindGame() {
-  if (!TextToBoolean(ReadSetting(setting::kCheckGamePath))) return;
+// itself: whatever becomes of the question, it is not put again. Gives whether the user was asked and named none.
+bool FindGame() {
+  if (!TextToBoolean(ReadSetting(setting::kCheckGamePath))) return false;
   std::string folder;
   Attempt([&] { folder = GameFolder(); });
-  if (!folder.empty()) return;
+  if (!folder.empty()) return false;
   MsgBox("Kestrun was unable to find your dflw game folder!");
   MsgBox("Please select it yourself.");
-  std::string picked;
-  Attempt([&] {
-    picked = BrowseForFolder(
+  const bool is_picked = Attempt([] {
+    PickGameFolder(
         "Select the folder where you installed your game. By default this is C:\\program files\\novalogic\\delta force "
         "land warrior demo",
         folder::kMyComputer, "");
   });
-  if (!picked.empty()) Attempt([&] { WriteSetting(setting::kGameFolder, ParentFolder(picked)); });
   WriteSetting(setting::kCheckGamePath, "False");
+  return !is_picked;
 }
 
 // A command that points at another copy of the program is left alone.
@@ -214,7 +213,10 @@ void RunStartUp(Form& splash, Label& version, const std::string& raw_command_lin
   Attempt([&] { LoadDefaultStyle(); });
   Attempt([&] { ApplyStyle(splash); });
   Attempt([&] { ShowSplash(splash); });
-  Attempt([&] { FindGame(); });
+  std::optional<GameFolderUnasked> unasked;
+  Attempt([&] {
+    if (FindGame()) unasked.emplace();
+  });
   Attempt([&] { RegisterProtocolOnce(); });
   Attempt([&] { RepairAppPath(); });
   Attempt([&] { NoteDefaultCopy(); });
@@ -222,6 +224,7 @@ void RunStartUp(Form& splash, Label& version, const std::string& raw_command_lin
   Attempt([&] { WriteSetting(setting::kFirstRun, "False"); });
   if (!RunCommand(splash, command)) OpenMainWindow(splash);
   CloseWhatNobodySees();
+  EndWithLastShownWindow();
 }
 
 }  // namespace kestrun

@@ -1,5 +1,7 @@
 #include "script/script_engine.h"
 
+#include <functional>
+
 #include "base/text.h"
 #include "script/vbscript/engine/engine.h"
 #include "script/vbscript/runtime/errors.h"
@@ -42,9 +44,10 @@ class BuiltInEngine final : public ScriptEngine {
 
 template <class Action>
 bool BuiltInEngine::Guard(Action&& action) {
-  const vbs::ErrorReport report = engine_.Report(std::forward<Action>(action));
+  vbs::ErrorReport report = engine_.Report(std::ref(action));  // by reference: keeping a copy would take memory
   if (report.number == 0) return true;
-  error_ = {report.number, report.place.line, report.place.column, report.description, report.line, report.source};
+  error_ = {report.number,          report.place.line,       report.place.column, std::move(report.description),
+            std::move(report.line), std::move(report.source)};
   return false;
 }
 

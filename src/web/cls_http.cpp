@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "platform/platform.h"
 #include "web/cod_base64.h"
+#include "web/web_request.h"
 
 namespace kestrun {
 namespace {
@@ -65,21 +66,22 @@ std::string ClsHTTP::Body() const {
   return body;
 }
 
-std::optional<HttpResponse> ClsHTTP::Send(const std::string& url, const std::string& method) const {
+std::optional<HttpResponse> ClsHTTP::Send(const std::string& url, const std::string& method, Wanted wanted) const {
   const std::string body = Body();
-  HttpRequest request{method, url, {}, AsBytes(body), {}};
+  HttpRequest request{method, url, {}, AsBytes(body)};
   if (!parameters_.empty()) request.headers.push_back({"Content-Type", std::string(kContentType)});
-  if (runs_events_) request.on_event = [] { RunPendingEvents(); };
-  return platform().internet().Send(request);
+  std::function<void()> on_event;
+  if (runs_events_) on_event = [] { RunPendingEvents(); };
+  return wanted == Wanted::kHead ? SendRequestForHead(request, on_event) : SendRequest(request, on_event);
 }
 
 std::string ClsHTTP::GetURLHeader(const std::string& url, const std::string& header, const std::string& method) {
-  const std::optional<HttpResponse> response = Send(url, method);
+  const std::optional<HttpResponse> response = Send(url, method, Wanted::kHead);
   return response ? response->Header(header).value_or("") : std::string();
 }
 
 std::string ClsHTTP::DownloadURl(const std::string& url, const std::string& method) {
-  const std::optional<HttpResponse> response = Send(url, method);
+  const std::optional<HttpResponse> response = Send(url, method, Wanted::kAnswer);
   return response ? ResponseText(*response) : std::string();
 }
 

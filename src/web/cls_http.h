@@ -2,6 +2,7 @@
 // (docs/web.md). A request holds up its caller until it ends. Every failure is an empty string and shows nothing.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,7 +21,7 @@ class ClsHTTP final : public TableObject {
 
   // What stands behind the first "; filename=" of the response's Content-Disposition, quotes included.
   [[nodiscard]] std::string GetURLFileName(const std::string& url, const std::string& method);
-  // The value of one response header, found in any case.
+  // The value of one response header, found in any case. The body is left unread: what it is about may be a large map.
   [[nodiscard]] std::string GetURLHeader(const std::string& url, const std::string& header, const std::string& method);
   // The response's body as text, whatever its status: the page of a 404 is a result like any other.
   [[nodiscard]] std::string DownloadURl(const std::string& url, const std::string& method);
@@ -50,7 +51,10 @@ class ClsHTTP final : public TableObject {
 
   [[nodiscard]] static std::string PartHead(const Parameter& parameter);
   [[nodiscard]] static size_t PartBytes(const Parameter& parameter);
-  [[nodiscard]] std::optional<HttpResponse> Send(const std::string& url, const std::string& method) const;
+  // Whether the body of an answer is wanted as well.
+  enum class Wanted { kHead, kAnswer };
+  [[nodiscard]] std::optional<HttpResponse> Send(const std::string& url, const std::string& method,
+                                                 Wanted wanted) const;
 
   std::vector<Parameter> parameters_;
   bool runs_events_ = false;

@@ -1,15 +1,14 @@
 #include "web/web_paths.h"
 
 #include "platform/platform.h"
+#include "web/cls_http.h"
 
 namespace kestrun {
-
-bool DownloadFile(const std::string& Url, const std::string& LocalPath) {
-  return platform().internet().DownloadToFile(Url, LocalPath) == 0;
-}
 
 bool IsUrl(const std::string& Path) { return platform().internet().IsUrl(Path); }
 
 bool IsOnline() { return platform().internet().IsConnected(); }
+
+std::string NameFromServer(const std::string& url) { return MakeRef<ClsHTTP>()->GetURLFileName(url, "GET"); }
 
 }  // namespace kestrun

@@ -32,6 +32,7 @@ class RecordingCanvas final : public Canvas {
   void Fill(const PixelRect& area, Color) override { Note("fill", area); }
   void Frame(const PixelRect& area, Color) override { Note("frame", area); }
   void HorizontalLine(int, int, int, Color) override { calls.emplace_back("line"); }
+  void Line(PixelPoint, PixelPoint, Color, int) override { calls.emplace_back("line"); }
   void FocusRectangle(const PixelRect& area) override { Note("focus", area); }
   void Text(std::string_view text, const PixelRect& area, const FontDescription&, Color, TextPlacement) override {
     Note("text " + std::string(text), area);

@@ -227,6 +227,41 @@ TEST(ProfileWriteTest, WhatWasWrittenIsRead) {
   }
 }
 
+// ---- UTF-8 without a mark, as today's editors save it --------------------------------------------------------------
+
+TEST(ProfileUtf8Test, BytesThatAllFormUtf8AreReadAsIt) {
+  EXPECT_EQ(Read("[a]\r\nk=C:\\Карты 地図 é😀\r\n", "a", "k"), "C:\\Карты 地図 é😀");
+  EXPECT_EQ(Read("[Карты]\r\nключ=1\r\n", "карты", "КЛЮЧ"), "1");
+}
+
+TEST(ProfileUtf8Test, OneByteThatDoesNotMakesItTheCodePage) {
+  EXPECT_EQ(Read("[a]\r\nk=\xC3\xA9\r\nj=\xE9\r\n", "a", "k"), "Ã©");
+  EXPECT_EQ(Read("[a]\r\nk=\xC3\xA9\r\nj=\xE9\r\n", "a", "j"), "é");
+}
+
+TEST(ProfileUtf8Test, WhatLooksLikeUtf8ButIsNoneIsTheCodePage) {
+  for (const char* text : {"\xC3", "\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80",
+                           "\xE5\x9C", "\xF0\x9F\x98", "\xA9"}) {
+    EXPECT_EQ(DetectProfileEncoding(AsBytes(text)), ProfileEncoding::kCodePage) << text;
+  }
+  for (const char* text :
+       {"\xC3\xA9", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF", "a\xC3\xA9z"}) {
+    EXPECT_EQ(DetectProfileEncoding(AsBytes(text)), ProfileEncoding::kUnmarkedUtf8) << text;
+  }
+  EXPECT_EQ(DetectProfileEncoding(AsBytes("[a]\r\nk=plain\r\n")), ProfileEncoding::kCodePage);
+}
+
+TEST(ProfileUtf8Test, ItIsWrittenAsUtf8WithoutAMark) {
+  EXPECT_EQ(Write("[a]\r\nk=é\r\n", "a", "j", "地図"), "[a]\r\nk=é\r\nj=地図\r\n");
+  EXPECT_EQ(Write("[a]\r\nk=é\r\n", "a", "k", "plain"), "[a]\r\nk=plain\r\n");
+}
+
+// Its bytes would read as another text from then on: the mark says what they are.
+TEST(ProfileUtf8Test, ACodePageFileThatWouldPassForUtf8GetsTheMark) {
+  EXPECT_EQ(Write("[a]\r\nk=1\r\n", "a", "k", "Ã©"), "\xEF\xBB\xBF[a]\r\nk=Ã©\r\n");
+  EXPECT_EQ(Write("[a]\r\nk=\xE9\r\nj=\xC3\xA9\r\n", "a", "k", "e"), "\xEF\xBB\xBF[a]\r\nk=e\r\nj=Ã©\r\n");
+}
+
 TEST(CodePageCutTest, CountsBytesAndNeverSplitsACharacter) {
   EXPECT_EQ(CutToCodePageBytes("äöü", 2), "äö");
   EXPECT_EQ(CutToCodePageBytes("äöü", 3), "äöü");

@@ -208,7 +208,8 @@ TEST_F(FileToolsTest, AScratchFileThatCannotBeMadeAnywhereIsReported) {
   desktop.shell().temporary_folder = Path("no such folder") + "\\";
   FailingFiles failing(native_files, 0, error::kPermissionDenied);
   desktop.UseFiles(failing);
-  desktop.dialogs().ExpectBox("Error: GetIcon()76\r\nPath not found");
+  desktop.dialogs().ExpectFileFailure("Error: GetIcon()76\r\nPath not found",
+                                      Path("no such folder") + "\\tmp1304930549302.zip");
   EXPECT_FALSE(GetIcon("zip", 0));
   EXPECT_TRUE(desktop.pictures().icon_requests.empty());
   desktop.UseFiles(native_files);

@@ -132,14 +132,14 @@ TEST_F(MapFileCommandsTest, AnExistingTargetIsKeptAfterANo) {
 TEST_F(MapFileCommandsTest, ACopyOntoItselfLosesNothing) {
   ExpectSaveDialog(MapPath("Oasis.bms"));
   desktop.dialogs().ExpectBox("This file already exists do you want to overwrite it?", BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: 70\r\nPermission denied");
+  desktop.dialogs().ExpectFileFailure("Error: 70\r\nPermission denied", MapPath("Oasis.bms"));
   EXPECT_FALSE(CopyMapTo(FileMaps, dlgcopyto));
   EXPECT_EQ(ReadFile(MapPath("Oasis.bms")), "BMS oasis");
 }
 
 TEST_F(MapFileCommandsTest, ACopyIntoAMissingFolderIsReportedAndTheListsKeepTheirState) {
   ExpectSaveDialog(Path("nowhere\\Oasis.bms"));
-  desktop.dialogs().ExpectBox("Error: 76\r\nPath not found");
+  desktop.dialogs().ExpectFileFailure("Error: 76\r\nPath not found", Path("nowhere\\Oasis.bms"));
   EXPECT_FALSE(CopyMapTo(FileMaps, dlgcopyto));
   EXPECT_EQ(FileMaps.FileName(), "Oasis.bms");
 }
@@ -149,7 +149,7 @@ TEST_F(MapFileCommandsTest, ACopyIntoAReadOnlyFolderIsReported) {
   files.copies_refused = true;
   desktop.UseFiles(files);
   ExpectSaveDialog(GamePath("Copy.bms"));
-  desktop.dialogs().ExpectBox("Error: 70\r\nPermission denied");
+  desktop.dialogs().ExpectFileFailure("Error: 70\r\nPermission denied", GamePath("Copy.bms"));
   EXPECT_FALSE(CopyMapTo(FileMaps, dlgcopyto));
   EXPECT_FALSE(FileIsThere(GamePath("Copy.bms")));
 }
@@ -157,7 +157,7 @@ TEST_F(MapFileCommandsTest, ACopyIntoAReadOnlyFolderIsReported) {
 TEST_F(MapFileCommandsTest, AMapThatHasGoneSinceItWasListedIsReported) {
   native_files.Delete(MapPath("Oasis.bms"));
   ExpectSaveDialog(GamePath("Copy.bms"));
-  desktop.dialogs().ExpectBox("Error: 53\r\nFile not found");
+  desktop.dialogs().ExpectFileFailure("Error: 53\r\nFile not found", MapPath("Oasis.bms"));
   EXPECT_FALSE(CopyMapTo(FileMaps, dlgcopyto));
 }
 
@@ -190,7 +190,7 @@ TEST_F(MapFileCommandsTest, ARenameThatOnlyChangesCapitalsChangesNothing) {
 
 TEST_F(MapFileCommandsTest, ACancelledNameBoxEndsInTheErrorBoxAndLosesNothing) {
   ExpectNameBox(std::nullopt);
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", MapPath(""));
   EXPECT_FALSE(RenameMap(FileMaps));
   EXPECT_EQ(ReadFile(MapPath("Oasis.bms")), "BMS oasis");
   EXPECT_EQ(FileMaps.FileName(), "Oasis.bms");
@@ -198,7 +198,7 @@ TEST_F(MapFileCommandsTest, ACancelledNameBoxEndsInTheErrorBoxAndLosesNothing) {
 
 TEST_F(MapFileCommandsTest, AnEmptyNameIsTheSameAsACancelledBox) {
   ExpectNameBox("");
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", MapPath(""));
   EXPECT_FALSE(RenameMap(FileMaps));
   EXPECT_EQ(ReadFile(MapPath("Oasis.bms")), "BMS oasis");
 }
@@ -207,7 +207,7 @@ TEST_F(MapFileCommandsTest, ARenameWhoseOldFileCannotGoLosesNothing) {
   KeptFiles files(native_files);
   desktop.UseFiles(files);
   ExpectNameBox("Zoo.bms");
-  desktop.dialogs().ExpectBox("Error: 70\r\nPermission denied");
+  desktop.dialogs().ExpectFileFailure("Error: 70\r\nPermission denied", MapPath("Oasis.bms"));
   EXPECT_FALSE(RenameMap(FileMaps));
   EXPECT_EQ(ReadFile(MapPath("Oasis.bms")), "BMS oasis");
   EXPECT_EQ(Listed(), all_maps);
@@ -218,7 +218,7 @@ TEST_F(MapFileCommandsTest, ARenameInAReadOnlyFolderLosesNothing) {
   files.copies_refused = true;
   desktop.UseFiles(files);
   ExpectNameBox("Zoo.bms");
-  desktop.dialogs().ExpectBox("Error: 70\r\nPermission denied");
+  desktop.dialogs().ExpectFileFailure("Error: 70\r\nPermission denied", MapPath("Zoo.bms"));
   EXPECT_FALSE(RenameMap(FileMaps));
   EXPECT_EQ(ReadFile(MapPath("Oasis.bms")), "BMS oasis");
   EXPECT_FALSE(FileIsThere(MapPath("Zoo.bms")));
@@ -272,7 +272,7 @@ TEST_F(MapFileCommandsTest, AMapThatCannotBeDeletedIsReportedAndTheListsKeepThei
   KeptFiles files(native_files);
   desktop.UseFiles(files);
   ExpectDeleteBox("Oasis.bms", BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: 70\r\nPermission denied");
+  desktop.dialogs().ExpectFileFailure("Error: 70\r\nPermission denied", MapPath("Oasis.bms"));
   EXPECT_FALSE(DeleteMap(FileMaps));
   EXPECT_EQ(ReadFile(MapPath("Oasis.bms")), "BMS oasis");
   EXPECT_EQ(FileMaps.FileName(), "Oasis.bms");

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "forms/picture_box.h"
 #include "program/frame_fixture.h"
 #include "program/path_text.h"
 #include "support/error_number.h"
@@ -11,13 +10,6 @@ namespace kestrun {
 namespace {
 
 constexpr const char* kPictureUrl = "http://maps.example/desert.jpg";
-
-// Stands for the window of large pictures.
-class LargePreview final : public Form {
- public:
-  LargePreview() : Form("frmLargeprev") { Picture1.Move(60, 90, 1500, 750); }
-  PictureBox& Picture1 = Add<PictureBox>("Picture1");
-};
 
 class MapPictureTest : public FrameTest {
  protected:
@@ -78,15 +70,11 @@ TEST_F(MapPictureTest, OnlyASmallZipEndingIsReplaced) {
 }
 
 TEST_F(MapPictureTest, AnAddressIsLookedUpByItsNameWithBlanksAndWithoutAskingTheServer) {
-  SetUrlFileNameSource([](const std::string&) -> std::string {
-    ADD_FAILURE() << "the server was asked";
-    return "other.bms";
-  });
   StorePicture("Desert Storm.bms", kPictureUrl);
   std::string url;
   static_cast<void>(GetMapPath("http://maps.example/old/Desert%20Storm.bms", &url));
   EXPECT_EQ(url, kPictureUrl);
-  SetUrlFileNameSource({});
+  for (const SentRequest& request : desktop.internet().requests) EXPECT_EQ(request.url, kPictureUrl);
 }
 
 TEST_F(MapPictureTest, AStoredFileIsGivenWhileItExists) {
@@ -141,22 +129,6 @@ TEST_F(MapPictureTest, AMapWhosePictureIsBrokenShowsNone) {
   desktop.internet().Reply(kPictureUrl, "jpeg");
   EXPECT_TRUE(LoadMapPicture("Desert.bms"));
 }
-
-// ---- the large picture -------------------------------------------------------------------------------------------
-
-TEST_F(MapPictureTest, TheLargePreviewIsAsLargeAsItsPictureAndAMargin) {
-  const WindowRegistration registered("frmLargeprev", [] { return MakeRef<LargePreview>(); });
-  const Ref<Picture> picture = MakeRef<Picture>(1, 1, std::vector<uint32_t>{0xFF112233});
-  desktop.windowing().ExpectModal("frmLargeprev", [&](Form& form) {
-    EXPECT_EQ(static_cast<LargePreview&>(form).Picture1.Picture.get(), picture);
-    EXPECT_EQ(form.Width, 60 + 1500 + 250);
-    EXPECT_EQ(form.Height, 90 + 750 + 500);
-    form.Unload();
-  });
-  ShowLargePicture(picture);
-}
-
-TEST_F(MapPictureTest, WithoutAPictureNoLargePreviewOpens) { ShowLargePicture({}); }
 
 }  // namespace
 }  // namespace kestrun

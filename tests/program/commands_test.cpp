@@ -7,6 +7,7 @@
 #include "forms/text_box.h"
 #include "program/frame_fixture.h"
 #include "program/style_hook.h"
+#include "support/registered_window.h"
 
 namespace kestrun {
 namespace {
@@ -67,23 +68,14 @@ constexpr WordRow kWords[]{
     {"-frmpictureselect", "FrmpictureSelect"},
 };
 
-// Registers a stand-in under each name of the table that has no window of its own yet.
-void RegisterStandIns() {
-  for (const WordRow& row : kWords) {
-    if (IsWindowRegistered(row.window)) continue;
-    const std::string name = row.window;
-    const WindowRegistration registration(name, [name] { return MakeRef<PlainWindow>(name); });
-  }
-}
-
 class CommandsTest : public FrameTest {
  protected:
   CommandsTest() { SetSafeMode(true); }
 };
 
 TEST_F(CommandsTest, EveryWordOpensItsWindowInAnyCase) {
-  RegisterStandIns();
   for (const WordRow& row : kWords) {
+    const StandInWindow<PlainWindow> stand_in(row.window);
     EXPECT_EQ(ProcessCommand(ToUpper(row.word)), kCommandCarriedOut) << row.word;
     Form* window = LoadedWindow(row.window);
     ASSERT_NE(window, nullptr) << row.word;
@@ -145,7 +137,7 @@ TEST_F(CommandsTest, EditOfAFileThatDoesNotExistIsAFileName) {
 
 TEST_F(CommandsTest, EditOpensTheStyleEditorOnTheTrimmedPath) {
   WriteFile(Path("my.stl"), "style");
-  const WindowRegistration registration("FrmEdit", [] { return MakeRef<FileWindow>("FrmEdit"); });
+  const StandInWindow<FileWindow> editor("FrmEdit");
   EXPECT_EQ(ProcessCommand("-edit   " + Path("my.stl") + "  "), kCommandCarriedOut);
   EXPECT_EQ(static_cast<FileWindow*>(LoadedWindow("FrmEdit"))->file, Path("my.stl"));
 }

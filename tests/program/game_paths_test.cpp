@@ -5,6 +5,7 @@
 #include "program/settings.h"
 #include "support/error_number.h"
 #include "support/headless_fixture.h"
+#include "support/registered_window.h"
 
 namespace kestrun {
 namespace {
@@ -26,6 +27,10 @@ class GamePathsTest : public HeadlessTest {
     desktop.registry().Write(RegistryRoot::kLocalMachine, kAppPaths, "Path", folder);
   }
   void WriteIni(std::string_view content) { WriteFile(ini_, content); }
+  [[nodiscard]] static std::string Doubt(const std::string& folder) {
+    return "The game is not in the folder " + folder +
+           ": there is neither DFLWDEM.EXE nor dflw.pff in it.\r\nDo you want to choose another folder?";
+  }
   [[nodiscard]] bool IniIsThere() { return FileIsThere(ini_); }
   std::string ini_ = ProgramPath("packit.ini");
 };
@@ -54,11 +59,70 @@ TEST_F(GamePathsTest, AStoredButEmptyFolderActsAsNoneAndTheProgramFolderIsTriedN
 }
 
 TEST_F(GamePathsTest, TheUserIsAskedAndThePickIsStoredWithoutItsBackslash) {
+  WriteFile(Path("game\\DFLWDEM.EXE"), "");
   desktop.dialogs().ExpectBox(kPrompt).WithTitle("");
-  desktop.dialogs().ExpectFolder(kBrowse, "C:\\games\\dflw\\").StartingAt("C:\\");
+  desktop.dialogs().ExpectFolder(kBrowse, Path("game\\")).StartingAt("C:\\");
+  EXPECT_EQ(GameFolder(), Path("game"));
+  EXPECT_EQ(GetIniValue(ini_, "FOLDERS", "DFLW", ""), Path("game"));
+  EXPECT_EQ(GameFolder(), Path("game"));
+}
+
+TEST_F(GamePathsTest, AFolderWithTheArchiveAloneIsTheGames) {
+  WriteFile(Path("game\\dflw.pff"), "");
+  desktop.dialogs().ExpectBox(kPrompt);
+  desktop.dialogs().ExpectFolder(kBrowse, Path("game\\"));
+  EXPECT_EQ(GameFolder(), Path("game"));
+}
+
+TEST_F(GamePathsTest, AFolderWithoutTheGameIsDoubtedAndAnotherOneCanBePicked) {
+  WriteFile(Path("game\\dflw.pff"), "");
+  desktop.dialogs().ExpectBox(kPrompt);
+  desktop.dialogs().ExpectFolder(kBrowse, Path("temp\\"));
+  desktop.dialogs().ExpectBox(Doubt(Path("temp")), BoxAnswer::kYes).WithButtons(BoxButtons::kYesNo);
+  desktop.dialogs().ExpectFolder(kBrowse, Path("game\\"));
+  EXPECT_EQ(GameFolder(), Path("game"));
+}
+
+TEST_F(GamePathsTest, AFolderWithoutTheGameCanBeKept) {
+  desktop.dialogs().ExpectBox(kPrompt);
+  desktop.dialogs().ExpectFolder(kBrowse, "C:\\games\\dflw\\");
+  desktop.dialogs().ExpectBox(Doubt("C:\\games\\dflw"), BoxAnswer::kNo);
   EXPECT_EQ(GameFolder(), "C:\\games\\dflw");
   EXPECT_EQ(ReadFile(ini_), "[FOLDERS]\r\nDFLW=C:\\games\\dflw\r\n");
   EXPECT_EQ(GameFolder(), "C:\\games\\dflw");
+}
+
+TEST_F(GamePathsTest, ACancelBehindADoubtStoresNothing) {
+  desktop.dialogs().ExpectBox(kPrompt);
+  desktop.dialogs().ExpectFolder(kBrowse, Path("temp\\"));
+  desktop.dialogs().ExpectBox(Doubt(Path("temp")), BoxAnswer::kYes);
+  desktop.dialogs().ExpectFolder(kBrowse, std::nullopt);
+  EXPECT_EQ(ErrorNumberOf([] { return GameFolder(); }), 5);
+  EXPECT_FALSE(IniIsThere());
+}
+
+TEST_F(GamePathsTest, AFolderThatTheSettingsCannotHoldIsDoubtedWithItsLength) {
+  const std::string folder = "C:\\" + std::string(300, 'x');
+  desktop.dialogs().ExpectBox(kPrompt);
+  desktop.dialogs().ExpectFolder(kBrowse, folder + "\\");
+  desktop.dialogs().ExpectBox(
+      "The path of this folder is too long to be kept in the settings: it has 303 characters, and 254 are possible.\r\n"
+      "Do you want to choose another folder?",
+      BoxAnswer::kYes);
+  desktop.dialogs().ExpectFolder(kBrowse, std::nullopt);
+  EXPECT_EQ(ErrorNumberOf([] { return GameFolder(); }), 5);
+  EXPECT_FALSE(IniIsThere());
+}
+
+TEST_F(GamePathsTest, WhileNobodyIsToBeAskedAnUnknownFolderIsEmpty) {
+  {
+    const GameFolderUnasked unasked;
+    EXPECT_EQ(GameFolder(), "");
+    EXPECT_EQ(MapFolder(), "");
+  }
+  desktop.dialogs().ExpectBox(kPrompt);
+  desktop.dialogs().ExpectFolder(kBrowse, std::nullopt);
+  EXPECT_EQ(ErrorNumberOf([] { return GameFolder(); }), 5);
 }
 
 TEST_F(GamePathsTest, ACancelledQuestionFailsStoresNothingAndComesAgainAtTheNextUse) {
@@ -93,23 +157,36 @@ TEST_F(GamePathsTest, AFailedOpenOfTheGameIsSilent) {
   EXPECT_FALSE(launchDFLW());
 }
 
-class OptionsWindow final : public Form {
- public:
-  OptionsWindow() : Form("frmoptions") {}
-};
-
 TEST_F(GamePathsTest, AMissingGameIsToldByItsUsualNameAndTheOptionsOpen) {
   TellRegistry(Path("game"));
   WriteIni("[launcher]\r\nDFLWDEM.EXE=other.exe\r\n");
   desktop.dialogs().ExpectBox(kMissing).WithIcon(BoxIcon::kCritical).WithButtons(BoxButtons::kOk);
-  if (!IsWindowRegistered("frmoptions")) {
-    const WindowRegistration registration("frmoptions", [] { return MakeRef<OptionsWindow>(); });
-  }
+  const StandInWindow<Form> options("frmoptions");
   bool shown = false;
   desktop.windowing().ExpectModal("frmoptions", [&](Form& form) { shown = true, form.Unload(); });
   EXPECT_FALSE(launchDFLW());
   EXPECT_TRUE(shown);
   EXPECT_TRUE(desktop.shell().openings.empty());
+}
+
+TEST_F(GamePathsTest, WithoutAnOptionsWindowTheFolderOfAMissingGameCanBeChangedAtOnce) {
+  const WindowFactory options = UnregisterWindow("frmoptions");
+  TellRegistry(Path("temp"));
+  WriteFile(Path("game\\DFLWDEM.EXE"), "");
+  desktop.dialogs().ExpectBox(kMissing);
+  desktop.dialogs()
+      .ExpectBox("The game folder is " + Path("temp") + ".\r\nDo you want to choose another one?", BoxAnswer::kYes)
+      .WithButtons(BoxButtons::kYesNo);
+  desktop.dialogs().ExpectFolder("Select the folder where you installed your game.", Path("game\\"));
+  EXPECT_FALSE(launchDFLW());
+  EXPECT_EQ(GameFolder(), Path("game"));
+  desktop.dialogs().ExpectBox(kMissing);
+  desktop.dialogs().ExpectBox("The game folder is " + Path("game") + ".\r\nDo you want to choose another one?",
+                              BoxAnswer::kNo);
+  native_files.Delete(Path("game\\DFLWDEM.EXE"));
+  EXPECT_FALSE(launchDFLW());
+  EXPECT_EQ(GameFolder(), Path("game"));
+  if (options) const WindowRegistration again("frmoptions", options);
 }
 
 TEST_F(GamePathsTest, AFailureOfTheLaunchIsShownWithItsContext) {

@@ -8,6 +8,9 @@ namespace kestrun {
 namespace {
 
 // Logged text is single-byte: the tests that read it stay in the temporary folder's names by macro.
+constexpr const char* kNotThere =
+    "\r\nIt is not there any more, or its name is misspelled. Check the name and the folder.";
+
 class PackCommandTest : public FrameTest {
  protected:
   PackCommandTest() {
@@ -48,22 +51,38 @@ TEST_F(PackCommandTest, FillsTheThreeMacrosAndLogsThemAsTyped) {
 }
 
 TEST_F(PackCommandTest, MacrosInAnotherCaseAreNoMacros) {
-  desktop.dialogs().ExpectBox("Error: packfile 1033\r\nFile not found.");
+  desktop.dialogs().ExpectBox(std::string("Error: packfile 1033\r\nFile not found: ") + "%appdir%\\extra.bin" +
+                              kNotThere);
   Pack("%GAMEDIR%\\dflw.pff", "ONE.BIN", "%appdir%\\extra.bin");
 }
 
 TEST_F(PackCommandTest, AMissingSourceIsReportedAndStillLogged) {
   const std::string before = ReadFile(GamePath("dflw.pff"));
-  desktop.dialogs().ExpectBox("Error: packfile 1033\r\nFile not found.");
+  desktop.dialogs().ExpectBox(std::string("Error: packfile 1033\r\nFile not found: ") + "C:\\nowhere.bms" + kNotThere);
   Pack("%GAMEDIR%\\dflw.pff", "A.BMS", "C:\\nowhere.bms");
   EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
   EXPECT_EQ(Log(), "C:\\nowhere.bms --> %GAMEDIR%\\dflw.pff:A.BMS ~>OK\r\n");
 }
 
+TEST_F(PackCommandTest, AMissingArchiveIsStillLogged) {
+  Pack("%GAMEDIR%\\none.pff", "A.BMS", "%APPDIR%\\extra.bin");
+  EXPECT_EQ(Log(), "%APPDIR%\\extra.bin --> %GAMEDIR%\\none.pff:A.BMS ~>OK\r\n");
+}
+
+TEST_F(PackCommandTest, AnArchiveThatIsNoneIsReportedAndStillLogged) {
+  WriteFile(GamePath("none.pff"), "no archive");
+  desktop.dialogs().ExpectBox("Error: packfile 321\r\nThe archive '" + GamePath("none.pff") +
+                              "' could not be read, so it is left as it is.");
+  Pack("%GAMEDIR%\\none.pff", "A.BMS", "%APPDIR%\\extra.bin");
+  EXPECT_EQ(ReadFile(GamePath("none.pff")), "no archive");
+  EXPECT_EQ(Log(), "%APPDIR%\\extra.bin --> %GAMEDIR%\\none.pff:A.BMS ~>OK\r\n");
+}
+
 TEST_F(PackCommandTest, AnEmptySourceIsReportedAndTheEntryKept) {
   WriteFile(MapPath("Empty.bms"), "");
   const std::string before = ReadFile(GamePath("dflw.pff"));
-  desktop.dialogs().ExpectBox("Error: packfile 9\r\nSubscript out of range");
+  desktop.dialogs().ExpectBox("Error: packfile 9\r\nThe file is empty: " + MapPath("Empty.bms") +
+                              "\r\nChoose another file, or get this one again.");
   Pack("%GAMEDIR%\\dflw.pff", "A.BMS", MapPath("Empty.bms"));
   EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
 }
@@ -95,7 +114,8 @@ TEST_F(PackCommandTest, AnEarlierChangeThatWasCutShortIsALineOfTheLog) {
 
 TEST_F(PackCommandTest, AWebAddressIsFetchedAndThenReadAsAPathWhichFails) {
   desktop.internet().Reply("http://localhost/Oasis.bms", "BMS fetched");
-  desktop.dialogs().ExpectBox("Error: packfile 1033\r\nFile not found.");
+  desktop.dialogs().ExpectBox(std::string("Error: packfile 1033\r\nFile not found: ") + "http://localhost/Oasis.bms" +
+                              kNotThere);
   Pack("%GAMEDIR%\\dflw.pff", "A.BMS", "http://localhost/Oasis.bms");
   EXPECT_EQ(ReadFile(Path("temp\\A.BMS")), "BMS fetched");
   EXPECT_EQ(Log(), "http://localhost/Oasis.bms --> %GAMEDIR%\\dflw.pff:A.BMS ~>OK\r\n");
@@ -128,7 +148,7 @@ TEST_F(PackCommandTest, TheZipFlagBehindABlankIsNone) {
 TEST_F(PackCommandTest, WordsFromAShellBecomeTheTextThatThePersonMeans) {
   EXPECT_EQ(JoinCommandWords({"-pack \"a.pff\" \"N.BMS\" \"m.bms\"/z"}), "-pack \"a.pff\" \"N.BMS\" \"m.bms\"/z");
   EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "my map.bms"}), "-pack \"a.pff\" \"N.BMS\" \"my map.bms\"");
-  EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "m.zip", "/z"}), "-pack \"a.pff\" \"N.BMS\" \"m.zip\"/z");
+  EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "m.zip", "/z"}), "-pack \"a.pff\" \"N.BMS\" \"m.zip\" /z");
   EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "my maps.ZIP/Z"}),
             "-pack \"a.pff\" \"N.BMS\" \"my maps.ZIP\"/z");  // typed as "my maps.ZIP"/Z
   EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "/tmp/z"}), "-pack \"a.pff\" \"N.BMS\" \"/tmp/z\"");

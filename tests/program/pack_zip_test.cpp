@@ -43,7 +43,7 @@ TEST_F(PackZipTest, TheFolderOfTheUnpackedFilesIsLeftBehind) {
 
 TEST_F(PackZipTest, AMissingZipIsReportedAndTheArchiveKept) {
   const std::string before = ReadFile(archive);
-  desktop.dialogs().ExpectBox("Error: packfile 53\r\nFile not found");
+  desktop.dialogs().ExpectFileFailure("Error: packfile 53\r\nFile not found", MapPath("none.zip"));
   PackCommand("-pack \"" + archive + "\" \"NEW.BMS\" \"" + MapPath("none.zip") + "\"/z");
   EXPECT_EQ(ReadFile(archive), before);
 }
@@ -92,7 +92,7 @@ TEST_F(PackZipTest, ANameThatLeadsOutOfTheTemporaryFolderUnpacksNothing) {
 }
 
 TEST_F(PackZipTest, TheLogLineIsWrittenWhateverBecameOfTheZip) {
-  desktop.dialogs().ExpectBox("Error: packfile 53\r\nFile not found");
+  desktop.dialogs().ExpectFileFailure("Error: packfile 53\r\nFile not found", Path("temp\\none.zip"));
   PackCommand("-pack \"%GAMEDIR%\\dflw.pff\" \"MAPS\" \"%TEMPDIR%\\none.zip\"/Z");
   EXPECT_EQ(ReadFile(ProgramPath("kestrun.log")), "%TEMPDIR%\\none.zip --> %GAMEDIR%\\dflw.pff:MAPS ~>OK\r\n");
 }

@@ -3,15 +3,13 @@
 #include "program/path_text.h"
 #include "support/error_number.h"
 #include "support/headless_fixture.h"
+#include "web/download_file.h"
 #include "web/web_paths.h"
 
 namespace kestrun {
 namespace {
 
-class PathTextTest : public HeadlessTest {
- protected:
-  ~PathTextTest() override { SetUrlFileNameSource(nullptr); }
-};
+using PathTextTest = HeadlessTest;
 
 TEST_F(PathTextTest, AFileAndAFolderExistAndAMissingOrEmptyPathDoesNot) {
   WriteFile(ProgramPath("empty.bms"), "");
@@ -56,19 +54,20 @@ TEST_F(PathTextTest, AUrlWithoutASlashIsCutAtABackslashOrTakenWhole) {
 }
 
 TEST_F(PathTextTest, TheServersNameOfAUrlWinsUnlessItIsEmptyOrNotAskedFor) {
-  std::string asked;
-  std::string answer = "Real.zip";
-  SetUrlFileNameSource([&](const std::string& url) { return asked = url, answer; });
-  EXPECT_EQ(GetFileName("http://site/get.php?id=1"), "Real.zip");
-  EXPECT_EQ(asked, "http://site/get.php?id=1");
-  EXPECT_EQ(GetFileName("http://site/get.php?id=1", true), "get.php");
-  answer.clear();
-  EXPECT_EQ(GetFileName("http://site/get.php?id=1"), "get.php");
+  constexpr const char* kUrl = "http://site/get.php?id=1";
+  desktop.internet().Answer(kUrl, {200, {{"Content-Disposition", "attachment; filename=Real.zip"}}, {}});
+  EXPECT_EQ(GetFileName(kUrl), "Real.zip");
+  ASSERT_EQ(desktop.internet().requests.size(), 1U);
+  EXPECT_EQ(desktop.internet().requests[0].method, "GET");
+  EXPECT_EQ(GetFileName(kUrl, true), "get.php");
+  EXPECT_EQ(desktop.internet().requests.size(), 1U);
+  desktop.internet().Answer(kUrl, {200, {}, {}});
+  EXPECT_EQ(GetFileName(kUrl), "get.php");
 }
 
 TEST_F(PathTextTest, TheServerIsNotAskedForALocalPath) {
-  SetUrlFileNameSource([](const std::string&) -> std::string { return ADD_FAILURE() << "asked", "x"; });
   EXPECT_EQ(GetFileName("C:\\maps\\Oasis.bms"), "Oasis.bms");
+  EXPECT_TRUE(desktop.internet().requests.empty());
 }
 
 TEST_F(PathTextTest, TheExtensionIsBehindTheLastDotWithoutIt) {

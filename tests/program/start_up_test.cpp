@@ -2,8 +2,10 @@
 
 #include "forms/text_box.h"
 #include "program/frame_fixture.h"
+#include "program/game_paths.h"
 #include "program/shell_integration.h"
 #include "program/style_hook.h"
+#include "support/registered_window.h"
 #include "windows/splash/frmsplash.h"
 
 namespace kestrun {
@@ -34,7 +36,6 @@ constexpr const char* kStartBrowse =
 class StartUpTest : public FrameTest {
  protected:
   StartUpTest() {
-    const WindowRegistration registration("frmopenmap", [] { return MakeRef<LoadMapWindow>(); });
     WriteIni("[launcher]\r\nFIRSTRUN=False\r\n");
     TellGameFolder();
   }
@@ -49,6 +50,7 @@ class StartUpTest : public FrameTest {
     static_cast<void>(WindowByName("frmsplash"));
   }
   [[nodiscard]] bool IsOpen(const char* window) { return LoadedWindow(window) && LoadedWindow(window)->IsShown(); }
+  const StandInWindow<LoadMapWindow> load_map{"frmopenmap"};
   [[nodiscard]] std::string Address() {
     return static_cast<TextBox*>(LoadedWindow("frmopenmap")->FindControl("TxtFile"))->Text;
   }
@@ -142,6 +144,16 @@ TEST_F(StartUpTest, TheVersionStandsInTheSplashWindow) {
   EXPECT_EQ(shown, "V2.10.7");
 }
 
+TEST_F(StartUpTest, AStyleThatFailsOnTheSplashWindowIsReportedAndTheStartGoesOn) {
+  InstallStyleRuntime({[] { return true; }, [](const std::string&) {},
+                       [](Form& form) {
+                         if (form.Name() == "frmsplash") Raise(error::kTypeMismatch);
+                       }});
+  desktop.dialogs().ExpectBox("Error: ApplyStyle()13\r\nType mismatch");
+  Start("");
+  EXPECT_TRUE(IsOpen("frmain"));
+}
+
 TEST_F(StartUpTest, AFirstRunAsksOnceAndNotesIt) {
   WriteIni("");
   desktop.dialogs().ExpectBox(kFirstRunQuestion, BoxAnswer::kNo).WithButtons(BoxButtons::kYesNo);
@@ -177,6 +189,70 @@ TEST_F(StartUpTest, AFirstRunWithNoGameAsksTwiceAndThenNeverAgain) {
   Start("-frmopenmap");
 }
 
+// A third question came with the main window, whose maps lie in the game folder, and an error box behind it.
+TEST_F(StartUpTest, AFirstStartWithoutAGameOpensTheMainWindowWithoutAThirdQuestion) {
+  desktop.registry().DeleteKey(RegistryRoot::kLocalMachine,
+                               "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe");
+  desktop.dialogs().ExpectBox(kGamePrompt);
+  desktop.dialogs().ExpectFolder(kGameBrowse, std::nullopt);
+  desktop.dialogs().ExpectBox("Kestrun was unable to find your dflw game folder!");
+  desktop.dialogs().ExpectBox("Please select it yourself.");
+  desktop.dialogs().ExpectFolder(kStartBrowse, std::nullopt);
+  Start("");
+  EXPECT_TRUE(IsOpen("frmain"));
+  // The next use asks again.
+  desktop.dialogs().ExpectBox(kGamePrompt);
+  desktop.dialogs().ExpectFolder(kGameBrowse, std::nullopt);
+  EXPECT_FALSE(Attempt([] { static_cast<void>(GameFolder()); }));
+}
+
+// Each step notes itself where it reaches the machine.
+TEST_F(StartUpTest, TheStepsRunInTheirOrder) {
+  std::string steps;
+  const auto note = [&steps](const std::string& step) { steps += steps.empty() ? step : ", " + step; };
+  WriteFile(ProgramPath("default.stl"), "style");
+  WriteFile(ProgramPath("other.stl"), "style");
+  WriteIni("");
+  desktop.registry().DeleteKey(RegistryRoot::kLocalMachine,
+                               "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe");
+  InstallStyleRuntime({[] { return true; },
+                       [&](const std::string& path) { note("load " + path.substr(path.rfind('\\') + 1)); },
+                       [&](Form& form) { note("style of " + form.Name()); }});
+  ShellIntegration shell;
+  shell.is_protocol_registered = [&](std::string&) {
+    EXPECT_TRUE(LoadedWindow("frmsplash")->IsShown());
+    EXPECT_EQ(Ini("launcher", "CHECKLWPATH"), "False");
+    note("is protocol registered");
+    return false;
+  };
+  shell.register_protocol = [&] { return note("register protocol"), true; };
+  shell.is_app_path_registered = [&](std::string&) { return note("is path registered"), false; };
+  shell.register_app_path = [&] {
+    EXPECT_FALSE(desktop.user_settings().Get("Kes_Trun", "DEFAULT", "EXE"));
+    return note("register path"), true;
+  };
+  shell.associate_bms = [&] {
+    EXPECT_TRUE(desktop.user_settings().Get("Kes_Trun", "DEFAULT", "EXE"));
+    EXPECT_EQ(Ini("launcher", "FIRSTRUN"), "(none)");
+    return note("associate"), true;
+  };
+  InstallShellIntegration(shell);
+  desktop.dialogs().ExpectBox(kGamePrompt);
+  desktop.dialogs().ExpectFolder(kGameBrowse, std::nullopt);
+  desktop.dialogs().ExpectBox("Kestrun was unable to find your dflw game folder!");
+  desktop.dialogs().ExpectBox("Please select it yourself.");
+  desktop.dialogs().ExpectFolder(kStartBrowse, std::nullopt);
+  desktop.dialogs().ExpectBox(kFirstRunQuestion, BoxAnswer::kYes);
+  desktop.dialogs().ExpectBox("Do you want to set this style file as default style?", BoxAnswer::kNo);
+  Start("-style " + ProgramPath("other.stl"));
+  EXPECT_EQ(
+      steps,
+      "load default.stl, style of frmsplash, is protocol registered, register protocol, is path registered, register "
+      "path, associate, load other.stl, style of frmsplash, style of frmain");
+  EXPECT_EQ(Ini("launcher", "FIRSTRUN"), "False");
+  EXPECT_TRUE(IsOpen("frmain"));
+}
+
 TEST_F(StartUpTest, AGameFolderPickedAtTheStartIsStoredWithoutItsSeparator) {
   desktop.registry().DeleteKey(RegistryRoot::kLocalMachine,
                                "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe");
@@ -185,6 +261,11 @@ TEST_F(StartUpTest, AGameFolderPickedAtTheStartIsStoredWithoutItsSeparator) {
   desktop.dialogs().ExpectBox("Kestrun was unable to find your dflw game folder!");
   desktop.dialogs().ExpectBox("Please select it yourself.");
   desktop.dialogs().ExpectFolder(kStartBrowse, "C:\\games\\dflw\\");
+  desktop.dialogs().ExpectBox(
+      "The game is not in the folder C:\\games\\dflw: there is neither DFLWDEM.EXE nor dflw.pff in it.\r\nDo you want "
+      "to "
+      "choose another folder?",
+      BoxAnswer::kNo);
   Start("-frmopenmap");
   EXPECT_EQ(Ini("FOLDERS", "DFLW"), "C:\\games\\dflw");
 }
@@ -267,7 +348,7 @@ TEST_F(StartUpTest, TheFirstRunIsNotedThoughTheAssociationFails) {
 
 // The main window was loaded for its command and never shown: the process went on without any window.
 TEST_F(StartUpTest, ACommandThatShowsNoWindowEndsTheProcess) {
-  UnregisterWindow("FrmUpdate");
+  const WithoutWindow update("FrmUpdate");
   Start("-update");
   EXPECT_TRUE(LoadedWindows().empty());
 }
@@ -279,6 +360,18 @@ TEST_F(StartUpTest, AWindowThatFailsWhileItLoadsDoesNotStayUnseen) {
   Start("-frmoverwrite");
   EXPECT_EQ(Address(), "-frmoverwrite");
   EXPECT_EQ(LoadedWindows().size(), 1U);
+}
+
+// The main window is loaded for the command alone, and stayed behind the one that the command showed.
+TEST_F(StartUpTest, AnUpdateEndsTheProcessWithItsWindow) {
+  const WindowRegistration update("FrmUpdate", [] { return MakeRef<Form>("FrmUpdate"); });
+  Start("-update");
+  ASSERT_TRUE(IsOpen("FrmUpdate"));
+  ASSERT_NE(LoadedWindow("frmain"), nullptr);
+  LoadedWindow("FrmUpdate")->Unload();
+  desktop.clock().RunPendingEvents();
+  EXPECT_TRUE(LoadedWindows().empty());
+  UnregisterWindow("FrmUpdate");
 }
 
 TEST_F(StartUpTest, TheSplashWindowsExitEndsTheProcessAtOnce) {

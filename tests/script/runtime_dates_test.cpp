@@ -254,7 +254,7 @@ DateAdd("yyyy", 9000, #1/1/2020#) !! 5
 DateAdd("d", 2147483647, #1/1/2020#) !! 5
 DateAdd("d", 3000000000.0, #1/1/2020#) !! 6
 DateAdd("d", 1, Null) => Null
-DateAdd("d", Null, #1/1/2020#) => Null
+DateAdd("d", Null, #1/1/2020#) !! 94
 DateAdd(Null, 1, #1/1/2020#) !! 94
 DateAdd("d", 1, "abc") !! 13
 DateAdd("d", "x", #1/1/2020#) !! 13

@@ -41,7 +41,7 @@ FormatNumber(CCur(0.0001), 4) => String 0.0001
 FormatNumber("1234.5") => String 1,234.50
 FormatNumber(True) => String -1.00
 FormatNumber(Empty) => String 0.00
-FormatNumber(Null) !! 94
+FormatNumber(Null) !! 13
 FormatNumber("abc") !! 13
 FormatNumber(Nothing) !! 91
 FormatNumber(1, "x") !! 13
@@ -60,7 +60,7 @@ FormatCurrency(0.5, 2, 0) => String $.50
 FormatCurrency(1234.5, 0) => String $1,235
 FormatCurrency(1234.5, 2, , , 0) => String $1234.50
 FormatCurrency(Empty) => String $0.00
-FormatCurrency(Null) !! 94
+FormatCurrency(Null) !! 13
 FormatCurrency("x") !! 13
 FormatCurrency(1, -2) !! 5
 )t");
@@ -71,11 +71,11 @@ TEST_F(RuntimeFormatTest, FormatPercentIsAHundredTimes) {
 FormatPercent(0.12345) => String 12.35%
 FormatPercent(1) => String 100.00%
 FormatPercent(-0.5) => String -50.00%
-FormatPercent(-0.5, 0, -1, -1) => String (50)%
+FormatPercent(-0.5, 0, -1, -1) => String (50%)
 FormatPercent(0.001, 1, 0) => String .1%
 FormatPercent(12.5, 0) => String 1,250%
 FormatPercent(12.5, 0, , , 0) => String 1250%
-FormatPercent(Null) !! 94
+FormatPercent(Null) !! 13
 FormatPercent("x") !! 13
 )t");
 }
@@ -96,7 +96,7 @@ FormatDateTime(43832, 2) => String 1/2/2020
 FormatDateTime(#1/2/2020#, 5) !! 5
 FormatDateTime(#1/2/2020#, -1) !! 5
 FormatDateTime("abc") !! 13
-FormatDateTime(Null) !! 94
+FormatDateTime(Null) !! 13
 )t");
 }
 

@@ -44,7 +44,7 @@ TEST_F(RuntimeHostTest, SetLocaleGivesTheOneBefore) {
 GetLocale() => Long 1033
 SetLocale(1031) => Long 1033
 GetLocale() => Long 1031
-FormatNumber(1234.5) => String 1,234.50
+FormatNumber(1234.5) => String 1.234,50
 SetLocale("en-GB") => Long 1031
 SetLocale("fr-fr") => Long 2057
 SetLocale(0) => Long 1036

@@ -138,37 +138,37 @@ Text     $:abc      $:abc      $:abc7      $:abc3      $:abc2.5      $:abc1.25  
 Zero     $:0        $:0        $:07        $:03        $:02.5        $:01.25        $:04.5        $:01/1/1900        $:06        $:0True        $:05        $:0abc        $:00
 )t"},
     {"And", R"t(
-Empty    I:0 I:0  I:0  L:0  L:0  L:0  L:0  L:0  I:0    I:0    I:0  !13 I:0
-Null     I:0 Null Null Null Null Null Null Null Null   Null   Null !13 I:0
-Integer  I:0 Null I:7  L:3  L:2  L:1  L:4  L:2  I:6    I:7    I:5  !13 I:0
-Long     L:0 Null L:3  L:3  L:2  L:1  L:0  L:2  L:2    L:3    L:1  !13 L:0
-Single   L:0 Null L:2  L:2  L:2  L:0  L:0  L:2  L:2    L:2    L:0  !13 L:0
-Double   L:0 Null L:1  L:1  L:0  L:1  L:0  L:0  L:0    L:1    L:1  !13 L:0
-Currency L:0 Null L:4  L:0  L:0  L:0  L:4  L:0  L:4    L:4    L:4  !13 L:0
-Date     L:0 Null L:2  L:2  L:2  L:0  L:0  L:2  L:2    L:2    L:0  !13 L:0
-String   I:0 Null I:6  L:2  L:2  L:0  L:4  L:2  B:True B:True I:4  !13 I:0
-Boolean  I:0 Null I:7  L:3  L:2  L:1  L:4  L:2  B:True B:True I:5  !13 I:0
-Byte     I:0 Null I:5  L:1  L:0  L:1  L:4  L:0  I:4    I:5    Y:5  !13 I:0
-Text     !13 !13  !13  !13  !13  !13  !13  !13  !13    !13    !13  !13 !13
-Zero     I:0 I:0  I:0  L:0  L:0  L:0  L:0  L:0  I:0    I:0    I:0  !13 I:0
+Empty    L:0 L:0  I:0  L:0  L:0  L:0  L:0  L:0  L:0  I:0    I:0  !13 I:0
+Null     L:0 Null Null Null Null Null Null Null Null Null   Null !13 I:0
+Integer  I:0 Null I:7  L:3  L:2  L:1  L:4  L:2  L:6  I:7    I:5  !13 I:0
+Long     L:0 Null L:3  L:3  L:2  L:1  L:0  L:2  L:2  L:3    L:1  !13 L:0
+Single   L:0 Null L:2  L:2  L:2  L:0  L:0  L:2  L:2  L:2    L:0  !13 L:0
+Double   L:0 Null L:1  L:1  L:0  L:1  L:0  L:0  L:0  L:1    L:1  !13 L:0
+Currency L:0 Null L:4  L:0  L:0  L:0  L:4  L:0  L:4  L:4    L:4  !13 L:0
+Date     L:0 Null L:2  L:2  L:2  L:0  L:0  L:2  L:2  L:2    L:0  !13 L:0
+String   L:0 Null L:6  L:2  L:2  L:0  L:4  L:2  L:6  L:6    L:4  !13 L:0
+Boolean  I:0 Null I:7  L:3  L:2  L:1  L:4  L:2  L:6  B:True I:5  !13 I:0
+Byte     I:0 Null I:5  L:1  L:0  L:1  L:4  L:0  L:4  I:5    Y:5  !13 I:0
+Text     !13 !13  !13  !13  !13  !13  !13  !13  !13  !13    !13  !13 !13
+Zero     I:0 I:0  I:0  L:0  L:0  L:0  L:0  L:0  L:0  I:0    I:0  !13 I:0
 )t"},
     {"Or", R"t(
-Empty    I:0  Null   I:7  L:3  L:2  L:1  L:4  L:2  I:6    I:-1   I:5  !13 I:0
-Null     Null Null   I:7  L:3  L:2  L:1  L:4  L:2  B:True B:True Y:5  !13 Null
-Integer  I:7  I:7    I:7  L:7  L:7  L:7  L:7  L:7  I:7    I:-1   I:7  !13 I:7
-Long     L:3  L:3    L:7  L:3  L:3  L:3  L:7  L:3  L:7    L:-1   L:7  !13 L:3
-Single   L:2  L:2    L:7  L:3  L:2  L:3  L:6  L:2  L:6    L:-1   L:7  !13 L:2
-Double   L:1  L:1    L:7  L:3  L:3  L:1  L:5  L:3  L:7    L:-1   L:5  !13 L:1
-Currency L:4  L:4    L:7  L:7  L:6  L:5  L:4  L:6  L:6    L:-1   L:5  !13 L:4
-Date     L:2  L:2    L:7  L:3  L:2  L:3  L:6  L:2  L:6    L:-1   L:7  !13 L:2
-String   I:6  B:True I:7  L:7  L:6  L:7  L:6  L:6  B:True B:True I:7  !13 I:6
-Boolean  I:-1 B:True I:-1 L:-1 L:-1 L:-1 L:-1 L:-1 B:True B:True I:-1 !13 I:-1
-Byte     I:5  Y:5    I:7  L:7  L:7  L:5  L:5  L:7  I:7    I:-1   Y:5  !13 I:5
-Text     !13  !13    !13  !13  !13  !13  !13  !13  !13    !13    !13  !13 !13
-Zero     I:0  Null   I:7  L:3  L:2  L:1  L:4  L:2  I:6    I:-1   I:5  !13 I:0
+Empty    L:0  Null   I:7  L:3  L:2  L:1  L:4  L:2  L:6  I:-1   I:5  !13 I:0
+Null     Null Null   I:7  L:3  L:2  L:1  L:4  L:2  L:6  B:True Y:5  !13 Null
+Integer  I:7  I:7    I:7  L:7  L:7  L:7  L:7  L:7  L:7  I:-1   I:7  !13 I:7
+Long     L:3  L:3    L:7  L:3  L:3  L:3  L:7  L:3  L:7  L:-1   L:7  !13 L:3
+Single   L:2  L:2    L:7  L:3  L:2  L:3  L:6  L:2  L:6  L:-1   L:7  !13 L:2
+Double   L:1  L:1    L:7  L:3  L:3  L:1  L:5  L:3  L:7  L:-1   L:5  !13 L:1
+Currency L:4  L:4    L:7  L:7  L:6  L:5  L:4  L:6  L:6  L:-1   L:5  !13 L:4
+Date     L:2  L:2    L:7  L:3  L:2  L:3  L:6  L:2  L:6  L:-1   L:7  !13 L:2
+String   L:6  L:6    L:7  L:7  L:6  L:7  L:6  L:6  L:6  L:-1   L:7  !13 L:6
+Boolean  I:-1 B:True I:-1 L:-1 L:-1 L:-1 L:-1 L:-1 L:-1 B:True I:-1 !13 I:-1
+Byte     I:5  Y:5    I:7  L:7  L:7  L:5  L:5  L:7  L:7  I:-1   Y:5  !13 I:5
+Text     !13  !13    !13  !13  !13  !13  !13  !13  !13  !13    !13  !13 !13
+Zero     I:0  Null   I:7  L:3  L:2  L:1  L:4  L:2  L:6  I:-1   I:5  !13 I:0
 )t"},
     {"Xor", R"t(
-Empty    I:0  Null I:7  L:3  L:2  L:1  L:4  L:2  L:6  I:-1    I:5  !13  I:0
+Empty    L:0  Null I:7  L:3  L:2  L:1  L:4  L:2  L:6  I:-1    I:5  !13  I:0
 Null     Null Null Null Null Null Null Null Null Null Null    Null Null Null
 Integer  I:7  Null I:0  L:4  L:5  L:6  L:3  L:5  L:1  I:-8    I:2  !13  I:7
 Long     L:3  Null L:4  L:0  L:1  L:2  L:7  L:1  L:5  L:-4    L:6  !13  L:3
@@ -183,7 +183,7 @@ Text     !13  Null !13  !13  !13  !13  !13  !13  !13  !13     !13  !13  !13
 Zero     I:0  Null I:7  L:3  L:2  L:1  L:4  L:2  L:6  I:-1    I:5  !13  I:0
 )t"},
     {"Eqv", R"t(
-Empty    I:-1 Null I:-8 L:-4 L:-3 L:-2 L:-5 L:-3 L:-7 I:0    I:-6  !13  I:-1
+Empty    L:-1 Null I:-8 L:-4 L:-3 L:-2 L:-5 L:-3 L:-7 I:0    I:-6  !13  I:-1
 Null     Null Null Null Null Null Null Null Null Null Null   Null  Null Null
 Integer  I:-8 Null I:-1 L:-5 L:-6 L:-7 L:-4 L:-6 L:-2 I:7    I:-3  !13  I:-8
 Long     L:-4 Null L:-5 L:-1 L:-2 L:-3 L:-8 L:-2 L:-6 L:3    L:-7  !13  L:-4
@@ -198,19 +198,19 @@ Text     !13  Null !13  !13  !13  !13  !13  !13  !13  !13    !13   !13  !13
 Zero     I:-1 Null I:-8 L:-4 L:-3 L:-2 L:-5 L:-3 L:-7 I:0    I:-6  !13  I:-1
 )t"},
     {"Imp", R"t(
-Empty    I:-1 I:-1  I:-1 L:-1 L:-1 L:-1 L:-1 L:-1 I:-1   I:-1   I:-1  !13 I:-1
-Null     Null Null  I:7  L:3  L:2  L:1  L:4  L:2  B:True B:True Y:5   !13 Null
-Integer  I:-8 I:-8  I:-1 L:-5 L:-6 L:-7 L:-4 L:-6 I:-2   I:-1   I:-3  !13 I:-8
-Long     L:-4 L:-4  L:-1 L:-1 L:-2 L:-3 L:-4 L:-2 L:-2   L:-1   L:-3  !13 L:-4
-Single   L:-3 L:-3  L:-1 L:-1 L:-1 L:-3 L:-3 L:-1 L:-1   L:-1   L:-3  !13 L:-3
-Double   L:-2 L:-2  L:-1 L:-1 L:-2 L:-1 L:-2 L:-2 L:-2   L:-1   L:-1  !13 L:-2
-Currency L:-5 L:-5  L:-1 L:-5 L:-5 L:-5 L:-1 L:-5 L:-1   L:-1   L:-1  !13 L:-5
-Date     L:-3 L:-3  L:-1 L:-1 L:-1 L:-3 L:-3 L:-1 L:-1   L:-1   L:-3  !13 L:-3
-String   I:-7 Null  I:-1 L:-5 L:-5 L:-7 L:-3 L:-5 B:True B:True I:-3  !13 I:-7
-Boolean  I:0  Null  I:7  L:3  L:2  L:1  L:4  L:2  B:True B:True I:5   !13 I:0
-Byte     I:-6 Y:250 I:-1 L:-5 L:-6 L:-5 L:-2 L:-6 I:-2   I:-1   Y:255 !13 I:-6
-Text     !13  !13   !13  !13  !13  !13  !13  !13  !13    !13    !13   !13 !13
-Zero     I:-1 I:-1  I:-1 L:-1 L:-1 L:-1 L:-1 L:-1 I:-1   I:-1   I:-1  !13 I:-1
+Empty    L:-1 L:-1  I:-1 L:-1 L:-1 L:-1 L:-1 L:-1 L:-1 I:-1   I:-1  !13 I:-1
+Null     Null Null  I:7  L:3  L:2  L:1  L:4  L:2  L:6  B:True Y:5   !13 Null
+Integer  I:-8 I:-8  I:-1 L:-5 L:-6 L:-7 L:-4 L:-6 L:-2 I:-1   I:-3  !13 I:-8
+Long     L:-4 L:-4  L:-1 L:-1 L:-2 L:-3 L:-4 L:-2 L:-2 L:-1   L:-3  !13 L:-4
+Single   L:-3 L:-3  L:-1 L:-1 L:-1 L:-3 L:-3 L:-1 L:-1 L:-1   L:-3  !13 L:-3
+Double   L:-2 L:-2  L:-1 L:-1 L:-2 L:-1 L:-2 L:-2 L:-2 L:-1   L:-1  !13 L:-2
+Currency L:-5 L:-5  L:-1 L:-5 L:-5 L:-5 L:-1 L:-5 L:-1 L:-1   L:-1  !13 L:-5
+Date     L:-3 L:-3  L:-1 L:-1 L:-1 L:-3 L:-3 L:-1 L:-1 L:-1   L:-3  !13 L:-3
+String   L:-7 L:-7  L:-1 L:-5 L:-5 L:-7 L:-3 L:-5 L:-1 L:-1   L:-3  !13 L:-7
+Boolean  I:0  Null  I:7  L:3  L:2  L:1  L:4  L:2  L:6  B:True I:5   !13 I:0
+Byte     I:-6 Y:250 I:-1 L:-5 L:-6 L:-5 L:-2 L:-6 L:-2 I:-1   Y:255 !13 I:-6
+Text     !13  !13   !13  !13  !13  !13  !13  !13  !13  !13    !13   !13 !13
+Zero     I:-1 I:-1  I:-1 L:-1 L:-1 L:-1 L:-1 L:-1 L:-1 I:-1   I:-1  !13 I:-1
 )t"},
 };
 // clang-format on

@@ -208,14 +208,14 @@ TEST(OperatorRefusalTest, ArraysErrorsAndNothingAreNoOperands) {
   }
 }
 
-std::string Comparisons(const Variant& left, const Variant& right, bool one_is_literal = false) {
+std::string Comparisons(const Variant& left, const Variant& right, unsigned literals = 0) {
   std::string holding;
   const std::pair<Comparison, const char*> all[] = {
       {Comparison::kEqual, "="},      {Comparison::kNotEqual, "<>"}, {Comparison::kLess, "<"},
       {Comparison::kLessEqual, "<="}, {Comparison::kGreater, ">"},   {Comparison::kGreaterEqual, ">="},
   };
   for (const auto& [comparison, sign] : all) {
-    const Variant holds = Compare(left, right, comparison, one_is_literal);
+    const Variant holds = Compare(left, right, comparison, literals);
     if (holds.Is(VarType::kNull)) return "Null";
     if (holds.boolean()) holding += std::string(sign) + " ";
   }
@@ -235,7 +235,8 @@ TEST(CompareTest, NumbersCompareByValueWhateverTheirType) {
   EXPECT_EQ(Comparisons(Variant::Date(2), Variant(int16_t{2})), kSame);
   EXPECT_EQ(Comparisons(Variant(true), Variant(int16_t{-1})), kSame);
   EXPECT_EQ(Comparisons(Variant(true), Variant(false)), kBelow);
-  EXPECT_EQ(Comparisons(Variant(0.1F), Variant(0.1)), kAbove);
+  EXPECT_EQ(Comparisons(Variant(0.1F), Variant(0.1)), kSame);
+  EXPECT_EQ(Comparisons(Variant(0.1), Variant(0.1F)), kSame);
   EXPECT_EQ(Comparisons(kMinLong, kMaxLong), kBelow);
 }
 
@@ -256,10 +257,19 @@ TEST(CompareTest, ANumberIsLessThanAnyText) {
   EXPECT_EQ(Comparisons(Variant::Date(2), Variant("")), kBelow);
 }
 
-TEST(CompareTest, BesideALiteralATextIsReadAsANumber) {
-  EXPECT_EQ(Comparisons(Variant("1"), Variant(int16_t{1}), true), kSame);
-  EXPECT_EQ(Comparisons(Variant(int16_t{10}), Variant("9"), true), kAbove);
-  EXPECT_EQ(Comparisons(Variant("abc"), Variant(int16_t{9}), true), kAbove);
+TEST(CompareTest, BesideANumberOfTheSourceATextIsReadAsANumber) {
+  EXPECT_EQ(Comparisons(Variant("01"), Variant(int16_t{1}), kRightIsLiteral), kSame);
+  EXPECT_EQ(Comparisons(Variant(int16_t{10}), Variant("9"), kLeftIsLiteral), kAbove);
+  EXPECT_EQ(Comparisons(Variant("1/1/1900"), Variant::Date(2), kRightIsLiteral), kSame);
+  EXPECT_THROW(Comparisons(Variant("abc"), Variant(int16_t{9}), kRightIsLiteral), RuntimeError);
+  EXPECT_EQ(Comparisons(Variant("abc"), Variant(true), kRightIsLiteral), kAbove);
+}
+
+TEST(CompareTest, BesideATextOfTheSourceEverythingIsComparedAsText) {
+  EXPECT_EQ(Comparisons(Variant("1"), Variant(int16_t{1}), kLeftIsLiteral), kSame);
+  EXPECT_EQ(Comparisons(Variant(int16_t{10}), Variant("9"), kRightIsLiteral), kBelow);
+  EXPECT_EQ(Comparisons(Variant(true), Variant("True"), kRightIsLiteral), kSame);
+  EXPECT_EQ(Comparisons(Variant("1.0"), Variant(1.0), kLeftIsLiteral | kRightIsLiteral), kAbove);
 }
 
 TEST(CompareTest, EmptyEqualsZeroAndTheEmptyText) {
@@ -337,7 +347,7 @@ TEST(DefaultMemberTest, AnObjectStandsForItsDefaultMember) {
   EXPECT_EQ(Comparisons(seven, plain), kSame);
   EXPECT_EQ(Show(Negate(seven)), "Integer -7");
   EXPECT_EQ(Show(Not(seven)), "Integer -8");
-  EXPECT_EQ(Show(UnaryPlus(seven)), "Integer 7");
+  EXPECT_EQ(Show(UnaryPlus(seven)), "Object Seven");
   EXPECT_TRUE(IsTrue(seven));
 }
 

@@ -158,8 +158,8 @@ InStrRev("ABC", "b", -1, 1) => Long 2
 InStrRev("ABC", "b", -1, 0) => Long 0
 InStrRev("ABC", "b", , 1) => Long 2
 InStrRev("ABC", "b", -1, 3) !! 5
-InStrRev(Null, "b") => Null
-InStrRev("b", Null) => Null
+InStrRev(Null, "b") !! 94
+InStrRev("b", Null) !! 94
 InStrRev("abc", "abcd") => Long 0
 )t");
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/convert.h"
+#include "base/text.h"
 #include "script/script_runner.h"
 
 namespace kestrun {
@@ -39,6 +40,12 @@ class Gadget final : public TableObject {
            return Variant();
          }},
         {"Fail", MemberKind::kMethod, 0, 0, [](Object&, Arguments) -> Variant { Raise(1030, "the host's own text"); }},
+        {"FailWithResult", MemberKind::kMethod, 1, 1,
+         [](Object&, Arguments a) -> Variant { throw HostError(ToLong(a[0])); }},
+        {"FailInOwnWords", MemberKind::kMethod, 0, 0,
+         [](Object&, Arguments) -> Variant {
+           throw HostError(static_cast<int>(0x80004002), "own words", "Gadget", "gadget.chm", 10);
+         }},
         {"Fixed", MemberKind::kReadOnly, 0, 0, [](Object&, Arguments) { return Variant("fixed"); }},
     };
     static const MemberTable kTable{nullptr, kMembers};
@@ -50,6 +57,67 @@ class Gadget final : public TableObject {
   Variant value;
   bool alive = true;
 };
+
+TEST_F(ScriptEngineTest, AHostsResultCodeBecomesTheLanguagesNumber) {
+  engine_->AddObject("Thing", MakeRef<Gadget>());
+  engine_->AddCode(R"(
+    On Error Resume Next
+    For Each code In Array(&H80004002, &H8002000B, &H80030005, &H800A0009, &H80080008)
+      Err.Clear
+      Thing.FailWithResult code
+      Host.Echo Err.Number, Err.Source, Err.Description
+    Next)");
+  EXPECT_EQ(recorder_->lines,
+            (std::vector<std::string>{"430 Microsoft VBScript runtime error Class doesn't support Automation",
+                                      "9 Microsoft VBScript runtime error Subscript out of range",
+                                      "70 Microsoft VBScript runtime error Permission denied",
+                                      "9 Microsoft VBScript runtime error Subscript out of range", "-2146959352  "}));
+}
+
+TEST_F(ScriptEngineTest, AHostThatDescribesItsFailureKeepsItsNumberAndItsHelp) {
+  engine_->AddObject("Thing", MakeRef<Gadget>());
+  engine_->AddCode(R"(
+    On Error Resume Next
+    Thing.FailInOwnWords
+    Host.Echo Hex(Err.Number), Err.Source, Err.Description, Err.HelpFile, Err.HelpContext)");
+  EXPECT_EQ(recorder_->lines, std::vector<std::string>{"80004002 Gadget own words gadget.chm 10"});
+}
+
+TEST_F(ScriptEngineTest, AnUncaughtResultCodeReachesTheHostAsTheLanguagesError) {
+  engine_->AddObject("Thing", MakeRef<Gadget>());
+  EXPECT_FALSE(engine_->AddCode("Thing.FailWithResult &H80004001"));
+  EXPECT_EQ(engine_->Error().Number, 445);
+  EXPECT_EQ(engine_->Error().Description, "Object doesn't support this action");
+}
+
+TEST_F(ScriptEngineTest, ModulesInUtf16AreReadWhenTheyHaveTheirMark) {
+  const std::string text = "Host.Echo \"\xC3\xA4\", 1";
+  std::string little = "\xFF\xFE";
+  std::string big = "\xFE\xFF";
+  for (const char16_t unit : ToUtf16(text)) {
+    little += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    big += {static_cast<char>(unit >> 8), static_cast<char>(unit & 0xFF)};
+  }
+  EXPECT_TRUE(engine_->AddCode(little));
+  EXPECT_TRUE(engine_->AddCode(big));
+  EXPECT_TRUE(engine_->AddCode("\xEF\xBB\xBF" + text));
+  EXPECT_EQ(recorder_->lines, (std::vector<std::string>{"\xC3\xA4 1", "\xC3\xA4 1", "\xC3\xA4 1"}));
+}
+
+TEST_F(ScriptEngineTest, AConstantOfAnEarlierModuleIsNotDefinedAgain) {
+  EXPECT_TRUE(engine_->AddCode("Const answer = 42"));
+  EXPECT_FALSE(engine_->AddCode("x = 1\nConst answer = 43"));
+  EXPECT_EQ(engine_->Error().Number, 1041);
+  EXPECT_EQ(engine_->Error().Line, 2);
+  EXPECT_EQ(engine_->Error().Column, 7);
+}
+
+TEST_F(ScriptEngineTest, TheScriptsLocaleEndsWhereTheHostBegins) {
+  engine_->AddCode("SetLocale 1031\nHost.Echo 1.5, CStr(1.5)\nFunction F : F = CStr(2.5) : End Function");
+  EXPECT_EQ(recorder_->lines, std::vector<std::string>{"1.5 1,5"});
+  EXPECT_EQ(RunText("F"), "2,5");
+  EXPECT_EQ(ToText(Variant(1.5)), "1.5");
+}
 
 TEST_F(ScriptEngineTest, WithoutALanguageAddCodeFails) {
   const auto engine = MakeScriptEngine();

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/text.h"
-#include "platform/http.h"
+#include "formats/http/http_syntax.h"
 
 #ifdef _WIN32
 // In this order.

@@ -6,6 +6,7 @@
 
 #include "base/runtime_error.h"
 #include "web/loopback_fixture.h"
+#include "web/web_request.h"
 
 namespace kestrun {
 namespace {
@@ -156,15 +157,14 @@ TEST_F(HttpFailureTest, ABodyAtTheLimitIsWhole) {
     connection.Write(std::string(kHead) + "Content-Length: " + std::to_string(kMostResponseBytes) + "\r\n\r\n");
     connection.Write(std::string(kMostResponseBytes, 'x'));
   });
-  const std::optional<HttpResponse> response = desktop.internet().Send({"GET", server.Url("/"), {}, {}, {}});
+  const std::optional<HttpResponse> response = SendRequest({"GET", server.Url("/"), {}, {}});
   ASSERT_TRUE(response.has_value());
   EXPECT_EQ(response->body.size(), kMostResponseBytes);
 }
 
 TEST_F(HttpFailureTest, AFaultInAHandlerEndsTheRequest) {
   server.AnswerPage("/", "", "x");
-  const HttpRequest request{"GET", server.Url("/"), {}, {}, [] { Raise(error::kOverflow); }};
-  EXPECT_FALSE(desktop.internet().Send(request).has_value());
+  EXPECT_FALSE(SendRequest({"GET", server.Url("/"), {}, {}}, [] { Raise(error::kOverflow); }).has_value());
 }
 
 TEST_F(HttpFailureTest, TheNextRequestWorksBehindAFailedOne) {

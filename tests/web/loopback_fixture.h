@@ -12,7 +12,7 @@
 #include "support/loopback_server.h"
 #include "web/cls_http.h"
 #ifdef _WIN32
-#include "desktop/win32/system/win32_services.h"
+#include "desktop/win32/system/win32_http.h"
 #else
 #include "desktop/headless/socket_http.h"
 #endif
@@ -23,9 +23,9 @@ class LoopbackTest : public HeadlessTest {
  protected:
   LoopbackTest() {
 #ifdef _WIN32
-    desktop.internet().transport = [](const HttpRequest& request) { return Win32Internet().Send(request); };
+    desktop.internet().transport = OpenWinHttpSession;
 #else
-    desktop.internet().transport = SendOverSockets;
+    desktop.internet().transport = OpenSocketSession;
 #endif
   }
 

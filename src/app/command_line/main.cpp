@@ -1,5 +1,7 @@
-// The command-line program: -pack and the other words that need no window, with the same code and the same bytes as the
-// Windows program. What a box would have said goes to standard error, and its safe answer is taken.
+// The command-line program: -pack, -restore and the other words that need no window, with the same code and the same
+// bytes as the Windows program. What a box would have said goes to standard error, and its safe answer is taken.
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -14,11 +16,18 @@ namespace {
 
 constexpr int kExitFailed = 1;
 constexpr int kExitUsage = 2;
-constexpr size_t kPackQuotes = 6;
+// The words that need no window, and the least number of double quotes behind them.
+struct BatchWord {
+  const char* word;
+  size_t quotes;
+};
+constexpr std::array kBatchWords{BatchWord{"-pack ", 6}, BatchWord{"-restore ", 2}};
 
 constexpr const char* kUsage =
-    "usage: kestrun -pack ARCHIVE NAME SOURCE [/z]\n"
+    "usage: kestrun -pack ARCHIVE NAME SOURCE\n"
+    "       kestrun -pack ARCHIVE NAME SOURCE.zip/z      every file of the zip; \"/z\" behind a blank is no flag\n"
     "       kestrun '-pack \"ARCHIVE\" \"NAME\" \"SOURCE\"/z'\n"
+    "       kestrun -restore ARCHIVE [NAME]\n"
     "       kestrun -?\n"
     "All other commands need the window program, kestrun.exe.\n";
 
@@ -29,8 +38,10 @@ int FailWithUsage(const std::string& command) {
 
 bool IsHelp(const std::string& command) { return command == "?" || command == "/?" || command == "-?"; }
 
-bool IsCompletePack(const std::string& command) {
-  return kestrun::StartsWith(command, "-pack ") && kestrun::Split(command, "\"").size() > kPackQuotes;
+bool IsCompleteBatch(const std::string& command) {
+  return std::any_of(kBatchWords.begin(), kBatchWords.end(), [&](const BatchWord& row) {
+    return kestrun::StartsWith(command, row.word) && kestrun::Split(command, "\"").size() > row.quotes;
+  });
 }
 
 // What a box would have said, on a stream; one that comes again and again a few times only.
@@ -62,7 +73,7 @@ class Speaker {
 int main(int argument_count, char** arguments) {
   const std::vector<std::string> words(arguments + 1, arguments + argument_count);
   const std::string command = kestrun::JoinCommandWords(words);
-  if (!IsHelp(command) && !IsCompletePack(command)) return FailWithUsage(command);
+  if (!IsHelp(command) && !IsCompleteBatch(command)) return FailWithUsage(command);
 
   kestrun::CommandLineHost host(command);
   const kestrun::PlatformInstallation installation(host.platform());

@@ -16,15 +16,17 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::string_view kUsage =
-    "usage: vbsrun [--parse] [--time] [--timeout MS] FILE... [-- ARGUMENT...]\n"
+    "usage: vbsrun [--parse] [--time] [--timeout MS] [--memory MB] FILE... [-- ARGUMENT...]\n"
     "  --parse       only parse\n"
     "  --time        print the times of parsing and running to standard error\n"
-    "  --timeout MS  stop after so many milliseconds\n";
+    "  --timeout MS  stop after so many milliseconds\n"
+    "  --memory MB   let scripts keep at most so many megabytes\n";
 
 struct Options {
   bool parse_only = false;
   bool show_times = false;
   int64_t timeout_ms = -1;
+  size_t memory_bytes = vbs::Limits{}.memory_bytes;
   std::vector<std::string> files;
   std::vector<std::string> arguments;
 };
@@ -39,6 +41,8 @@ std::optional<Options> ReadOptions(int count, char** words) {
       options.show_times = true;
     } else if (word == "--timeout" && at + 1 < count) {
       options.timeout_ms = std::strtoll(words[++at], nullptr, 10);
+    } else if (word == "--memory" && at + 1 < count) {
+      options.memory_bytes = std::strtoull(words[++at], nullptr, 10) * 1024 * 1024;
     } else if (word == "--") {
       options.arguments.assign(words + at + 1, words + count);
       break;
@@ -69,6 +73,7 @@ class Session {
  public:
   explicit Session(const Options& options) : options_(options) {
     engine_.limits().timeout_ms = options.timeout_ms;
+    engine_.limits().memory_bytes = options.memory_bytes;
     engine_.AddObject("WScript", MakeRef<WScriptObject>(options.arguments));
   }
 

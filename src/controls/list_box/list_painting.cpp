@@ -41,6 +41,7 @@ int Nearest(double value) { return static_cast<int>(RoundToEven(value)); }
 void McListBox::Paint(Canvas& canvas) {
   ClampListIndex();
   PaintBackground(canvas);
+  if (items_.Count() == 0 && !empty_text_.empty()) PaintEmptyText(canvas);
   if (visible_rows_ == 0) return;
   try {
     PaintRows(canvas);
@@ -66,6 +67,12 @@ void McListBox::PaintBackground(Canvas& canvas) const {
     canvas.DrawPicture(*picture, {0, 0, Scaled(picture->width_pixels()), Scaled(picture->height_pixels())});
   }
   PaintGradient(canvas, all, BackGradient, canvas.Translate(BackColor), canvas.Translate(BackGradientCol));
+}
+
+void McListBox::PaintEmptyText(Canvas& canvas) const {
+  const int inset = Scaled(8);
+  canvas.Text(empty_text_, {inset, inset, canvas.Size().width - inset, inset + Scaled(RowHeight)}, Font,
+              color::kGrayText, TextPlacement::kLeft);
 }
 
 void McListBox::PaintRows(Canvas& canvas) const {

@@ -182,6 +182,11 @@ void McListBox::SelectAll() {
   Redraw();
 }
 
+void McListBox::SetEmptyText(std::string text) {
+  empty_text_ = std::move(text);
+  Redraw();
+}
+
 void McListBox::SetImageList(Ref<Object> images) {
   images_ = std::move(images);
   Redraw();

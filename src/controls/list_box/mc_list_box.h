@@ -101,6 +101,9 @@ class McListBox final : public UserControl, public StoredControl {
   void ClearSelection();
   void SelectAll();
 
+  // What an empty list says in the place of its rows; nothing at first. No member of scripts.
+  void SetEmptyText(std::string text);
+
   // Whose ListImages(number) gives the rows' icons.
   void SetImageList(Ref<Object> images);
 
@@ -173,6 +176,7 @@ class McListBox final : public UserControl, public StoredControl {
   void ScrollTo(int position);
 
   void PaintBackground(Canvas& canvas) const;
+  void PaintEmptyText(Canvas& canvas) const;
   void PaintRows(Canvas& canvas) const;
   void PaintRow(Canvas& canvas, const Look& look, int row) const;
   void PaintSelection(Canvas& canvas, const Look& look, int row, int top) const;
@@ -194,6 +198,7 @@ class McListBox final : public UserControl, public StoredControl {
   ListItems items_;
   ListSelection selection_;
   Ref<Object> images_;
+  std::string empty_text_;
   int list_index_ = -1;
   int visible_rows_ = 0;
   int position_ = 0;  // first row shown

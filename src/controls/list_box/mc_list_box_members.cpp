@@ -110,7 +110,7 @@ constexpr Member kRows[]{
     MethodRow<&McListBox::BlendColor>("BlendColor"),
     RawMethodRow("TranslateColor", 1, 2, &CallTranslateColor),
 };
-const MemberTable kTable{&Control::kControlMembers, kRows};
+const MemberTable kTable{&Control::kWindowedMembers, kRows};
 
 // ---- stored properties, each under its own name ----
 

@@ -32,7 +32,7 @@ constexpr Member kRows[]{
     PropertyRow<&CompositeControl::BorderStyle>("BroderStyle"),
     PropertyRow<&CompositeControl::BackStyle>("BackStyle"),
 };
-const MemberTable kTable{&Control::kControlMembers, kRows};
+const MemberTable kTable{&Control::kWindowedMembers, kRows};
 
 // A place or size in twips from a calculation, however far that went.
 int Twips(double value) {

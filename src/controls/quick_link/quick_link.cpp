@@ -56,7 +56,7 @@ constexpr Member kRows[]{
     LabelRow<&QuickLink::ChStartup>("ChStartup"),
     ReadOnlyRow<&QuickLink::LinkCount>("LinkCount"),
 };
-const MemberTable kTable{&Control::kControlMembers, kRows};
+const MemberTable kTable{&Control::kWindowedMembers, kRows};
 
 std::string DefaultHelpFile() { return platform().program().Folder() + "\\" + platform().program().ExeName() + ".chm"; }
 
@@ -82,8 +82,8 @@ const MemberTable& QuickLink::Members() const { return kTable; }
 
 void QuickLink::PlaceConstituents() {
   Image1.Move(120, 90, 480, 480);
-  Image1.Picture = HelpPicture();
   Image1.Stretch = true;
+  Image1.Picture = HelpPicture();
   Image1.ToolTipText = "Help";
   Label1.Caption = "What do you want to do?";
   Label1.Move(720, 210, 2400, 240);

@@ -16,6 +16,7 @@
 #include <thread>
 #include <utility>
 
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "desktop/headless/socket_http.h"
 
@@ -86,15 +87,45 @@ void PrintQuestion(const UnexpectedQuestion& question) {
   std::fputs(line.c_str(), stderr);
 }
 
-}  // namespace
-
-std::vector<std::string> ListSystemProcesses() {
-  std::vector<std::string> names;
+// The folders of /proc that are processes.
+std::vector<fs::path> ProcessFolders() {
+  std::vector<fs::path> folders;
   std::error_code failure;
   for (fs::directory_iterator entry("/proc", failure), end; !failure && entry != end; entry.increment(failure)) {
     const std::string number = entry->path().filename().string();
-    if (number.find_first_not_of("0123456789") != std::string::npos) continue;
-    std::string name = ProcessName(entry->path());
+    if (number.find_first_not_of("0123456789") == std::string::npos) folders.push_back(entry->path());
+  }
+  return folders;
+}
+
+// A process of another user shows none of its files.
+bool HasOpen(const fs::path& process, const fs::path& file) {
+  std::error_code failure;
+  for (fs::directory_iterator entry(process / "fd", failure), end; !failure && entry != end; entry.increment(failure)) {
+    std::error_code gone;
+    if (fs::read_symlink(entry->path(), gone) == file) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+std::vector<std::string> ListFileHolders(const std::string& native_path) {
+  std::vector<std::string> names;
+  std::error_code failure;
+  const fs::path file = fs::canonical(native_path, failure);
+  if (failure) return names;
+  const fs::path self = fs::read_symlink("/proc/self", failure);
+  for (const fs::path& process : ProcessFolders()) {
+    if (process.filename() != self && HasOpen(process, file)) names.push_back(ProcessName(process));
+  }
+  return names;
+}
+
+std::vector<std::string> ListSystemProcesses() {
+  std::vector<std::string> names;
+  for (const fs::path& process : ProcessFolders()) {
+    std::string name = ProcessName(process);
     if (!name.empty()) names.push_back(std::move(name));
   }
   return names;
@@ -104,12 +135,17 @@ CommandLineHost::CommandLineHost(std::string command_line) {
   platform_.program().command_line = std::move(command_line);
   NameFolders();
   platform_.processes().list = ListSystemProcesses;
+  platform_.processes().list_holders = [this](std::string_view path) {
+    std::vector<std::string> names;
+    Attempt([&] { names = ListFileHolders(files_.NativePath(path)); });
+    return names;
+  };
   platform_.processes().end = [] {
     std::fflush(nullptr);
     std::_Exit(0);
   };
   platform_.internet().connected = HasNetworkInterface();
-  platform_.internet().transport = SendOverSockets;
+  platform_.internet().transport = OpenSocketSession;
   platform_.shell().open_result = kNoAssociation;
   platform_.clock().SetLocalDateTime(SystemDateTime());
   platform_.OnUnexpected(PrintQuestion);

@@ -29,6 +29,9 @@ class CommandLineHost {
 // Names of the running processes as /proc lists them; a Windows program under Wine with its ".exe".
 [[nodiscard]] std::vector<std::string> ListSystemProcesses();
 
+// Names of the other processes that have the file open, as /proc tells.
+[[nodiscard]] std::vector<std::string> ListFileHolders(const std::string& native_path);
+
 }  // namespace kestrun
 
 #endif  // _WIN32

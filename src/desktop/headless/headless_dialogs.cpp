@@ -4,6 +4,8 @@
 #include <span>
 #include <utility>
 
+#include "base/text.h"
+
 namespace kestrun {
 namespace {
 
@@ -54,6 +56,9 @@ void Compare(std::string& differences, std::string_view aspect, const std::optio
 }
 
 std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+
+// A text without the last of its lines; a text of one line as it is.
+std::string WithoutLastLine(const std::string& text) { return text.substr(0, text.rfind(kCrLf)); }
 
 }  // namespace
 
@@ -122,7 +127,7 @@ struct HeadlessDialogs::Question {
     if (expected.kind_ != kind) return "expected next: " + Described(expected.kind_, expected.text_.value_or(""));
     const auto as_number = [](auto value) { return Number(static_cast<int>(value)); };
     std::string differences;
-    Compare(differences, "text", expected.text_, text, Quoted);
+    Compare(differences, "text", expected.text_, expected.has_advice_ ? WithoutLastLine(text) : text, Quoted);
     Compare(differences, "title", expected.title_, title, Quoted);
     Compare(differences, "buttons", expected.buttons_, buttons, as_number);
     Compare(differences, "icon", expected.icon_, icon, as_number);
@@ -148,6 +153,12 @@ ExpectedDialog& HeadlessDialogs::ExpectBox(std::string text, BoxAnswer answer) {
   ExpectedDialog& expected = Expect(QuestionKind::kMessage);
   expected.text_ = std::move(text);
   expected.answer_ = answer;
+  return expected;
+}
+
+ExpectedDialog& HeadlessDialogs::ExpectFileFailure(const std::string& text, const std::string& path) {
+  ExpectedDialog& expected = ExpectBox(text + ": " + path);
+  expected.has_advice_ = true;
   return expected;
 }
 

@@ -38,6 +38,7 @@ class ExpectedDialog {
 
   QuestionKind kind_ = QuestionKind::kMessage;
   std::optional<std::string> text_;
+  bool has_advice_ = false;  // a line of any text behind it
   std::optional<std::string> title_;
   std::optional<BoxButtons> buttons_;
   std::optional<BoxIcon> icon_;
@@ -58,6 +59,9 @@ class HeadlessDialogs final : public Dialogs {
   // Lay down the next answer. All kinds share one queue, so that their order is part of what is expected. Texts and
   // prompts are compared whole; no answer means Cancel.
   ExpectedDialog& ExpectBox(std::string text, BoxAnswer answer = BoxAnswer::kOk);
+  // The box of a failure that is about a file: the text, ": ", the path, and what to do about it on the next line,
+  // which is not compared.
+  ExpectedDialog& ExpectFileFailure(const std::string& text, const std::string& path);
   ExpectedDialog& ExpectInput(std::string prompt, std::optional<std::string> answer);
   ExpectedDialog& ExpectFile(std::optional<std::string> answer);
   ExpectedDialog& ExpectFolder(std::string prompt, std::optional<std::string> answer);

@@ -12,6 +12,7 @@
 #include "desktop/headless/headless_settings.h"
 #include "desktop/headless/headless_shell.h"
 #include "desktop/headless/headless_windowing.h"
+#include "platform/located_files.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -42,14 +43,14 @@ class HeadlessClipboard final : public Clipboard {
 class HeadlessPlatform final : public Platform {
  public:
   // The file system must outlive this object.
-  explicit HeadlessPlatform(FileSystem& files) : files_(&files) {}
+  explicit HeadlessPlatform(FileSystem& files) : files_(files) {}
 
   // Puts another file system in the place of the first, such as one that fails.
-  void UseFiles(FileSystem& files) { files_ = &files; }
+  void UseFiles(FileSystem& files) { files_.Use(files); }
   // One handler for boxes, dialogues and modal windows alike.
   void OnUnexpected(const UnexpectedHandler& handler);
 
-  [[nodiscard]] FileSystem& files() override { return *files_; }
+  [[nodiscard]] FileSystem& files() override { return files_; }
   [[nodiscard]] HeadlessProgram& program() override { return program_; }
   [[nodiscard]] HeadlessUserSettings& user_settings() override { return user_settings_; }
   [[nodiscard]] HeadlessRegistry& registry() override { return registry_; }
@@ -63,13 +64,13 @@ class HeadlessPlatform final : public Platform {
   [[nodiscard]] HeadlessWindowing& windowing() override { return windowing_; }
 
  private:
-  FileSystem* files_;
+  LocatedFiles files_;
   HeadlessProgram program_;
   HeadlessUserSettings user_settings_;
   HeadlessRegistry registry_;
   HeadlessShell shell_;
   HeadlessProcesses processes_;
-  HeadlessInternet internet_{[this]() -> FileSystem& { return *files_; }};
+  HeadlessInternet internet_{[this]() -> FileSystem& { return files_; }};
   HeadlessDialogs dialogs_;
   HeadlessClipboard clipboard_;
   HeadlessPictures pictures_;

@@ -55,6 +55,12 @@ std::string HeadlessShell::ShellFolder(int csidl) {
 
 std::vector<std::string> HeadlessProcesses::RunningNames() { return list ? list() : names; }
 
+std::vector<std::string> HeadlessProcesses::HoldersOf(std::string_view path) {
+  if (list_holders) return list_holders(path);
+  const auto found = holders.find(path);
+  return found == holders.end() ? std::vector<std::string>() : found->second;
+}
+
 void HeadlessProcesses::EndProcess() {
   ++end_count;
   if (end) end();
@@ -67,10 +73,12 @@ bool HeadlessInternet::IsUrl(std::string_view text) {
 
 void HeadlessInternet::Reply(std::string url, std::string_view content) {
   const ByteView bytes = AsBytes(content);
+  answers_[url] = {200, {}, Bytes(bytes.begin(), bytes.end())};
   replies_[std::move(url)] = {0, Bytes(bytes.begin(), bytes.end())};
 }
 
 void HeadlessInternet::ReplyWithFailure(std::string url, int error_number) {
+  answers_.erase(url);
   replies_[std::move(url)] = {error_number, {}};
 }
 
@@ -93,16 +101,38 @@ void HeadlessInternet::Answer(std::string url, HttpResponse response) {
   answers_[std::move(url)] = std::move(response);
 }
 
-std::optional<HttpResponse> HeadlessInternet::Send(const HttpRequest& request) {
+class HeadlessInternet::CannedSession final : public HttpSession {
+ public:
+  explicit CannedSession(HeadlessInternet& internet) : internet_(internet) {}
+  void Exchange(const HttpRequest& request, HttpReceiver& receiver) override { internet_.Exchange(request, receiver); }
+
+ private:
+  HeadlessInternet& internet_;
+};
+
+std::unique_ptr<HttpSession> HeadlessInternet::OpenSession() {
+  if (transport) return transport();
+  return std::make_unique<CannedSession>(*this);
+}
+
+void HeadlessInternet::Exchange(const HttpRequest& request, HttpReceiver& receiver) {
   requests.push_back({request.method, request.url, request.headers, std::string(AsChars(request.body))});
-  if (transport) return transport(request);
+  const bool leaves_at_once = leave_after_requests && requests.size() > *leave_after_requests;
+  const auto user_leaves = [this, leaves_at_once](uint64_t received) {
+    return leaves_at_once || (leave_after_bytes && received >= *leave_after_bytes);
+  };
+  receiver.StillWaiting(user_leaves(0));
   const auto found = answers_.find(request.url);
-  if (found == answers_.end()) return std::nullopt;
-  // One event for the start and one for a body that arrives in one piece. A handler may lay down other answers.
-  HttpResponse response = found->second;
-  if (request.on_event) request.on_event();
-  if (request.on_event && !response.body.empty()) request.on_event();
-  return response;
+  if (found == answers_.end()) Raise(error::kAutomationError, "The server cannot be reached.");
+  // A copy: the receiver may lay down other answers.
+  const HttpResponse response = found->second;
+  if (!receiver.TakeHead(response.status, response.headers)) return;
+  for (size_t at = 0; at < response.body.size();) {
+    const size_t count = std::min(piece_bytes, response.body.size() - at);
+    if (!receiver.TakePiece(ByteView(response.body).subspan(at, count))) return;
+    at += count;
+    receiver.StillWaiting(user_leaves(at));
+  }
 }
 
 }  // namespace kestrun

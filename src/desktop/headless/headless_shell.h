@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -42,9 +43,14 @@ class HeadlessShell final : public Shell {
 class HeadlessProcesses final : public Processes {
  public:
   [[nodiscard]] std::vector<std::string> RunningNames() override;
+  [[nodiscard]] std::vector<std::string> HoldersOf(std::string_view path) override;
   void EndProcess() override;
 
   std::vector<std::string> names;
+  // The programs that have a file open, by its path.
+  std::map<std::string, std::vector<std::string>, std::less<>> holders;
+  // Where set, asked instead of `holders`.
+  std::function<std::vector<std::string>(std::string_view path)> list_holders;
   // Where set, asked instead of `names`.
   std::function<std::vector<std::string>()> list;
   // How often the process was told to end.
@@ -57,7 +63,7 @@ class HeadlessProcesses final : public Processes {
 struct SentRequest {
   std::string method;
   std::string url;
-  std::vector<HttpHeader> headers;
+  HttpHeaders headers;
   std::string body;
   friend bool operator==(const SentRequest&, const SentRequest&) = default;
 };
@@ -73,34 +79,42 @@ class HeadlessInternet final : public Internet {
   // A laid-down reply, or the file that a file:// URL names. Anything else is "object not found", a target that
   // cannot be written "download failure".
   [[nodiscard]] int DownloadToFile(std::string_view url, std::string_view path) override;
+  // Exchanges over it get the laid-down answers, whatever the method; a URL without one cannot be reached.
+  [[nodiscard]] std::unique_ptr<HttpSession> OpenSession() override;
 
-  // The laid-down answer for the URL, whatever the method; nothing for a URL without one.
-  [[nodiscard]] std::optional<HttpResponse> Send(const HttpRequest& request) override;
-
+  // What is behind this URL from now on, over http as an answer with status 200.
   void Reply(std::string url, std::string_view content);
   void ReplyWithFailure(std::string url, int error_number);
 
-  // What Send answers for this URL from now on.
+  // The answer for this URL from now on.
   void Answer(std::string url, HttpResponse response);
 
   static constexpr int kObjectNotFound = static_cast<int>(0x800C0006);
   static constexpr int kDownloadFailure = static_cast<int>(0x800C0008);
 
   bool connected = true;
-  // Every URL that was asked for, in order.
+  // Every URL that the system's own download was asked for, in order.
   std::vector<std::string> downloads;
   // Every request that was sent, in order.
   std::vector<SentRequest> requests;
-  // Where set, sends the requests in the place of the laid-down answers: real sockets, for those who ask for them.
-  std::function<std::optional<HttpResponse>(const HttpRequest& request)> transport;
+  // Answers come in pieces of at most so many bytes; between two of them the receiver hears that it still waits.
+  size_t piece_bytes = size_t{1} << 20;
+  // The user presses Esc in every exchange once so many bytes of its body have arrived.
+  std::optional<uint64_t> leave_after_bytes;
+  // The user presses Esc in every exchange behind so many.
+  std::optional<size_t> leave_after_requests;
+  // Where set, opens the sessions in the place of the laid-down answers: real sockets, for those who ask for them.
+  std::function<std::unique_ptr<HttpSession>()> transport;
 
  private:
   struct CannedReply {
     int error_number = 0;
     Bytes content;
   };
+  class CannedSession;
   // Error 53 when there is no such file.
   [[nodiscard]] Bytes ContentOf(std::string_view url);
+  void Exchange(const HttpRequest& request, HttpReceiver& receiver);
 
   std::function<FileSystem&()> files_;
   std::map<std::string, CannedReply, std::less<>> replies_;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "forms/active_form.h"
 #include "forms/form.h"
 #include "forms/menu_item.h"
 #include "forms/user_control.h"
@@ -33,14 +34,20 @@ PixelSize ClientOf(const UserControl& control, int dpi) {
 // Keeps calls instead of showing anything, and moves the focus as a screen would.
 class HeadlessWindowing::Peer final : public FormPeer {
  public:
-  Peer(HeadlessWindowing& windowing, Form& form) : windowing_(windowing), form_(form) {
-    ResizeAll();
-    const std::vector<Control*> order = form.TabOrder();
+  Peer(HeadlessWindowing& windowing, Form& form) : windowing_(windowing), form_(form) { ResizeAll(); }
+  ~Peer() override { ForgetNumbers(); }
+  Peer(const Peer&) = delete;
+  Peer& operator=(const Peer&) = delete;
+
+  void Show() override {
+    windowing_.shown_forms.push_back(form_.Name());
+    NoteActivated(form_);
+    const std::vector<Control*> order = form_.TabOrder();
     if (!order.empty()) MoveFocus(*order.front());
   }
-
   void Close() override {
     Record(PeerCall::Kind::kClose, form_);
+    ForgetNumbers();
     std::erase_if(windowing_.popups_, [this](const HeadlessPopup& popup) { return popup.form == &form_; });
   }
   void Update(Control& control, PropertyId property) override {
@@ -68,7 +75,20 @@ class HeadlessWindowing::Peer final : public FormPeer {
     Record(PeerCall::Kind::kPopUpMenu, item);
     windowing_.RunPopUp(item);
   }
-  void BringToFront() override { Record(PeerCall::Kind::kBringToFront, form_); }
+  void BringToFront() override {
+    Record(PeerCall::Kind::kBringToFront, form_);
+    NoteActivated(form_);
+  }
+  int32_t WindowNumber(const Control& control) override {
+    if (control.FindMember("hWnd") == kNoMember) return 0;
+    int32_t& number = numbers_[&control];
+    if (number == 0) {
+      number = ++windowing_.last_number_;
+      windowing_.windows_[number] = &control;
+    }
+    return number;
+  }
+  int Dpi() override { return windowing_.dpi(); }
 
   void ShowPopup(Control& control, const PixelRect& screen_area, std::function<void(Canvas&)> paint) override {
     windowing_.HidePopup(control);
@@ -135,8 +155,14 @@ class HeadlessWindowing::Peer final : public FormPeer {
     });
   }
 
+  void ForgetNumbers() {
+    for (const auto& [control, number] : numbers_) windowing_.windows_.erase(number);
+    numbers_.clear();
+  }
+
   HeadlessWindowing& windowing_;
   Form& form_;
+  std::map<const Control*, int32_t> numbers_;  // of the windows that were asked for
   std::map<const Control*, PixelSize> sizes_;  // as the control was told
 };
 
@@ -160,9 +186,47 @@ void HeadlessWindowing::ForgetExpectations() {
   expected_menus_.clear();
 }
 
-std::unique_ptr<FormPeer> HeadlessWindowing::Show(Form& form) {
-  shown_forms.push_back(form.Name());
-  return std::make_unique<Peer>(*this, form);
+std::shared_ptr<FormPeer> HeadlessWindowing::MakePeer(Form& form) { return std::make_shared<Peer>(*this, form); }
+
+const Control* HeadlessWindowing::ControlOfWindow(int32_t window_number) const {
+  const auto found = windows_.find(window_number);
+  return found == windows_.end() ? nullptr : found->second;
+}
+
+// A bitmap in memory that its number leads to for as long as it lives.
+class HeadlessWindowing::Surface final : public DrawingSurface {
+ public:
+  Surface(HeadlessWindowing& windowing, PixelSize size, int dpi)
+      : windowing_(windowing), number_(++windowing.last_number_), canvas_(size, dpi) {
+    windowing_.surfaces_[number_] = this;
+  }
+  ~Surface() override { windowing_.surfaces_.erase(number_); }
+  Surface(const Surface&) = delete;
+  Surface& operator=(const Surface&) = delete;
+
+  [[nodiscard]] PixelSize Size() const override { return canvas_.Size(); }
+  void Draw(const std::function<void(Canvas&)>& drawing) override { drawing(canvas_); }
+  void Resize(PixelSize size, const std::function<void(Canvas&)>& background) override {
+    const RasterCanvas before = std::exchange(canvas_, RasterCanvas(size, canvas_.Dpi()));
+    background(canvas_);
+    canvas_.DrawPixels(before.pixels(), before.Size(), {0, 0, before.Size().width, before.Size().height});
+  }
+  [[nodiscard]] int32_t ContextNumber() const override { return number_; }
+  [[nodiscard]] const RasterCanvas& canvas() const { return canvas_; }
+
+ private:
+  HeadlessWindowing& windowing_;
+  int32_t number_;
+  RasterCanvas canvas_;
+};
+
+std::unique_ptr<DrawingSurface> HeadlessWindowing::MakeSurface(PixelSize size, int dpi) {
+  return std::make_unique<Surface>(*this, size, dpi);
+}
+
+const RasterCanvas* HeadlessWindowing::CanvasOfContext(int32_t context_number) const {
+  const auto found = surfaces_.find(context_number);
+  return found == surfaces_.end() ? nullptr : &found->second->canvas();
 }
 
 void HeadlessWindowing::RunModal(Form& form) {
@@ -219,6 +283,24 @@ std::optional<uint32_t> HeadlessWindowing::SystemColor(int number) {
       0xE3E3E3, 0x000000, 0xE1FFFF, 0x000000, 0xCC6600, 0xEAD1B9, 0xF2E4D7, 0xFF9933, 0xF0F0F0};
   if (number < 0 || static_cast<size_t>(number) >= kColors.size()) return std::nullopt;
   return kColors[static_cast<size_t>(number)];
+}
+
+TextExtent HeadlessWindowing::MeasureLines(std::string_view text, const FontDescription& font, int width_twips) {
+  const int line_height = MeasureText("", font, dpi()).height * screen.twips_per_pixel;
+  TextExtent extent;
+  for (const std::string& line : Split(ReplaceAll(std::string(text), "\r", ""), "\n")) {
+    int width = 0;
+    int lines = 1;
+    for (const std::string& word : Split(line, " ")) {
+      const int with_word = width == 0 ? TextWidth(word, font) : width + TextWidth(" " + word, font);
+      const bool breaks = width_twips > 0 && width > 0 && with_word > width_twips;
+      if (breaks) ++lines;
+      width = breaks ? TextWidth(word, font) : with_word;
+      extent.width_twips = std::max(extent.width_twips, width);
+    }
+    extent.height_twips += lines * line_height;
+  }
+  return extent;
 }
 
 PixelSize HeadlessWindowing::MeasureText(std::string_view text, const FontDescription& font, int dpi) {

@@ -4,11 +4,13 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "desktop/headless/headless_clock.h"
+#include "desktop/headless/raster_canvas.h"
 #include "desktop/headless/unexpected.h"
 #include "platform/windowing.h"
 
@@ -63,8 +65,8 @@ class HeadlessWindowing final : public Windowing {
   [[nodiscard]] std::vector<std::string> Unused() const;
   void ForgetExpectations();
 
-  // The first control in tab order gets the focus.
-  [[nodiscard]] std::unique_ptr<FormPeer> Show(Form& form) override;
+  // When it is shown, the first control in tab order gets the focus.
+  [[nodiscard]] std::shared_ptr<FormPeer> MakePeer(Form& form) override;
   // A window that nobody expected, or that is still there after its action, is told to `on_unexpected` and closed.
   void RunModal(Form& form) override;
   // Runs tasks and timers in virtual time until `Quit`, or until nothing is left that could ever call it, or until
@@ -77,12 +79,21 @@ class HeadlessWindowing final : public Windowing {
   // Each character is half as wide as the font is high.
   [[nodiscard]] int TextWidth(std::string_view text, const FontDescription& font) override;
   [[nodiscard]] PixelSize MeasureText(std::string_view text, const FontDescription& font, int dpi) override;
+  [[nodiscard]] TextExtent MeasureLines(std::string_view text, const FontDescription& font, int width_twips) override;
+  [[nodiscard]] std::unique_ptr<DrawingSurface> MakeSurface(PixelSize size, int dpi) override;
+  [[nodiscard]] std::vector<std::string> FontNames() override { return fonts; }
+
+  // The control, or the form, whose window has that number; null for a number that no window has now.
+  [[nodiscard]] const Control* ControlOfWindow(int32_t window_number) const;
+  // What is drawn on the bitmap of that number; null for a number that none has now.
+  [[nodiscard]] const RasterCanvas* CanvasOfContext(int32_t context_number) const;
   // What the control shows in front of all windows now; null for nothing. Its `paint` takes any canvas.
   [[nodiscard]] const HeadlessPopup* PopupOf(const Control& control) const;
   [[nodiscard]] int dpi() const { return 1440 / screen.twips_per_pixel; }
 
   UnexpectedHandler on_unexpected;
   ScreenSize screen{1024 * 15, 768 * 15, 15};
+  std::vector<std::string> fonts{"Arial", "MS Sans Serif", "Tahoma"};
   uint64_t longest_run_ms = 60 * 60 * 1000;
   // Names of all forms that were shown, in order.
   std::vector<std::string> shown_forms;
@@ -93,6 +104,7 @@ class HeadlessWindowing final : public Windowing {
 
  private:
   class Peer;
+  class Surface;
   struct ExpectedModal {
     std::string form_name;
     std::function<void(Form&)> action;
@@ -110,6 +122,9 @@ class HeadlessWindowing final : public Windowing {
   std::deque<ExpectedModal> expected_;
   std::deque<ExpectedPopUp> expected_menus_;
   std::vector<HeadlessPopup> popups_;
+  std::map<int32_t, const Control*> windows_;
+  std::map<int32_t, Surface*> surfaces_;
+  int32_t last_number_ = 0;  // of a window or a bitmap
   bool quit_ = false;
 };
 

@@ -7,6 +7,7 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "desktop/headless/socket_http.h"
+#include "formats/http/http_syntax.h"
 
 namespace kestrun {
 namespace {
@@ -19,10 +20,7 @@ constexpr size_t kMostLineBytes = size_t{16} << 10;
 // The stream with what has been received and not yet taken.
 class Stream {
  public:
-  Stream(const ReceiveBytes& receive, const std::function<void()>& on_event) : receive_(receive), on_event_(on_event) {}
-
-  // Tells of every piece from now on.
-  void TellOfPieces() { tells_ = true; }
+  explicit Stream(const ReceiveBytes& receive) : receive_(receive) {}
 
   // A line without its end.
   std::string Line() {
@@ -39,44 +37,42 @@ class Stream {
     }
   }
 
-  // Appends so many bytes.
-  void Take(uint64_t count, Bytes& body) {
-    if (count > kMostResponseBytes - body.size()) Refuse("The answer is too large.");
-    while (count > 0) {
-      if (waiting_.empty() && !Fill()) Refuse("The answer is cut off.");
-      count -= TakeWaiting(count, body);
-    }
-  }
-
-  // Appends all up to the end of the stream.
-  void TakeRest(Bytes& body) {
-    while (!waiting_.empty() || Fill()) {
-      if (waiting_.size() > kMostResponseBytes - body.size()) Refuse("The answer is too large.");
-      TakeWaiting(waiting_.size(), body);
-    }
+  // The next bytes, at most so many, valid until the next call; none at the end of the stream.
+  ByteView Piece(uint64_t most) {
+    if (waiting_.empty()) Fill();
+    const std::string_view piece = waiting_.substr(0, static_cast<size_t>(std::min<uint64_t>(most, waiting_.size())));
+    waiting_.remove_prefix(piece.size());
+    return AsBytes(piece);
   }
 
  private:
   bool Fill() {
     waiting_ = {buffer_.data(), receive_(buffer_)};
-    if (tells_ && !waiting_.empty() && on_event_) on_event_();
     return !waiting_.empty();
   }
 
-  size_t TakeWaiting(uint64_t most, Bytes& body) {
-    const auto count = static_cast<size_t>(std::min<uint64_t>(most, waiting_.size()));
-    const ByteView piece = AsBytes(waiting_.substr(0, count));
-    body.insert(body.end(), piece.begin(), piece.end());
-    waiting_.remove_prefix(count);
-    return count;
-  }
-
   const ReceiveBytes& receive_;
-  const std::function<void()>& on_event_;
-  bool tells_ = false;
   std::array<char, 16384> buffer_;
   std::string_view waiting_;
 };
+
+// These hand bytes on and give whether the receiver goes on. So many bytes, which have to be there:
+bool HandOn(Stream& stream, uint64_t count, HttpReceiver& receiver) {
+  while (count > 0) {
+    const ByteView piece = stream.Piece(count);
+    if (piece.empty()) Refuse("The answer is cut off.");
+    if (!receiver.TakePiece(piece)) return false;
+    count -= piece.size();
+  }
+  return true;
+}
+
+// All up to the end of the stream:
+void HandOnRest(Stream& stream, HttpReceiver& receiver) {
+  for (ByteView piece = stream.Piece(UINT64_MAX); !piece.empty(); piece = stream.Piece(UINT64_MAX)) {
+    if (!receiver.TakePiece(piece)) return;
+  }
+}
 
 // "HTTP/1.1 200 OK"; the words behind the number may be missing.
 int ParseStatusLine(const std::string& line) {
@@ -90,8 +86,8 @@ int ParseStatusLine(const std::string& line) {
 }
 
 // Header lines up to the empty one.
-std::vector<HttpHeader> ReadHeaders(Stream& stream) {
-  std::vector<HttpHeader> headers;
+HttpHeaders ReadHeaders(Stream& stream) {
+  HttpHeaders headers;
   size_t bytes = 0;
   for (std::string line = stream.Line(); !line.empty(); line = stream.Line()) {
     bytes += line.size() + kCrLf.size();
@@ -112,44 +108,41 @@ uint64_t ParseChunkSize(const std::string& line) {
   return std::stoull(std::string(text), nullptr, 16);
 }
 
-void ReadChunks(Stream& stream, Bytes& body) {
+void ReadChunks(Stream& stream, HttpReceiver& receiver) {
   for (uint64_t size = ParseChunkSize(stream.Line()); size > 0; size = ParseChunkSize(stream.Line())) {
-    stream.Take(size, body);
+    if (!HandOn(stream, size, receiver)) return;
     if (!stream.Line().empty()) Refuse("A chunk of the answer is longer than its size.");
   }
   ReadHeaders(stream);
 }
 
 // RFC 9112, 6.3.
-void ReadBody(Stream& stream, HttpResponse& response) {
-  if (const std::optional<std::string> coding = response.Header("Transfer-Encoding")) {
+void ReadBody(Stream& stream, const HttpHeaders& headers, HttpReceiver& receiver) {
+  if (const std::optional<std::string> coding = FindHeader(headers, "Transfer-Encoding")) {
     if (!EqualsNoCase(*coding, "chunked")) Refuse("The answer is coded in an unknown way.");
-    return ReadChunks(stream, response.body);
+    return ReadChunks(stream, receiver);
   }
-  const std::optional<std::string> told = response.Header("Content-Length");
-  if (!told) return stream.TakeRest(response.body);
+  const std::optional<std::string> told = FindHeader(headers, "Content-Length");
+  if (!told) return HandOnRest(stream, receiver);
   const std::optional<uint64_t> length = ParseLength(*told);
   if (!length) Refuse("The answer's length is no number.");
-  stream.Take(*length, response.body);
+  static_cast<void>(HandOn(stream, *length, receiver));
 }
 
 }  // namespace
 
-HttpResponse ReadHttpResponse(const std::string& method, const ReceiveBytes& receive,
-                              const std::function<void()>& on_event) {
-  Stream stream(receive, on_event);
-  HttpResponse response;
+void ReadHttpAnswer(const std::string& method, const ReceiveBytes& receive, HttpReceiver& receiver) {
+  Stream stream(receive);
+  int status = 0;
+  HttpHeaders headers;
   // Interim answers go before the real one.
   constexpr int kMostInterim = 10;
-  for (int interim = 0; response.status < 200; ++interim) {
+  for (int interim = 0; status < 200; ++interim) {
     if (interim > kMostInterim) Refuse("The answer never begins.");
-    response.status = ParseStatusLine(stream.Line());
-    response.headers = ReadHeaders(stream);
+    status = ParseStatusLine(stream.Line());
+    headers = ReadHeaders(stream);
   }
-  if (on_event) on_event();
-  stream.TellOfPieces();
-  if (!HasNoBody(method, response.status)) ReadBody(stream, response);
-  return response;
+  if (receiver.TakeHead(status, headers) && !HasNoBody(method, status)) ReadBody(stream, headers, receiver);
 }
 
 }  // namespace kestrun

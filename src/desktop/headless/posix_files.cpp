@@ -354,6 +354,16 @@ bool PosixFileSystem::IsFolder(std::string_view path) {
          S_ISDIR(status.st_mode);
 }
 
+bool PosixFileSystem::IsReadOnly(std::string_view path) {
+  constexpr mode_t kAnyWriter = S_IWUSR | S_IWGRP | S_IWOTH;
+  Status status{};
+  bool is_read_only = false;
+  Attempt([&] {
+    is_read_only = GetStatus(NativePath(path), status) && S_ISREG(status.st_mode) && (status.st_mode & kAnyWriter) == 0;
+  });
+  return is_read_only;
+}
+
 void PosixFileSystem::Copy(std::string_view from, std::string_view to) { CopyFileTo(NativePath(from), NativePath(to)); }
 
 void PosixFileSystem::Delete(std::string_view path) {

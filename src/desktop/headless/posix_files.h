@@ -23,6 +23,8 @@ class PosixFileSystem final : public FileSystem {
   [[nodiscard]] std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override;
   [[nodiscard]] bool Exists(std::string_view path) override;
   [[nodiscard]] bool IsFolder(std::string_view path) override;
+  // By the mark alone, which an administrator may write over.
+  [[nodiscard]] bool IsReadOnly(std::string_view path) override;
   // A copy of a file onto itself is refused with error 70.
   void Copy(std::string_view from, std::string_view to) override;
   void Delete(std::string_view path) override;

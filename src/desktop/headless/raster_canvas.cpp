@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 #include "base/text.h"
 #include "platform/platform.h"
@@ -87,6 +88,17 @@ void RasterCanvas::Frame(const PixelRect& area, Color color) {
 void RasterCanvas::HorizontalLine(int left, int right, int y, Color color) {
   Note("Line", {left, y, right, y + 1}, Hex(Translate(color)));
   FillVisible({left, y, right, y + 1}, PixelOf(Translate(color)));
+}
+
+void RasterCanvas::Line(PixelPoint from, PixelPoint to, Color color, int width) {
+  Note("Line", {from.x, from.y, to.x, to.y}, Hex(Translate(color)));
+  const uint32_t pixel = PixelOf(Translate(color));
+  const int steps = std::max({std::abs(to.x - from.x), std::abs(to.y - from.y), 1});
+  for (int step = 0; step <= steps; ++step) {
+    const int left = from.x + (to.x - from.x) * step / steps - (width - 1) / 2;
+    const int top = from.y + (to.y - from.y) * step / steps - (width - 1) / 2;
+    FillVisible({left, top, left + width, top + width}, pixel);
+  }
 }
 
 void RasterCanvas::FocusRectangle(const PixelRect& area) {

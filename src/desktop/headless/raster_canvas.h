@@ -26,6 +26,7 @@ class RasterCanvas final : public Canvas {
   void Fill(const PixelRect& area, Color color) override;
   void Frame(const PixelRect& area, Color color) override;
   void HorizontalLine(int left, int right, int y, Color color) override;
+  void Line(PixelPoint from, PixelPoint to, Color color, int width) override;
   void FocusRectangle(const PixelRect& area) override;
   void Text(std::string_view text, const PixelRect& area, const FontDescription& font, Color color,
             TextPlacement placement) override;

@@ -9,12 +9,13 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <memory>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "desktop/headless/file_descriptor.h"
-#include "platform/http_redirect.h"
+#include "formats/http/http_syntax.h"
 
 namespace kestrun {
 namespace {
@@ -66,44 +67,66 @@ Target ParseUrl(std::string_view url) {
   return target;
 }
 
-void WaitFor(const FileDescriptor& socket, short events, int limit_ms) {
-  pollfd wanted{socket.get(), events, 0};
-  int ready = 0;
-  do ready = ::poll(&wanted, 1, limit_ms);
-  while (ready < 0 && errno == EINTR);
-  if (ready <= 0) Refuse("The server does not answer in time.");
-}
+// Waits for a socket, and tells the receiver now and then that it does, in the flow of an answer as well.
+class Patience {
+ public:
+  explicit Patience(HttpReceiver& receiver) : receiver_(receiver) {}
+
+  void WaitFor(const FileDescriptor& socket, short events, int limit_ms) {
+    pollfd wanted{socket.get(), events, 0};
+    const Clock::time_point end = Clock::now() + std::chrono::milliseconds(limit_ms);
+    for (;;) {
+      const int ready = ::poll(&wanted, 1, kTellEveryMs);
+      Tell();
+      if (ready > 0) return;
+      if ((ready < 0 && errno != EINTR) || Clock::now() >= end) Refuse("The server does not answer in time.");
+    }
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  static constexpr int kTellEveryMs = 100;
+
+  void Tell() {
+    if (Clock::now() < next_) return;
+    next_ = Clock::now() + std::chrono::milliseconds(kTellEveryMs);
+    receiver_.StillWaiting(false);
+  }
+
+  HttpReceiver& receiver_;
+  Clock::time_point next_ = Clock::now() + std::chrono::milliseconds(kTellEveryMs);
+};
 
 // Invalid when this address cannot be reached.
-FileDescriptor TryAddress(const addrinfo& address) {
+FileDescriptor TryAddress(const addrinfo& address, Patience& patience) {
   FileDescriptor socket(::socket(address.ai_family, address.ai_socktype | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
   if (!socket.IsOpen()) return {};
   if (::connect(socket.get(), address.ai_addr, address.ai_addrlen) == 0) return socket;
   if (errno != EINPROGRESS) return {};
-  WaitFor(socket, POLLOUT, kConnectMs);
+  patience.WaitFor(socket, POLLOUT, kConnectMs);
   int failure = 0;
   socklen_t size = sizeof failure;
   ::getsockopt(socket.get(), SOL_SOCKET, SO_ERROR, &failure, &size);
   return failure == 0 ? std::move(socket) : FileDescriptor();
 }
 
-FileDescriptor Connect(const Target& target) {
+FileDescriptor Connect(const Target& target, Patience& patience) {
   addrinfo wanted{};
   wanted.ai_socktype = SOCK_STREAM;
   addrinfo* first = nullptr;
   if (::getaddrinfo(target.host.c_str(), target.port.c_str(), &wanted, &first) != 0) Refuse("No such server.");
   const std::unique_ptr<addrinfo, void (*)(addrinfo*)> owner(first, ::freeaddrinfo);
   for (const addrinfo* at = first; at; at = at->ai_next) {
-    FileDescriptor socket = TryAddress(*at);
+    FileDescriptor socket = TryAddress(*at, patience);
     if (socket.IsOpen()) return socket;
   }
   Refuse("The server cannot be reached.");
 }
 
 // False once the server takes no more: what it has answered by then is still there to be read.
-bool SendAll(const FileDescriptor& socket, std::string_view bytes) {
+bool SendAll(const FileDescriptor& socket, std::string_view bytes, Patience& patience) {
   while (!bytes.empty()) {
-    WaitFor(socket, POLLOUT, kTransferMs);
+    patience.WaitFor(socket, POLLOUT, kTransferMs);
     const ssize_t sent = ::send(socket.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
     if (sent < 0 && (errno == EAGAIN || errno == EINTR)) continue;
     if (sent < 0) return false;
@@ -112,9 +135,9 @@ bool SendAll(const FileDescriptor& socket, std::string_view bytes) {
   return true;
 }
 
-size_t Receive(const FileDescriptor& socket, std::span<char> buffer) {
+size_t Receive(const FileDescriptor& socket, std::span<char> buffer, Patience& patience) {
   for (;;) {
-    WaitFor(socket, POLLIN, kTransferMs);
+    patience.WaitFor(socket, POLLIN, kTransferMs);
     const ssize_t got = ::recv(socket.get(), buffer.data(), buffer.size(), 0);
     if (got >= 0) return static_cast<size_t>(got);
     if (errno != EAGAIN && errno != EINTR) Refuse("The connection is broken.");
@@ -132,22 +155,23 @@ std::string RequestHead(const HttpRequest& request, const Target& target) {
   return head + "\r\n";
 }
 
-HttpResponse SendOnce(const HttpRequest& request) {
-  if (!IsWellFormed(request)) Refuse("The request is malformed.");
-  const Target target = ParseUrl(request.url);
-  const FileDescriptor socket = Connect(target);
-  if (SendAll(socket, RequestHead(request, target))) static_cast<void>(SendAll(socket, AsChars(request.body)));
-  return ReadHttpResponse(
-      request.method, [&socket](std::span<char> buffer) { return Receive(socket, buffer); }, request.on_event);
-}
+class SocketSession final : public HttpSession {
+ public:
+  void Exchange(const HttpRequest& request, HttpReceiver& receiver) override {
+    Patience patience(receiver);
+    const Target target = ParseUrl(request.url);
+    const FileDescriptor socket = Connect(target, patience);
+    if (SendAll(socket, RequestHead(request, target), patience)) {
+      static_cast<void>(SendAll(socket, AsChars(request.body), patience));
+    }
+    ReadHttpAnswer(
+        request.method, [&](std::span<char> buffer) { return Receive(socket, buffer, patience); }, receiver);
+  }
+};
 
 }  // namespace
 
-std::optional<HttpResponse> SendOverSockets(const HttpRequest& request) {
-  std::optional<HttpResponse> response;
-  Attempt([&] { response = FollowRedirects(request, SendOnce); });
-  return response;
-}
+std::unique_ptr<HttpSession> OpenSocketSession() { return std::make_unique<SocketSession>(); }
 
 }  // namespace kestrun
 

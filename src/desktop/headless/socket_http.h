@@ -5,24 +5,24 @@
 #ifndef _WIN32
 
 #include <functional>
-#include <optional>
+#include <memory>
 #include <span>
+#include <string>
 
 #include "platform/http.h"
 
 namespace kestrun {
 
-// Follows redirects (platform/http_redirect.h). Waits 60 seconds for a connection and 30 for each piece of an answer.
-// Nothing on every failure; never raises.
-[[nodiscard]] std::optional<HttpResponse> SendOverSockets(const HttpRequest& request);
+// A way to the web for which nothing is kept from request to request. Waits 60 seconds for a connection and 30 for each
+// piece of an answer. There is no user who could press Esc.
+[[nodiscard]] std::unique_ptr<HttpSession> OpenSocketSession();
 
 // Fills the buffer with what has arrived and gives the count, 0 at the end of the stream.
 using ReceiveBytes = std::function<size_t(std::span<char> buffer)>;
 
-// Reads one whole response to a request of that method. Raises error 440 with a sentence for one that is cut off,
-// malformed or too large: a head of more than 64 KB, or a body of more than kMostResponseBytes.
-[[nodiscard]] HttpResponse ReadHttpResponse(const std::string& method, const ReceiveBytes& receive,
-                                            const std::function<void()>& on_event);
+// Hands one whole answer to a request of that method to the receiver. Raises error 440 with a sentence for one that is
+// cut off or malformed, or has a head of more than 64 KB.
+void ReadHttpAnswer(const std::string& method, const ReceiveBytes& receive, HttpReceiver& receiver);
 
 }  // namespace kestrun
 

@@ -7,6 +7,7 @@
 #include "desktop/win32/system/win32_files.h"
 #include "desktop/win32/system/win32_services.h"
 #include "desktop/win32/window/win32_windowing.h"
+#include "platform/located_files.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -17,7 +18,7 @@ class Win32Platform final : public Platform {
   Win32Platform();
   ~Win32Platform() override;
 
-  [[nodiscard]] FileSystem& files() override { return files_; }
+  [[nodiscard]] FileSystem& files() override { return located_; }
   [[nodiscard]] Program& program() override { return program_; }
   [[nodiscard]] UserSettings& user_settings() override { return user_settings_; }
   [[nodiscard]] Registry& registry() override { return registry_; }
@@ -33,6 +34,7 @@ class Win32Platform final : public Platform {
  private:
   SystemCodePage code_page_;
   Win32FileSystem files_;
+  LocatedFiles located_{files_};
   Win32Program program_;
   Win32UserSettings user_settings_;
   Win32Registry registry_;

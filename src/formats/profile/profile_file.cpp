@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/runtime_error.h"
+#include "base/to_size.h"
 #include "formats/profile/profile_text.h"
 #include "platform/platform.h"
 
@@ -14,7 +15,7 @@ Bytes ReadForChange(std::string_view path) {
   FileSystem& files = platform().files();
   if (!files.Exists(path)) return {};
   const std::unique_ptr<File> file = files.Open(path, OpenMode::kReadWrite);
-  Bytes content(file->Size());
+  Bytes content(ToSize(file->Size()));
   if (file->ReadAt(0, content) != content.size()) Raise(error::kInputPastEnd);
   return content;
 }

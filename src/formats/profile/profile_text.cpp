@@ -17,6 +17,35 @@ bool IsAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+// Length of the UTF-8 character that begins there; 0 when none does (RFC 3629, 4).
+size_t Utf8Length(std::string_view text) {
+  const auto byte = [text](size_t at) { return at < text.size() ? static_cast<unsigned char>(text[at]) : 0; };
+  const auto continues = [&byte](size_t at) { return (byte(at) & 0xC0) == 0x80; };
+  const int first = byte(0);
+  if (first < 0x80) return 1;
+  if (first < 0xC2 || first > 0xF4 || !continues(1)) return 0;
+  if (first < 0xE0) return 2;
+  if (first < 0xF0) {
+    const bool is_long = first == 0xE0 && byte(1) < 0xA0;
+    const bool is_surrogate = first == 0xED && byte(1) > 0x9F;
+    return continues(2) && !is_long && !is_surrogate ? 3 : 0;
+  }
+  const bool is_out_of_range = (first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) > 0x8F);
+  return continues(2) && continues(3) && !is_out_of_range ? 4 : 0;
+}
+
+// Bytes above 127 that all form UTF-8, at least once.
+bool HoldsUtf8(std::string_view text) {
+  bool has_wide = false;
+  for (size_t at = 0; at < text.size();) {
+    const size_t length = Utf8Length(text.substr(at));
+    if (length == 0) return false;
+    has_wide = has_wide || length > 1;
+    at += length;
+  }
+  return has_wide;
+}
+
 char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
 
 bool EqualsNoAsciiCase(std::string_view left, std::string_view right) {
@@ -48,7 +77,8 @@ class ProfileContent {
  public:
   explicit ProfileContent(ByteView content) : encoding_(DetectProfileEncoding(content)) {
     switch (encoding_) {
-      case ProfileEncoding::kCodePage: text_ = AsChars(content); return;
+      case ProfileEncoding::kCodePage:
+      case ProfileEncoding::kUnmarkedUtf8: text_ = AsChars(content); return;
       case ProfileEncoding::kUtf8: text_ = AsChars(content).substr(kUtf8Mark.size()); return;
       default: break;
     }
@@ -63,7 +93,9 @@ class ProfileContent {
     return encoding_ == ProfileEncoding::kCodePage ? DecodeText(piece) : std::string(piece);
   }
   [[nodiscard]] std::string Encode(std::string_view utf8) const {
-    return encoding_ == ProfileEncoding::kCodePage ? EncodeText(utf8) : std::string(utf8);
+    if (encoding_ == ProfileEncoding::kCodePage) return EncodeText(utf8);
+    // Through UTF-16 and back: one wrong byte would make a file without a mark a code page file.
+    return encoding_ == ProfileEncoding::kUnmarkedUtf8 ? ToUtf8(ToUtf16(utf8)) : std::string(utf8);
   }
   [[nodiscard]] std::string DecodeCut(std::string_view piece, size_t limit) const {
     return encoding_ == ProfileEncoding::kCodePage ? DecodeText(piece.substr(0, limit))
@@ -72,24 +104,29 @@ class ProfileContent {
 
   // A new text in the encoding of this one, mark included.
   [[nodiscard]] Bytes ToBytes(std::string_view text) const {
-    const ByteView mark = AsBytes(Mark());
-    Bytes bytes(mark.begin(), mark.end());
-    if (encoding_ == ProfileEncoding::kCodePage || encoding_ == ProfileEncoding::kUtf8) {
-      const ByteView plain = AsBytes(text);
-      bytes.insert(bytes.end(), plain.begin(), plain.end());
-    } else {
-      AppendUtf16(bytes, text, encoding_ == ProfileEncoding::kUtf16BigEndian);
+    if (encoding_ == ProfileEncoding::kCodePage && HoldsUtf8(text)) return Joined(kUtf8Mark, DecodeText(text));
+    if (encoding_ != ProfileEncoding::kUtf16LittleEndian && encoding_ != ProfileEncoding::kUtf16BigEndian) {
+      return Joined(Mark(), text);
     }
+    Bytes bytes = Joined(Mark(), {});
+    AppendUtf16(bytes, text, encoding_ == ProfileEncoding::kUtf16BigEndian);
     return bytes;
   }
 
  private:
+  [[nodiscard]] static Bytes Joined(std::string_view mark, std::string_view text) {
+    Bytes bytes(mark.begin(), mark.end());
+    bytes.insert(bytes.end(), text.begin(), text.end());
+    return bytes;
+  }
+
   [[nodiscard]] std::string_view Mark() const {
     switch (encoding_) {
       case ProfileEncoding::kUtf8: return kUtf8Mark;
       case ProfileEncoding::kUtf16LittleEndian: return kUtf16LittleEndianMark;
       case ProfileEncoding::kUtf16BigEndian: return kUtf16BigEndianMark;
-      case ProfileEncoding::kCodePage: break;
+      case ProfileEncoding::kCodePage:
+      case ProfileEncoding::kUnmarkedUtf8: break;
     }
     return {};
   }
@@ -209,11 +246,11 @@ bool CanBeFoundAgain(const std::string& section, const std::string& key) {
 }  // namespace
 
 ProfileEncoding DetectProfileEncoding(ByteView content) {
-  const std::string_view chars = AsChars(content.first(std::min<size_t>(content.size(), kUtf8Mark.size())));
+  const std::string_view chars = AsChars(content);
   if (StartsWith(chars, kUtf8Mark)) return ProfileEncoding::kUtf8;
   if (StartsWith(chars, kUtf16LittleEndianMark)) return ProfileEncoding::kUtf16LittleEndian;
   if (StartsWith(chars, kUtf16BigEndianMark)) return ProfileEncoding::kUtf16BigEndian;
-  return ProfileEncoding::kCodePage;
+  return HoldsUtf8(chars) ? ProfileEncoding::kUnmarkedUtf8 : ProfileEncoding::kCodePage;
 }
 
 std::optional<std::string> FindProfileValue(ByteView content, std::string_view section, std::string_view key,

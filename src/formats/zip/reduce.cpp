@@ -84,7 +84,7 @@ class Followers {
 // The second stage: bytes, and behind the escape the repeats of what has come out.
 class Repeats {
  public:
-  Repeats(int method, size_t limit, Bytes& output)
+  Repeats(int method, uint64_t limit, Bytes& output)
       : length_bits_(static_cast<unsigned>(9 - method)), limit_(limit), output_(output) {}
 
   void Take(uint8_t byte) {
@@ -135,7 +135,7 @@ class Repeats {
   }
 
   unsigned length_bits_;
-  size_t limit_;
+  uint64_t limit_;
   Bytes& output_;
   State state_ = State::kByte;
   uint8_t start_ = 0;
@@ -146,7 +146,7 @@ class Repeats {
 
 int32_t Reduce(ByteView data, int method, int64_t last, Bytes& output) {
   output.clear();
-  const auto limit = static_cast<size_t>(std::max<int64_t>(last + 1, 0));
+  const auto limit = static_cast<uint64_t>(std::max<int64_t>(last + 1, 0));
   Bits bits(data);
   Followers followers;
   if (!followers.ReadSets(bits)) return limit == 0 ? 0 : kReduceCutShort;

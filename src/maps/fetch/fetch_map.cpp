@@ -1,5 +1,7 @@
 #include "maps/fetch/fetch_map.h"
 
+#include <optional>
+
 #include "base/text.h"
 #include "formats/zip/cls_zip.h"
 #include "formats/zip/member_path.h"
@@ -9,6 +11,8 @@
 #include "program/folders.h"
 #include "program/path_text.h"
 #include "program/show_error.h"
+#include "web/download_file.h"
+#include "web/fetch_scope.h"
 #include "web/web_paths.h"
 
 namespace kestrun {
@@ -71,6 +75,24 @@ std::string UnzipChosenMap(const std::string& path) {
   return map;
 }
 
+// Downloads what a web address names, `local` becoming its file, and gives its kind. Nothing when it cannot be fetched,
+// which a box tells, and when the user has ended it.
+std::optional<int32_t> FetchToLocal(const std::string& path, std::string& local) {
+  const FetchScope fetch;
+  if (IsUrl(path)) {
+    local = SpecialFolder(folder::kTemporary) + "tempmap.bms";
+    TakeFetchTurn(local);
+    if (!DownloadFile(path, local)) {
+      if (!fetch.IsCancelled()) MsgBox("Can't download: " + path);
+      return std::nullopt;
+    }
+  }
+  // The address tells the kind, and its server may be asked: the temporary name is always that of a map.
+  const int32_t kind = MapFileKind(path);
+  if (fetch.IsCancelled()) return std::nullopt;
+  return kind;
+}
+
 }  // namespace
 
 int32_t MapFileKind(const std::string& Path) {
@@ -82,16 +104,9 @@ int32_t MapFileKind(const std::string& Path) {
 std::string FetchMap(const std::string& Path) {
   std::string local = Path;
   try {
-    if (IsUrl(Path)) {
-      local = SpecialFolder(folder::kTemporary) + "tempmap.bms";
-      TakeFetchTurn(local);
-      if (!DownloadFile(Path, local)) {
-        MsgBox("Can't download: " + Path);
-        return {};
-      }
-    }
-    // The address tells the kind: the temporary name is always that of a map.
-    if (MapFileKind(Path) == map_file_kind::kZip) local = GetFileFromZip(local);
+    const std::optional<int32_t> kind = FetchToLocal(Path, local);
+    if (!kind) return {};
+    if (*kind == map_file_kind::kZip) local = GetFileFromZip(local);
   } catch (const std::exception&) {
     ShowError("");
   }

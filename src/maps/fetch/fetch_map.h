@@ -15,8 +15,9 @@ inline constexpr int32_t kZip = 2;  // .zip
 [[nodiscard]] int32_t MapFileKind(const std::string& Path);
 
 // The local path of a map; empty when it cannot be fetched or the user gave up. A web address is downloaded to
-// "tempmap.bms" in the temporary folder, in the place of the one before; "Can't download: " + Path tells a failure. A
-// zip goes through GetFileFromZip. A local path comes back as it is, existing or not. Failures are shown.
+// "tempmap.bms" in the temporary folder, in the place of the one before; "Can't download: " + Path tells a failure, and
+// an Esc of the user's ends it silently. A zip goes through GetFileFromZip. A local path comes back as it is, existing
+// or not. Failures are shown.
 [[nodiscard]] std::string FetchMap(const std::string& Path);
 
 // Asks whether to load a map from inside the zip, and which. The member's path below "tempzip" in the temporary folder;

@@ -3,8 +3,7 @@
 #include "base/convert.h"
 #include "forms/keys.h"
 #include "platform/platform.h"
-#include "program/run_command.h"
-#include "program/style_hook.h"
+#include "program/window_kit/apply_style.h"
 
 namespace kestrun {
 namespace {
@@ -39,8 +38,7 @@ void frmzip::AddMap(const std::string& name, int32_t member) { LstZip.AddItem(na
 
 void frmzip::Load() {
   SetChosenZipMember(kNoZipMember);
-  if (!StyleActive()) return;
-  RunCommand([this] { FormLoadStyle(*this); }, "applystyle ");
+  ApplyStyleAtOnce(*this, "applystyle ");
 }
 
 void frmzip::Choose() {

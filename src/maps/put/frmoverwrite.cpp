@@ -1,14 +1,17 @@
 #include "maps/put/frmoverwrite.h"
 
 #include "base/convert.h"
-#include "program/run_command.h"
+#include "forms/member_rows.h"
 #include "program/settings.h"
-#include "program/style_hook.h"
+#include "program/window_kit/apply_style.h"
 
 namespace kestrun {
 namespace {
 
 const WindowRegistration registration(FrmOverWrite::kName, [] { return MakeRef<FrmOverWrite>(); });
+
+constexpr Member kRows[]{MethodRow<&FrmOverWrite::ApplyStyle>("ApplyStyle")};
+const MemberTable kTable{&Form::kFormMembers, kRows};
 
 bool overwrite_answer = false;
 
@@ -29,15 +32,18 @@ FrmOverWrite::FrmOverWrite() : Form(kName) {
     SetOverwriteAnswer(false);
     Unload();
   };
-  Timer1.Tick = [this] {
-    Timer1.Enabled = false;
-    RunCommand([this] { FormLoadStyle(*this); }, "Applystyle");
-  };
 }
+
+const MemberTable& FrmOverWrite::Members() const { return kTable; }
+
+void FrmOverWrite::ApplyStyle() { Timer1.Enabled = true; }
 
 void FrmOverWrite::Load() {
   if (!TextToBoolean(ReadSetting(setting::kWarnOverwrite))) ChShow.Value = 1;
-  if (StyleActive()) Timer1.Enabled = true;
+  StartStyleTimer(Timer1);
 }
+
+// The tab order is the order of reading; the question itself is answered by Enter or the space bar.
+void FrmOverWrite::Shown() { CmdOK.SetFocus(); }
 
 }  // namespace kestrun

@@ -27,8 +27,14 @@ class FrmOverWrite final : public Form {
   // Applies the style once.
   Timer& Timer1 = Add<Timer>("Timer1");
 
+  // Applies the style a moment later, by the timer.
+  void ApplyStyle();
+
+  [[nodiscard]] const MemberTable& Members() const override;
+
  protected:
   void Load() override;
+  void Shown() override;
 
  private:
   void LayOut();

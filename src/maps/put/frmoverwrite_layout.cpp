@@ -1,16 +1,12 @@
 #include "maps/put/frmoverwrite.h"
 #include "program/program_pictures.h"
+#include "program/window_kit/apply_style.h"
+#include "program/window_kit/place_controls.h"
 
 namespace kestrun {
 
 void FrmOverWrite::LayOut() {
-  Caption = "File Exists";
-  Icon = ProgramIcon();
-  BorderStyle = static_cast<int>(FormBorder::kFixedDialog);
-  StartUpPosition = static_cast<int>(StartPosition::kCenterOwner);
-  MinButton = false;
-  MaxButton = false;
-  ShowInTaskbar = false;
+  LayOutDialog(*this, "File Exists");
   SetClientSize(6000, 3000);
 
   imgPFF.Move(240, 240, 480, 480);
@@ -25,23 +21,16 @@ void FrmOverWrite::LayOut() {
 
   lblWarn.Caption =
       "Warning the file \"%1\" already exists in the \"%2\" file. Do you want to overwrite the file? If you overwrite "
-      "the "
-      "file you'll lose the default reg prison map!";
+      "the file you'll lose the default reg prison map!";
   lblWarn.WordWrap = true;
   lblWarn.Move(240, 900, 5520, 900);
 
   ChShow.Caption = "Don't show this message again.";
   ChShow.Move(240, 1920, 5520, 270);
 
-  CmdOK.Caption = "OK";
-  CmdOK.Default = true;
-  CmdOK.Move(3120, 2430, 1260, 375);
-  CmdCancel.Caption = "Cancel";
-  CmdCancel.Cancel = true;
-  CmdCancel.Move(4500, 2430, 1260, 375);
+  PlaceOkAndCancel(CmdOK, CmdCancel, 5760, 2430);
 
-  Timer1.Enabled = false;
-  Timer1.Interval = 1;
+  SetUpStyleTimer(*this, Timer1, 50, "Applystyle");
   for (Image* image : {&imgPFF, &imgBMS}) image->Stretch = true;
   for (Label* label : {&LblPFF, &LblBMS, &lblWarn}) label->UseMnemonic = false;  // they name files
 }

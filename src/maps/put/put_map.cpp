@@ -6,17 +6,19 @@
 #include "base/text.h"
 #include "formats/pff/cls_pff.h"
 #include "maps/put/frmoverwrite.h"
+#include "maps/put/keep_before_put.h"
+#include "maps/put/mission_name.h"
+#include "platform/file_error.h"
 #include "platform/platform.h"
 #include "platform/turn.h"
 #include "program/game_paths.h"
+#include "program/load_archive.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/show_error.h"
 
 namespace kestrun {
 namespace {
-
-constexpr size_t kNameFieldBytes = 16;
 
 bool AskToContinue(const std::string& title, const std::string& first_lines) {
   return MsgBox(first_lines + std::string(kCrLf) + "Continue?", BoxButtons::kYesNo, BoxIcon::kWarning, title) ==
@@ -26,7 +28,7 @@ bool AskToContinue(const std::string& title, const std::string& first_lines) {
 // The width of a name field in the archive, counted in its single-byte text.
 void CutToNameField(std::string& name) {
   const std::string encoded = EncodeText(name);
-  if (encoded.size() > kNameFieldBytes) name = DecodeText(std::string_view(encoded).substr(0, kNameFieldBytes));
+  if (encoded.size() > kMissionNameBytes) name = DecodeText(std::string_view(encoded).substr(0, kMissionNameBytes));
 }
 
 // A name that the archive cannot hold would come back as another one: it is refused before anything is changed.
@@ -38,10 +40,15 @@ void RefuseUnencodable(const std::string& name) {
                                           "'. Choose a name without it.");
 }
 
+// An empty map would leave the mission without data. It is refused before anything is asked; one that is missing fails
+// where it is read.
+void RefuseEmptyMap(const std::string& path) {
+  if (FileExists(path) && platform().files().Open(path, OpenMode::kRead)->Size() == 0) RaiseEmptyFile(path);
+}
+
 Bytes ReadMap(const std::string& path) {
   Bytes map = platform().files().ReadAll(path);
-  // An empty map would leave the mission without data.
-  if (map.empty()) Raise(error::kSubscriptOutOfRange);
+  if (map.empty()) RaiseEmptyFile(path);
   return map;
 }
 
@@ -65,33 +72,41 @@ bool RunProgramAfter(const AfterRun& after, const std::string& name, const std::
   return true;
 }
 
-// The archive is read again under the turn: another process may have changed it while the question stood.
-void PackInTurn(ClsPFF& archive, const std::string& archive_path, const Bytes& map, const std::string& name) {
+// The archive is read again under the turn: another process may have changed it while the question stood. False when
+// the user does not go on without the original.
+bool PackInTurn(ClsPFF& archive, const std::string& archive_path, const MapToPut& map, bool warn) {
   const auto turn = TakeTurn(archive_path);
-  static_cast<void>(archive.LoadPff(archive_path));
-  archive.PackFile(map, name);
+  LoadArchive(archive, archive_path);
+  if (!KeepBeforePut(&archive, map, warn)) return false;
+  archive.PackFile(map.content, map.name);
   archive.SavePffFile();
+  return true;
 }
 
 bool PutInArchive(const std::string& map_path, std::string& name, const std::string& game_folder, bool warn) {
+  RefuseEmptyMap(map_path);
   ClsPFF archive;
   const std::string archive_path = game_folder + "\\" + ReadSetting(setting::kArchiveName);
   if (!FileExists(archive_path) && warn &&
       !AskToContinue("File not found!", "The pff file: " + archive_path + " does not exists." + std::string(kCrLf) +
                                             "Go to options and select the right dflw game folder.")) {
+    OfferGameFolder();
     return false;
   }
-  static_cast<void>(archive.LoadPff(archive_path));
+  LoadArchive(archive, archive_path);
   int32_t index = -1;
   if (archive.PFFFileExists(name, index) && !ConfirmOverwrite(archive_path, name)) return false;
   CutToNameField(name);
   RefuseUnencodable(name);
-  PackInTurn(archive, archive_path, ReadMap(map_path), name);
+  const Bytes map = ReadMap(map_path);
+  if (!PackInTurn(archive, archive_path, {map, map_path, game_folder, name}, warn)) return false;
   platform().files().Copy(map_path, game_folder + "\\" + name);
   return RunProgramAfter({setting::kRunAfterPack, setting::kPackProgram, "put map in dflw"}, name, game_folder, warn);
 }
 
 bool PutBeside(const std::string& map_path, const std::string& name, const std::string& game_folder, bool warn) {
+  const Bytes map = platform().files().ReadAll(map_path);
+  if (!KeepBeforePut(nullptr, {map, map_path, game_folder, name}, warn)) return false;
   platform().files().Copy(map_path, game_folder + "\\" + name);
   return RunProgramAfter({setting::kRunAfterPlaying, setting::kPlayingProgram, "i'm already playing"}, name,
                          game_folder, warn);

@@ -6,10 +6,6 @@
 
 namespace kestrun {
 
-// The stock missions that a map takes the place of.
-inline constexpr const char* kCaptureTheFlagMission = "D08M03.BMS";
-inline constexpr const char* kDeathmatchMission = "D08M04.BMS";
-
 // Modes of PutMap; any other does nothing and gives false.
 inline constexpr int32_t kPutInArchive = 0;   // into the archive and beside it
 inline constexpr int32_t kPutBesideOnly = 1;  // only the loose file, for a game that is running

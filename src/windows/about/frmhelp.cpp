@@ -3,8 +3,9 @@
 #include "base/text.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
-#include "program/run_command.h"
 #include "program/style_hook.h"
+#include "program/window_kit/apply_style.h"
+#include "program/window_kit/run_command.h"
 #include "web/site.h"
 
 namespace kestrun {
@@ -61,9 +62,8 @@ void frmhelp::Connect() {
 
 void frmhelp::Load() {
   Label4.Caption = AboutText();
-  if (!StyleActive()) return;
-  ShowStyleLines();
-  RunCommand([this] { FormLoadStyle(*this); }, "applystyle ");
+  if (StyleActive()) ShowStyleLines();
+  ApplyStyleAtOnce(*this, "applystyle ");
 }
 
 }  // namespace kestrun

@@ -6,12 +6,13 @@
 #include "forms/image.h"
 #include "forms/label.h"
 #include "forms/window_registry.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 
 class frmhelp final : public Form {
  public:
-  static constexpr const char* kName = "frmhelp";
+  static constexpr const char* kName = window_name::kAbout;
   frmhelp();
 
   Image& imgLogo = Add<Image>("imgLogo");
@@ -33,6 +34,7 @@ class frmhelp final : public Form {
   void LayOut();
   void Connect();
   void ShowStyleLines();
+  void PlaceButtonAt(int top);
 };
 
 }  // namespace kestrun

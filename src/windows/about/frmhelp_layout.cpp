@@ -1,5 +1,6 @@
 #include "platform/platform.h"
 #include "program/program_pictures.h"
+#include "program/window_kit/place_controls.h"
 #include "web/site.h"
 #include "windows/about/frmhelp.h"
 
@@ -13,15 +14,13 @@ constexpr int kTextLeft = 1200;
 constexpr int kTextWidth = kClientWidth - kTextLeft - kMargin;
 constexpr int kLine = 255;
 
+// Below the text: the lines about a style, or the button at once.
 constexpr int kStyleTop = 3180;
 constexpr int kStyleHeight = 4 * kLine;
-constexpr int kButtonTop = 3180;
-constexpr int kButtonHeight = 375;
 
 void PlaceLine(Label& label, int top, const std::string& caption) {
-  label.Caption = caption;
-  label.Move(kTextLeft, top, kTextWidth, kLine);
-  label.BackStyle = 0;
+  PlaceLabel(label, kTextLeft, top, kTextWidth, caption);
+  label.Height = kLine;
 }
 
 // Links are as wide as their text, so that only the text answers the mouse.
@@ -35,13 +34,7 @@ void PlaceLink(Label& label, int top, const std::string& caption, const char* ti
 }  // namespace
 
 void frmhelp::LayOut() {
-  Caption = "About Kestrun";
-  Icon = ProgramIcon();
-  BorderStyle = static_cast<int>(FormBorder::kFixedDialog);
-  StartUpPosition = static_cast<int>(StartPosition::kCenterOwner);
-  MinButton = false;
-  MaxButton = false;
-  SetClientSize(kClientWidth, kButtonTop + kButtonHeight + kMargin);
+  LayOutDialog(*this, "About Kestrun", InTaskbar::kYes);
 
   imgLogo.Move(kMargin, kMargin, 720, 720);
   imgLogo.Stretch = true;
@@ -65,14 +58,18 @@ void frmhelp::LayOut() {
   Command1.Caption = "OK";
   Command1.Default = true;
   Command1.Cancel = true;
-  Command1.Move(kClientWidth - kMargin - 1260, kButtonTop, 1260, kButtonHeight);
   Command1.TabIndex = 0;
+  PlaceButtonAt(kStyleTop);
+}
+
+void frmhelp::PlaceButtonAt(int top) {
+  Command1.Move(kClientWidth - kMargin - kDialogButtonWidth, top, kDialogButtonWidth, kDialogButtonHeight);
+  SetClientSize(kClientWidth, top + kDialogButtonHeight + kMargin);
 }
 
 void frmhelp::ShowStyleLines() {
   for (Label* label : {&Label7, &Label5, &Label6}) label->Visible = true;
-  Command1.Top = kStyleTop + kStyleHeight;
-  SetClientSize(kClientWidth, Command1.Top + kButtonHeight + kMargin);
+  PlaceButtonAt(kStyleTop + kStyleHeight);
 }
 
 }  // namespace kestrun

@@ -6,11 +6,13 @@
 #include "game/editor_files.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
+#include "program/originals_hook.h"
 #include "program/path_text.h"
-#include "program/run_command.h"
 #include "program/settings.h"
 #include "program/start_mode.h"
 #include "program/style_hook.h"
+#include "program/window_kit/apply_style.h"
+#include "program/window_kit/run_command.h"
 #include "web/site.h"
 #include "web/web_paths.h"
 
@@ -85,14 +87,12 @@ void frmain::Load() {
   LoadStep([this] { txtoutput.Text = ReadSetting(setting::kOutputText); });
   LoadStep([this] { Text1.Text = MapFolder(); });
   LoadStep([this] {
-    if (!FileExists(Text1.Text)) Text1.Text = platform().program().Folder();
+    if (!FileExists(Text1.Text)) ShowFolderInstead(platform().program().Folder());
   });
   LoadStep([this] { FileMaps.SetPath(Text1.Text.get()); });
   LoadStep([this] { ShowStatusLine(TextToBoolean(ReadSetting(setting::kStatusLine))); });
   LoadStep([this] { LoadIcons(); });
-  LoadStep([this] {
-    if (StyleActive()) FormLoadStyle(*this);
-  });
+  ApplyStyleAtOnce(*this, "applystyle ");
   LoadStep([this] { LoadQuickLinks(); });
 }
 
@@ -104,7 +104,9 @@ void frmain::LoadSafely() {
 }
 
 void frmain::Shown() {
-  if (!SafeMode()) LoadStep([this] { AskForZipIcon(); });
+  if (SafeMode()) return;
+  LoadStep([this] { AskForZipIcon(); });
+  LoadStep([] { CheckGameArchive(); });
 }
 
 void frmain::Unloading() {

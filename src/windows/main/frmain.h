@@ -22,12 +22,13 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/window_registry.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 
 class frmain final : public Form {
  public:
-  static constexpr const char* kName = "frmain";
+  static constexpr const char* kName = window_name::kMain;
   frmain();
 
   // ---- controls, in tab order ----
@@ -49,6 +50,8 @@ class frmain final : public Form {
   OptionButton& opdeath = Add<OptionButton>("opdeath");
   OptionButton& oprename = Add<OptionButton>("oprename");
   TextBox& txtoutput = Add<TextBox>("txtoutput");
+  // How many characters of what the archive holds the name has.
+  Label& lblnamelength = Add<Label>("lblnamelength");
   CommandButton& Command2 = Add<CommandButton>("Command2");
   CommandButton& Command7 = Add<CommandButton>("Command7");
   CommandButton& Command3 = Add<CommandButton>("Command3");
@@ -103,6 +106,7 @@ class frmain final : public Form {
   MenuItem& mnu_actions = Add<MenuItem>("mnu_actions");
   MenuItem& mnu_launchDFLW = Add<MenuItem>("mnu_launchDFLW");
   MenuItem& mnu_launcheditor = Add<MenuItem>("mnu_launcheditor");
+  MenuItem& mnu_restoremissions = Add<MenuItem>("mnu_restoremissions");
   MenuItem& mnu_line8 = Add<MenuItem>("mnu_line", 8);
   MenuItem& mnu_makemaplist = Add<MenuItem>("mnu_makemaplist");
   MenuItem& mnu_launchchat = Add<MenuItem>("mnu_launchchat");
@@ -177,8 +181,10 @@ class frmain final : public Form {
   void LayOutFolderAndList();
   void LayOutChoices();
   void LayOutStatusLine();
-  // Places what moves with the window's size.
+  void NoteLeastSize();
   void Arrange();
+  void PlaceFolderAndList();
+  void PlaceChoices();
   void PlacePreview();
   void PlaceStatusLine();
   // How much larger the window is than it is laid out for; the height may be less, within limits.
@@ -192,11 +198,15 @@ class frmain final : public Form {
   // What leads to a window that is not there yet is disabled.
   void EnableWhatIsThere();
   void EnableNews();
+  struct Opening;
+  std::vector<Opening> Openings();
   void AddWindowCommands();
 
   // Maps.
   void ConnectMaps();
   void FolderTextChanged();
+  // Shows a folder in the place of the stored one, which stays stored: it may be there again at the next start.
+  void ShowFolderInstead(const std::string& folder);
   void TakeTypedFolder();
   void BrowseFolder();
   void RefreshList();
@@ -212,12 +222,13 @@ class frmain final : public Form {
   void HandleListKey(int& key_code);
   void LoadIcons();
   void AskForZipIcon();
+  // The list that is seen: the painted one, in safe mode the plain one.
+  [[nodiscard]] Control& VisibleList();
+  void SelectByName(const std::string& name);
 
   // Commands.
   void ConnectCommands();
   void PutSelectedMap(int32_t mode);
-  // The stock mission or the rename text, as the option buttons say; a stock name is shown in txtoutput.
-  [[nodiscard]] std::string ChosenName();
   // Folder and name of the selected map; empty, after the request to select one, when none is.
   [[nodiscard]] std::string SelectedMap();
   // The same without a question; meaningless while none is selected.
@@ -225,12 +236,13 @@ class frmain final : public Form {
   void LaunchEditor();
   static void StartTool(const std::string& program, const std::string& missing);
   void ShowMapInfo();
-  void HandMapToPreviewWindow(bool search);
+  void HandMapToPreviewManager(PreviewTask task);
   void LaunchProgram(int number);
   void AddProgram(int number, const std::string& name, const std::string& path);
 
   // Status line and guide.
   void ConnectStatusLine();
+  void ShowStatus(const std::string& text);
   void ShowStatusLine(bool visible);
   void ConnectGuide();
   void LoadQuickLinks();
@@ -238,13 +250,15 @@ class frmain final : public Form {
   void OpenQuickLinks();
   void FollowLink(const std::string& key);
   void SlideIn();
-  void MarkStartup(bool checked);
+  void CloseQuickLinks();
+  void MarkStartup(bool stays_closed);
 
   std::vector<std::string> program_paths_;
-  bool is_startup_checked_ = false;
+  bool stays_closed_at_startup_ = false;
   bool has_banner_place_ = false;
   bool is_sliding_ = false;
   bool is_zip_icon_asked_ = false;
+  bool keeps_stored_folder_ = false;
 };
 
 // Who fetches the banner and the news of the site. The window leaves no room for a banner while nobody does.

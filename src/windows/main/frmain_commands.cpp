@@ -6,13 +6,14 @@
 #include "maps/fetch/fetch_turn.h"
 #include "maps/map_file_commands.h"
 #include "maps/map_picture.h"
+#include "maps/put/mission_name.h"
 #include "maps/put/put_map.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
-#include "program/open_window.h"
 #include "program/path_text.h"
-#include "program/run_command.h"
 #include "program/settings.h"
+#include "program/window_kit/open_window.h"
+#include "program/window_kit/run_command.h"
 #include "web/site.h"
 #include "windows/main/frmain.h"
 
@@ -31,11 +32,7 @@ void frmain::ConnectCommands() {
   SetCommand({&Command4.Click, &mnu_launcheditor.Click}, [this] { LaunchEditor(); });
   SetCommand({&mnu_OpenFolder.Click}, [this] { ShellOpen("open", FileMaps.Path(), "", FileMaps.Path(), kShowNormal); });
   SetCommand({&mnu_exit.Click}, [this] { Unload(); });
-  SetCommand({&mnu_showmapinfo.Click}, [this] { ShowMapInfo(); });
-  SetCommand({&ImgPreview.Click, &mnu_mapPreview.Click, &mnu_loadpreview.Click},
-             [this] { HandMapToPreviewWindow(false); });
-  SetCommand({&mnu_searchpreview1.Click, &mnu_searchpreview.Click}, [this] { HandMapToPreviewWindow(true); });
-  SetCommand({&mnu_largepreview.Click, &mnu_largepreview2.Click}, [this] { ShowLargePicture(ImgPreview.Picture); });
+  SetCommand({&ImgPreview.Click}, [this] { HandMapToPreviewManager(PreviewTask::kChoose); });
   SetCommand({&mnu_copymapto.Click}, [this] { ShowRowsAnew(CopyMapTo(FileMaps, dlgcopyto)); });
   SetCommand({&mnu_renamemap.Click}, [this] { ShowRowsAnew(RenameMap(FileMaps)); });
   SetCommand({&mnu_deletemap.Click}, [this] { ShowRowsAnew(DeleteMap(FileMaps)); });
@@ -55,12 +52,6 @@ void frmain::ConnectCommands() {
 
 // ---- putting a map into the game -----------------------------------------------------------------------------------
 
-std::string frmain::ChosenName() {
-  if (opcapflag.Value) txtoutput.Text = kCaptureTheFlagMission;
-  if (opdeath.Value) txtoutput.Text = kDeathmatchMission;
-  return txtoutput.Text;
-}
-
 std::string frmain::SelectedPath() const { return FileMaps.Path() + "\\" + FileMaps.FileName(); }
 
 std::string frmain::SelectedMap() {
@@ -75,7 +66,7 @@ void frmain::PutSelectedMap(int32_t mode) {
   FetchTurn turn;
   if (MapFileKind(path) == map_file_kind::kZip) path = GetFileFromZip(path);
   if (path.empty()) return;
-  std::string name = ChosenName();
+  std::string name = ChosenMission({opcapflag, opdeath, oprename, txtoutput});
   const bool packed = PutMap(path, name, mode, true);
   turn.End();
   std::string message = packed ? "Successfully packed map" : "Failed to pack map";
@@ -89,7 +80,7 @@ void frmain::LaunchEditor() {
   const std::string editor = GameFolder() + "\\" + ReadSetting(setting::kEditorProgram);
   if (!FileExists(editor)) {
     MsgBox("Can't find the editor program! Please select it in the options window.");
-    ShowWindow("frmoptions");
+    OpenWindow(window_name::kOptions);
     return;
   }
   if (!ExtractEditorFiles(GameFolder()))
@@ -104,7 +95,7 @@ void frmain::StartTool(const std::string& program, const std::string& missing) {
     return;
   }
   MsgBox(missing + std::string(kCrLf) + program);
-  ShowWindowModal("frmoptions");
+  OpenWindow(window_name::kOptions, ShowWay::kShowModal);
 }
 
 // ---- windows that are handed the selected map ----------------------------------------------------------------------
@@ -114,14 +105,10 @@ void frmain::ShowMapInfo() {
   if (!map.empty()) OpenMapInfo(map, ShowWay::kShowModal);
 }
 
-void frmain::HandMapToPreviewWindow(bool search) {
-  if (!IsWindowRegistered("frmpicture")) return;
+void frmain::HandMapToPreviewManager(PreviewTask task) {
+  if (!IsWindowRegistered(window_name::kPreviewManager)) return;
   const std::string map = SelectedMap();
-  if (map.empty()) return;
-  Form& window = WindowByName("frmpicture");
-  PutMember(window, "lblmap", map);
-  window.Show();
-  if (search) CallMember(window, "CmdDownload_Click");
+  if (!map.empty()) OpenPreviewManager(map, task);
 }
 
 // ---- the user's own programs ---------------------------------------------------------------------------------------

@@ -1,50 +1,72 @@
 // What tells a player where things are: the status line, the flashing arrow and the panel of guided links.
+#include <initializer_list>
+#include <utility>
+
 #include "base/convert.h"
 #include "platform/platform.h"
-#include "program/run_command.h"
 #include "program/settings.h"
+#include "program/window_kit/run_command.h"
 #include "windows/main/frmain.h"
 
 namespace kestrun {
 namespace {
 
+constexpr const char* kOwnStatus = "Select a map and click 'Put map in DFLW'.";
+constexpr const char* kTick = "\xE2\x9C\x93 ";
+constexpr const char* kShowAtStartup = "Show at startup";
 constexpr int kFlips = 11;
 constexpr uint32_t kFlipMs = 500;
 constexpr int kSlideStep = 40;
 
-constexpr struct {
+struct GuideLink {
   const char* key;
   const char* caption;
-  const char* window = nullptr;  // the one that the link opens
-} kLinks[]{
-    {"pack1", "Play a new map"},
-    {"pack2", "Change map when hosting"},
-    {"autohost", "Auto change the maps", "frmputlist"},
-    {"download", "Download a map", "frmopenmap"},
-    {"editor", "Make a new map"},
-    {"upload", "Upload maps to Velmoor", "FrmCenter"},
+  const char* window;  // without which it leads nowhere; null when it needs none
+  void (*follow)(frmain& main);
+};
+
+void OpenMapList(frmain&) {
+  MsgBox("This will open the auto host window");
+  OpenWindow(window_name::kMapList);
+}
+
+constexpr GuideLink kLinks[]{
+    {"pack1", "Play a new map", nullptr, [](frmain& main) { main.PlayPack1(); }},
+    {"pack2", "Change map when hosting", nullptr, [](frmain& main) { main.PlayPack2(); }},
+    {"autohost", "Auto change the maps", window_name::kMapList, &OpenMapList},
+    {"download", "Download a map", window_name::kOpenMap, [](frmain& main) { main.mnu_loadmapfromhd.Click(); }},
+    {"editor", "Make a new map", nullptr, [](frmain& main) { main.Command4.Click(); }},
+    {"upload", "Upload maps to Velmoor", window_name::kUploader, [](frmain&) { OpenWindow(window_name::kUploader); }},
 };
 
 }  // namespace
 
 // ---- status line ---------------------------------------------------------------------------------------------------
 
+// A control's tip stands in the status line while the mouse is over it. Over what has none, and outside the window, the
+// line has its own text.
 void frmain::ConnectStatusLine() {
-  const auto tell = [this](Control& control, const Control& tip_of) {
-    control.MouseMove = [this, shown = &tip_of](int, int, int, int) { txtstatusbar.Text = shown->ToolTipText; };
+  const auto show = [this](Control& control, std::string text) {
+    control.MouseMove = [this, text = std::move(text)](int, int, int, int) { ShowStatus(text); };
   };
   for (const Ref<Control>& control : controls()) {
-    if (!control->ToolTipText->empty()) tell(*control, *control);
+    if (!control->ToolTipText->empty()) show(*control, control->ToolTipText);
   }
-  tell(ListBox, FileMaps);
-  ImgPreview.MouseMove = [this](int, int, int, int) {
-    txtstatusbar.Text = "A preview of this map click load image to load a screen shot";
-  };
-  Text1.MouseMove = [this](int, int, int, int) {
-    txtstatusbar.Text = "The current folder you are looking for *.bms (maps) files";
-  };
+  show(ListBox, FileMaps.ToolTipText);
+  show(ImgPreview, "A preview of this map click load image to load a screen shot");
+  show(Text1, "The current folder you are looking for *.bms (maps) files");
+  for (Control* silent : std::initializer_list<Control*>{this, &Frame1, &Picture2, &txtstatusbar, &lblfolder, &lblmaps,
+                                                         &lblpreview, &lblnopreview, &lblnamelength}) {
+    show(*silent, kOwnStatus);
+  }
+  MouseLeave = [this] { ShowStatus(kOwnStatus); };
+  ShowStatus(kOwnStatus);
   mnu_status.Click = [this] { ShowStatusLine(!txtstatusbar.Visible); };
   mnu_status.Checked = true;
+}
+
+void frmain::ShowStatus(const std::string& text) {
+  if (txtstatusbar.Text.get() != text) txtstatusbar.Text = text;
 }
 
 void frmain::ShowStatusLine(bool visible) {
@@ -94,13 +116,10 @@ void frmain::PlayAutoHost() {}
 
 void frmain::ConnectGuide() {
   QuickLinks.LinkClick = [this](const std::string& key, int) { RunCommand([&] { FollowLink(key); }); };
-  QuickLinks.LblCloseClick = [this] {
-    TmrQuickLinks.Enabled = false;
-    QuickLinks.Visible = false;
-  };
+  QuickLinks.LblCloseClick = [this] { CloseQuickLinks(); };
   QuickLinks.ChStartupClick = [this] {
-    MarkStartup(!is_startup_checked_);
-    RunCommand([this] { WriteSetting(setting::kShowQuickLinks, is_startup_checked_ ? "1" : "0"); });
+    MarkStartup(!stays_closed_at_startup_);
+    RunCommand([this] { WriteSetting(setting::kShowQuickLinks, stays_closed_at_startup_ ? "1" : "0"); });
   };
   // The label begins close to the panel's edge: there is room for one character.
   QuickLinks.LblClose.Caption = "\xC3\x97";
@@ -113,12 +132,12 @@ void frmain::LoadQuickLinks() {
   QuickLinks.Height = 0;
   MarkStartup(ReadSetting(setting::kShowQuickLinks) == "1");
   QuickLinks.Visible = false;
-  if (!is_startup_checked_) OpenQuickLinks();
+  if (!stays_closed_at_startup_) OpenQuickLinks();
 }
 
 void frmain::OpenQuickLinks() {
   if (QuickLinks.LinkCount() == 0) {
-    for (const auto& link : kLinks) {
+    for (const GuideLink& link : kLinks) {
       QuickLinks.AddLink(link.key, link.caption);
       QuickLinks.LblLink(QuickLinks.LinkCount() - 1).Enabled = !link.window || IsWindowRegistered(link.window);
     }
@@ -127,15 +146,22 @@ void frmain::OpenQuickLinks() {
   TmrQuickLinks.Enabled = !QuickLinks.IsFullyOpen();
 }
 
-// The tick of a mark keeps the panel closed at the next start; struck out, the words say so.
-void frmain::MarkStartup(bool checked) {
-  is_startup_checked_ = checked;
+// The focus goes on to the list, where the next step is.
+void frmain::CloseQuickLinks() {
+  TmrQuickLinks.Enabled = false;
+  QuickLinks.Visible = false;
+  VisibleList().SetFocus();
+}
+
+// A tick in front of the words says that the panel comes at the next start; the words stay in their place.
+void frmain::MarkStartup(bool stays_closed) {
   Label& label = QuickLinks.ChStartup();
-  FontDescription font = label.Font;
-  font.strikethrough = checked;
-  label.Font = font;
-  label.ToolTipText = checked ? "This panel stays closed when the program starts. Click to open it then."
-                              : "This panel opens when the program starts. Click to keep it closed then.";
+  const int tick_width = platform().windowing().TextWidth(kTick, label.Font);
+  if (stays_closed != stays_closed_at_startup_) label.Left = label.Left + (stays_closed ? tick_width : -tick_width);
+  stays_closed_at_startup_ = stays_closed;
+  label.Caption = stays_closed ? kShowAtStartup : std::string(kTick) + kShowAtStartup;
+  label.ToolTipText = stays_closed ? "This panel stays closed when the program starts. Click to open it then."
+                                   : "This panel opens when the program starts. Click to keep it closed then.";
 }
 
 void frmain::SlideIn() {
@@ -149,17 +175,11 @@ void frmain::SlideIn() {
 }
 
 void frmain::FollowLink(const std::string& key) {
-  if (key == "pack1") PlayPack1();
-  if (key == "pack2") PlayPack2();
-  if (key == "download") ShowWindow("frmopenmap");
-  if (key == "editor") Command4.Click();
-  if (key == "upload") ShowWindow("FrmCenter");
-  if (key == "autohost") {
-    MsgBox("This will open the auto host window");
-    ShowWindow("frmputlist");
+  for (const GuideLink& link : kLinks) {
+    if (key == link.key) link.follow(*this);
   }
 }
 
-void frmain::mnu_checkforupdate_Click() { ShowWindow("FrmUpdate"); }
+void frmain::mnu_checkforupdate_Click() { OpenWindow(window_name::kUpdate); }
 
 }  // namespace kestrun

@@ -1,8 +1,12 @@
 // Captions, tips and places of the main window's controls.
 #include <algorithm>
+#include <initializer_list>
 
+#include "maps/put/mission_name.h"
 #include "program/program_pictures.h"
-#include "program/style_hook.h"
+#include "program/window_kit/fit_picture.h"
+#include "program/window_kit/list_focus.h"
+#include "program/window_kit/place_controls.h"
 #include "windows/main/frmain.h"
 #include "windows/main/frmain_pictures.h"
 
@@ -19,7 +23,9 @@ constexpr int kButton = 390;  // the height of a button
 constexpr int kColumn = 4680;
 constexpr int kColumnWidth = kClientWidth - kColumn - kMargin;
 constexpr int kHalf = (kColumnWidth - kGap) / 2;
+constexpr int kHeadingTop = 630;  // of the list and the preview
 constexpr int kListTop = 870;
+constexpr int kLastButtonsTop = 6105;
 constexpr int kListHeight = 5085;
 constexpr int kPlainListMore = 100;   // the plain list is higher than the painted one
 constexpr int kPreviewHeight = 2640;  // that of the open panel of links as well
@@ -40,26 +46,6 @@ Color LinkColor() {
   return green > kMiddle ? Rgb(0, 102, 204) : color::kWindowText;
 }
 
-void PlaceButton(CommandButton& button, int left, int top, int width, int height, const char* caption,
-                 const char* tip) {
-  button.Move(left, top, width, height);
-  button.Caption = caption;
-  button.ToolTipText = tip;
-}
-
-void PlaceLabel(Label& label, int left, int top, int width, const char* caption) {
-  label.Move(left, top, width, 240);
-  label.Caption = caption;
-  label.BackStyle = 0;
-}
-
-void PlaceOption(OptionButton& option, Frame& frame, int top, int width, const char* caption, const char* tip) {
-  option.SetContainer(frame);
-  option.Move(kMargin, top, width, 285);
-  option.Caption = caption;
-  option.ToolTipText = tip;
-}
-
 }  // namespace
 
 void frmain::LayOut() {
@@ -70,70 +56,69 @@ void frmain::LayOut() {
   LayOutChoices();
   LayOutStatusLine();
   BuildMenus();
-  for (TextBox* box : {&Text1, &txtoutput}) {
-    box->BackColor = color::kWindowBackground;
-    box->ForeColor = color::kWindowText;
-  }
   SetClientSize(kClientWidth, kClientHeight);
+  NoteLeastSize();
   Arrange();
 }
 
 void frmain::LayOutFolderAndList() {
-  PlaceLabel(lblfolder, kMargin, 195, 660, "Fol&der:");
-  Text1.Move(870, 172, kClientWidth - 870 - kMargin - kGap - 1320, kRow);
+  lblfolder.Caption = "Fol&der:";
   Text1.ToolTipText = "Type the path name where your maps are stored.";
-  PlaceButton(Command1, kClientWidth - kMargin - 1320, 120, 1320, kButton, "Browse",
-              "Choose the folder where your maps are stored.");
+  SetCaptionAndTip(Command1, "Browse", "Choose the folder where your maps are stored.");
 
-  PlaceLabel(lblmaps, kMargin, 630, 3000, "Map&s:");
-  ListBox.Move(kMargin, kListTop, kColumn - 2 * kMargin, kListHeight);
-  ListBox.BackColor = color::kWindowBackground;
-  ListBox.ForeColor = color::kWindowText;
+  lblmaps.Caption = "Map&s:";
   ListBox.SelColor = color::kHighlight;
   ListBox.SelForeColor = color::kHighlightText;
   ListBox.SelectionStyle = 0;
   ListBox.FullRowSelect = true;
-  ListBox.ShowIcon = true;
   ListBox.StrechIcon = true;
   ListBox.AutoHideScrollBars = true;
+  ListBox.SetEmptyText("No maps in this folder.");
+  ShowFocusOnlyWhileFocused(ListBox);
   FileMaps.Pattern = "*.bms;*.zip";
   FileMaps.ToolTipText = "All the maps in the selected folder.";
-  FileMaps.BackColor = color::kWindowBackground;
-  FileMaps.ForeColor = color::kWindowText;
   FileMaps.Visible = false;
-  PlaceButton(Command6, kMargin, 6105, 1500, kButton, "&Refresh list", "Read the folder again.");
+  for (Control* control : std::initializer_list<Control*>{&Text1, &txtoutput, &ListBox, &FileMaps}) {
+    GiveWindowColors(*control);
+  }
+  SetCaptionAndTip(Command6, "&Refresh list", "Read the folder again.");
 
-  PlaceLabel(lblpreview, kColumn, 630, 3000, "Preview:");
-  PlaceLabel(lblnopreview, kColumn, kListTop, kColumnWidth, "No preview");
+  lblpreview.Caption = "Preview:";
+  lblnopreview.Caption = "No preview";
   lblnopreview.Alignment = static_cast<int>(TextAlignment::kCenter);
   lblnopreview.ForeColor = color::kGrayText;
   ImgPreview.BorderStyle = 1;
   ImgPreview.Stretch = true;
   ImgPreview.ToolTipText = "Click to load a screen shot";
+  for (Label* label : {&lblfolder, &lblmaps, &lblpreview, &lblnopreview, &lblnamelength}) label->BackStyle = 0;
 }
 
 void frmain::LayOutChoices() {
   Frame1.Caption = "Pu&t the map in as";
-  Frame1.Move(kColumn, kFrameTop, kColumnWidth, 1305);
-  PlaceOption(opcapflag, Frame1, 270, kColumnWidth - 2 * kMargin, "Capture the flag     (Desert prison)",
+  PlaceOption(opcapflag, Frame1, kMargin, 270, kColumnWidth - 2 * kMargin, "Capture the flag     (Desert prison)",
               "The map takes the place of the capture the flag mission.");
-  PlaceOption(opdeath, Frame1, 570, kColumnWidth - 2 * kMargin, "Deathmatch     (Death Valley)",
+  PlaceOption(opdeath, Frame1, kMargin, 570, kColumnWidth - 2 * kMargin, "Deathmatch     (Death Valley)",
               "The map takes the place of the deathmatch mission.");
-  PlaceOption(oprename, Frame1, 885, 1020, "Rename:", "The map is stored under the name that you type.");
+  PlaceOption(oprename, Frame1, kMargin, 885, 1020, "Rename:", "The map is stored under the name that you type.");
   opcapflag.Value = true;
   txtoutput.SetContainer(Frame1);
-  txtoutput.Move(1245, 892, kColumnWidth - 1245 - kMargin, kRow);
-  txtoutput.ToolTipText = "The name under which the map is stored in the game.";
+  constexpr int kCountWidth = 660;
+  constexpr int kCountLeft = kColumnWidth - kMargin - kCountWidth;
+  txtoutput.Move(1245, 892, kCountLeft - kGap - 1245, kRow);
+  txtoutput.ToolTipText =
+      "The name under which the map is stored in the game. The archive holds its first 16 characters.";
+  txtoutput.Change = [this] { lblnamelength.Caption = MissionNameLength(txtoutput.Text); };
+  txtoutput.Change();
+  lblnamelength.SetContainer(Frame1);
+  lblnamelength.Move(kCountLeft, 922, kCountWidth, kLabelHeight);
 
-  const int right = kColumn + kHalf + kGap;
-  PlaceButton(Command2, kColumn, 5055, kHalf, 480, "Put &map in DFLW",
-              "Put the selected map in the game before you start it.");
-  PlaceButton(Command7, right, 5055, kHalf, 480, "I'm already &playing",
-              "Click this button when you are playing DF and wants to put new map.");
-  PlaceButton(Command3, kColumn, 5625, kHalf, kButton, "&Launch DFLW", "Start the game.");
-  PlaceButton(Command4, right, 5625, kHalf, kButton, "Launch &Editor", "Start the game's map editor.");
-  PlaceButton(Command8, kColumn, 6105, kHalf, kButton, "&Auto Messenger", "Send messages to the game by themselves.");
-  PlaceButton(Command5, right, 6105, kHalf, kButton, "&Options", "Change the folders and settings of this program.");
+  SetCaptionAndTip(Command2, "Put &map in DFLW", "Put the selected map in the game before you start it.");
+  SetCaptionAndTip(Command7, "I'm already &playing",
+                   "Click this button when you are playing DF and wants to put new map.");
+  SetCaptionAndTip(Command3, "&Launch DFLW", "Start the game.");
+  SetCaptionAndTip(Command4, "Launch &Editor", "Start the game's map editor.");
+  SetCaptionAndTip(Command8, "&Auto Messenger", "Send messages to the game by themselves.");
+  SetCaptionAndTip(Command5, "&Options", "Change the folders and settings of this program.");
   Command2.Default = true;
 }
 
@@ -145,7 +130,6 @@ void frmain::LayOutStatusLine() {
   txtstatusbar.BackColor = color::kButtonFace;
   txtstatusbar.Locked = true;
   txtstatusbar.TabStop = false;
-  txtstatusbar.Text = "Select a map and click 'Put map in DFLW'.";
 
   PctUpdate.BorderStyle = 0;
   PctUpdate.Visible = false;
@@ -168,6 +152,7 @@ void frmain::LayOutStatusLine() {
   QuickLinks.LinkFontColor = LinkColor();
   QuickLinks.ForeColor = color::kWindowText;
   QuickLinks.Visible = false;
+  QuickLinks.TabIndex = lblpreview.TabIndex;  // it stands in the preview's place
   FontDescription bold = QuickLinks.Label1.Font;
   bold.bold = true;
   QuickLinks.Label1.Font = bold;
@@ -190,46 +175,57 @@ int frmain::SpareHeight() const {
   return std::max(ScaleHeight() - kClientHeight - (has_banner_place_ ? kBannerHeight : 0), -kPreviewGives);
 }
 
-// A wider window gives its room to the list, a higher one to the list and the preview. A lower one takes it from them,
-// so that a screen too low for the window cuts no button off.
+// At the least size nothing is cut off yet.
+void frmain::NoteLeastSize() {
+  SetLeastClientSize(kClientWidth, kClientHeight - kPreviewGives + (has_banner_place_ ? kBannerHeight : 0));
+}
+
+// Places all controls for the present size. A wider window gives its room to the list, a higher one to the list and the
+// preview. A lower one takes it from them, so that a screen too low for the window cuts no button off.
 void frmain::Arrange() {
-  const int right = SpareWidth();
-  const int down = SpareHeight();
-  Text1.Width = kClientWidth - 870 - kMargin - kGap - 1320 + right;
-  Command1.Left = kClientWidth - kMargin - 1320 + right;
-  ListBox.Width = kColumn - 2 * kMargin + right;
-  ListBox.Height = kListHeight + down;
-  FileMaps.Move(ListBox.Left, ListBox.Top, ListBox.Width, ListBox.Height + kPlainListMore);
-  Command6.Top = 6105 + down;
-  const int column = kColumn + right;
-  lblpreview.Left = column;
-  QuickLinks.Move(column, kListTop, kColumnWidth, QuickLinks.Height);
-  Frame1.Move(column, kFrameTop + down, Frame1.Width, Frame1.Height);
-  for (CommandButton* button : {&Command2, &Command3, &Command8}) button->Left = column;
-  for (CommandButton* button : {&Command7, &Command4, &Command5}) button->Left = column + kHalf + kGap;
-  for (CommandButton* button : {&Command2, &Command7}) button->Top = 5055 + down;
-  for (CommandButton* button : {&Command3, &Command4}) button->Top = 5625 + down;
-  for (CommandButton* button : {&Command8, &Command5}) button->Top = 6105 + down;
+  PlaceFolderAndList();
+  PlaceChoices();
   PlacePreview();
   PlaceStatusLine();
 }
 
-// The picture keeps its proportions in the middle of its place; without one the whole place can be clicked.
-void frmain::PlacePreview() {
+void frmain::PlaceFolderAndList() {
+  constexpr int kTextLeft = 870;
+  constexpr int kBrowseWidth = 1320;
+  const int browse_left = kClientWidth + SpareWidth() - kMargin - kBrowseWidth;
+  lblfolder.Move(kMargin, 195, kTextLeft - kMargin - 30, kLabelHeight);
+  Text1.Move(kTextLeft, 172, browse_left - kGap - kTextLeft, kRow);
+  Command1.Move(browse_left, 120, kBrowseWidth, kButton);
+
+  const int list_width = kColumn - 2 * kMargin + SpareWidth();
+  const int list_height = kListHeight + SpareHeight();
+  lblmaps.Move(kMargin, kHeadingTop, list_width, kLabelHeight);
+  ListBox.Move(kMargin, kListTop, list_width, list_height);
+  FileMaps.Move(kMargin, kListTop, list_width, list_height + kPlainListMore);
+  Command6.Move(kMargin, kLastButtonsTop + SpareHeight(), 1500, kButton);
+}
+
+void frmain::PlaceChoices() {
   const int left = kColumn + SpareWidth();
-  const int room = kPreviewHeight + SpareHeight();
-  lblnopreview.Move(left, kListTop + (room - 240) / 2, kColumnWidth, 240);
-  const kestrun::Picture* picture = ImgPreview.Picture.get().get();
-  lblnopreview.Visible = picture == nullptr;
-  if (!picture || picture->width_pixels() == 0 || picture->height_pixels() == 0) {
-    ImgPreview.Move(left, kListTop, kColumnWidth, room);
-    return;
-  }
-  const double scale = std::min(static_cast<double>(kColumnWidth) / picture->width_pixels(),
-                                static_cast<double>(room) / picture->height_pixels());
-  const auto width = static_cast<int>(picture->width_pixels() * scale);
-  const auto height = static_cast<int>(picture->height_pixels() * scale);
-  ImgPreview.Move(left + (kColumnWidth - width) / 2, kListTop + (room - height) / 2, width, height);
+  const int right = left + kHalf + kGap;
+  const int down = SpareHeight();
+  Frame1.Move(left, kFrameTop + down, kColumnWidth, 1305);
+  Command2.Move(left, 5055 + down, kHalf, 480);
+  Command7.Move(right, 5055 + down, kHalf, 480);
+  Command3.Move(left, 5625 + down, kHalf, kButton);
+  Command4.Move(right, 5625 + down, kHalf, kButton);
+  Command8.Move(left, kLastButtonsTop + down, kHalf, kButton);
+  Command5.Move(right, kLastButtonsTop + down, kHalf, kButton);
+}
+
+// The picture stands in the middle of its place; without one the whole place can be clicked.
+void frmain::PlacePreview() {
+  const Place room{kColumn + SpareWidth(), kListTop, kColumnWidth, kPreviewHeight + SpareHeight()};
+  lblpreview.Move(room.left, kHeadingTop, kColumnWidth, kLabelHeight);
+  lblnopreview.Move(room.left, room.top + (room.height - kLabelHeight) / 2, kColumnWidth, kLabelHeight);
+  lblnopreview.Visible = !ImgPreview.Picture.get();
+  MoveTo(ImgPreview, FitPicture(ImgPreview.Picture, room, SmallPicture::kEnlarge));
+  QuickLinks.Move(room.left, room.top, kColumnWidth, QuickLinks.Height);
 }
 
 void frmain::PlaceStatusLine() {
@@ -243,6 +239,7 @@ void frmain::PlaceStatusLine() {
 
 void frmain::ShowBannerPlace(bool shown) {
   has_banner_place_ = shown;
+  NoteLeastSize();
   Height = shown ? kHeightWithBanner : kHeightWithoutBanner;
   Arrange();
 }

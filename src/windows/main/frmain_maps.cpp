@@ -1,25 +1,32 @@
 // The folder, its list of maps in two forms, and the preview of the selected one.
 #include <utility>
 
+#include "base/code_page.h"
 #include "base/text.h"
+#include "formats/profile/profile_file.h"
 #include "forms/keys.h"
 #include "maps/file_tools.h"
 #include "maps/map_picture.h"
 #include "platform/platform.h"
 #include "program/folders.h"
-#include "program/open_window.h"
 #include "program/program_pictures.h"
-#include "program/run_command.h"
 #include "program/settings.h"
+#include "program/window_kit/open_window.h"
+#include "program/window_kit/run_command.h"
 #include "windows/main/frmain.h"
 #include "windows/main/frmain_pictures.h"
 
 namespace kestrun {
 namespace {
 
-// Positions in ImageList.
-constexpr int kZipIcon = 0;
-constexpr int kMapIcon = 1;
+constexpr int kZipIcon = 0;  // of ImageList
+
+// For a folder that was chosen and not only begun to be typed.
+void TellWhenNotRemembered(const std::string& folder) {
+  if (EncodeText(folder).size() <= kProfileValueBytes) return;
+  MsgBox("Kestrun works with this folder now but cannot remember it for the next start: its path has more than " +
+         std::to_string(kProfileValueBytes) + " characters." + std::string(kCrLf) + folder);
+}
 
 }  // namespace
 
@@ -66,11 +73,17 @@ void frmain::ConnectMaps() {
 }
 
 void frmain::FolderTextChanged() {
-  WriteSetting(setting::kMapFolder, Text1.Text);
+  if (!keeps_stored_folder_) WriteSetting(setting::kMapFolder, Text1.Text);
   // While a path is being typed most of its beginnings are no folders: the lists keep the last one that was.
   if (!Attempt([this] { FileMaps.SetPath(Text1.Text.get()); })) return;
   FillListBox();
   Timer1.Enabled = true;
+}
+
+void frmain::ShowFolderInstead(const std::string& folder) {
+  keeps_stored_folder_ = true;
+  Text1.Text = folder;
+  keeps_stored_folder_ = false;
 }
 
 // Whoever has typed the whole path is told when there is no such folder.
@@ -78,6 +91,7 @@ void frmain::TakeTypedFolder() {
   FileMaps.SetPath(Text1.Text.get());
   FillListBox();
   ListBox.Refresh();
+  TellWhenNotRemembered(Text1.Text);
 }
 
 // A folder becomes the folder of the list; what else it is the load-map window knows to open.
@@ -86,6 +100,7 @@ void frmain::TakeDropped(const std::vector<std::string>& paths) {
   const std::string& path = paths.front();
   if (platform().files().IsFolder(path)) {
     Text1.Text = path;
+    TellWhenNotRemembered(path);
     return;
   }
   OpenAddress(path);
@@ -96,21 +111,36 @@ void frmain::BrowseFolder() {
   if (folder.empty()) return;
   folder.pop_back();
   Text1.Text = folder;
+  TellWhenNotRemembered(folder);
 }
 
+// The map that is selected stays selected as long as there is one of its name.
 void frmain::RefreshList() {
+  const std::string selected = FileMaps.FileName();
   FileMaps.Reload();
   FillListBox();
   ListBox.Refresh();
+  SelectByName(selected);
 }
+
+void frmain::SelectByName(const std::string& name) {
+  if (name.empty()) return;
+  for (int row = 0; row < FileMaps.ListCount(); ++row) {
+    if (FileMaps.List(row) != name) continue;
+    FileMaps.ListIndex = row;
+    if (ListBox.Visible) ListBox.SetListIndex(row);
+    return;
+  }
+}
+
+Control& frmain::VisibleList() { return ListBox.Visible ? static_cast<Control&>(ListBox) : FileMaps; }
 
 void frmain::FillListBox() {
   ListBox.Clear();
   const int count = FileMaps.ListCount();
   for (int row = 0; row < count; ++row) {
     const std::string name = FileMaps.List(row);
-    const bool is_zip = MatchesPattern(name, "*.zip");
-    if (is_zip || MatchesPattern(name, "*.bms")) ListBox.AddItem(name, -1, is_zip ? kZipIcon : kMapIcon);
+    if (MatchesPattern(name, "*.zip") || MatchesPattern(name, "*.bms")) ListBox.AddItem(name);
   }
 }
 
@@ -165,7 +195,6 @@ void frmain::HandleListKey(int& key_code) {
 // A drawn zip stands in until the window is shown: the shell takes a quarter of the whole start for its icon.
 void frmain::LoadIcons() {
   ImageList.AddNewImage(ZipPicture());
-  ImageList.AddNewImage(MapPicture());
   ListBox.SetImageList(Ref<Object>(&ImageList));
 }
 

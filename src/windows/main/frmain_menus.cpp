@@ -1,9 +1,7 @@
 // The menus of the main window: captions and access keys, and the items that do nothing but open a window.
-#include <array>
 #include <initializer_list>
 
-#include "forms/window_registry.h"
-#include "program/run_command.h"
+#include "program/window_kit/run_command.h"
 #include "windows/main/frmain.h"
 #include "windows/main/frmain_pictures.h"
 
@@ -31,6 +29,10 @@ void frmain::BuildMenus() {
   BuildFileMenu();
   BuildOtherMenus();
   mnu_refresh.Shortcut = "F5";
+  mnu_refreshmaplist.KeyHint = "F5";
+  mnu_putmapin.KeyHint = "Enter";
+  mnu_renamemap.KeyHint = "F2";
+  mnu_deletemap.KeyHint = "Del";
 }
 
 void frmain::BuildFileMenu() {
@@ -38,7 +40,7 @@ void frmain::BuildFileMenu() {
        {{mnu_putmapin, "Put &map in DFLW"},
         {mnu_imalreadyplaying, "I'm already &playing"},
         {mnu_line1, kLine},
-        {mnu_loadmap, "Load map &from"},
+        {mnu_loadmap, "&Load map from"},
         {mnu_line2, kLine},
         {mnu_showmapinfo, "Show map &info"},
         {mnu_largepreview, "&Large map preview"},
@@ -55,7 +57,7 @@ void frmain::BuildFileMenu() {
         {mnu_refreshmaplist, "&Refresh list"},
         {mnu_line5, kLine},
         {mnu_exit, "&Exit"}});
-  Fill(mnu_loadmap, "Load map &from", {{mnu_loadfromURL, "&URL"}, {mnu_loadmapfromhd, "&File on hard disk"}});
+  Fill(mnu_loadmap, "&Load map from", {{mnu_loadfromURL, "&URL"}, {mnu_loadmapfromhd, "&File on hard disk"}});
   Fill(mnu_rightclick, "Preview",
        {{mnu_largepreview2, "&Large preview"},
         {mnu_loadpreview, "L&oad preview"},
@@ -74,6 +76,7 @@ void frmain::BuildOtherMenus() {
   Fill(mnu_actions, "A&ctions",
        {{mnu_launchDFLW, "&Launch DFLW"},
         {mnu_launcheditor, "Launch &Editor"},
+        {mnu_restoremissions, "Restore &stock missions ..."},
         {mnu_line8, kLine},
         {mnu_makemaplist, "&Make maplist (auto host)"},
         {mnu_launchchat, "&Auto Messenger"},
@@ -104,69 +107,62 @@ void frmain::BuildOtherMenus() {
         {mnu_helpAbout, "&About"}});
 }
 
-namespace {
+// ---- what opens another window -------------------------------------------------------------------------------------
 
-struct Opening {
-  Control& control;
+struct frmain::Opening {
   const char* window;
-  enum class Way { kCommand, kShow, kShowModal } way = Way::kShow;
+  std::vector<Control*> controls;
+  std::function<void()> open;
 };
 
-// What leads to another window. Those marked kCommand do something first and stand elsewhere.
-std::array<Opening, 24> Openings(frmain& window) {
-  using enum Opening::Way;
-  return {{{window.Command5, "frmoptions", kShowModal},
-           {window.mnu_options, "frmoptions", kShowModal},
-           {window.Command8, "frmchat"},
-           {window.mnu_launchchat, "frmchat"},
-           {window.mnu_nameeditor, "frmname"},
-           {window.mnu_makemaplist, "frmputlist"},
-           {window.mnu_loadfromURL, "frmopenmap"},
-           {window.mnu_loadmapfromhd, "frmopenmap"},
-           {window.mnu_checkforupdate, "FrmUpdate"},
-           {window.mnu_upload, "FrmCenter"},
-           {window.mnu_mapupdater, "frmmapupd"},
-           {window.mnu_Editor, "FrmEdit"},
-           {window.mnu_helpdoc, "frmdwnlhelp"},
-           {window.mnu_helpAbout, "frmhelp"},
-           {window.mnu_launchprogram, "frmaddprogram", kShowModal},
-           {window.mnu_showmapinfo, "frmmapinfo", kCommand},
-           {window.mnu_mapPreview, "frmpicture", kCommand},
-           {window.mnu_loadpreview, "frmpicture", kCommand},
-           {window.mnu_searchpreview1, "frmpicture", kCommand},
-           {window.mnu_searchpreview, "frmpicture", kCommand},
-           {window.mnu_largepreview, "frmLargeprev", kCommand},
-           {window.mnu_largepreview2, "frmLargeprev", kCommand},
-           {window.lblupdate, "FrmUpdate"},
-           {window.mnu_loadmap, "frmopenmap", kCommand}}};
+// Each window with what leads to it, and how it is opened.
+std::vector<frmain::Opening> frmain::Openings() {
+  const auto show = [](const char* window) { return [window] { OpenWindow(window); }; };
+  const auto show_modal = [](const char* window) { return [window] { OpenWindow(window, ShowWay::kShowModal); }; };
+  namespace name = window_name;
+  return {
+      {name::kOptions, {&Command5, &mnu_options}, show_modal(name::kOptions)},
+      {name::kPrograms, {&mnu_launchprogram}, show_modal(name::kPrograms)},
+      {name::kMessenger, {&Command8, &mnu_launchchat}, show(name::kMessenger)},
+      {name::kNameEditor, {&mnu_nameeditor}, show(name::kNameEditor)},
+      {name::kMapList, {&mnu_makemaplist}, show(name::kMapList)},
+      {name::kRestore, {&mnu_restoremissions}, show(name::kRestore)},
+      {name::kOpenMap, {&mnu_loadfromURL, &mnu_loadmapfromhd}, show(name::kOpenMap)},
+      {name::kUpdate, {&mnu_checkforupdate, &lblupdate}, show(name::kUpdate)},
+      {name::kUploader, {&mnu_upload}, show(name::kUploader)},
+      {name::kMapUpdater, {&mnu_mapupdater}, show(name::kMapUpdater)},
+      {name::kStyleEditor, {&mnu_Editor}, show(name::kStyleEditor)},
+      {name::kHelpDownload, {&mnu_helpdoc}, show(name::kHelpDownload)},
+      {name::kAbout, {&mnu_helpAbout}, show(name::kAbout)},
+      {name::kMapInfo, {&mnu_showmapinfo}, [this] { ShowMapInfo(); }},
+      {name::kPreviewManager,
+       {&mnu_mapPreview, &mnu_loadpreview},
+       [this] { HandMapToPreviewManager(PreviewTask::kChoose); }},
+      {name::kPreviewManager,
+       {&mnu_searchpreview1, &mnu_searchpreview},
+       [this] { HandMapToPreviewManager(PreviewTask::kSearch); }},
+      {name::kLargePreview, {&mnu_largepreview, &mnu_largepreview2}, [this] { ShowLargePicture(ImgPreview.Picture); }},
+  };
 }
-
-void Open(const Opening& opening) {
-  RunCommand([&opening] {
-    if (opening.way == Opening::Way::kShowModal) {
-      ShowWindowModal(opening.window);
-    } else {
-      ShowWindow(opening.window);
-    }
-  });
-}
-
-}  // namespace
 
 void frmain::AddWindowCommands() {
-  for (const Opening& opening : Openings(*this)) {
-    if (opening.way == Opening::Way::kCommand) continue;
-    opening.control.Click = [opening] { Open(opening); };
+  for (const Opening& opening : Openings()) {
+    for (Control* control : opening.controls) SetCommand({&control->Click}, opening.open);
   }
 }
 
 void frmain::EnableWhatIsThere() {
-  for (const Opening& opening : Openings(*this)) opening.control.Enabled = IsWindowRegistered(opening.window);
+  for (const Opening& opening : Openings()) {
+    for (Control* control : opening.controls) control->Enabled = IsWindowRegistered(opening.window);
+  }
+  mnu_loadmap.Enabled = IsWindowRegistered(window_name::kOpenMap);
   EnableNews();
   // These two stand in the menu without a command.
   mnu_connectinternet.Enabled = false;
   mnu_makeroomfor.Enabled = false;
 }
+
+// ---- pictures ------------------------------------------------------------------------------------------------------
 
 // Items with the same picture share it: each is drawn once.
 void frmain::LoadMenuIcons() {

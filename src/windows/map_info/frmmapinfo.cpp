@@ -1,15 +1,13 @@
 #include "windows/map_info/frmmapinfo.h"
 
-#include <algorithm>
-
 #include "base/member_rows.h"
 #include "formats/bms/mission_reader.h"
 #include "maps/fetch/fetch_map.h"
 #include "maps/fetch/fetch_turn.h"
 #include "maps/map_picture.h"
 #include "program/path_text.h"
-#include "program/run_command.h"
-#include "program/style_hook.h"
+#include "program/window_kit/apply_style.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 namespace {
@@ -29,15 +27,9 @@ frmmapinfo::frmmapinfo() : Form(kName) {
   Command1.Click = [this] { Unload(); };
   Command2.Click = [this] { ShowPreview(!Frame3.Visible); };
   ImgPreview.DblClick = [this] { ShowLargePicture(ImgPreview.Picture); };
-  Timer1.Tick = [this] {
-    Timer1.Enabled = false;
-    RunCommand([this] { FormLoadStyle(*this); }, "applystyle ");
-  };
 }
 
-void frmmapinfo::Load() {
-  if (StyleActive()) Timer1.Enabled = true;
-}
+void frmmapinfo::Load() { StartStyleTimer(Timer1); }
 
 void frmmapinfo::LoadMap(const std::string& Path) {
   const Ref<Form> keep(this);

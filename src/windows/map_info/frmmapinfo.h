@@ -11,12 +11,13 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/window_registry.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 
 class frmmapinfo final : public Form {
  public:
-  static constexpr const char* kName = "frmmapinfo";
+  static constexpr const char* kName = window_name::kMapInfo;
   frmmapinfo();
 
   Frame& Frame1 = Add<Frame>("Frame1");

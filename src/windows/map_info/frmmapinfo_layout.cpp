@@ -1,8 +1,8 @@
-#include <algorithm>
 #include <array>
-#include <cstdint>
 
-#include "program/program_pictures.h"
+#include "program/window_kit/apply_style.h"
+#include "program/window_kit/fit_picture.h"
+#include "program/window_kit/place_controls.h"
 #include "windows/map_info/frmmapinfo.h"
 
 namespace kestrun {
@@ -30,14 +30,13 @@ constexpr int kMapTop = kMargin + kDesignHeight + kGap;
 constexpr int kMapHeight = kFirstRow + kTypeHeight + (kRow - kBoxHeight) + 5 * kRow + kBoxHeight + kMargin;
 constexpr int kFramesBottom = kMapTop + kMapHeight;
 constexpr int kButtonTop = kFramesBottom + kMargin;
-constexpr int kButtonHeight = 375;
-constexpr int kClientHeight = kButtonTop + kButtonHeight + kMargin;
+constexpr int kPreviewButtonWidth = 1620;
+constexpr int kClientHeight = kButtonTop + kDialogButtonHeight + kMargin;
 
 constexpr int kPreviewLeft = kWidthWithoutPreview - kFrameWidth;
 constexpr int kPreviewWidth = kWidthWithPreview - kFrameWidth - kMargin - kPreviewLeft;
 constexpr int kPreviewHeight = kFramesBottom - kMargin;
-constexpr int kPictureWidth = kPreviewWidth - 2 * kMargin;
-constexpr int kPictureHeight = kPreviewHeight - kFirstRow - kMargin;
+constexpr Place kPicturePlace{kMargin, kFirstRow, kPreviewWidth - 2 * kMargin, kPreviewHeight - kFirstRow - kMargin};
 
 struct Field {
   Label& label;
@@ -49,7 +48,7 @@ struct Field {
 void PlaceField(const Field& field, Frame& frame, int top, int height = kBoxHeight) {
   field.label.SetContainer(frame);
   field.label.Caption = field.caption;
-  field.label.Move(kMargin, top + 45, kBoxLeft - kMargin - 60, 240);
+  field.label.Move(kMargin, top + 45, kBoxLeft - kMargin - 60, kLabelHeight);
   field.box.SetContainer(frame);
   field.box.Move(kBoxLeft, top, kBoxWidth, height);
   field.box.Locked = true;
@@ -59,11 +58,7 @@ void PlaceField(const Field& field, Frame& frame, int top, int height = kBoxHeig
 }  // namespace
 
 void frmmapinfo::LayOut() {
-  Caption = "Map info ";
-  Icon = ProgramIcon();
-  BorderStyle = static_cast<int>(FormBorder::kFixedSingle);
-  StartUpPosition = static_cast<int>(StartPosition::kCenterOwner);
-  MaxButton = false;
+  LayOutFixedWindow(*this, "Map info ", StartPosition::kCenterOwner);
   Height = kClientHeight + kFrameHeight;
   LayOutFields();
 
@@ -72,16 +67,15 @@ void frmmapinfo::LayOut() {
   ImgPreview.SetContainer(Frame3);
   ImgPreview.Stretch = true;
   ImgPreview.ToolTipText = "A preview of the map if possible double click to enlarge.";
-  ImgPreview.Move(kMargin, kFirstRow, kPictureWidth, kPictureHeight);
+  SetPicture({});
 
   Command1.Caption = "OK";
   Command1.Default = true;
   Command1.Cancel = true;
-  Command2.Move(kFrameLeft + kFrameInside - 1620, kButtonTop, 1620, kButtonHeight);
-  Command1.Move(Command2.Left - kGap - 1260, kButtonTop, 1260, kButtonHeight);
+  Command2.Move(kFrameLeft + kFrameInside - kPreviewButtonWidth, kButtonTop, kPreviewButtonWidth, kDialogButtonHeight);
+  Command1.Move(Command2.Left - kGap - kDialogButtonWidth, kButtonTop, kDialogButtonWidth, kDialogButtonHeight);
 
-  Timer1.Enabled = false;
-  Timer1.Interval = 200;
+  SetUpStyleTimer(*this, Timer1, 200, "applystyle ");
 }
 
 void frmmapinfo::LayOutFields() {
@@ -119,20 +113,7 @@ void frmmapinfo::ShowPreview(bool shown) {
 
 void frmmapinfo::SetPicture(const Ref<kestrun::Picture>& picture) {
   ImgPreview.Picture = picture;
-  int64_t width = kPictureWidth;
-  int64_t height = kPictureHeight;
-  if (picture) {
-    const int64_t wide = int64_t{picture->width_pixels()} * kPictureHeight;
-    const int64_t high = int64_t{picture->height_pixels()} * kPictureWidth;
-    if (wide > high) {
-      height = std::max<int64_t>(high / picture->width_pixels(), 1);
-    } else {
-      width = std::max<int64_t>(wide / picture->height_pixels(), 1);
-    }
-  }
-  ImgPreview.Move(kMargin + static_cast<int>(kPictureWidth - width) / 2,
-                  kFirstRow + static_cast<int>(kPictureHeight - height) / 2, static_cast<int>(width),
-                  static_cast<int>(height));
+  MoveTo(ImgPreview, FitPicture(picture, kPicturePlace, SmallPicture::kEnlarge));
 }
 
 }  // namespace kestrun

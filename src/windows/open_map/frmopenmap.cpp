@@ -1,6 +1,7 @@
 #include "windows/open_map/frmopenmap.h"
 
 #include <algorithm>
+#include <array>
 
 #include "base/convert.h"
 #include "base/text.h"
@@ -9,15 +10,15 @@
 #include "maps/fetch/fetch_map.h"
 #include "maps/fetch/fetch_turn.h"
 #include "maps/map_picture.h"
+#include "maps/put/mission_name.h"
 #include "maps/put/put_map.h"
 #include "platform/platform.h"
-#include "program/ask.h"
 #include "program/game_paths.h"
-#include "program/open_window.h"
 #include "program/path_text.h"
-#include "program/run_command.h"
 #include "program/settings.h"
-#include "program/style_hook.h"
+#include "program/window_kit/apply_style.h"
+#include "program/window_kit/ask.h"
+#include "program/window_kit/run_command.h"
 #include "web/web_paths.h"
 
 namespace kestrun {
@@ -33,18 +34,12 @@ constexpr Member kRows[]{
 };
 const MemberTable kTable{&Form::kFormMembers, kRows};
 
-// By task: the window without which it cannot do anything.
-constexpr std::array<std::string_view, frmopenmap::kTaskCount> kTaskWindows{
-    window_name::kMapInfo, window_name::kMapList, {}, {}, window_name::kUploader, window_name::kMain};
-
 // The test looks at the whole text, folders included.
 bool LooksLikeAMap(const std::string& address) {
   constexpr std::array kEndings{".bms", ".BMS", ".zip", ".ZIP"};
   return std::any_of(kEndings.begin(), kEndings.end(),
                      [&](const char* ending) { return address.find(ending) != std::string::npos; });
 }
-
-std::string InMapFolder(const std::string& local) { return MapFolder() + "\\" + GetFileName(local); }
 
 }  // namespace
 
@@ -59,12 +54,7 @@ frmopenmap::frmopenmap() : Form(kName) {
 const MemberTable& frmopenmap::Members() const { return kTable; }
 
 void frmopenmap::Connect() {
-  TxtFile.Change = [this] {
-    RunCommand([this] {
-      ImgPreview.Picture = LoadMapPicture(TxtFile.Text);
-      FitPreview();
-    });
-  };
+  TxtFile.Change = [this] { RunCommand([this] { ShowPictureOf(TxtFile.Text); }); };
   FilesDropped = [this](const std::vector<std::string>& paths) {
     if (!paths.empty()) TxtFile.Text = paths.front();
   };
@@ -74,27 +64,11 @@ void frmopenmap::Connect() {
   Command1.Click = [this] { RunCommand([this] { LaunchGame(); }); };
   ImgPreview.Click = [this] { RunCommand([this] { ShowPreview(); }); };
   Label3.Click = [this] { ImgPreview.Click(); };
-  Timer1.Tick = [this] {
-    Timer1.Enabled = false;
-    RunCommand([this] { FormLoadStyle(*this); }, "Apply style ");
-  };
   KeyDown = [this](int& key_code, int) {
     if (key_code != key::kEscape) return;
     key_code = 0;
     Unload();
   };
-}
-
-// A task stands out under the mouse, and while the keyboard is on it.
-void frmopenmap::ConnectTasks() {
-  for (int task = 0; task < kTaskCount; ++task) {
-    Label& label = *LblTask[static_cast<size_t>(task)];
-    label.Click = [this, task] { RunCommand([this, task] { RunTask(task); }); };
-    label.MouseMove = [this, task](int, int, int, int) { Highlight(task); };
-    label.GotFocus = [this, task] { Highlight(task); };
-    label.LostFocus = [this] { Highlight(-1); };
-  }
-  PctTasks.MouseMove = [this](int, int, int, int) { Highlight(-1); };
 }
 
 void frmopenmap::Load() {
@@ -107,8 +81,8 @@ void frmopenmap::Load() {
     return;
   }
   RestoreChoices();
-  DisableTasksWithoutWindow();
-  if (StyleActive()) Timer1.Enabled = true;
+  EnableWhatIsThere();
+  StartStyleTimer(Timer1);
 }
 
 // A choice that cannot be read is reported and takes none of the others with it: closing stores all of them, and so
@@ -134,14 +108,6 @@ void frmopenmap::Unloading() {
   });
 }
 
-void frmopenmap::DisableTasksWithoutWindow() {
-  for (size_t task = 0; task < kTaskWindows.size(); ++task) {
-    LblTask[task]->Enabled = kTaskWindows[task].empty() || IsWindowRegistered(kTaskWindows[task]);
-  }
-  // The heading stays readable, but the keyboard does not stop at what leads nowhere.
-  Label3.TabStop = IsWindowRegistered(window_name::kLargePreview) || IsWindowRegistered(window_name::kPreviewManager);
-}
-
 void frmopenmap::Browse() {
   dlgopen.DialogTitle = "Select file on your PC";
   dlgopen.Filter =
@@ -153,18 +119,25 @@ void frmopenmap::Browse() {
 
 void frmopenmap::PutAndPlay(int32_t mode) {
   FetchTurn turn;
-  const std::string local = FetchMap(TxtFile.Text);
-  std::string name = ChosenName();
+  const std::string local = FetchAddress();
+  std::string name = ChosenMission({options1, options0, options3, txtrename});
   if (local.empty()) return;
   const bool packed = PutMap(local, name, mode, true);
   turn.End();
   MsgBox(packed ? "Successfully packed map" : "Failed to pack map");
 }
 
-std::string frmopenmap::ChosenName() {
-  if (options1.Value) txtrename.Text = kCaptureTheFlagMission;
-  if (options0.Value) txtrename.Text = kDeathmatchMission;
-  return options0.Value || options1.Value || options3.Value ? txtrename.Text.get() : std::string();
+std::string frmopenmap::FetchAddress() {
+  const FetchScope fetch(&fetch_line_);
+  const std::string address = TxtFile.Text;
+  std::string local = FetchMap(address);
+  if (!local.empty() && local != address && !ImgPreview.Picture.get()) ShowPictureOf(local);
+  return local;
+}
+
+void frmopenmap::ShowPictureOf(const std::string& map) {
+  ImgPreview.Picture = LoadMapPicture(map);
+  FitPreview();
 }
 
 void frmopenmap::LaunchGame() {
@@ -178,94 +151,13 @@ void frmopenmap::LaunchGame() {
          BoxIcon::kCritical);
 }
 
-void frmopenmap::RunTask(int task) {
-  switch (task) {
-    case 0: ShowMapInfo(); break;
-    case 1: AddAutoHost(); break;
-    case 2: (IsGameRunning() ? cmdplaying : cmdputin).Click(); break;
-    case 3: SaveMapAs(); break;
-    case 4: UploadMap(); break;
-    default: static_cast<void>(ShowWindow(window_name::kMain));
-  }
-}
-
-bool frmopenmap::AddressIsMissing(const char* request) {
-  if (!TxtFile.Text->empty()) return false;
-  MsgBox(request);
-  TxtFile.SetFocus();
-  return true;
-}
-
-void frmopenmap::SaveMapAs() {
-  RunCommand([this] {
-    if (AddressIsMissing("Enter path!")) return;
-    if (!AskYesNo("This will download or copy the map to the default map folder continue?")) return;
-    const FetchTurn turn;
-    const std::string local = FetchMap(TxtFile.Text);
-    if (local.empty() || !FileExists(local)) return;
-    const std::string target = InMapFolder(local);
-    if (!EqualsNoCase(local, target)) platform().files().Copy(local, target);
-  });
-}
-
-void frmopenmap::AddAutoHost() {
-  RunCommand([this] {
-    if (AddressIsMissing("Enter path!")) return;
-    const FetchTurn turn;
-    std::string target = TxtFile.Text;
-    if (!FileExists(target) || MapFileKind(target) != map_file_kind::kMap) {
-      const std::string local = FetchMap(TxtFile.Text);
-      if (local.empty()) return;
-      target = InMapFolder(local);
-      const bool is_there_already = EqualsNoCase(local, target);
-      if (!is_there_already && FileExists(target) &&
-          !AskYesNo("Warning: the file " + target + " already exists overwrite the file?")) {
-        return;
-      }
-      if (!is_there_already) platform().files().Copy(local, target);
-    }
-    if (FileExists(target)) AddToMapList(target);
-  });
-}
-
-void frmopenmap::ShowMapInfo() {
-  RunCommand([this] {
-    if (AddressIsMissing("Enter Path!")) return;
-    const FetchTurn turn;
-    const std::string local = FetchMap(TxtFile.Text);
-    if (!local.empty() && FileExists(local)) OpenMapInfo(local);
-  });
-}
-
-void frmopenmap::UploadMap() {
-  RunCommand([this] {
-    const std::string path = TxtFile.Text;
-    if (IsUrl(path)) {
-      MsgBox("You can't upload a map that's already on the internet");
-    } else if (MapFileKind(path) != map_file_kind::kZip) {
-      MsgBox("You need to zip your map first before you can upload it." + std::string(kCrLf) +
-             "Download Winzip or use the Windows XP utility to zip it.");
-    } else {
-      OpenUploader(path);
-    }
-  });
-}
-
 void frmopenmap::ShowPreview() {
   if (ImgPreview.Picture.get()) {
     ShowLargePicture(ImgPreview.Picture);
     return;
   }
   const std::string address = TxtFile.Text;
-  if (address.empty() || !(FileExists(address) || IsUrl(address)) || !IsWindowRegistered(window_name::kPreviewManager))
-    return;
-  Form& window = WindowByName(window_name::kPreviewManager);
-  PutMember(ControlOf(window, "lblmap"), "Caption", address);
-  window.Show();
-}
-
-void frmopenmap::Highlight(int task) {
-  for (int at = 0; at < kTaskCount; ++at) LblTask[static_cast<size_t>(at)]->Emphasize(at == task);
+  if (!address.empty() && (FileExists(address) || IsUrl(address))) OpenPreviewManager(address);
 }
 
 }  // namespace kestrun

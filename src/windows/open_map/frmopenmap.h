@@ -17,13 +17,16 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/window_registry.h"
+#include "program/fetch_line.h"
+#include "program/window_kit/open_window.h"
 
 namespace kestrun {
 
 class frmopenmap final : public Form {
  public:
-  static constexpr const char* kName = "frmopenmap";
+  static constexpr const char* kName = window_name::kOpenMap;
   static constexpr int kTaskCount = 6;
+  static constexpr const char* kCaption = "Kestrun - Open Map";
   frmopenmap();
 
   Label& Label1 = Add<Label>("Label1");
@@ -36,6 +39,8 @@ class frmopenmap final : public Form {
   OptionButton& options1 = Add<OptionButton>("options", 1);
   OptionButton& options3 = Add<OptionButton>("options", 3);
   TextBox& txtrename = Add<TextBox>("txtrename");
+  // How many characters of what the archive holds the name has.
+  Label& lblnamelength = Add<Label>("lblnamelength");
   CommandButton& cmdputin = Add<CommandButton>("cmdputin");
   CommandButton& cmdplaying = Add<CommandButton>("cmdplaying");
   CommandButton& Command1 = Add<CommandButton>("Command1");
@@ -45,6 +50,7 @@ class frmopenmap final : public Form {
   // The heading of the picture, and for the keyboard the way to it.
   Label& Label3 = Add<Label>("Label3");
   PictureBox& PctPreview = Add<PictureBox>("PctPreview");
+  Label& lblnopreview = Add<Label>("lblnopreview");
   Image& ImgPreview = Add<Image>("ImgPreview");
   CommonDialog& dlgopen = Add<CommonDialog>("dlgopen");
   // Applies the style once.
@@ -70,19 +76,23 @@ class frmopenmap final : public Form {
   void Connect();
   void ConnectTasks();
   void RestoreChoices();
-  void DisableTasksWithoutWindow();
+  void EnableWhatIsThere();
   void Browse();
+  // The local map of the address. One out of a zip brings its own picture along when the address has none.
+  [[nodiscard]] std::string FetchAddress();
+  void ShowPictureOf(const std::string& map);
   void PutAndPlay(int32_t mode);
-  [[nodiscard]] std::string ChosenName();
   void LaunchGame();
   void ShowPreview();
-  void RunTask(int task);
-  // Lets one task stand out, none for -1.
+  // Lets one task stand out, none when there is none of that number.
   void Highlight(int task);
   // Tells an empty address in these words and goes to it; true when it is empty.
   bool AddressIsMissing(const char* request);
 
   bool choices_restored_ = false;
+
+  // Its caption is the window's line of words while it fetches.
+  FetchLine fetch_line_{nullptr, [this](const std::string& words) { Caption = words; }, [this] { Caption = kCaption; }};
 };
 
 }  // namespace kestrun

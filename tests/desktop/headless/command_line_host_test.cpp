@@ -2,10 +2,14 @@
 
 #ifndef _WIN32
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 
@@ -16,6 +20,8 @@ namespace kestrun {
 namespace {
 
 using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 // Sets an environment variable for as long as it lives.
 class EnvironmentValue {
@@ -103,6 +109,47 @@ TEST(CommandLineHostTest, NameThatTheKernelCutsIsCompletedFromTheCommandLine) {
   ASSERT_EQ(::prctl(PR_SET_NAME, "fifteen-letters"), 0);
   EXPECT_THAT(ListSystemProcesses(), Contains("fifteen-letters"));
   ::prctl(PR_SET_NAME, "test_headless");
+}
+
+// Another process, of this name, that has a file open until it is told to end.
+class HoldingProcess {
+ public:
+  HoldingProcess(const char* name, const std::string& path) {
+    int ready[2];
+    if (::pipe(ready) != 0) return;
+    child_ = ::fork();
+    if (child_ == 0) {
+      ::prctl(PR_SET_NAME, name);
+      static_cast<void>(::open(path.c_str(), O_RDONLY));
+      static_cast<void>(::write(ready[1], "x", 1));
+      for (;;) ::pause();
+    }
+    char sign = 0;
+    static_cast<void>(::read(ready[0], &sign, 1));
+    ::close(ready[0]);
+    ::close(ready[1]);
+  }
+  ~HoldingProcess() {
+    ::kill(child_, SIGKILL);
+    ::waitpid(child_, nullptr, 0);
+  }
+  HoldingProcess(const HoldingProcess&) = delete;
+  HoldingProcess& operator=(const HoldingProcess&) = delete;
+
+ private:
+  pid_t child_ = -1;
+};
+
+TEST(CommandLineHostTest, TheProgramsThatHaveAFileOpenAreNamed) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path() + "/dflw.pff";
+  CommandLineHost host("");
+  host.platform().files().WriteAll(path, AsBytes("archive"));
+  const auto own = host.platform().files().Open(path, OpenMode::kRead);
+  EXPECT_THAT(host.platform().processes().HoldersOf(path), IsEmpty());
+  const HoldingProcess game("DFLWDEM.exe", path);
+  EXPECT_THAT(host.platform().processes().HoldersOf(folder.path() + "\\DFLW.PFF"), ElementsAre("DFLWDEM.exe"));
+  EXPECT_THAT(host.platform().processes().HoldersOf(folder.path() + "/none"), IsEmpty());
 }
 
 TEST(CommandLineHostTest, NothingCanBeOpenedWithoutAShell) {

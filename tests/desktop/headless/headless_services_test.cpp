@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/runtime_error.h"
+#include "support/error_number.h"
 #include "support/headless_fixture.h"
 
 namespace kestrun {
@@ -141,6 +142,46 @@ TEST_F(HeadlessServicesTest, DownloadFailsWithTheLaidDownNumber) {
 TEST_F(HeadlessServicesTest, DownloadIntoAMissingFolderFails) {
   internet().Reply("http://x/a.bms", "map");
   EXPECT_EQ(internet().DownloadToFile("http://x/a.bms", Path("nowhere\\a.bms")), HeadlessInternet::kDownloadFailure);
+}
+
+// Keeps an answer.
+class Keeper final : public HttpReceiver {
+ public:
+  bool TakeHead(int status, const HttpHeaders& headers) override {
+    response = {status, headers, {}};
+    return true;
+  }
+  bool TakePiece(ByteView piece) override {
+    response.body.insert(response.body.end(), piece.begin(), piece.end());
+    return true;
+  }
+  void StillWaiting(bool user_leaves) override { events += user_leaves ? "leaves " : "waits "; }
+  HttpResponse response;
+  std::string events;
+};
+
+TEST_F(HeadlessServicesTest, RequestsGetWhatIsLaidDown) {
+  internet().Answer("http://x/", {404, {{"A", "b"}}, {1, 2, 3}});
+  internet().piece_bytes = 2;
+  internet().leave_after_bytes = 3;
+  const Bytes body{'h', 'i'};
+  Keeper keeper;
+  platform().internet().OpenSession()->Exchange({"PUT", "http://x/", {{"C", "d"}}, body}, keeper);
+  EXPECT_EQ(keeper.response.status, 404);
+  EXPECT_EQ(keeper.response.Header("a"), "b");
+  EXPECT_EQ(keeper.response.body, (Bytes{1, 2, 3}));
+  EXPECT_EQ(keeper.events, "waits waits leaves ");
+  EXPECT_THAT(internet().requests, ElementsAre(SentRequest{"PUT", "http://x/", {{"C", "d"}}, "hi"}));
+}
+
+TEST_F(HeadlessServicesTest, AUrlWithoutAnAnswerCannotBeReached) {
+  Keeper keeper;
+  EXPECT_EQ(ErrorOf([&] {
+              internet().OpenSession()->Exchange({"GET", "http://x/", {}, {}}, keeper);
+              return 0;
+            }),
+            "440: The server cannot be reached.");
+  EXPECT_THAT(internet().requests, testing::SizeIs(1));
 }
 
 TEST_F(HeadlessServicesTest, FileUrlIsReadFromDisk) {

@@ -170,6 +170,15 @@ TEST_F(PosixFilesTest, ReadOnlyFileCannotBeWrittenOrReplacedByACopy) {
   EXPECT_EQ(Read("old.bms"), "old");
 }
 
+TEST_F(PosixFilesTest, AFileThatNobodyMayWriteIsMarkedReadOnly) {
+  Write("old.bms", "old");
+  EXPECT_FALSE(files_.IsReadOnly(Path("old.bms")));
+  ASSERT_EQ(::chmod(Path("old.bms").c_str(), 0444), 0);
+  EXPECT_TRUE(files_.IsReadOnly(Path("OLD.bms")));
+  EXPECT_FALSE(files_.IsReadOnly(Path("none.bms")));
+  EXPECT_FALSE(files_.IsReadOnly(folder_.path()));
+}
+
 TEST_F(PosixFilesTest, ReadOnlyFolderRefusesEveryChange) {
   Write("a", "x");
   ASSERT_EQ(::chmod(folder_.path().c_str(), 0555), 0);

@@ -174,17 +174,18 @@ TEST_F(GdiCanvasTest, APaintMayCloseItsOwnForm) {
   EXPECT_EQ(LoadedWindow(frmsamples::kName), nullptr);
 }
 
+BOOL CALLBACK TakeMessageBox(HWND window, LPARAM result) {
+  wchar_t name[16] = {};
+  GetClassNameW(window, name, 16);
+  if (std::wstring_view(name) != L"#32770" || !IsWindowVisible(window)) return TRUE;
+  *reinterpret_cast<HWND*>(result) = window;
+  return FALSE;
+}
+
 // The message box that this program shows; others may have theirs.
 HWND FindOwnBox() {
   HWND found = nullptr;
-  const auto look = [](HWND window, LPARAM result) -> BOOL {
-    wchar_t name[16] = {};
-    GetClassNameW(window, name, 16);
-    if (std::wstring_view(name) != L"#32770" || !IsWindowVisible(window)) return TRUE;
-    *reinterpret_cast<HWND*>(result) = window;
-    return FALSE;
-  };
-  EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&found));
+  EnumThreadWindows(GetCurrentThreadId(), &TakeMessageBox, reinterpret_cast<LPARAM>(&found));
   return found;
 }
 

@@ -304,7 +304,6 @@ TEST_F(PeerTest, TheFocusLeavesAControlThatIsDisabled) {
   EXPECT_EQ(GetFocus(), HandleOf(form().txtName));
 }
 
-// Keeps pop-up menus from waiting for a user: a timer runs in their message loop.
 // The words of the tip that stands on the screen after the mouse has rested there for a while.
 std::wstring TipOver(Clock& clock, HWND under, POINT place) {
   SetCursorPos(0, 0);
@@ -340,6 +339,7 @@ TEST_F(PeerTest, ATipThatChangesAfterItWasReadIsTheNewOne) {
   EXPECT_EQ(TipOver(platform.clock(), HandleOf(form().txtName), {20, 8}), L"Another");
 }
 
+// Keeps pop-up menus from waiting for a user: a timer runs in their message loop.
 class PopUpTest : public PeerTest {
  protected:
   void SetUp() override {

@@ -35,6 +35,23 @@ TEST_F(Win32ServicesTest, FilesAreReadAndWrittenAtTheirPlace) {
   EXPECT_EQ(Read(Path("a.bin")), "abcdef");
 }
 
+TEST_F(Win32ServicesTest, TheReadOnlyMarkIsSeenAndTakenAway) {
+  Write(Path("a.bms"), "map");
+  EXPECT_FALSE(files.IsReadOnly(Path("a.bms")));
+  ASSERT_TRUE(SetFileAttributesW(ToWide(Path("a.bms")).c_str(), FILE_ATTRIBUTE_READONLY));
+  EXPECT_TRUE(files.IsReadOnly(Path("a.bms")));
+  files.ClearReadOnly(Path("a.bms"));
+  EXPECT_FALSE(files.IsReadOnly(Path("a.bms")));
+  EXPECT_FALSE(files.IsReadOnly(Path("none.bms")));
+}
+
+// Where the system does not tell who has a file open, nobody is named; this process never is.
+TEST_F(Win32ServicesTest, ThisProcessIsNotAmongTheHoldersOfItsFiles) {
+  Write(Path("a.bms"), "map");
+  const auto open = files.Open(Path("a.bms"), OpenMode::kRead);
+  EXPECT_TRUE(Win32Processes().HoldersOf(Path("a.bms")).empty());
+}
+
 TEST_F(Win32ServicesTest, FaultsHaveTheNumbersOfTheLogic) {
   EXPECT_EQ(ErrorNumberOf([&] { return files.Open(Path("none"), OpenMode::kRead); }), error::kFileNotFound);
   EXPECT_EQ(ErrorNumberOf([&] { return files.Open(Path("none\\none"), OpenMode::kRead); }), error::kPathNotFound);

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "maps/put/frmoverwrite.h"
+#include "maps/put/mission_name.h"
 #include "program/frame_fixture.h"
+#include "program/style_hook.h"
 #include "support/failing_files.h"
+#include "support/forwarding_files.h"
 
 namespace kestrun {
 namespace {
@@ -102,6 +105,38 @@ TEST_F(PutMapTest, WhileAnotherProcessChangesTheArchiveItIsNamedAndNothingIsPutI
   EXPECT_FALSE(FileIsThere(GamePath("D08M03.BMS")));
 }
 
+TEST_F(PutMapTest, TheQuestionOpensWithTheFocusOnItsDefaultButton) {
+  desktop.windowing().ExpectModal("FrmOverWrite", [](Form& form) {
+    auto& window = static_cast<FrmOverWrite&>(form);
+    EXPECT_EQ(window.ActiveControl(), &window.CmdOK);
+    EXPECT_TRUE(window.CmdOK.Default);
+    window.Unload();
+  });
+  EXPECT_FALSE(Put("D08M03.BMS"));
+}
+
+TEST_F(PutMapTest, TheQuestionPutsAnActiveStyleOnOnceAfterFiftyMilliseconds) {
+  int applied = 0;
+  InstallStyleRuntime({[] { return true; }, [](const std::string&) {}, [&](Form&) { ++applied; }});
+  Window<FrmOverWrite>().Show();
+  Sleep(49);
+  EXPECT_EQ(applied, 0);
+  Sleep(1000);
+  EXPECT_EQ(applied, 1);
+  CallMember(Window<FrmOverWrite>(), "ApplyStyle");
+  Sleep(50);
+  EXPECT_EQ(applied, 2);
+  InstallStyleRuntime({});
+}
+
+TEST_F(PutMapTest, AStyleThatFailsOnTheQuestionIsReported) {
+  InstallStyleRuntime({[] { return true; }, [](const std::string&) {}, [](Form&) { Raise(error::kTypeMismatch); }});
+  desktop.dialogs().ExpectBox("Error: Applystyle13\r\nType mismatch");
+  Window<FrmOverWrite>().Show();
+  Sleep(1000);
+  InstallStyleRuntime({});
+}
+
 TEST_F(PutMapTest, ClosingTheQuestionByItsBoxIsANo) {
   desktop.windowing().ExpectModal("FrmOverWrite", [](Form& form) { form.Unload(); });
   EXPECT_FALSE(Put("D08M03.BMS"));
@@ -181,7 +216,7 @@ TEST_F(PutMapTest, YesToAMissingMapEndsInTheErrorBoxAndNothingIsPacked) {
   native_files.Delete(MapPath("Oasis.bms"));
   const std::string before = ReadFile(Archive());
   desktop.dialogs().ExpectBox("The file: " + MapPath("Oasis.bms") + " does not exists.\r\nContinue?", BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: 53\r\nFile not found");
+  desktop.dialogs().ExpectFileFailure("Error: 53\r\nFile not found", MapPath("Oasis.bms"));
   EXPECT_FALSE(Put("NEW.BMS"));
   EXPECT_EQ(ReadFile(Archive()), before);
 }
@@ -200,23 +235,89 @@ TEST_F(PutMapTest, AMissingArchiveIsAskedAboutAndNoEndsIt) {
       .WithTitle("File not found!")
       .WithButtons(BoxButtons::kYesNo)
       .WithIcon(BoxIcon::kWarning);
+  // There is no options window to go to yet.
+  desktop.dialogs().ExpectBox("The game folder is " + Path("game") + ".\r\nDo you want to choose another one?",
+                              BoxAnswer::kNo);
   EXPECT_FALSE(Put("NEW.BMS"));
   EXPECT_FALSE(FileIsThere(Archive()));
+}
+
+TEST_F(PutMapTest, YesToAMissingArchiveGoesOnAndTheMapLiesBesideIt) {
+  native_files.Delete(Archive());
+  desktop.dialogs().ExpectBox("The pff file: " + Archive() +
+                                  " does not exists.\r\nGo to options and select the right dflw game "
+                                  "folder.\r\nContinue?",
+                              BoxAnswer::kYes);
+  EXPECT_TRUE(Put("NEW.BMS"));
+  EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), map);
+}
+
+TEST_F(PutMapTest, WithoutWarningsAMissingArchiveIsPassedOverSilently) {
+  native_files.Delete(Archive());
+  EXPECT_TRUE(Put("NEW.BMS", kPutInArchive, false));
+  EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), map);
+}
+
+TEST_F(PutMapTest, BehindAMissingArchiveTheGameFolderCanBeChangedAtOnce) {
+  native_files.MakeFolder(Path("other"));
+  WriteFile(Path("other\\dflw.pff"), "");
+  native_files.Delete(Archive());
+  desktop.dialogs().ExpectBox(
+      "The pff file: " + Archive() +
+          " does not exists.\r\nGo to options and select the right dflw game folder.\r\nContinue?",
+      BoxAnswer::kNo);
+  desktop.dialogs().ExpectBox("The game folder is " + Path("game") + ".\r\nDo you want to choose another one?",
+                              BoxAnswer::kYes);
+  desktop.dialogs().ExpectFolder("Select the folder where you installed your game.", Path("other\\"));
+  EXPECT_FALSE(Put("NEW.BMS"));
+  EXPECT_EQ(Ini("FOLDERS", "DFLW"), Path("other"));
 }
 
 TEST_F(PutMapTest, AnEmptyMapIsAFailureAndLeavesTheArchive) {
   WriteFile(MapPath("Oasis.bms"), "");
   const std::string before = ReadFile(Archive());
-  desktop.dialogs().ExpectBox("Error: 9\r\nSubscript out of range");
+  desktop.dialogs().ExpectBox("Error: 9\r\nThe file is empty: " + MapPath("Oasis.bms") +
+                              "\r\nChoose another file, or get this one again.");
   EXPECT_FALSE(Put("NEW.BMS"));
+  EXPECT_EQ(ReadFile(Archive()), before);
+}
+
+// The fixture would fail on the window of the question.
+TEST_F(PutMapTest, AnEmptyMapIsRefusedBeforeTheOverwriteQuestion) {
+  WriteFile(MapPath("Oasis.bms"), "");
+  const std::string before = ReadFile(Archive());
+  desktop.dialogs().ExpectFileFailure("Error: 9\r\nThe file is empty", MapPath("Oasis.bms"));
+  EXPECT_FALSE(Put(kCaptureTheFlagMission));
   EXPECT_EQ(ReadFile(Archive()), before);
 }
 
 TEST_F(PutMapTest, ACopyThatFailsGivesTheErrorBoxAndTheArchiveKeepsTheNewEntry) {
   native_files.MakeFolder(GamePath("NEW.BMS"));  // a folder in the loose file's place cannot be copied over
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", GamePath("NEW.BMS"));
   EXPECT_FALSE(Put("NEW.BMS"));
   EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), map);
+}
+
+// Opens nothing of one path, as a game that keeps its archive to itself.
+class HeldFiles final : public ForwardingFiles {
+ public:
+  HeldFiles(FileSystem& files, std::string path) : ForwardingFiles(files), path_(std::move(path)) {}
+  std::unique_ptr<File> Open(std::string_view path, OpenMode mode) override {
+    if (path == path_) Raise(error::kPermissionDenied);
+    return files().Open(path, mode);
+  }
+
+ private:
+  std::string path_;
+};
+
+TEST_F(PutMapTest, AnArchiveThatTheGameHoldsOpenNamesTheGameAndAsksNothing) {
+  HeldFiles files(native_files, Archive());
+  desktop.UseFiles(files);
+  desktop.processes().holders[Archive()] = {"DFLWDEM.EXE"};
+  desktop.dialogs().ExpectBox("Error: 70\r\nPermission denied: " + Archive() +
+                              "\r\nIt is open in DFLWDEM.EXE. Close that program, then try again.");
+  EXPECT_FALSE(Put("D08M03.BMS"));
 }
 
 TEST_F(PutMapTest, ANameTheCodePageCannotHoldIsRefusedWithTheCharacter) {

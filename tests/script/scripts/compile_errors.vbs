@@ -1,13 +1,19 @@
-'---- 1002 Syntax error
-x = 5 : End '!! 1002
+'---- 1024 End of nothing
+x = 5 : End '!! 1024@9
 '---- 1002 a date that is none
 x = #no date# '!! 1002@5
-'---- 1002 an If without its condition's Then
+'---- 1024 Option Explicit behind something else
 Option Explicit
-Option Explicit '!! 1002@1
-'---- 1002 a Sub inside a block
-If True Then
+Option Explicit '!! 1024@1
+'---- 1002 a Sub inside a loop
+Do
 Sub S '!! 1002@1
+'---- 1002 a Sub inside a Sub
+Sub S
+Sub T '!! 1002@1
+'---- 1002 a Class inside an If
+If True Then
+Class C '!! 1002@1
 '---- 1005 Expected '('
 ReDim a '!! 1005
 '---- 1006 Expected ')'
@@ -115,7 +121,9 @@ x = 5 ? 3 '!! 1032@7
 '---- 1032 at the start
 @x = 1 '!! 1032@1
 '---- 1037 Invalid use of 'Me' keyword
-Set x = Me '!! 1037@9
+Set Me = x '!! 1037@5
+'---- 1037 in an assignment
+Me = 5 '!! 1037@1
 '---- 1038 'loop' without 'do'
 x = 1
 Loop '!! 1038@1
@@ -262,3 +270,148 @@ x = 1 + _
 x = "Grüße 地図" 5 '!! 1025@16
 '---- Tabs count one
 	x = * '!! 1023@6
+
+'---- 1041 a variable twice
+Dim x
+Dim x '!! 1041@5
+'---- 1041 a variable and a constant
+Dim x
+Const x = 1 '!! 1041@7
+'---- 1041 a variable and a procedure
+Dim x
+Sub x '!! 1041@5
+End Sub
+'---- 1041 a procedure and a variable
+Sub x
+End Sub
+Dim x '!! 1041@5
+'---- 1041 a procedure and a class
+Function x
+End Function
+Class x '!! 1041@7
+End Class
+'---- 1041 a class twice
+Class x
+End Class
+Class x '!! 1041@7
+End Class
+'---- 1041 a class and a procedure
+Class x
+End Class
+Sub x '!! 1041@5
+End Sub
+'---- 1041 a parameter and a local variable
+Sub S(a)
+Dim a '!! 1041@5
+End Sub
+'---- A procedure may be defined again
+Sub S : WScript.Echo 1 : End Sub
+Function S : WScript.Echo 2 : End Function
+S '=> 2
+'---- 1048 a Property outside of a class
+x = 1
+Property Get P '!! 1048@1
+'---- 1048 a public one
+Public Property Let P(x) '!! 1048@8
+'---- Property is a name like others
+Property = 5
+WScript.Echo Property '=> 5
+'---- 1055 Next inside an open If
+For i = 1 To 2
+If True Then
+Next '!! 1055@1
+'---- 1055 Next inside an open Do
+For i = 1 To 2
+Do
+Next '!! 1055@1
+'---- 1038 Loop inside an open If
+Do
+If True Then
+Loop '!! 1038@1
+'---- 1038 Loop for a While
+While True
+Loop '!! 1038@1
+'---- 1019 Wend for a Do
+Do
+Wend '!! 1019@1
+'---- 1020 Loop's end for a For
+For i = 1 To 2
+Wend '!! 1020@1
+'---- 1014 Wend inside an open If
+If True Then
+Wend '!! 1014@1
+'---- 1014 Case inside an open If
+If True Then
+Case 1 '!! 1014@1
+'---- 1014 a second Else
+If True Then
+Else
+Else '!! 1014@1
+'---- 1024 Else of nothing
+Else '!! 1024@1
+'---- 1024 End If of nothing
+End If '!! 1024@1
+'---- 1024 Wend of nothing
+Wend '!! 1024@1
+'---- 1024 Case of nothing
+Case 1 '!! 1024@1
+'---- 1024 a word that begins no statement
+Then x = 1 '!! 1024@1
+'---- 1025 End If behind a statement
+If 0 > 1 Then
+    x = 0 End If '!! 1025@11
+'---- 1025 End If behind a statement of a later line
+If True Then
+Else
+    x = 0 End If '!! 1025@11
+'---- 1025 Wend behind a statement
+While False
+    x = 0 Wend '!! 1025@11
+'---- 1025 Loop behind a statement
+Do
+    x = 0 Loop '!! 1025@11
+'---- 1025 End Select behind a statement
+Select Case 42
+    Case 42
+        x = True End Select '!! 1025@18
+'---- 1025 End Class behind the name
+Class C End Class '!! 1025@9
+'---- 1025 End Class behind a continued name
+Class C _
+End Class '!! 1025@1
+'---- 1025 a Sub without parentheses on one line
+Sub S x = 1 End Sub '!! 1025@7
+'---- 1025 a type in a declaration
+Dim x As Integer '!! 1025@7
+'---- 1025 a variable behind Next
+For i = 1 To 2
+Next i '!! 1025@6
+'---- 1025 an expression in a constant
+Const x = 1 + 2 '!! 1025@13
+'---- 1044 parentheses around two arguments
+strcomp("x", "y") '!! 1044
+'---- 1045 a constant that is no literal
+Const x = y '!! 1045@11
+'---- 1045 a constant without a value
+Const x = '!! 1045
+'---- 1045 a constant that is negated
+Const x = Not True '!! 1045@11
+'---- 1045 a constant that is made
+Const x = New C '!! 1045@11
+'---- 1045 a constant that is computed
+Const x = -f(1) '!! 1045@12
+'---- 1026 a bound that is no number
+Dim a(n) '!! 1026@7
+'---- 1028 behind Loop
+Do
+Loop x '!! 1028@6
+'---- 1031 a number with too many digits
+x = &H123456789 '!! 1031@5
+'---- 1023 ReDim without bounds
+ReDim a() '!! 1023@9
+'---- 1010 Call of a number
+Call 5 '!! 1010@6
+'---- 1010 Set of a number
+Set 5 = x '!! 1010@5
+'---- 1010 Erase of a number
+Erase 5 '!! 1010@7

@@ -129,4 +129,7 @@ Dim o
 Set o = New C
 o.M '=> 5 6
 '---- Me outside a method
-Execute "Set x = Me" '!! 1037
+Dim me_outside
+Execute "Set me_outside = Me"
+me_outside.me_outside = 5
+WScript.Echo me_outside '=> 5

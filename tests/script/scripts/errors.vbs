@@ -49,9 +49,9 @@ On Error Resume Next
 Dim i
 i = "start"
 For i = 1 / 0 To 5
-  WScript.Echo i '=> start
+  WScript.Echo i, Err.Number '=> start 11
 Next
-WScript.Echo "after" '=> after
+WScript.Echo i, Err.Number '=> start 92
 '---- A For Each whose collection fails runs its body once
 On Error Resume Next
 Dim e
@@ -133,7 +133,11 @@ On Error Resume Next
 Err.Raise 1234, "my source", "my description", "help.chm", 17
 WScript.Echo Err.Number, Err.Source, Err.Description, Err.HelpFile, Err.HelpContext '=> 1234 my source my description help.chm 17
 Err.Raise 9
+WScript.Echo Err.Number, Err.Description, Err.Source '=> 9 my description my source
+Err.Clear
+Err.Raise 9
 WScript.Echo Err.Number, Err.Description, Err.Source '=> 9 Subscript out of range Microsoft VBScript runtime error
+Err.Clear
 Err.Raise 1000
 WScript.Echo Err.Description '=> Unknown runtime error
 Err.Raise vbObjectError + 5, "s", "d"

@@ -1,7 +1,7 @@
 '---- The engine names itself
 WScript.Echo ScriptEngine, ScriptEngineMajorVersion, ScriptEngineMinorVersion, ScriptEngineBuildVersion > 0 '=> VBScript 5 8 True
 '---- The locale
-WScript.Echo GetLocale(), SetLocale("de-de"), GetLocale(), FormatNumber(1.5), SetLocale(0), GetLocale() '=> 1033 1033 1031 1.50 1031 1033
+WScript.Echo GetLocale(), SetLocale("de-de"), GetLocale(), FormatNumber(1.5), SetLocale(0), GetLocale() '=> 1033 1033 1031 1,50 1031 1033
 '---- The machine is closed
 x = CreateObject("Scripting.FileSystemObject") '!! 429
 '---- So are running objects

@@ -98,7 +98,7 @@ Function UCase(s) : UCase = "mine:" & s : End Function
 WScript.Echo UCase("a") '=> mine:a
 '---- Precedence
 WScript.Echo 2 + 3 * 4, (2 + 3) * 4, 2 * 3 + 4 '=> 14 20 10
-WScript.Echo -2 ^ 2, 2 ^ 3 ^ 2, 2 ^ -1 '=> -4 64 0.5
+WScript.Echo -2 ^ 2, 2 ^ 3 ^ 2, 2 ^ -1 '=> 4 64 0.5
 WScript.Echo 10 - 5 - 2, 100 / 10 / 2, 2 * 10 Mod 3 '=> 3 5 2
 WScript.Echo 7 \ 2 * 2, 7 Mod 4 \ 2, 10 \ 3 Mod 2 '=> 1 1 1
 WScript.Echo 1 + 2 & 3 + 4, "a" & 1 + 1 '=> 37 a2

@@ -1,5 +1,6 @@
 // Buttons and menu items: their words, what they do, and when they cannot be used.
 #include "support/failing_files.h"
+#include "support/registered_window.h"
 #include "windows/main/frmain_fixture.h"
 #include "windows/map_info/frmmapinfo.h"
 
@@ -26,13 +27,14 @@ std::string Captions(const MenuItem& menu) {
 TEST_F(MainWindowTest, TheMenusReadAsPlayersKnowThem) {
   Main().Show();
   EXPECT_EQ(Captions(Main().mnu_file),
-            "Put &map in DFLW|I'm already &playing|-|Load map &from|-|Show map &info|&Large map preview|&Load map "
+            "Put &map in DFLW|I'm already &playing|-|&Load map from|-|Show map &info|&Large map preview|&Load map "
             "preview|&Search map preview|-|C&opy map to ...|&Rename map|&Delete selected map|Copy map "
             "&name|-|&Change folder|&Open folder|&Refresh list|-|&Exit|");
   EXPECT_EQ(Captions(Main().mnu_loadmap), "&URL|&File on hard disk|");
   EXPECT_EQ(Captions(Main().mnu_view), "&Refresh list|R&efresh banner|-|&Status bar|-|&Options|");
   EXPECT_EQ(Captions(Main().mnu_actions),
-            "&Launch DFLW|Launch &Editor|-|&Make maplist (auto host)|&Auto Messenger|Launch &name editor|&Map "
+            "&Launch DFLW|Launch &Editor|Restore &stock missions ...|-|&Make maplist (auto host)|&Auto "
+            "Messenger|Launch &name editor|&Map "
             "updater|&Skin creator|-|Make &room for more players|Launch &BMS => MIS |Launch &color picker|-|Add &your "
             "program|");
   EXPECT_EQ(Captions(Main().mnu_internet),
@@ -42,13 +44,14 @@ TEST_F(MainWindowTest, TheMenusReadAsPlayersKnowThem) {
   EXPECT_EQ(Describe(Main().TopMenus()).substr(0, 7), "&File[P");
 }
 
-TEST_F(MainWindowTest, LoadMapFromHasAnAccessKeyOfItsOwn) {
-  std::string keys;
-  for (const MenuItem* item : Main().mnu_file.Items()) {
-    const size_t at = item->Caption->find('&');
-    if (item != &Main().mnu_loadmap && at != std::string::npos) keys += ToLower(item->Caption->substr(at + 1, 1));
-  }
-  EXPECT_EQ(keys.find('f'), std::string::npos) << keys;
+TEST_F(MainWindowTest, TheKeysOfTheListStandBesideTheirItems) {
+  EXPECT_EQ(Main().mnu_putmapin.KeyHint.get(), "Enter");
+  EXPECT_EQ(Main().mnu_renamemap.KeyHint.get(), "F2");
+  EXPECT_EQ(Main().mnu_deletemap.KeyHint.get(), "Del");
+  EXPECT_EQ(Main().mnu_refreshmaplist.KeyHint.get(), "F5");
+  EXPECT_EQ(Main().mnu_refresh.Shortcut.get(), "F5");
+  // A key in the folder box must not delete a map.
+  EXPECT_EQ(Main().mnu_deletemap.Shortcut.get(), "");
 }
 
 TEST_F(MainWindowTest, TheButtonsReadAsPlayersKnowThem) {
@@ -92,6 +95,7 @@ TEST_F(MainWindowTest, TheTabKeyGoesThroughTheWindowInReadingOrder) {
 // ---- windows of their own ------------------------------------------------------------------------------------------
 
 TEST_F(MainWindowTest, WhatLeadsToAWindowThatIsNotThereIsDisabled) {
+  const WithoutWindow style_editor("FrmEdit");
   Main().Show();
   EXPECT_FALSE(Main().mnu_Editor.Enabled);
   EXPECT_FALSE(Main().mnu_Editor.Choose());
@@ -102,12 +106,13 @@ TEST_F(MainWindowTest, WhatLeadsToAWindowThatIsNotThereIsDisabled) {
 }
 
 TEST_F(MainWindowTest, AnItemComesAliveWhenItsWindowIsThere) {
-  if (!IsWindowRegistered("frmname")) {
+  {
+    const WithoutWindow name_editor("frmname");
     Main().Show();
     EXPECT_FALSE(Main().mnu_nameeditor.Enabled);
     CloseAllWindows();
-    const WindowRegistration registration("frmname", [] { return MakeRef<Form>("frmname"); });
   }
+  const StandInWindow<Form> name_editor("frmname");
   Main().Show();
   EXPECT_TRUE(Main().mnu_nameeditor.Choose());
   EXPECT_TRUE(LoadedWindow("frmname"));
@@ -147,12 +152,13 @@ class PreviewManager final : public Form {
 };
 
 TEST_F(MainWindowTest, ThePreviewWindowGetsTheSelectedMap) {
-  if (!IsWindowRegistered("frmpicture")) {
+  {
+    const WithoutWindow preview_manager("frmpicture");
     MainOnMaps();
     Main().ImgPreview.Click();  // nobody is there to take it
     CloseAllWindows();
-    const WindowRegistration registration("frmpicture", [] { return MakeRef<PreviewManager>(); });
   }
+  const StandInWindow<PreviewManager> preview_manager("frmpicture");
   MainOnMaps();
   desktop.dialogs().ExpectBox("Select map!");
   Main().ImgPreview.Click();
@@ -286,7 +292,7 @@ TEST_F(EditorFilesTest, AFileThatIsThereIsNotAskedAboutAndStays) {
 
 TEST_F(EditorFilesTest, AFolderThatCannotBeWrittenIsToldAndNoMoreIsAsked) {
   Expect("text.bin", BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: Extracting editor files76\r\nPath not found");
+  desktop.dialogs().ExpectFileFailure("Error: Extracting editor files76\r\nPath not found", Path("nowhere\\TEXT.BIN"));
   EXPECT_FALSE(Main().ExtractEditorFiles(Path("nowhere")));
 }
 
@@ -296,7 +302,7 @@ TEST_F(EditorFilesTest, AFileThatBreaksOffDoesNotStay) {
   FailingFiles full_disk(native_files, 1);
   desktop.UseFiles(full_disk);
   Expect("text.bin", BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: Extracting editor files61\r\nDisk full");
+  desktop.dialogs().ExpectFileFailure("Error: Extracting editor files61\r\nDisk full", GamePath("TEXT.BIN"));
   EXPECT_FALSE(Main().ExtractEditorFiles(Path("game")));
   desktop.UseFiles(native_files);
   EXPECT_FALSE(FileIsThere(GamePath("TEXT.BIN")));

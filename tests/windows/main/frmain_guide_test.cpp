@@ -1,4 +1,5 @@
 // What tells a player where things are: status line, arrow, guided links, update notice.
+#include "support/registered_window.h"
 #include "windows/main/frmain_fixture.h"
 
 namespace kestrun {
@@ -22,6 +23,21 @@ TEST_F(MainWindowTest, TheStatusLineShowsTheTipUnderTheMouse) {
     EXPECT_FALSE(control->ToolTipText->empty());
     EXPECT_EQ(Main().txtstatusbar.Text.get(), control->ToolTipText.get());
   }
+}
+
+TEST_F(MainWindowTest, TheStatusLineGoesBackToItsOwnTextWhenTheMouseLeaves) {
+  Main().Show();
+  const std::string own = "Select a map and click 'Put map in DFLW'.";
+  EXPECT_EQ(Main().txtstatusbar.Text.get(), own);
+  for (Control* silent : std::initializer_list<Control*>{&Main(), &Main().Frame1, &Main().lblmaps}) {
+    Main().Command7.MouseMove(0, 0, 10, 10);
+    EXPECT_NE(Main().txtstatusbar.Text.get(), own);
+    silent->MouseMove(0, 0, 10, 10);
+    EXPECT_EQ(Main().txtstatusbar.Text.get(), own);
+  }
+  Main().Command7.MouseMove(0, 0, 10, 10);
+  Main().MouseLeave();
+  EXPECT_EQ(Main().txtstatusbar.Text.get(), own);
 }
 
 TEST_F(MainWindowTest, TheTipsAreThoseThatPlayersKnow) {
@@ -126,45 +142,87 @@ TEST_F(QuickLinksTest, TheSecondLinkShowsHowToChangeTheMapOfARunningGame) {
   EXPECT_EQ(Main().PctArrow.Left + Main().PctArrow.Width / 2, Main().Command7.Left + Main().Command7.Width / 2);
 }
 
-TEST_F(QuickLinksTest, TheOtherLinksDoWhatTheySay) {
+TEST_F(QuickLinksTest, TheDownloadLinkOpensTheLoadMapWindow) {
   ClickLink("Download a map");
-  EXPECT_TRUE(LoadedWindow("frmopenmap"));
-  desktop.dialogs().ExpectBox("Can't find the editor program! Please select it in the options window.");
+  ASSERT_TRUE(LoadedWindow("frmopenmap"));
+  EXPECT_TRUE(LoadedWindow("frmopenmap")->IsShown());
+}
+
+TEST_F(QuickLinksTest, TheEditorLinkStartsTheEditor) {
+  WriteFile(GamePath("DFLWMEDFC2.EXE"), "editor");
+  for (const char* name : {"TEXT.BIN", "Df3items.bin", "SUNSETS.DEF"}) WriteFile(GamePath(name), "there");
   ClickLink("Make a new map");
+  ASSERT_EQ(desktop.shell().openings.size(), 1U);
+  EXPECT_EQ(desktop.shell().openings[0].file, GamePath("DFLWMEDFC2.EXE"));
+}
+
+TEST_F(QuickLinksTest, TheAutoHostLinkSaysWhatItOpensAndOpensIt) {
+  const StandInWindow<Form> map_list("frmputlist");
+  CloseAllWindows();
+  Main().Show();
   desktop.dialogs().ExpectBox("This will open the auto host window");
   ClickLink("Auto change the maps");
+  ASSERT_TRUE(LoadedWindow("frmputlist"));
+  EXPECT_TRUE(LoadedWindow("frmputlist")->IsShown());
+}
+
+TEST_F(QuickLinksTest, TheUploadLinkOpensTheUploader) {
+  const StandInWindow<Form> uploader("FrmCenter");
+  CloseAllWindows();
+  Main().Show();
   ClickLink("Upload maps to Velmoor");
+  ASSERT_TRUE(LoadedWindow("FrmCenter"));
+  EXPECT_TRUE(LoadedWindow("FrmCenter")->IsShown());
 }
 
 TEST_F(QuickLinksTest, ALinkToAWindowThatIsNotThereIsDisabledAndComesAliveWithIt) {
   constexpr int kDownload = 3;
   constexpr int kUpload = 5;
   EXPECT_TRUE(Main().QuickLinks.LblLink(kDownload).Enabled);
-  if (!IsWindowRegistered("FrmCenter")) {
+  CloseAllWindows();
+  {
+    const WithoutWindow uploader("FrmCenter");
+    Main().Show();
     EXPECT_FALSE(Main().QuickLinks.LblLink(kUpload).Enabled);
     CloseAllWindows();
-    const WindowRegistration registration("FrmCenter", [] { return MakeRef<Form>("FrmCenter"); });
-    Main().Show();
-    EXPECT_TRUE(Main().QuickLinks.LblLink(kUpload).Enabled);
-    ClickLink("Upload maps to Velmoor");
-    EXPECT_TRUE(LoadedWindow("FrmCenter"));
-    UnregisterWindow("FrmCenter");
-  } else {
-    EXPECT_TRUE(Main().QuickLinks.LblLink(kUpload).Enabled);
   }
+  const StandInWindow<Form> uploader("FrmCenter");
+  Main().Show();
+  EXPECT_TRUE(Main().QuickLinks.LblLink(kUpload).Enabled);
 }
 
-TEST_F(QuickLinksTest, TheMarkIsStoredAndKeepsThePanelClosedAtTheNextStart) {
-  EXPECT_FALSE(Main().QuickLinks.ChStartup().Font->strikethrough);
+TEST_F(QuickLinksTest, ATickSaysThatThePanelComesAtTheNextStartAndAClickTakesItAway) {
+  const Label& label = Main().QuickLinks.ChStartup();
+  EXPECT_EQ(label.Caption.get(), "\xE2\x9C\x93 Show at startup");
+  const int ticked_left = label.Left;
   Main().QuickLinks.ChStartup().Click();
   EXPECT_EQ(Ini("launcher", "SHOWQUICKLINKS"), "1");
-  EXPECT_TRUE(Main().QuickLinks.ChStartup().Font->strikethrough);
+  EXPECT_EQ(label.Caption.get(), "Show at startup");
+  EXPECT_GT(label.Left.get(), ticked_left);  // the words stay where they are
+  EXPECT_FALSE(label.Font->strikethrough);
   CloseAllWindows();
   Main().Show();
   EXPECT_FALSE(Main().QuickLinks.Visible);
-  EXPECT_TRUE(Main().QuickLinks.ChStartup().Font->strikethrough);
+  EXPECT_EQ(Main().QuickLinks.ChStartup().Caption.get(), "Show at startup");
   Main().QuickLinks.ChStartup().Click();
   EXPECT_EQ(Ini("launcher", "SHOWQUICKLINKS"), "0");
+  EXPECT_EQ(Main().QuickLinks.ChStartup().Caption.get(), "\xE2\x9C\x93 Show at startup");
+}
+
+TEST_F(QuickLinksTest, ClosingThePanelPutsTheFocusOnTheList) {
+  desktop.clock().AdvanceMs(1000);
+  Main().QuickLinks.LblClose.Click();
+  EXPECT_EQ(Main().ActiveControl(), &Main().ListBox);
+}
+
+TEST_F(QuickLinksTest, TheTabKeyComesToThePanelBehindTheListAndBeforeTheChoices) {
+  desktop.clock().AdvanceMs(1000);
+  std::string order;
+  for (const Control* control : Main().TabOrder()) order += control->Name() + " ";
+  const size_t panel = order.find("LblLink");
+  ASSERT_NE(panel, std::string::npos) << order;
+  EXPECT_GT(panel, order.find("Command6")) << order;
+  EXPECT_LT(panel, order.find("opcapflag")) << order;
 }
 
 TEST_F(QuickLinksTest, TheCloseLabelHidesThePanelAndTipsShowsItAgain) {

@@ -1,4 +1,8 @@
 // The folder, the two lists of its maps, the selection and the preview.
+#include <algorithm>
+
+#include "base/code_page.h"
+#include "desktop/headless/raster_canvas.h"
 #include "support/forwarding_files.h"
 #include "windows/main/frmain_fixture.h"
 #include "windows/open_map/frmopenmap.h"
@@ -33,9 +37,88 @@ TEST_F(MainWindowTest, AFolderWithAMapAndAZipListsBothInTheFileListsOrder) {
   WriteFile(MapPath("zulu.BMS"), "map");
   MainOnMaps();
   EXPECT_EQ(Rows(), "Arena.zip|Desert.bms|Oasis.bms|zulu.BMS|");
-  EXPECT_NE(Main().ListBox.ListIcon(0), Main().ListBox.ListIcon(1));
-  EXPECT_TRUE(Main().ImageList.ListImages(Main().ListBox.ListIcon(0)));
-  EXPECT_TRUE(Main().ImageList.ListImages(Main().ListBox.ListIcon(1)));
+}
+
+TEST_F(MainWindowTest, RowsHaveNoIconsAndTheImageListIsBoundForThoseWhoWantThem) {
+  MainOnMaps();
+  EXPECT_EQ(Main().ListBox.ListIcon(0), -1);
+  EXPECT_EQ(Main().ListBox.ListIcon(1), -1);
+  EXPECT_TRUE(Main().ImageList.ListImages(0));
+}
+
+TEST_F(MainWindowTest, AnEmptyFolderSaysSoInTheListsPlace) {
+  native_files.MakeFolder(Path("empty"));
+  MainOnMaps();
+  const auto says_so = [this] {
+    RasterCanvas canvas({200, 200});
+    Main().ListBox.Paint(canvas);
+    return std::any_of(canvas.calls().begin(), canvas.calls().end(), [](const std::string& call) {
+      return call.find("No maps in this folder.") != std::string::npos;
+    });
+  };
+  EXPECT_FALSE(says_so());
+  Main().Text1.Text = Path("empty");
+  EXPECT_EQ(Main().ListBox.ListCount(), 0);
+  EXPECT_TRUE(says_so());
+  desktop.dialogs().ExpectBox("Select map!");
+  Main().Command2.Press();
+}
+
+TEST_F(MainWindowTest, OnlyAListWithTheFocusShowsARowWithIt) {
+  MainOnMaps();
+  Main().Text1.SetFocus();
+  EXPECT_FALSE(Main().ListBox.FocusRectangle);
+  Main().ListBox.GotFocus();
+  EXPECT_TRUE(Main().ListBox.FocusRectangle);
+  EXPECT_EQ(Main().ListBox.SelCount(), 0);
+  Main().ListBox.LostFocus();
+  EXPECT_FALSE(Main().ListBox.FocusRectangle);
+}
+
+TEST_F(MainWindowTest, RefreshKeepsTheSelectedMapThoughItsRowMoves) {
+  MainOnMaps();
+  ClickRow(1);
+  WriteFile(MapPath("Camp.bms"), "BMS camp");
+  Main().Command6.Press();
+  EXPECT_EQ(Main().FileMaps.FileName(), "Oasis.bms");
+  ASSERT_EQ(Main().ListBox.SelCount(), 1);
+  EXPECT_EQ(Main().ListBox.List(Main().ListBox.SelItem(0)), "Oasis.bms");
+}
+
+TEST_F(MainWindowTest, RefreshSelectsNothingWhereNothingWasSelected) {
+  MainOnMaps();
+  Main().Command6.Press();
+  EXPECT_EQ(Main().FileMaps.ListIndex.get(), -1);
+  EXPECT_EQ(Main().ListBox.SelCount(), 0);
+}
+
+TEST_F(MainWindowTest, ARenamedMapStaysTheOneThatCommandsWorkOnAndRefreshShowsIt) {
+  MainOnMaps();
+  ClickRow(0);
+  desktop.dialogs().ExpectInput("Enter a new name for the map. Don't forget the .bms / .zip !", "Zulu.bms");
+  Main().mnu_renamemap.Choose();
+  EXPECT_EQ(Main().FileMaps.FileName(), "Zulu.bms");
+  Main().Command6.Press();
+  EXPECT_EQ(Main().ListBox.List(Main().ListBox.SelItem(0)), "Zulu.bms");
+}
+
+TEST_F(MainWindowTest, ACopiedMapStaysSelectedThoughItsRowMoves) {
+  MainOnMaps();
+  ClickRow(0);
+  desktop.dialogs().ExpectFile(MapPath("Camp.bms"));
+  Main().mnu_copymapto.Choose();
+  EXPECT_EQ(Main().FileMaps.FileName(), "Desert.bms");
+  EXPECT_EQ(Main().FileMaps.ListIndex.get(), 1);
+}
+
+// A stick that was not plugged in once was forgotten for good.
+TEST_F(MainWindowTest, AFolderThatIsNotThereAtAStartStaysStored) {
+  WriteIni("[launcher]\r\nPATH=E:\\maps\r\nSHOWQUICKLINKS=1\r\n");
+  Main().Show();
+  EXPECT_EQ(Main().Text1.Text.get(), Path("program"));
+  EXPECT_EQ(Ini("launcher", "PATH"), "E:\\maps");
+  Main().Text1.Text = std::string("C:\\other");
+  EXPECT_EQ(Ini("launcher", "PATH"), "C:\\other");
 }
 
 TEST_F(MainWindowTest, TheShellIsAskedForItsIconOnceAndNotBeforeTheWindowIsShown) {
@@ -43,7 +126,7 @@ TEST_F(MainWindowTest, TheShellIsAskedForItsIconOnceAndNotBeforeTheWindowIsShown
   Main().EnsureLoaded();
   Main().Text1.Text = Path("maps");
   const auto& requests = desktop.pictures().icon_requests;
-  const Ref<Picture> drawn = Main().ImageList.ListImages(Main().ListBox.ListIcon(0));
+  const Ref<Picture> drawn = Main().ImageList.ListImages(0);
   EXPECT_TRUE(drawn);
   EXPECT_TRUE(requests.empty());
   Main().Show();
@@ -51,7 +134,7 @@ TEST_F(MainWindowTest, TheShellIsAskedForItsIconOnceAndNotBeforeTheWindowIsShown
   RunPendingEvents();
   ASSERT_EQ(requests.size(), 1U);
   EXPECT_TRUE(requests[0].path.ends_with("tmp1304930549302.zip")) << requests[0].path;
-  EXPECT_NE(Main().ImageList.ListImages(Main().ListBox.ListIcon(0)), drawn);
+  EXPECT_NE(Main().ImageList.ListImages(0), drawn);
   Main().Hide();
   Main().Show();
   RunPendingEvents();
@@ -89,7 +172,7 @@ TEST_F(MainWindowTest, EnterInTheFolderBoxReadsTheFolderAndPutsNoMapIn) {
 TEST_F(MainWindowTest, EnterAfterAFolderThatDoesNotExistSaysSo) {
   MainOnMaps();
   Main().Text1.Text = Path("nowhere");
-  desktop.dialogs().ExpectBox("Error: 76\r\nPath not found");
+  desktop.dialogs().ExpectFileFailure("Error: 76\r\nPath not found", Path("nowhere"));
   int enter = 13;
   Main().Text1.KeyDown(enter, 0);
   EXPECT_EQ(Rows(), "Desert.bms|Oasis.bms|");
@@ -335,6 +418,66 @@ TEST_F(MainWindowTest, AnotherFileThatIsDroppedIsAskedAboutAsAtAStart) {
       BoxAnswer::kNo);
   Main().FilesDropped({MapPath("notes.txt")});
   EXPECT_EQ(LoadedWindow("frmopenmap"), nullptr);
+}
+
+// ---- long paths ----------------------------------------------------------------------------------------------------
+
+class LongFolderTest : public MainWindowTest {
+ protected:
+  LongFolderTest() {
+    while (EncodeText(folder).size() < 300) {
+      folder += "\\a folder inside a folder inside a folder";
+      native_files.MakeFolder(folder);
+    }
+    WriteFile(folder + "\\Far.bms", "BMS far");
+    Main().Show();
+    Main().Text1.Text = folder;
+    desktop.clock().AdvanceMs(500);
+  }
+
+  std::string folder = Path("maps");
+};
+
+TEST_F(LongFolderTest, ItsMapsAreListedShownAndPutIn) {
+  EXPECT_EQ(Rows(), "Far.bms|");
+  GiveMapPicture("Far.bms", 40, 30);
+  ClickRow(0);
+  EXPECT_TRUE(Main().ImgPreview.Picture.get());
+  desktop.dialogs().ExpectBox("Successfully packed map");
+  Main().Command2.Press();
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "D08M03.BMS"), "BMS far");
+  EXPECT_EQ(ReadFile(GamePath("D08M03.BMS")), "BMS far");
+}
+
+TEST_F(LongFolderTest, ItsMapsAreDescribedCopiedRenamedAndDeleted) {
+  ClickRow(0);
+  std::string caption;
+  desktop.windowing().ExpectModal("frmmapinfo", [&](Form& form) {
+    caption = form.Caption;
+    form.Unload();
+  });
+  Main().mnu_showmapinfo.Choose();
+  EXPECT_EQ(caption, "Map info Far.bms");
+  desktop.dialogs().ExpectFile(folder + "\\Copy.bms");
+  Main().mnu_copymapto.Choose();
+  EXPECT_EQ(ReadFile(folder + "\\Copy.bms"), "BMS far");
+  desktop.dialogs().ExpectInput("Enter a new name for the map. Don't forget the .bms / .zip !", "Near.bms");
+  Main().mnu_renamemap.Choose();
+  EXPECT_EQ(ReadFile(folder + "\\Near.bms"), "BMS far");
+  desktop.dialogs().ExpectBox("Are you sure you want to delete Near.bms?", BoxAnswer::kYes);
+  Main().mnu_deletemap.Choose();
+  EXPECT_EQ(Rows(), "Copy.bms|");
+}
+
+TEST_F(LongFolderTest, ChoosingItSaysThatItIsNotRemembered) {
+  Main().Text1.Text = Path("maps");
+  desktop.dialogs().ExpectFolder("Select the folder where you want to load maps from.", folder);
+  desktop.dialogs().ExpectBox(
+      "Kestrun works with this folder now but cannot remember it for the next start: its path has more than 254 "
+      "characters.\r\n" +
+      folder);
+  Main().Command1.Press();
+  EXPECT_EQ(Rows(), "Far.bms|");
 }
 
 // ---- the right button ----------------------------------------------------------------------------------------------

@@ -77,6 +77,14 @@ TEST_F(MainWindowTest, RenameStoresTheTypedName) {
   EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "MINE.BMS"), "BMS desert");
 }
 
+TEST_F(MainWindowTest, TheNameBoxShowsHowMuchOfTheArchivesNameFieldIsUsed) {
+  Main().Show();
+  Main().txtoutput.Text = std::string("SEVENTEEN_LET.BMS");
+  EXPECT_EQ(Main().lblnamelength.Caption.get(), "17 / 16");
+  Main().txtoutput.Text = std::string("");
+  EXPECT_EQ(Main().lblnamelength.Caption.get(), "0 / 16");
+}
+
 TEST_F(MainWindowTest, WhilePlayingTheMessageNamesTheMap) {
   MainOnMaps().FileMaps.ListIndex = 1;
   desktop.dialogs().ExpectBox("Successfully packed map: Oasis.bms");
@@ -88,7 +96,7 @@ TEST_F(MainWindowTest, AFailureIsReportedAndThenSaid) {
   MainOnMaps().FileMaps.ListIndex = 1;
   native_files.Delete(MapPath("Oasis.bms"));
   desktop.dialogs().ExpectBox("The file: " + MapPath("Oasis.bms") + " does not exists.\r\nContinue?", BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: 53\r\nFile not found");
+  desktop.dialogs().ExpectFileFailure("Error: 53\r\nFile not found", MapPath("Oasis.bms"));
   desktop.dialogs().ExpectBox("Failed to pack map");
   Main().Command2.Press();
 }
@@ -217,7 +225,7 @@ TEST_F(MainWindowTest, AReadOnlyGameFolderIsToldAndTheArchiveStays) {
   ClickRow(0);
   WriteFile(GamePath("kept.bms"), "kept");
   native_files.MakeFolder(GamePath("D08M03.BMS"));  // a folder in the loose file's place refuses the copy
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", GamePath("D08M03.BMS"));
   desktop.dialogs().ExpectBox("Failed to pack map: Desert.bms");
   Main().Command7.Press();
   EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
@@ -239,6 +247,16 @@ TEST_F(MainWindowTest, ALargerWindowGivesItsRoomToTheListAndThePreview) {
   Main().Resize();
   EXPECT_EQ(Main().ListBox.Width.get(), width);
   EXPECT_LT(Main().Command5.Top.get(), button);
+}
+
+TEST_F(MainWindowTest, AtTheLeastSizeNothingIsCutOff) {
+  Main().Show();
+  Main().SetClientSize(Main().LeastScaleWidth(), Main().LeastScaleHeight());
+  Main().Resize();
+  EXPECT_LE(Main().Command1.Left + Main().Command1.Width, Main().ScaleWidth());
+  EXPECT_LE(Main().Frame1.Left + Main().Frame1.Width, Main().ScaleWidth());
+  EXPECT_LE(Main().Command5.Top + Main().Command5.Height, Main().Picture2.Top.get());
+  EXPECT_LE(Main().ListBox.Top + Main().ListBox.Height, Main().Command6.Top.get());
 }
 
 TEST_F(MainWindowTest, AScreenTooLowForTheWindowCutsNoButtonOff) {

@@ -10,6 +10,7 @@
 #include "program/frame_fixture.h"
 #include "program/style_hook.h"
 #include "support/error_number.h"
+#include "support/registered_window.h"
 #include "support/zip_builder.h"
 
 namespace kestrun {
@@ -243,7 +244,7 @@ class LargePreview final : public Form {
 };
 
 TEST_F(MapInfoPreviewTest, ADoubleClickShowsThePictureLarge) {
-  const WindowRegistration registered("frmLargeprev", [] { return MakeRef<LargePreview>(); });
+  const StandInWindow<LargePreview> large_preview("frmLargeprev");
   frmmapinfo& window = WithPicture(4, 3);
   desktop.windowing().ExpectModal("frmLargeprev", [&](Form& form) {
     EXPECT_EQ(static_cast<LargePreview&>(form).Picture1.Picture.get(), window.ImgPreview.Picture.get());

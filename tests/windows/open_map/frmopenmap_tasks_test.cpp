@@ -50,10 +50,46 @@ TEST_F(LoadMapTasksTest, RenameStoresTheTypedName) {
   EXPECT_EQ(Archived("MINE.BMS"), "BMS oasis");
 }
 
+// Runs what it is given and then cannot reach its server.
+class NotingSession final : public HttpSession {
+ public:
+  explicit NotingSession(std::function<void()> note) : note_(std::move(note)) {}
+  void Exchange(const HttpRequest&, HttpReceiver&) override {
+    note_();
+    Raise(error::kAutomationError);
+  }
+
+ private:
+  std::function<void()> note_;
+};
+
+TEST_F(LoadMapTasksTest, WhileAMapIsFetchedTheCaptionSaysSo) {
+  OpenWith(kUrl);
+  std::string caption;
+  desktop.internet().transport = [&]() -> std::unique_ptr<HttpSession> {
+    return std::make_unique<NotingSession>([&] { caption = Open().Caption; });
+  };
+  desktop.dialogs().ExpectBox(std::string("Can't download: ") + kUrl);
+  Open().cmdputin.Press();
+  EXPECT_TRUE(StartsWith(caption, "Fetching ")) << caption;
+  EXPECT_TRUE(caption.ends_with(": waiting for the server. Esc cancels.")) << caption;
+  EXPECT_EQ(Open().Caption.get(), "Kestrun - Open Map");
+}
+
+TEST_F(LoadMapTasksTest, EscDuringAFetchEndsTheCommandWithoutAWord) {
+  const std::string before = ReadFile(GamePath("dflw.pff"));
+  desktop.internet().Reply(kUrl, "BMS desert");
+  desktop.internet().leave_after_bytes = 0;
+  OpenWith(kUrl);
+  Open().cmdputin.Press();
+  EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
+  EXPECT_EQ(Open().Caption.get(), "Kestrun - Open Map");
+}
+
 TEST_F(LoadMapTasksTest, WithNoOptionSelectedTheMapIsPutInUnderAnEmptyName) {
   WriteIni("[launcher]\r\nOPTIONS0=False\r\nOPTIONS1=False\r\nOPTIONS3=False\r\ntxtoutputtext=MINE.BMS\r\n");
   OpenWith(MapPath("Oasis.bms"));
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", GamePath(""));
   desktop.dialogs().ExpectBox("Failed to pack map");
   Open().cmdplaying.Press();
   EXPECT_EQ(Open().txtrename.Text.get(), "MINE.BMS");
@@ -108,11 +144,11 @@ TEST_F(LoadMapTasksTest, AFolderAsTheAddressFailsAndLeavesTheGameAsItWas) {
       "game can be damaged!!!\r\ncontinue?",
       BoxAnswer::kYes);
   Open().Show();
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", Path("maps"));
   desktop.dialogs().ExpectBox("Failed to pack map");
   Open().cmdputin.Press();
   EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", Path("maps"));
   desktop.dialogs().ExpectBox("Failed to pack map");
   Open().cmdplaying.Press();
 }
@@ -243,7 +279,7 @@ TEST_F(LoadMapTasksTest, ACopyThatFailsIsReported) {
   native_files.MakeFolder(DefaultMapPath("Oasis.bms"));
   OpenWith(MapPath("Oasis.bms"));
   ExpectQuestion(kSaveQuestion, BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("Error: 75\r\nPath/File access error");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", DefaultMapPath("Oasis.bms"));
   ClickTask(kDownload);
 }
 
@@ -323,7 +359,7 @@ TEST_F(LoadMapTasksTest, AFailedDownloadHostsNothing) {
 TEST_F(LoadMapTasksTest, AMissingMapIsReportedAndNotHosted) {
   RegisterOthers();
   OpenWith(MapPath("Missing.bms"));
-  desktop.dialogs().ExpectBox("Error: 53\r\nFile not found");
+  desktop.dialogs().ExpectFileFailure("Error: 53\r\nFile not found", MapPath("Missing.bms"));
   ClickTask(kAutoHost);
   EXPECT_EQ(MapList(), nullptr);
 }

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 
+#include "maps/fetch/frmzip.h"
 #include "program/commands.h"
 #include "program/start_up.h"
 #include "program/style_hook.h"
+#include "support/access_keys.h"
+#include "support/zip_builder.h"
 #include "windows/open_map/open_map_fixture.h"
 #include "windows/splash/frmsplash.h"
 
@@ -172,24 +175,65 @@ TEST_F(LoadMapWindowTest, WithoutAStyleTheTimerStaysOff) {
 
 TEST_F(LoadMapWindowTest, CaptionsAndTipsAreThoseThatPlayersKnow) {
   EXPECT_EQ(Open().Caption.get(), "Kestrun - Open Map");
-  EXPECT_EQ(Open().Label1.Caption.get(), "Please enter a file name or url (http://)");
+  EXPECT_EQ(Open().Label1.Caption.get(), "Please enter a &file name or url (http://)");
   EXPECT_EQ(Open().TxtFile.ToolTipText.get(), "Enter the file location on your computer or internet here.");
   EXPECT_EQ(Open().CmdBrowse.ToolTipText.get(), "Browse for other file.");
-  EXPECT_EQ(Open().options0.Caption.get(), "Deathmatch (Death valley)");
+  EXPECT_EQ(Open().options0.Caption.get(), "&Deathmatch (Death valley)");
   EXPECT_EQ(Open().options0.ToolTipText.get(), "Insert as deathmatch");
-  EXPECT_EQ(Open().options1.Caption.get(), "Capture the flag (Desert Prison)");
+  EXPECT_EQ(Open().options1.Caption.get(), "&Capture the flag (Desert Prison)");
   EXPECT_EQ(Open().options1.ToolTipText.get(), "Insert as capture the flag.");
-  EXPECT_EQ(Open().options3.Caption.get(), "Rename:");
+  EXPECT_EQ(Open().options3.Caption.get(), "&Rename:");
   EXPECT_EQ(Open().options3.ToolTipText.get(), "Insert using other name.");
-  EXPECT_EQ(Open().cmdputin.Caption.get(), "Put map in DFLW");
+  EXPECT_EQ(Open().cmdputin.Caption.get(), "Put &map in DFLW");
   EXPECT_EQ(Open().cmdputin.ToolTipText.get(), "Insert map in DFLW");
-  EXPECT_EQ(Open().cmdplaying.Caption.get(), "I'm already playing");
+  EXPECT_EQ(Open().cmdplaying.Caption.get(), "I'm already &playing");
   EXPECT_EQ(Open().cmdplaying.ToolTipText.get(), "Insert map in DFLW while you are playing.");
-  EXPECT_EQ(Open().Command1.Caption.get(), "Launch DFLW");
+  EXPECT_EQ(Open().Command1.Caption.get(), "&Launch DFLW");
   EXPECT_EQ(Open().Command1.ToolTipText.get(), "Open DFLW.");
   EXPECT_EQ(Open().ImgPreview.ToolTipText.get(), "Map preview");
-  EXPECT_EQ(Open().Label3.Caption.get(), "Preview");
-  EXPECT_EQ(Open().Label2.Caption.get(), "Tasks");
+  EXPECT_EQ(Open().Label3.Caption.get(), "Pre&view");
+  EXPECT_EQ(Open().Label2.Caption.get(), "&Tasks");
+}
+
+TEST_F(LoadMapWindowTest, EachAccessKeyOfTheWindowIsThereOnce) { EXPECT_EQ(AccessKeys(Open()), "fbidcrmpltv"); }
+
+TEST_F(LoadMapWindowTest, WithoutAPictureThePlaceOfThePreviewSaysSo) {
+  GivePicture("Oasis.bms");
+  OpenWith(MapPath("Desert.bms"));
+  EXPECT_TRUE(Open().lblnopreview.Visible);
+  EXPECT_EQ(Open().lblnopreview.Caption.get(), "No preview");
+  Open().TxtFile.Text = MapPath("Oasis.bms");
+  ASSERT_TRUE(Open().ImgPreview.Picture.get());
+  EXPECT_FALSE(Open().lblnopreview.Visible);
+}
+
+TEST_F(LoadMapWindowTest, AZipShowsThePictureOfTheMapOfItsName) {
+  GivePicture("Oasis.bms");
+  OpenWith(MapPath("Oasis.zip"));
+  EXPECT_TRUE(Open().ImgPreview.Picture.get());
+}
+
+TEST_F(LoadMapWindowTest, AMapOutOfAZipBringsItsPictureAlong) {
+  GivePicture("Oasis.bms");
+  WriteFile(MapPath("Pack.zip"), BuildZip({{"Oasis.bms", "BMS oasis"}}));
+  OpenWith(MapPath("Pack.zip"));
+  EXPECT_FALSE(Open().ImgPreview.Picture.get());
+  ExpectZipQuestion(BoxAnswer::kYes);
+  desktop.windowing().ExpectModal("frmzip", [](Form& form) {
+    auto& choice = static_cast<frmzip&>(form);
+    choice.LstZip.SetListIndex(0);
+    choice.Command1.Press();
+  });
+  desktop.dialogs().ExpectBox("Successfully packed map");
+  Open().cmdplaying.Press();
+  EXPECT_TRUE(Open().ImgPreview.Picture.get());
+}
+
+TEST_F(LoadMapWindowTest, TheNameBoxShowsHowMuchOfTheArchivesNameFieldIsUsed) {
+  OpenWith(MapPath("Oasis.bms")).txtrename.Text = std::string("MINE.BMS");
+  EXPECT_EQ(Open().lblnamelength.Caption.get(), "8 / 16");
+  Open().txtrename.Text = std::string("SEVENTEEN_LET.BMS");
+  EXPECT_EQ(Open().lblnamelength.Caption.get(), "17 / 16");
 }
 
 TEST_F(LoadMapWindowTest, TheTasksAreOneControlArray) {

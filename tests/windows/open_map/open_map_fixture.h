@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "forms/list_box.h"
 #include "forms/member_rows.h"
 #include "program/frame_fixture.h"
+#include "support/registered_window.h"
 #include "windows/open_map/frmopenmap.h"
 
 namespace kestrun {
@@ -65,16 +67,7 @@ class OpenMapTest : public FrameTest {
   }
 
   // With the windows that lie above this one.
-  void RegisterOthers() {
-    static_cast<void>(WindowRegistration("frmputlist", [] { return MakeRef<FakeMapList>(); }));
-    static_cast<void>(WindowRegistration("FrmCenter", [] { return MakeRef<FakeUploader>(); }));
-    static_cast<void>(WindowRegistration("frmpicture", [] { return MakeRef<FakePreviewManager>(); }));
-    static_cast<void>(WindowRegistration("frmLargeprev", [] { return MakeRef<FakeLargePreview>(); }));
-  }
-  ~OpenMapTest() override {
-    CloseAllWindows();
-    for (const char* name : {"frmputlist", "FrmCenter", "frmpicture", "frmLargeprev"}) UnregisterWindow(name);
-  }
+  void RegisterOthers() { others_ = std::make_unique<Others>(); }
 
   frmopenmap& Open() { return Window<frmopenmap>(); }
   // As a start with this text opens it.
@@ -96,7 +89,22 @@ class OpenMapTest : public FrameTest {
                                 answer);
   }
 
+  // What stands above this window is not there unless a test asks for it.
+  const WithoutWindow no_map_list{"frmputlist"};
+  const WithoutWindow no_uploader{"FrmCenter"};
+  const WithoutWindow no_preview_manager{"frmpicture"};
+  const WithoutWindow no_large_preview{"frmLargeprev"};
+
   static constexpr const char* kUrl = "http://maps.example/Desert.bms";
+
+ private:
+  struct Others {
+    StandInWindow<FakeMapList> map_list{"frmputlist"};
+    StandInWindow<FakeUploader> uploader{"FrmCenter"};
+    StandInWindow<FakePreviewManager> preview_manager{"frmpicture"};
+    StandInWindow<FakeLargePreview> large_preview{"frmLargeprev"};
+  };
+  std::unique_ptr<Others> others_;
 };
 
 }  // namespace kestrun

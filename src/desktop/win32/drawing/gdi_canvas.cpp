@@ -103,6 +103,16 @@ void GdiCanvas::Frame(const PixelRect& area, Color color) {
 
 void GdiCanvas::HorizontalLine(int left, int right, int y, Color color) { Fill({left, y, right, y + 1}, color); }
 
+void GdiCanvas::Line(PixelPoint from, PixelPoint to, Color color, int width) {
+  const PenHandle pen(CreatePen(PS_SOLID, width, ToColorRef(color)));
+  const HGDIOBJ previous = SelectObject(target_, pen.get());
+  MoveToEx(target_, from.x, from.y, nullptr);
+  LineTo(target_, to.x, to.y);
+  SelectObject(target_, previous);
+  // The system's line ends before its last pixel.
+  if (width == 1) SetPixelV(target_, to.x, to.y, ToColorRef(color));
+}
+
 void GdiCanvas::FocusRectangle(const PixelRect& area) {
   if (area.IsEmpty()) return;
   const RECT place = ToRect(area);

@@ -99,7 +99,7 @@ FontHandle MakeFont(const FontDescription& font, ScreenScale scale) {
   description.lfItalic = font.italic;
   description.lfUnderline = font.underline;
   description.lfStrikeOut = font.strikethrough;
-  description.lfCharSet = DEFAULT_CHARSET;
+  description.lfCharSet = static_cast<BYTE>(font.charset == 0 ? DEFAULT_CHARSET : font.charset);
   description.lfQuality = CLEARTYPE_QUALITY;
   // The bitmap font of old dialogues has one size only; Tahoma has its widths, and every size.
   const std::wstring name = ToWide(font.name == "MS Sans Serif" ? "Tahoma" : font.name);
@@ -162,24 +162,7 @@ bool IsWine() {
 
 // Windows blends a menu's bitmaps with what is behind them; Wine copies their pixels, and leaves no gap to the text.
 BitmapHandle MakeMenuBitmap(const Picture& picture, int size_pixels) {
-  PixelBitmap icon = PremultipliedBitmap(picture, size_pixels, size_pixels);
-  const int gap = size_pixels / 3;
-  PixelBitmap opaque = !IsWine() ? PixelBitmap{} : MakePixelBitmap(size_pixels + gap, size_pixels);
-  if (!icon.pixels || !opaque.pixels) return std::move(icon.bitmap);
-  const COLORREF behind = GetSysColor(COLOR_MENU);
-  const uint32_t paper = GetRValue(behind) << 16 | static_cast<uint32_t>(GetGValue(behind)) << 8 | GetBValue(behind);
-  for (int y = 0; y < size_pixels; ++y) {
-    for (int x = 0; x < size_pixels + gap; ++x) {
-      const uint32_t over = x < size_pixels ? icon.pixels[y * size_pixels + x] : 0;
-      const uint32_t left = 255 - (over >> 24);
-      uint32_t mixed = 0;
-      for (int shift = 0; shift < 24; shift += 8) {
-        mixed |= (((over >> shift) & 0xFF) + ((paper >> shift) & 0xFF) * left / 255) << shift;
-      }
-      opaque.pixels[y * (size_pixels + gap) + x] = mixed;
-    }
-  }
-  return std::move(opaque.bitmap);
+  return std::move(PremultipliedBitmap(picture, size_pixels, size_pixels).bitmap);
 }
 
 void FillColor(HDC target, const RECT& area, Color color) {

@@ -89,6 +89,7 @@ using IconHandle = UniqueHandle<IconTraits>;
 using MemoryDevice = UniqueHandle<MemoryDeviceTraits>;
 using BitmapHandle = UniqueHandle<GraphicsTraits<HBITMAP>>;
 using BrushHandle = UniqueHandle<GraphicsTraits<HBRUSH>>;
+using PenHandle = UniqueHandle<GraphicsTraits<HPEN>>;
 using FontHandle = UniqueHandle<GraphicsTraits<HFONT>>;
 using RegionHandle = UniqueHandle<GraphicsTraits<HRGN>>;
 

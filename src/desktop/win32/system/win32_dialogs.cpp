@@ -88,6 +88,13 @@ class InputBoxForm final : public Form {
   CommandButton& cmdCancel = Add<CommandButton>("cmdCancel");
   Label& lblPrompt = Add<Label>("lblPrompt");
   std::optional<std::string> answer;
+
+ protected:
+  // The preset is there to be replaced by the first key.
+  void Shown() override {
+    txtAnswer.SelStart = 0;
+    txtAnswer.SelLength = static_cast<int>(ToWide(txtAnswer.Text.get()).size());
+  }
 };
 
 // "Maps (*.bms)|*.bms" becomes NUL-separated pairs with an empty text at the end.
@@ -163,11 +170,12 @@ std::optional<std::string> Win32Dialogs::PickFolder(std::string_view prompt, int
   dialog.lpfn = &OpenOnFolder;
   dialog.lParam = start.empty() ? 0 : reinterpret_cast<LPARAM>(start.c_str());
   const LPITEMIDLIST chosen = KESTRUN_LATE(L"shell32.dll", SHBrowseForFolderW)(&dialog);
-  wchar_t path[MAX_PATH] = {};
-  const bool has_path = chosen && KESTRUN_LATE(L"shell32.dll", SHGetPathFromIDListW)(chosen, path);
+  std::wstring path(kLongestPath, L'\0');
+  const bool has_path = chosen && KESTRUN_LATE(L"shell32.dll", SHGetPathFromIDListEx)(
+                                      chosen, path.data(), static_cast<DWORD>(path.size()), GPFIDL_DEFAULT);
   KESTRUN_LATE(L"ole32.dll", CoTaskMemFree)(chosen);
   KESTRUN_LATE(L"ole32.dll", CoTaskMemFree)(root);
-  return has_path ? std::optional(FromWide(path)) : std::nullopt;
+  return has_path ? std::optional(FromWide(path.c_str())) : std::nullopt;
 }
 
 std::optional<uint32_t> Win32Dialogs::PickColor(uint32_t preset) {

@@ -155,8 +155,6 @@ FILETIME LocalToFileTime(uint64_t units) {
 
 }  // namespace
 
-std::string UnusedFileBeside(std::string_view path) { return FromWide(UnusedSibling(ToWidePath(path))); }
-
 void RaiseWindowsError(unsigned long windows_error) {
   const auto* row = std::find_if(kErrorRows.begin(), kErrorRows.end(),
                                  [windows_error](const ErrorRow& one) { return one.windows_error == windows_error; });
@@ -206,6 +204,12 @@ void Win32FileSystem::Copy(std::string_view from, std::string_view to) {
 
 void Win32FileSystem::Delete(std::string_view path) {
   if (!DeleteFileW(ToWidePath(path).c_str())) RaiseForPath(path);
+}
+
+bool Win32FileSystem::IsReadOnly(std::string_view path) {
+  const DWORD attributes = GetFileAttributesW(ToWidePath(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0 &&
+         (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
 void Win32FileSystem::ClearReadOnly(std::string_view path) {

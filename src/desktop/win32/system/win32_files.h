@@ -12,6 +12,7 @@ class Win32FileSystem final : public FileSystem {
   [[nodiscard]] bool IsFolder(std::string_view path) override;
   void Copy(std::string_view from, std::string_view to) override;
   void Delete(std::string_view path) override;
+  [[nodiscard]] bool IsReadOnly(std::string_view path) override;
   void ClearReadOnly(std::string_view path) override;
   void Rename(std::string_view from, std::string_view to) override;
   void Replace(std::string_view from, std::string_view to) override;
@@ -25,9 +26,6 @@ class Win32FileSystem final : public FileSystem {
   [[nodiscard]] std::string TruePath(std::string_view path) override;
   [[nodiscard]] std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) override;
 };
-
-// The path of a file that is not there, in the folder of the given one: for what is to take its place when it is whole.
-[[nodiscard]] std::string UnusedFileBeside(std::string_view path);
 
 // Raises the run-time error that a Windows error number stands for.
 [[noreturn]] void RaiseWindowsError(unsigned long windows_error);

@@ -6,9 +6,10 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "desktop/win32/system/handles.h"
+#include "desktop/win32/system/http_handover.h"
 #include "desktop/win32/system/late_call.h"
 #include "desktop/win32/system/wide_text.h"
-#include "platform/http_redirect.h"
+#include "formats/http/http_syntax.h"
 // Behind windows.h, which it needs.
 #include <winhttp.h>
 
@@ -174,7 +175,7 @@ int QueryStatus(HINTERNET handle) {
 }
 
 // The lines of the head behind the status line; what is no header is left out.
-std::vector<HttpHeader> QueryHeaders(HINTERNET handle) {
+HttpHeaders QueryHeaders(HINTERNET handle) {
   DWORD size = 0;
   WINHTTP_CALL(WinHttpQueryHeaders)
   (handle, WINHTTP_QUERY_RAW_HEADERS_CRLF, nullptr, nullptr, &size, nullptr);
@@ -183,59 +184,50 @@ std::vector<HttpHeader> QueryHeaders(HINTERNET handle) {
   Require(
       WINHTTP_CALL(WinHttpQueryHeaders)(handle, WINHTTP_QUERY_RAW_HEADERS_CRLF, nullptr, head.data(), &size, nullptr),
       "The answer's head cannot be read");
-  std::vector<HttpHeader> headers;
+  HttpHeaders headers;
   for (const std::string& line : Split(FromWide(head.c_str()), kCrLf)) {
     if (std::optional<HttpHeader> header = ParseHeaderLine(line)) headers.push_back(std::move(*header));
   }
   return headers;
 }
 
-void ReadBody(HINTERNET handle, Bytes& body, const std::function<void()>& on_event) {
-  for (;;) {
-    DWORD waiting = 0;
-    Require(WINHTTP_CALL(WinHttpQueryDataAvailable)(handle, &waiting), "The answer is cut off");
-    if (waiting == 0) return;
-    const size_t start = body.size();
-    DWORD got = std::min(waiting, kPieceBytes);
-    body.resize(start + got);
-    Require(WINHTTP_CALL(WinHttpReadData)(handle, body.data() + start, got, &got), "The answer is cut off");
-    body.resize(start + got);
-    if (got == 0) return;
-    if (body.size() > kMostResponseBytes) Raise(error::kAutomationError, "The answer is too large.");
-    if (on_event) on_event();
-  }
-}
-
-// The library takes the end of a connection for the end of a body, however short it is, and Wine's may hand on what
-// stands behind the end.
-void HoldToLength(const HttpRequest& request, HttpResponse& response) {
-  if (HasNoBody(request.method, response.status) || response.Header("Transfer-Encoding")) return;
-  const std::optional<std::string> told = response.Header("Content-Length");
-  if (!told) return;
-  const std::optional<uint64_t> length = ParseLength(*told);
-  if (!length || *length > response.body.size()) Raise(error::kAutomationError, "The answer is cut off.");
-  response.body.resize(static_cast<size_t>(*length));
-}
-
-HttpResponse SendOnce(const Session& session, const HttpRequest& request) {
-  if (!IsWellFormed(request)) Raise(error::kAutomationError, "The request is malformed.");
+// An exchange on its own thread, so that the one with the windows can paint and hear the user while the library waits.
+// The request is a copy: when the user leaves, the thread is left behind and ends when the library lets it.
+void RunExchange(const Session& session, const HttpRequest& request, HttpHandover& handover) {
   const Exchange exchange(session, request);
   const HINTERNET handle = exchange.request.get();
   SendBody(handle, request);
-  HttpResponse response;
-  response.status = QueryStatus(handle);
-  response.headers = QueryHeaders(handle);
-  if (request.on_event) request.on_event();
-  ReadBody(handle, response.body, request.on_event);
-  HoldToLength(request, response);
-  return response;
+  bool goes_on = handover.PutHead(QueryStatus(handle), QueryHeaders(handle));
+  while (goes_on) {
+    DWORD waiting = 0;
+    Require(WINHTTP_CALL(WinHttpQueryDataAvailable)(handle, &waiting), "The answer is cut off");
+    Bytes piece(std::min(waiting, kPieceBytes));
+    auto got = static_cast<DWORD>(piece.size());
+    if (got > 0) Require(WINHTTP_CALL(WinHttpReadData)(handle, piece.data(), got, &got), "The answer is cut off");
+    piece.resize(got);
+    goes_on = got > 0 && handover.PutPiece(std::move(piece));
+  }
 }
+
+class WinHttpSession final : public HttpSession {
+ public:
+  void Exchange(const HttpRequest& request, HttpReceiver& receiver) override {
+    if (!session_) session_ = std::make_shared<const Session>();
+    ReceiveThroughThread(
+        [session = session_, copy = request,
+         body = Bytes(request.body.begin(), request.body.end())](HttpHandover& handover) mutable {
+          copy.body = body;
+          RunExchange(*session, copy, handover);
+        },
+        receiver);
+  }
+
+ private:
+  std::shared_ptr<const Session> session_;
+};
 
 }  // namespace
 
-HttpResponse SendThroughWinHttp(const HttpRequest& request) {
-  const Session session;
-  return FollowRedirects(request, [&session](const HttpRequest& next) { return SendOnce(session, next); });
-}
+std::unique_ptr<HttpSession> OpenWinHttpSession() { return std::make_unique<WinHttpSession>(); }
 
 }  // namespace kestrun

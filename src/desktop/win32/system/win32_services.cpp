@@ -5,8 +5,10 @@
 
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "desktop/win32/system/file_holders.h"
 #include "desktop/win32/system/handles.h"
 #include "desktop/win32/system/late_call.h"
+#include "desktop/win32/system/waiting.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/system/win32_files.h"
 #include "desktop/win32/system/win32_http.h"
@@ -209,6 +211,12 @@ std::vector<std::string> Win32Processes::RunningNames() {
   return names;
 }
 
+std::vector<std::string> Win32Processes::HoldersOf(std::string_view path) {
+  std::vector<std::string> names;
+  Attempt([&] { names = FileHolders(path); });
+  return names;
+}
+
 void Win32Processes::EndProcess() { ExitProcess(0); }
 
 bool Win32Internet::IsUrl(std::string_view text) {
@@ -220,69 +228,14 @@ bool Win32Internet::IsConnected() {
   return KESTRUN_LATE(L"wininet.dll", InternetGetConnectedState)(&flags, 0) != FALSE;
 }
 
-namespace {
-
-constexpr int kDownloadFailed = static_cast<int>(0x800C0008);  // as the system's own download has it
-
-// The thread waits for a server while this lives, and no window answers: the mouse shows an hourglass, and what was
-// pressed meanwhile goes nowhere. It would otherwise answer the question that comes next, before anybody has seen it.
-class Waiting {
- public:
-  Waiting() : before_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
-  ~Waiting() {
-    Discard(WM_KEYFIRST, WM_KEYLAST);
-    Discard(WM_MOUSEFIRST, WM_MOUSELAST);
-    SetCursor(before_);
-  }
-  Waiting(const Waiting&) = delete;
-  Waiting& operator=(const Waiting&) = delete;
-
- private:
-  static void Discard(UINT first, UINT last) {
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, first, last, PM_REMOVE) && message.message != WM_QUIT) continue;
-    if (message.message == WM_QUIT) PostQuitMessage(static_cast<int>(message.wParam));
-  }
-
-  HCURSOR before_;
-};
-
-void WriteWhole(std::string_view path, ByteView bytes) {
-  Win32FileSystem files;
-  const std::string part = UnusedFileBeside(path);
-  try {
-    files.WriteAll(part, bytes);
-    files.Replace(part, path);
-  } catch (const RuntimeError&) {
-    Attempt([&] { files.Delete(part); });
-    throw;
-  }
-}
-
-}  // namespace
-
-// Over http the system's own download would keep the page of an error for the file, and a half for a whole. The target
-// changes only when all has arrived.
 int Win32Internet::DownloadToFile(std::string_view url, std::string_view path) {
-  if (FindNoCase(url, "http://") == 0 || FindNoCase(url, "https://") == 0) {
-    // No cache on the way may answer: what is wanted is the newest version.
-    const std::vector<HttpHeader> newest{{"Cache-Control", "no-cache"}, {"Pragma", "no-cache"}};
-    const std::optional<HttpResponse> response = Send({"GET", std::string(url), newest, {}, {}});
-    if (!response || response->status < 200 || response->status > 299) return kDownloadFailed;
-    return Attempt([&] { WriteWhole(path, response->body); }) ? 0 : kDownloadFailed;
-  }
   constexpr DWORD kGetNewestVersion = 16;
   const Waiting waiting;
   return KESTRUN_LATE(L"urlmon.dll", URLDownloadToFileW)(nullptr, ToWide(url).c_str(), ToWidePath(path).c_str(),
                                                          kGetNewestVersion, nullptr);
 }
 
-std::optional<HttpResponse> Win32Internet::Send(const HttpRequest& request) {
-  const Waiting waiting;
-  std::optional<HttpResponse> response;
-  Attempt([&] { response = SendThroughWinHttp(request); });
-  return response;
-}
+std::unique_ptr<HttpSession> Win32Internet::OpenSession() { return OpenWinHttpSession(); }
 
 namespace {
 

@@ -58,6 +58,7 @@ class Win32Shell final : public Shell {
 class Win32Processes final : public Processes {
  public:
   [[nodiscard]] std::vector<std::string> RunningNames() override;
+  [[nodiscard]] std::vector<std::string> HoldersOf(std::string_view path) override;
   void EndProcess() override;
 };
 
@@ -66,7 +67,7 @@ class Win32Internet final : public Internet {
   [[nodiscard]] bool IsUrl(std::string_view text) override;
   [[nodiscard]] bool IsConnected() override;
   [[nodiscard]] int DownloadToFile(std::string_view url, std::string_view path) override;
-  [[nodiscard]] std::optional<HttpResponse> Send(const HttpRequest& request) override;
+  [[nodiscard]] std::unique_ptr<HttpSession> OpenSession() override;
 };
 
 class Win32Clipboard final : public Clipboard {

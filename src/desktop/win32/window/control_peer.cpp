@@ -24,7 +24,16 @@ MouseMessage KindOf(UINT message) {
   }
 }
 
+DWORD EdgeStyle(EdgeKind edge) { return edge == EdgeKind::kLine ? WS_BORDER : 0; }
+DWORD EdgeExtendedStyle(EdgeKind edge) { return edge == EdgeKind::kSunken ? WS_EX_CLIENTEDGE : 0; }
+
 }  // namespace
+
+std::wstring ReadWindowText(HWND window) {
+  std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
 
 int HeldButtons(WPARAM keys) {
   return ((keys & MK_LBUTTON) ? mouse::kLeft : 0) | ((keys & MK_RBUTTON) ? mouse::kRight : 0) |
@@ -59,6 +68,10 @@ RECT ControlPeer::Area() const {
           scale.Pixels(control_->Top + control_->Height)};
 }
 
+void RepaintWithChildren(HWND window) {
+  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 // ---- controls with a window ----------------------------------------------------------------------------------------
 
 // What a watched window holds as its user data, from its making to its last message. The common controls' own
@@ -77,8 +90,10 @@ WindowedPeer::~WindowedPeer() {
 
 void WindowedPeer::CreateWindowOf(const wchar_t* window_class, const std::wstring& text, DWORD style,
                                   DWORD extended_style) {
-  const RECT area = Area();
-  style |= WS_CHILD | WS_CLIPSIBLINGS;
+  const RECT area = WindowArea();
+  shown_edge_ = Edge();
+  style |= WS_CHILD | WS_CLIPSIBLINGS | EdgeStyle(shown_edge_);
+  extended_style |= EdgeExtendedStyle(shown_edge_);
   if (control().Visible) style |= WS_VISIBLE;
   if (!control().Enabled) style |= WS_DISABLED;
   window_.Reset(CreateWindowExW(extended_style, window_class, text.c_str(), style, area.left, area.top,
@@ -91,7 +106,38 @@ void WindowedPeer::CreateWindowOf(const wchar_t* window_class, const std::wstrin
   ShowToolTip();
 }
 
-void WindowedPeer::ShowToolTip() { form().SetToolTip(control(), window(), nullptr); }
+void WindowedPeer::CreateAgain() {
+  const bool had_focus = GetFocus() == window();
+  if (auto* watched = reinterpret_cast<Watched*>(GetWindowLongPtrW(window(), GWLP_USERDATA))) watched->peer = nullptr;
+  const HWND in_front = GetWindow(window(), GW_HWNDPREV);
+  window_.Reset();
+  Create();
+  if (in_front) SetWindowPos(window(), in_front, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  if (had_focus) ::SetFocus(window());
+}
+
+void WindowedPeer::ShowEdge() {
+  const EdgeKind edge = Edge();
+  if (edge == shown_edge_) return;
+  shown_edge_ = edge;
+  const auto change = [this](int which, DWORD bit, DWORD present) {
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), which));
+    SetWindowLongPtrW(window(), which, static_cast<LONG_PTR>((style & ~bit) | present));
+  };
+  change(GWL_STYLE, WS_BORDER, EdgeStyle(edge));
+  change(GWL_EXSTYLE, WS_EX_CLIENTEDGE, EdgeExtendedStyle(edge));
+  SetWindowPos(window(), nullptr, 0, 0, 0, 0,
+               SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void WindowedPeer::FollowContainer() {
+  const HWND container = form().ContainerWindow(control());
+  if (GetAncestor(window(), GA_PARENT) == container) return;
+  SetParent(window(), container);
+  Update(PropertyId::kLeft);
+}
+
+void WindowedPeer::ShowToolTip() { form().tips().Show(control(), form().window(), window(), nullptr); }
 
 void WindowedPeer::Update(PropertyId property) {
   switch (property) {
@@ -99,7 +145,7 @@ void WindowedPeer::Update(PropertyId property) {
     case PropertyId::kTop:
     case PropertyId::kWidth:
     case PropertyId::kHeight: {
-      const RECT area = Area();
+      const RECT area = WindowArea();
       SetWindowPos(window(), nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
                    SWP_NOZORDER | SWP_NOACTIVATE);
       break;
@@ -114,6 +160,8 @@ void WindowedPeer::Update(PropertyId property) {
       break;
     case PropertyId::kToolTipText: ShowToolTip(); break;
     case PropertyId::kMousePointer: ShowPointerNow(); break;
+    case PropertyId::kBorderStyle:
+    case PropertyId::kAppearance: ShowEdge(); break;
     case PropertyId::kForeColor:
     case PropertyId::kBackColor: Repaint(); break;
     default: break;
@@ -192,21 +240,29 @@ LRESULT CALLBACK WindowedPeer::Watch(HWND window, UINT message, WPARAM first, LP
 // ---- controls that their container draws ---------------------------------------------------------------------------
 
 void DrawnPeer::Create() {
-  shown_ = Area();
+  NotePlace();
   ShowToolTip();
 }
 
-void DrawnPeer::ShowToolTip() { form().SetToolTip(control(), form().ContainerWindow(control()), &shown_); }
+void DrawnPeer::NotePlace() {
+  container_ = form().ContainerWindow(control());
+  shown_ = DrawnArea();
+}
+
+void DrawnPeer::ShowToolTip() { form().tips().Show(control(), form().window(), container_, &shown_); }
 
 void DrawnPeer::Update(PropertyId) {
-  const RECT before = shown_;
-  shown_ = Area();
-  const HWND container = form().ContainerWindow(control());
-  InvalidateRect(container, &before, FALSE);
-  InvalidateRect(container, &shown_, FALSE);
+  Repaint();
+  NotePlace();
+  Repaint();
   ShowToolTip();
 }
 
-void DrawnPeer::Repaint() { InvalidateRect(form().ContainerWindow(control()), &shown_, FALSE); }
+void DrawnPeer::FollowContainer() {
+  if (form().ContainerWindow(control()) != container_) Update(PropertyId::kLeft);
+}
+
+// With the windows that it lies behind: links and panels may show it.
+void DrawnPeer::Repaint() { RedrawWindow(container_, &shown_, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN); }
 
 }  // namespace kestrun

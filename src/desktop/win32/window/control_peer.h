@@ -1,5 +1,5 @@
-// What stands on the screen for one control. A further kind of control is one class here and one row in the table of
-// MakeControlPeer.
+// What stands on the screen for one control. A further kind of control is one class and one row in the table of
+// peer_table.cpp.
 #pragma once
 
 #include <functional>
@@ -26,6 +26,16 @@ class ControlPeer {
   virtual void ListChanged() {}
   // The control's notification code of WM_COMMAND.
   virtual void Notify(int code) { static_cast<void>(code); }
+  // The control's WM_NOTIFY and WM_DRAWITEM; true when it is done with.
+  virtual bool HandleNotification(NMHDR& notice, LRESULT& result) {
+    static_cast<void>(notice);
+    static_cast<void>(result);
+    return false;
+  }
+  virtual bool DrawItem(const DRAWITEMSTRUCT& item) {
+    static_cast<void>(item);
+    return false;
+  }
   // Colours of a system control; null for the system's own.
   [[nodiscard]] virtual HBRUSH PrepareColors(HDC target) {
     static_cast<void>(target);
@@ -37,6 +47,10 @@ class ControlPeer {
     static_cast<void>(area);
   }
   virtual void Repaint() = 0;
+  // The control may stand in another container than before.
+  virtual void FollowContainer() = 0;
+  // False for a control that lets the mouse through to its container.
+  [[nodiscard]] virtual bool TakesMouse() const { return true; }
   // Hands the control's tip to the form.
   virtual void ShowToolTip() = 0;
   // Draws what lies behind a panel's controls.
@@ -54,6 +68,11 @@ class ControlPeer {
   // A turn of the wheel; true when it is done with.
   virtual bool TakeWheel(WPARAM first) {
     static_cast<void>(first);
+    return false;
+  }
+  // True for a key that the system's own control uses at the moment: the form leaves it alone.
+  [[nodiscard]] virtual bool KeepsKey(int key) const {
+    static_cast<void>(key);
     return false;
   }
   // A key before the form uses it; true when it is done with.
@@ -78,6 +97,17 @@ class ControlPeer {
   Ref<Control> control_;
 };
 
+// What stands around a control's client area.
+enum class EdgeKind { kNone = 0, kLine = 1, kSunken = 2 };
+// Of a control with a border style of 0 or 1 and an appearance that is flat (0) or not.
+[[nodiscard]] constexpr EdgeKind EdgeOf(int border_style, int appearance) {
+  if (border_style == 0) return EdgeKind::kNone;
+  return appearance == 0 ? EdgeKind::kLine : EdgeKind::kSunken;
+}
+
+// Paints a window again with all windows in it: they may show what lies behind them.
+void RepaintWithChildren(HWND window);
+
 // A control with a window of its own: one of the system's, or a panel.
 class WindowedPeer : public ControlPeer {
  public:
@@ -87,14 +117,22 @@ class WindowedPeer : public ControlPeer {
   [[nodiscard]] HWND window() const override { return window_.get(); }
   void Update(PropertyId property) override;
   void Repaint() override;
+  void FollowContainer() override;
   void ShowToolTip() override;
   [[nodiscard]] HBRUSH PrepareColors(HDC target) override;
   // Below the control; below the current row of a list.
   [[nodiscard]] POINT MenuPlace() const override;
 
  protected:
-  // Makes the window with the control's place, font and state, and watches its messages.
-  void CreateWindowOf(const wchar_t* window_class, const std::wstring& text, DWORD style, DWORD extended_style);
+  // Makes the window with the control's place, font, edge and state, and watches its messages.
+  void CreateWindowOf(const wchar_t* window_class, const std::wstring& text, DWORD style, DWORD extended_style = 0);
+  // Makes it again where the system cannot change it: for a style that it takes only at the making.
+  void CreateAgain();
+  [[nodiscard]] virtual EdgeKind Edge() const { return EdgeKind::kNone; }
+  // Changes the window's edge where it is another than the control's now.
+  void ShowEdge();
+  // Where the window stands: the control's area, unless its kind needs another.
+  [[nodiscard]] virtual RECT WindowArea() const { return Area(); }
   // Sees each message before the window does; true when it is done with.
   virtual bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result);
   // Runs what the user set off, with the form kept alive.
@@ -108,6 +146,7 @@ class WindowedPeer : public ControlPeer {
   void ShowPointerNow();
 
   WindowHandle window_;
+  EdgeKind shown_edge_ = EdgeKind::kNone;
 };
 
 // A control that its container draws.
@@ -117,15 +156,30 @@ class DrawnPeer : public ControlPeer {
   void Create() override;
   void Update(PropertyId property) override;
   void Repaint() override;
+  void FollowContainer() override;
   void ShowToolTip() override;
 
+ protected:
+  // What drawing may touch.
+  [[nodiscard]] virtual RECT DrawnArea() const { return Area(); }
+
  private:
+  void NotePlace();
+
+  HWND container_ = nullptr;
   RECT shown_{};
 };
 
 // Null for a control that is never seen.
 [[nodiscard]] std::unique_ptr<ControlPeer> MakeControlPeer(FormWindow& form, Control& control);
+// An element of the table that it looks the kind up in.
+template <class Peer>
+std::unique_ptr<ControlPeer> MakePeerOfKind(FormWindow& form, Control& control) {
+  return std::make_unique<Peer>(form, control);
+}
 
+// A system control's own text, read whole.
+[[nodiscard]] std::wstring ReadWindowText(HWND window);
 // The shift state of the keyboard, as event handlers get it.
 [[nodiscard]] int ShiftState();
 // The mouse buttons that a mouse message says are down.

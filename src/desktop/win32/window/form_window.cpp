@@ -1,37 +1,30 @@
 #include "desktop/win32/window/form_window.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <utility>
 
-#include "base/text.h"
 #include "desktop/win32/system/late_call.h"
 #include "desktop/win32/system/shell_link.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/control_peer.h"
 #include "desktop/win32/window/keyboard.h"
 #include "desktop/win32/window/window_class.h"
+#include "forms/active_form.h"
 #include "forms/composite_control.h"
-#include "forms/label.h"
 #include "platform/platform.h"
 
 namespace kestrun {
 namespace {
 
 constexpr const wchar_t* kFormClass = L"KestrunForm";
-constexpr int kFirstMenuCommand = 1000;
+constexpr UINT_PTR kPointerTimer = 1;
+constexpr UINT kPointerIntervalMs = 200;
 constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers that the program is built for
-constexpr int kTipWidthTwips = 6000;
 
 std::vector<FormWindow*>& Windows() {
   static std::vector<FormWindow*> windows;
   return windows;
-}
-
-std::string FontKey(const FontDescription& font) {
-  return font.name + "|" + std::to_string(font.size_points) + (font.bold ? "b" : "") + (font.italic ? "i" : "") +
-         (font.underline ? "u" : "") + (font.strikethrough ? "s" : "");
 }
 
 RECT WorkArea(HWND near_window) {
@@ -55,16 +48,6 @@ std::vector<std::string> TakeDroppedPaths(HDROP drop) {
   return paths;
 }
 
-// The system's pointer for a value of MousePointer; null for 0 and other values that leave the usual one.
-HCURSOR SystemPointer(int value) {
-  // By the value: 4 means an icon and 12 no drop.
-  static const std::array<LPCWSTR, 16> names{
-      nullptr,      IDC_ARROW,  IDC_CROSS,   IDC_IBEAM, IDC_ICON, IDC_SIZEALL,     IDC_SIZENESW, IDC_SIZENS,
-      IDC_SIZENWSE, IDC_SIZEWE, IDC_UPARROW, IDC_WAIT,  IDC_NO,   IDC_APPSTARTING, IDC_HELP,     IDC_SIZEALL};
-  if (value <= 0 || value >= static_cast<int>(names.size())) return nullptr;
-  return LoadCursorW(nullptr, names[static_cast<size_t>(value)]);
-}
-
 POINT MessagePlace(LPARAM second) { return {static_cast<short>(LOWORD(second)), static_cast<short>(HIWORD(second))}; }
 
 }  // namespace
@@ -78,9 +61,9 @@ FormWindow* FormWindow::Find(HWND window) {
   return found == Windows().end() ? nullptr : *found;
 }
 
-FormWindow::FormWindow(Form& form) : form_(&form) {}
+FormWindow::FormWindow(Form& form) : form_(&form), menu_(form), painting_(*this) {}
 
-FormWindow::~FormWindow() { Close(); }
+FormWindow::~FormWindow() { FormWindow::Close(); }
 
 // ---- opening and closing -------------------------------------------------------------------------------------------
 
@@ -106,28 +89,43 @@ DWORD FormWindow::ExtendedStyle() const {
   return style;
 }
 
-void FormWindow::Open(HWND owner) {
+HWND FormWindow::Owner() const {
+  if (!form_->IsModal() || Windows().empty()) return nullptr;
+  const FormWindow* active = Find(GetActiveWindow());
+  return (active ? active : Windows().back())->window();
+}
+
+void FormWindow::Create() {
   RegisterWindowClass(kFormClass, &FormWindow::HandleFormMessage);
+  const HWND owner = Owner();
   scale_ = ScaleOf(owner);
   window_.Reset(CreateWindowExW(ExtendedStyle(), kFormClass, ToWide(form_->Caption.get()).c_str(), Style(),
                                 CW_USEDEFAULT, CW_USEDEFAULT, 100, 100, owner, nullptr, GetModuleHandleW(nullptr),
                                 nullptr));
-  Windows().push_back(this);
-  GetCursorPos(&pointer_at_opening_);
   // Access keys and the focus are shown from the start, not only after the first key.
   SendMessageW(window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
   SetIcons();
-  BuildMenu();
+  menu_.Build(window());
   SetWindowLongPtrW(window(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   MakeControls();
+}
+
+void FormWindow::Show() {
+  const HWND owner = Owner();
+  // A window that a script made ahead of time does not know its owner.
+  if (owner != GetWindow(window(), GW_OWNER)) {
+    SetWindowLongPtrW(window(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+  }
+  Windows().push_back(this);
+  tips_.NotePointer();
   PlaceWindow(owner);
-  ShowFirst();
+  PutOnScreen();
   FocusFirst();
   UpdateWindow(window());
 }
 
 // The controls erase their backgrounds when they are painted, a moment later, and not once before for themselves.
-void FormWindow::ShowFirst() {
+void FormWindow::PutOnScreen() {
   if (form_->WindowState != 0) {
     ShowWindow(window(), form_->WindowState == 1 ? SW_SHOWMINIMIZED : SW_SHOWMAXIMIZED);
     return;
@@ -146,6 +144,11 @@ void FormWindow::Close() {
   std::vector<std::unique_ptr<ControlPeer>> closing = std::exchange(peers_, {});
   closing.clear();
   window_.Reset();
+}
+
+void FormWindow::BringToFront() {
+  if (IsIconic(window())) ShowWindow(window(), SW_RESTORE);
+  SetForegroundWindow(window());
 }
 
 void FormWindow::SetIcons() {
@@ -192,11 +195,15 @@ void FormWindow::StackControls() {
   }
 }
 
-void FormWindow::PlaceWindow(HWND owner) {
+// ---- place, size and border ----------------------------------------------------------------------------------------
+
+SIZE FormWindow::OuterSizeOfModel() const {
   const SIZE client{scale_.Pixels(form_->ScaleWidth()), scale_.Pixels(form_->ScaleHeight())};
-  const bool no_frame = form_->BorderStyle == static_cast<int>(FormBorder::kNone);
-  SIZE outer = OuterSize(client, Style(), ExtendedStyle(), form_->HasMenu(), scale_);
-  if (no_frame) outer = {scale_.Pixels(form_->Width), scale_.Pixels(form_->Height)};
+  return OuterSize(client, Style(), ExtendedStyle(), form_->HasMenu(), scale_);
+}
+
+void FormWindow::PlaceWindow(HWND owner) {
+  SIZE outer = OuterSizeOfModel();
   const RECT work = WorkArea(owner ? owner : window());
   if (form_->BorderStyle == static_cast<int>(FormBorder::kSizable)) {
     // The form sees to it that a window smaller than its layout still serves.
@@ -208,22 +215,131 @@ void FormWindow::PlaceWindow(HWND owner) {
   if (start == StartPosition::kCenterOwner && owner) GetWindowRect(owner, &frame);
   POINT place{frame.left + (frame.right - frame.left - outer.cx) / 2,
               frame.top + (frame.bottom - frame.top - outer.cy) / 2};
-  if (start == StartPosition::kManual) place = {scale_.Pixels(form_->Left), scale_.Pixels(form_->Top)};
+  if (start == StartPosition::kManual || form_->IsPlaced()) {
+    place = {scale_.Pixels(form_->Left), scale_.Pixels(form_->Top)};
+  }
   // The whole window stays on the screen, its top left corner first of all.
   place.x = std::max(work.left, std::min(place.x, work.right - outer.cx));
   place.y = std::max(work.top, std::min(place.y, work.bottom - outer.cy));
   SetWindowPos(window(), nullptr, place.x, place.y, outer.cx, outer.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+  NotePlace();
 }
+
+// A window that fills the screen or is minimized has no place of its own.
+void FormWindow::MoveToModel() {
+  if (!form_->IsShown() || IsIconic(window()) || IsZoomed(window())) return;
+  SetWindowPos(window(), nullptr, scale_.Pixels(form_->Left), scale_.Pixels(form_->Top), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::SizeToModel() {
+  const SIZE outer = OuterSizeOfModel();
+  RECT place{};
+  GetWindowRect(window(), &place);
+  // A window that grows beyond the screen's edge moves back from it; otherwise it stays where the user put it.
+  const RECT work = WorkArea(window());
+  if (outer.cx > place.right - place.left)
+    place.left = std::max(work.left, std::min(place.left, work.right - outer.cx));
+  if (outer.cy > place.bottom - place.top) place.top = std::max(work.top, std::min(place.top, work.bottom - outer.cy));
+  SetWindowPos(window(), nullptr, place.left, place.top, outer.cx, outer.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Another border leaves Width and Height as they are: the client area gives or takes what the border needs.
+void FormWindow::ShowBorder() {
+  constexpr DWORD kStates = WS_VISIBLE | WS_DISABLED | WS_MINIMIZE | WS_MAXIMIZE;
+  const auto states = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_STYLE)) & kStates;
+  SetWindowLongPtrW(window(), GWL_STYLE, static_cast<LONG_PTR>(Style() | states));
+  SetWindowLongPtrW(window(), GWL_EXSTYLE, static_cast<LONG_PTR>(ExtendedStyle()));
+  const SIZE outer = OuterSizeOfModel();
+  const UINT size = form_->IsShown() && !IsIconic(window()) && !IsZoomed(window()) ? 0 : SWP_NOSIZE;
+  SetWindowPos(window(), nullptr, 0, 0, outer.cx, outer.cy,
+               SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | size);
+  SetIcons();
+}
+
+void FormWindow::NotePlace() {
+  if (IsIconic(window())) return;
+  RECT place{};
+  GetWindowRect(window(), &place);
+  // Rounding to pixels and back is no move.
+  const auto note = [this](Property<int>& stored, LONG pixels) {
+    if (scale_.Pixels(stored) != pixels) stored.StoreQuietly(scale_.Twips(pixels));
+  };
+  note(form_->Left, place.left);
+  note(form_->Top, place.top);
+}
+
+void FormWindow::NoteSize() {
+  RECT client{};
+  GetClientRect(window(), &client);
+  const int width = scale_.Twips(client.right) + (form_->Width - form_->ScaleWidth());
+  const int height = scale_.Twips(client.bottom) + (form_->Height - form_->ScaleHeight());
+  // Rounding to pixels and back is no change of size.
+  const int pixel = scale_.Twips(1) + 1;
+  if (std::abs(width - form_->Width) <= pixel && std::abs(height - form_->Height) <= pixel) return;
+  form_->Width.StoreQuietly(width);
+  form_->Height.StoreQuietly(height);
+  DispatchEvent(form_.get(), [this] { form_->Resize(); });
+}
+
+void FormWindow::NoteState(WPARAM state) {
+  if (!form_->IsShown()) return;
+  form_->WindowState.StoreQuietly(state == SIZE_MINIMIZED ? 1 : state == SIZE_MAXIMIZED ? 2 : 0);
+  if (state != SIZE_MINIMIZED) NoteSize();
+}
+
+// Never more than the screen: there the form has to do with less.
+void FormWindow::LimitSize(MINMAXINFO& limits) const {
+  if (form_->LeastScaleWidth() == 0 || form_->BorderStyle != static_cast<int>(FormBorder::kSizable)) return;
+  const SIZE client{scale_.Pixels(form_->LeastScaleWidth()), scale_.Pixels(form_->LeastScaleHeight())};
+  const SIZE least = OuterSize(client, Style(), ExtendedStyle(), form_->HasMenu(), scale_);
+  const RECT work = WorkArea(window());
+  limits.ptMinTrackSize = {std::min(least.cx, work.right - work.left), std::min(least.cy, work.bottom - work.top)};
+}
+
+// No message tells that the mouse has left a window with children in it: while it is inside, it is looked after.
+void FormWindow::WatchPointer() {
+  if (is_pointer_watched_ || !form_->MouseLeave) return;
+  is_pointer_watched_ = SetTimer(window(), kPointerTimer, kPointerIntervalMs, nullptr) != 0;
+}
+
+void FormWindow::LookForPointer() {
+  POINT place{};
+  GetCursorPos(&place);
+  const HWND under = WindowFromPoint(place);
+  if (under && GetAncestor(under, GA_ROOT) == window()) return;
+  KillTimer(window(), kPointerTimer);
+  is_pointer_watched_ = false;
+  DispatchEvent(form_.get(), [this] { form_->MouseLeave(); });
+}
+
+void FormWindow::Rescale(ScreenScale scale) {
+  scale_ = scale;
+  painting_.ForgetFonts();
+  pointer_.Forget();
+  SetIcons();
+  for (const auto& peer : peers_) {
+    peer->Update(PropertyId::kFont);
+    peer->Update(PropertyId::kLeft);
+  }
+  InvalidateRect(window(), nullptr, TRUE);
+}
+
+// ---- the focus -----------------------------------------------------------------------------------------------------
 
 void FormWindow::FocusFirst() {
   const Control* active = form_->ActiveControl();
   // One that was hidden with its container would take the keys unseen.
   if (ControlPeer* peer = active && active->IsUsable() ? PeerOf(*active) : nullptr; peer && peer->window()) {
-    SetFocus(peer->window());
+    ::SetFocus(peer->window());
     return;
   }
   const std::vector<Control*> order = form_->TabOrder();
-  if (!order.empty()) FocusControl(*order.front());
+  if (!order.empty()) SetFocus(*order.front());
+}
+
+void FormWindow::SetFocus(Control& control) {
+  if (ControlPeer* peer = PeerOf(control); peer && peer->window()) ::SetFocus(peer->window());
 }
 
 void FormWindow::LeaveHiddenFocus() {
@@ -233,31 +349,6 @@ void FormWindow::LeaveHiddenFocus() {
     const auto form = keep.lock();
     if (form && form->is_open() && GetFocus() == focused && !IsWindowVisible(focused)) form->FocusFirst();
   });
-}
-
-// ---- what the model tells ------------------------------------------------------------------------------------------
-
-void FormWindow::Update(Control& control, PropertyId property) {
-  if (&control != form_.get()) {
-    if (ControlPeer* peer = PeerOf(control)) peer->Update(property);
-    const bool may_be_seen_now = property == PropertyId::kHeight || property == PropertyId::kVisible;
-    if (may_be_seen_now && !control.Constituents().empty()) MakeControls();
-    if (property == PropertyId::kEnabled) ReplaceLostFocus();
-    return;
-  }
-  switch (property) {
-    case PropertyId::kCaption: SetWindowTextW(window(), ToWide(form_->Caption.get()).c_str()); break;
-    case PropertyId::kWidth:
-    case PropertyId::kHeight:
-    case PropertyId::kLeft:
-    case PropertyId::kTop: FitToModel(); break;
-    case PropertyId::kEnabled: EnableWindow(window(), form_->Enabled); break;
-    case PropertyId::kIcon: SetIcons(); break;
-    case PropertyId::kWindowState:
-      ShowWindow(window(), form_->WindowState == 1 ? SW_MINIMIZE : form_->WindowState == 2 ? SW_MAXIMIZE : SW_RESTORE);
-      break;
-    default: InvalidateRect(window(), nullptr, FALSE);
-  }
 }
 
 // The system takes the focus from a control that is disabled and gives it to none: keys would go nowhere.
@@ -270,17 +361,36 @@ void FormWindow::ReplaceLostFocus() {
   });
 }
 
-void FormWindow::FitToModel() {
-  const SIZE client{scale_.Pixels(form_->ScaleWidth()), scale_.Pixels(form_->ScaleHeight())};
-  const SIZE outer = OuterSize(client, Style(), ExtendedStyle(), form_->HasMenu(), scale_);
-  RECT place{};
-  GetWindowRect(window(), &place);
-  // A window that grows beyond the screen's edge moves back from it; otherwise it stays where the user put it.
-  const RECT work = WorkArea(window());
-  if (outer.cx > place.right - place.left)
-    place.left = std::max(work.left, std::min(place.left, work.right - outer.cx));
-  if (outer.cy > place.bottom - place.top) place.top = std::max(work.top, std::min(place.top, work.bottom - outer.cy));
-  SetWindowPos(window(), nullptr, place.left, place.top, outer.cx, outer.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+// ---- what the model tells ------------------------------------------------------------------------------------------
+
+void FormWindow::Update(Control& control, PropertyId property) {
+  if (&control == form_.get()) return UpdateForm(property);
+  if (ControlPeer* peer = PeerOf(control)) peer->Update(property);
+  const bool may_be_seen_now = property == PropertyId::kHeight || property == PropertyId::kVisible;
+  if (may_be_seen_now && !control.Constituents().empty()) MakeControls();
+  if (property == PropertyId::kEnabled) ReplaceLostFocus();
+}
+
+void FormWindow::UpdateForm(PropertyId property) {
+  switch (property) {
+    case PropertyId::kCaption: SetWindowTextW(window(), ToWide(form_->Caption.get()).c_str()); break;
+    case PropertyId::kWidth:
+    case PropertyId::kHeight: SizeToModel(); break;
+    case PropertyId::kLeft:
+    case PropertyId::kTop: MoveToModel(); break;
+    case PropertyId::kBorderStyle:
+    case PropertyId::kBoxes: ShowBorder(); break;
+    case PropertyId::kEnabled: EnableWindow(window(), form_->Enabled); break;
+    case PropertyId::kIcon: SetIcons(); break;
+    case PropertyId::kWindowState:
+      if (!form_->IsShown()) break;
+      ShowWindow(window(), form_->WindowState == 1 ? SW_MINIMIZE : form_->WindowState == 2 ? SW_MAXIMIZE : SW_RESTORE);
+      break;
+    case PropertyId::kBackColor:
+    case PropertyId::kPicture:
+    case PropertyId::kDrawing: RepaintWithChildren(window()); break;
+    default: InvalidateRect(window(), nullptr, FALSE);
+  }
 }
 
 void FormWindow::ControlsChanged() {
@@ -295,10 +405,12 @@ void FormWindow::ControlsChanged() {
   peers_.erase(gone, peers_.end());
   // A removed control may be the one whose event is under way: its peer goes in a later pass.
   for (std::shared_ptr<ControlPeer>& dead : removed) {
+    tips_.Forget(dead->control());
     if (dead->window()) ShowWindow(dead->window(), SW_HIDE);
     platform().clock().Post([keep = shared_from_this(), dead = std::move(dead)] {});
   }
   MakeControls();
+  for (const auto& peer : peers_) peer->FollowContainer();
   StackControls();
   MenuChanged();
   InvalidateRect(window(), nullptr, FALSE);
@@ -316,150 +428,16 @@ void FormWindow::Repaint(Control& control) {
   }
 }
 
-void FormWindow::FocusControl(Control& control) {
-  if (ControlPeer* peer = PeerOf(control); peer && peer->window()) SetFocus(peer->window());
-}
-
-ControlPeer* FormWindow::PeerOf(const Control& control) const {
-  const auto found =
-      std::find_if(peers_.begin(), peers_.end(), [&control](const auto& peer) { return &peer->control() == &control; });
-  return found == peers_.end() ? nullptr : found->get();
-}
-
-ControlPeer* FormWindow::PeerOf(HWND child) const {
-  const auto found =
-      std::find_if(peers_.begin(), peers_.end(), [child](const auto& peer) { return peer->window() == child; });
-  return child == nullptr || found == peers_.end() ? nullptr : found->get();
-}
-
-HWND FormWindow::ContainerWindow(const Control& control) const {
-  const Control* container = control.Container();
-  const ControlPeer* peer = container && container != form_.get() ? PeerOf(*container) : nullptr;
-  return peer && peer->window() ? peer->window() : window();
-}
-
-PixelPoint FormWindow::ScreenPosition(const Control& control) const {
-  const ControlPeer* peer = PeerOf(control);
-  POINT place{};
-  if (peer && !peer->window()) place = {peer->Area().left, peer->Area().top};
-  ClientToScreen(peer && peer->window() ? peer->window() : ContainerWindow(control), &place);
-  return {place.x, place.y};
-}
-
-PixelRect FormWindow::ScreenArea() const {
-  const RECT work = WorkArea(window());
-  return {work.left, work.top, work.right, work.bottom};
-}
-
-HFONT FormWindow::FontFor(const FontDescription& font) {
-  FontHandle& made = fonts_[FontKey(font)];
-  if (!made.IsValid()) made = MakeFont(font, scale_);
-  return made.get();
-}
-
-HBRUSH FormWindow::BrushFor(Color color) {
-  BrushHandle& made = brushes_[color];
-  if (!made.IsValid()) made.Reset(CreateSolidBrush(ToColorRef(color)));
-  return made.get();
-}
-
-// Most windows are used without a tip being read, and a tip window costs as much as ten buttons.
-void FormWindow::MakeToolTips() {
-  if (tool_tips_) return;
-  const auto has_tip = [](const auto& peer) { return !peer->control().ToolTipText.get().empty(); };
-  POINT pointer{};
-  GetCursorPos(&pointer);
-  // A window that opened under a resting mouse was not pointed at.
-  if (pointer.x == pointer_at_opening_.x && pointer.y == pointer_at_opening_.y) return;
-  if (std::none_of(peers_.begin(), peers_.end(), has_tip)) return;
-  tool_tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0,
-                               0, 0, window(), nullptr, GetModuleHandleW(nullptr), nullptr);
-  SendMessageW(tool_tips_, TTM_SETMAXTIPWIDTH, 0, scale_.Pixels(kTipWidthTwips));
-  for (const auto& peer : peers_) peer->ShowToolTip();
-}
-
-void FormWindow::SetToolTip(Control& control, HWND tool_window, const RECT* area) {
-  if (!tool_tips_) return;
-  std::wstring text = ToWide(control.ToolTipText.get());
-  TOOLINFOW tool{};
-  tool.cbSize = TTTOOLINFOW_V2_SIZE;
-  tool.uFlags = TTF_SUBCLASS | (area ? 0 : TTF_IDISHWND);
-  tool.hwnd = area ? tool_window : window();
-  tool.uId = area ? reinterpret_cast<UINT_PTR>(&control) : reinterpret_cast<UINT_PTR>(tool_window);
-  if (area) tool.rect = *area;
-  SendMessageW(tool_tips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-  if (text.empty() || (area && !control.Visible)) return;
-  tool.lpszText = text.data();
-  SendMessageW(tool_tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-}
-
-// ---- menus ---------------------------------------------------------------------------------------------------------
-
-void FormWindow::BuildMenu() {
-  menu_stale_ = false;
-  menu_commands_.clear();
-  menu_bitmaps_.clear();
-  if (!form_->HasMenu()) {
-    if (menu_.IsValid()) SetMenu(window(), nullptr);
-    menu_.Reset();
-    return;
-  }
-  MenuHandle built(CreateMenu());
-  AddMenuItems(built.get(), form_->TopMenus());
-  SetMenu(window(), built.get());
-  menu_ = std::move(built);
-  if (IsWindowVisible(window())) DrawMenuBar(window());
-}
-
-void FormWindow::AddMenuItems(HMENU menu, const std::vector<MenuItem*>& items) {
-  const bool has_pictures =
-      std::any_of(items.begin(), items.end(), [](const MenuItem* item) { return item->Picture.get() != nullptr; });
-  for (MenuItem* item : items) {
-    if (!item->Visible) continue;
-    if (item->Caption.get() == "-") {
-      AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
-      continue;
-    }
-    std::wstring text = ToWide(item->Caption.get());
-    // Wine forgets the column of the others' pictures in the width of an item that has none.
-    if (IsWine() && has_pictures && !item->Picture.get()) text += L"      ";
-    if (!item->Shortcut->empty()) text += L"\t" + ToWide(item->Shortcut.get());
-    const std::vector<MenuItem*> children = item->Items();
-    const UINT state = (item->Enabled ? MF_ENABLED : MF_GRAYED) | (item->Checked ? MF_CHECKED : MF_UNCHECKED);
-    const UINT_PTR command = kFirstMenuCommand + menu_commands_.size();
-    menu_commands_.emplace_back(item);
-    if (children.empty()) {
-      AppendMenuW(menu, MF_STRING | state, command, text.c_str());
-    } else {
-      const HMENU submenu = CreatePopupMenu();  // destroyed with the menu that holds it
-      AddMenuItems(submenu, children);
-      AppendMenuW(menu, MF_POPUP | state, reinterpret_cast<UINT_PTR>(submenu), text.c_str());
-    }
-    if (const Picture* picture = item->Picture.get().get()) {
-      menu_bitmaps_.push_back(MakeMenuBitmap(*picture, GetSystemMetrics(SM_CXMENUCHECK)));
-      MENUITEMINFOW info{};
-      info.cbSize = sizeof info;
-      info.fMask = MIIM_BITMAP;
-      info.hbmpItem = menu_bitmaps_.back().get();
-      SetMenuItemInfoW(menu, static_cast<UINT>(GetMenuItemCount(menu) - 1), TRUE, &info);
-    }
-  }
-}
-
 // Items often change several at a time: the menu is built once, in the next pass of the message loop.
 void FormWindow::MenuChanged() {
   if (menu_stale_) return;
   menu_stale_ = true;
   platform().clock().Post([keep = weak_from_this()] {
     const auto form = keep.lock();
-    if (form && form->is_open()) form->BuildMenu();
+    if (!form || !form->is_open()) return;
+    form->menu_stale_ = false;
+    form->menu_.Build(form->window());
   });
-}
-
-bool FormWindow::ChooseMenuCommand(int command) {
-  const int at = command - kFirstMenuCommand;
-  if (at < 0 || at >= static_cast<int>(menu_commands_.size())) return false;
-  return Ref<MenuItem>(menu_commands_[static_cast<size_t>(at)])->Choose();
 }
 
 // A key's menu opens at the control that has the focus, the mouse's at the mouse.
@@ -472,16 +450,70 @@ POINT FormWindow::MenuPlace() const {
 }
 
 void FormWindow::PopUpMenu(MenuItem& item) {
-  BuildMenu();
-  const MenuHandle popup(CreatePopupMenu());
-  AddMenuItems(popup.get(), item.Items());
-  const std::vector<Ref<MenuItem>> commands = menu_commands_;  // the menu may be built anew while this one is open
-  const POINT place = MenuPlace();
-  const int command =
-      TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0, window(), nullptr);
-  const auto at = static_cast<size_t>(command - kFirstMenuCommand);
-  if (command >= kFirstMenuCommand && at < commands.size()) static_cast<void>(commands[at]->Choose());
-  if (is_open()) BuildMenu();
+  const Ref<MenuItem> chosen = menu_.PopUp(item, window(), MenuPlace());
+  if (chosen) static_cast<void>(chosen->Choose());
+  if (is_open()) menu_.Build(window());
+}
+
+int32_t FormWindow::WindowNumber(const Control& control) {
+  const ControlPeer* peer = PeerOf(control);
+  const HWND wanted = &control == form_.get() ? window() : peer ? peer->window() : nullptr;
+  // The system's numbers of windows have 32 bits that count, also where handles are wider.
+  return static_cast<int32_t>(reinterpret_cast<intptr_t>(wanted));
+}
+
+void FormWindow::ShowPopup(Control& control, const PixelRect& screen_area, std::function<void(Canvas&)> paint) {
+  if (ControlPeer* peer = PeerOf(control)) peer->ShowPopup(screen_area, std::move(paint));
+}
+
+void FormWindow::HidePopup(Control& control) {
+  if (ControlPeer* peer = PeerOf(control)) peer->HidePopup();
+}
+
+PixelPoint FormWindow::ScreenPosition(const Control& control) {
+  const ControlPeer* peer = PeerOf(control);
+  POINT place{};
+  if (peer && !peer->window()) place = {peer->Area().left, peer->Area().top};
+  ClientToScreen(peer && peer->window() ? peer->window() : ContainerWindow(control), &place);
+  return {place.x, place.y};
+}
+
+PixelRect FormWindow::ScreenArea(const Control&) {
+  const RECT work = WorkArea(window());
+  return {work.left, work.top, work.right, work.bottom};
+}
+
+void FormWindow::TellAccessibility(Control& control, AccessibleEvent event, int child) {
+  if (ControlPeer* peer = PeerOf(control)) peer->TellAccessibility(event, child);
+}
+
+ControlPeer* FormWindow::PeerOf(const Control& control) const {
+  const auto found =
+      std::find_if(peers_.begin(), peers_.end(), [&control](const auto& peer) { return &peer->control() == &control; });
+  return found == peers_.end() ? nullptr : found->get();
+}
+
+// A window inside of a system's control, such as a combo box's text, stands for that control.
+ControlPeer* FormWindow::PeerOf(HWND child) const {
+  for (HWND one = child; one && one != window(); one = GetAncestor(one, GA_PARENT)) {
+    const auto found =
+        std::find_if(peers_.begin(), peers_.end(), [one](const auto& peer) { return peer->window() == one; });
+    if (found != peers_.end()) return found->get();
+  }
+  return nullptr;
+}
+
+HWND FormWindow::ContainerWindow(const Control& control) const {
+  const Control* container = control.Container();
+  const ControlPeer* peer = container && container != form_.get() ? PeerOf(*container) : nullptr;
+  return peer && peer->window() ? peer->window() : window();
+}
+
+void FormWindow::MakeToolTips() {
+  const auto has_tip = [](const auto& peer) { return !peer->control().ToolTipText.get().empty(); };
+  if (std::none_of(peers_.begin(), peers_.end(), has_tip)) return;
+  if (!tips_.MakeWindow(window(), scale_)) return;
+  for (const auto& peer : peers_) peer->ShowToolTip();
 }
 
 // ---- messages ------------------------------------------------------------------------------------------------------
@@ -500,10 +532,24 @@ LRESULT CALLBACK FormWindow::HandleFormMessage(HWND window, UINT message, WPARAM
 bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
   switch (message) {
     case WM_CLOSE: DispatchEvent(form_.get(), [this] { form_->Unload(); }); return true;
-    case WM_SIZE:
-      if (first != SIZE_MINIMIZED) NoteSize();
+    case WM_SIZE: NoteState(first); return false;
+    case WM_GETMINMAXINFO: LimitSize(*reinterpret_cast<MINMAXINFO*>(second)); return true;
+    case WM_TIMER:
+      if (first != kPointerTimer) return false;
+      LookForPointer();
+      return true;
+    case WM_MEASUREITEM: menu_.MeasurePicture(*reinterpret_cast<MEASUREITEMSTRUCT*>(second)); return true;
+    case WM_DRAWITEM: {
+      const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(second);
+      if (item.CtlType != ODT_MENU) return false;
+      menu_.DrawPicture(item);
+      return true;
+    }
+    case WM_MOVE:
+      if (form_->IsShown()) NotePlace();
       return false;
     case WM_ACTIVATE:
+      if (LOWORD(first) != WA_INACTIVE) NoteActivated(*form_);
       if (LOWORD(first) != WA_INACTIVE && HIWORD(first) == 0) {
         FocusFirst();
         return true;
@@ -518,15 +564,9 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
       result = 0;
       return true;
     }
-    case WM_DROPFILES:
-      DispatchEvent(form_.get(), [&] {
-        const std::vector<std::string> paths = TakeDroppedPaths(reinterpret_cast<HDROP>(first));
-        SetForegroundWindow(window());
-        form_->FilesDropped(paths);
-      });
-      return true;
+    case WM_DROPFILES: TakeDrop(first); return true;
     case WM_SYSCOLORCHANGE:
-      brushes_.clear();
+      painting_.ForgetBrushes();
       InvalidateRect(window(), nullptr, TRUE);
       for (const auto& peer : peers_) peer->Repaint();
       return false;
@@ -534,30 +574,12 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
   }
 }
 
-void FormWindow::NoteSize() {
-  RECT client{};
-  GetClientRect(window(), &client);
-  const bool no_frame = form_->BorderStyle == static_cast<int>(FormBorder::kNone);
-  const int width = scale_.Twips(client.right) + (no_frame ? 0 : kFrameWidth);
-  const int height = scale_.Twips(client.bottom) + (no_frame ? 0 : form_->Height - form_->ScaleHeight());
-  // Rounding to pixels and back is no change of size.
-  const int pixel = scale_.Twips(1) + 1;
-  if (std::abs(width - form_->Width) <= pixel && std::abs(height - form_->Height) <= pixel) return;
-  form_->Width.StoreQuietly(width);
-  form_->Height.StoreQuietly(height);
-  DispatchEvent(form_.get(), [this] { form_->Resize(); });
-}
-
-void FormWindow::Rescale(ScreenScale scale) {
-  scale_ = scale;
-  fonts_.clear();
-  cursor_picture_.Reset();
-  SetIcons();
-  for (const auto& peer : peers_) {
-    peer->Update(PropertyId::kFont);
-    peer->Update(PropertyId::kLeft);
-  }
-  InvalidateRect(window(), nullptr, TRUE);
+void FormWindow::TakeDrop(WPARAM first) {
+  DispatchEvent(form_.get(), [&] {
+    const std::vector<std::string> paths = TakeDroppedPaths(reinterpret_cast<HDROP>(first));
+    SetForegroundWindow(window());
+    form_->FilesDropped(paths);
+  });
 }
 
 bool FormWindow::HandleContainerMessage(HWND container_window, Control& container, UINT message, WPARAM first,
@@ -565,13 +587,16 @@ bool FormWindow::HandleContainerMessage(HWND container_window, Control& containe
   result = 0;
   switch (message) {
     case WM_ERASEBKGND: result = 1; return true;
-    case WM_PAINT: Paint(container_window, container); return true;
+    case WM_PAINT: painting_.Paint(container_window, container); return true;
     case WM_SETCURSOR:
       MakeToolTips();
+      WatchPointer();
       result = TRUE;
       return reinterpret_cast<HWND>(first) == container_window && LOWORD(second) == HTCLIENT &&
              ShowContainerPointer(container_window, container);
     case WM_COMMAND: return HandleCommand(first, second);
+    case WM_NOTIFY: return HandleNotification(second, result);
+    case WM_DRAWITEM: result = TRUE; return DrawItem(second);
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORLISTBOX:
     case WM_CTLCOLORSTATIC:
@@ -582,16 +607,30 @@ bool FormWindow::HandleContainerMessage(HWND container_window, Control& containe
       return brush != nullptr;
     }
     default:
-      return message >= WM_MOUSEFIRST && message <= WM_MBUTTONDBLCLK &&
-             HandleMouse(container_window, container, message, first, second);
+      return message >= WM_MOUSEFIRST && message <= WM_MBUTTONDBLCLK && HandleMouse(container, message, first, second);
   }
 }
 
 bool FormWindow::HandleCommand(WPARAM first, LPARAM second) {
-  if (second == 0) return ChooseMenuCommand(LOWORD(first));
+  if (second == 0) {
+    const Ref<MenuItem> item = menu_.ItemOf(LOWORD(first));
+    return item && item->Choose();
+  }
   ControlPeer* peer = PeerOf(reinterpret_cast<HWND>(second));
   if (peer) peer->Notify(HIWORD(first));
   return peer != nullptr;
+}
+
+bool FormWindow::HandleNotification(LPARAM second, LRESULT& result) {
+  auto* notice = reinterpret_cast<NMHDR*>(second);
+  ControlPeer* peer = PeerOf(notice->hwndFrom);
+  return peer && peer->HandleNotification(*notice, result);
+}
+
+bool FormWindow::DrawItem(LPARAM second) {
+  const auto* item = reinterpret_cast<const DRAWITEMSTRUCT*>(second);
+  ControlPeer* peer = PeerOf(item->hwndItem);
+  return peer && peer->DrawItem(*item);
 }
 
 bool FormWindow::PassWheel(WPARAM first, LPARAM second) {
@@ -603,14 +642,14 @@ Control* FormWindow::DrawnControlAt(Control& container, POINT place) const {
   Control* found = nullptr;
   for (Control* control : form_->StackingOrder()) {
     const ControlPeer* peer = control->Container() == &container && control->Visible ? PeerOf(*control) : nullptr;
-    if (!peer || peer->window()) continue;
+    if (!peer || peer->window() || !peer->TakesMouse()) continue;
     const RECT area = peer->Area();
     if (PtInRect(&area, place)) found = control;
   }
   return found;
 }
 
-bool FormWindow::HandleMouse(HWND, Control& container, UINT message, WPARAM first, LPARAM second) {
+bool FormWindow::HandleMouse(Control& container, UINT message, WPARAM first, LPARAM second) {
   POINT place = MessagePlace(second);
   Control* drawn = DrawnControlAt(container, place);
   Control& target = drawn && drawn->Enabled ? *drawn : container;
@@ -636,67 +675,6 @@ bool FormWindow::ShowContainerPointer(HWND container_window, Control& container)
   ScreenToClient(container_window, &place);
   const Control* drawn = DrawnControlAt(container, place);
   return (drawn && ShowMousePointer(*drawn)) || ShowMousePointer(container);
-}
-
-bool FormWindow::ShowMousePointer(const Control& control) {
-  const auto* label = dynamic_cast<const Label*>(&control);
-  if (!label || !label->MouseIcon.get()) {
-    const HCURSOR named = SystemPointer(control.MousePointer);
-    if (named) SetCursor(named);
-    return named != nullptr;
-  }
-  if (cursor_picture_ != label->MouseIcon.get()) {
-    IconHandle made = MakeCursor(*label->MouseIcon.get(), scale_.dpi());
-    SetCursor(made.get());
-    cursor_ = std::move(made);
-    cursor_picture_ = label->MouseIcon;
-  }
-  SetCursor(cursor_.get());
-  return true;
-}
-
-// ---- painting ------------------------------------------------------------------------------------------------------
-
-void FormWindow::Paint(HWND container_window, Control& container) {
-  PAINTSTRUCT paint{};
-  const HDC screen = BeginPaint(container_window, &paint);
-  RECT client{};
-  GetClientRect(container_window, &client);
-  if (client.right > 0 && client.bottom > 0) {
-    const MemoryDevice buffer(CreateCompatibleDC(screen));
-    const BitmapHandle bitmap(CreateCompatibleBitmap(screen, client.right, client.bottom));
-    const HGDIOBJ previous = SelectObject(buffer.get(), bitmap.get());
-    PaintContent(buffer.get(), container, client);
-    BitBlt(screen, 0, 0, client.right, client.bottom, buffer.get(), 0, 0, SRCCOPY);
-    SelectObject(buffer.get(), previous);
-  }
-  EndPaint(container_window, &paint);
-}
-
-void FormWindow::PaintContent(HDC target, Control& container, const RECT& client) {
-  if (ControlPeer* panel = &container == form_.get() ? nullptr : PeerOf(container)) {
-    panel->DrawBackground(target, client);
-  } else {
-    FillColor(target, client, form_->BackColor);
-    if (const Picture* picture = form_->Picture.get().get()) DrawPictureTo(target, *picture, client);
-  }
-  for (Control* control : form_->StackingOrder()) {
-    if (control->Container() != &container || !control->Visible) continue;
-    ControlPeer* peer = PeerOf(*control);
-    if (peer && !peer->window()) peer->Draw(target, peer->Area());
-  }
-}
-
-void FormWindow::PaintBehind(HDC target, const ControlPeer& peer) {
-  const HWND container_window = ContainerWindow(peer.control());
-  POINT place{};
-  MapWindowPoints(peer.window(), container_window, &place, 1);
-  RECT client{};
-  GetClientRect(container_window, &client);
-  POINT before{};
-  OffsetViewportOrgEx(target, -place.x, -place.y, &before);
-  PaintContent(target, *peer.control().Container(), client);
-  SetViewportOrgEx(target, before.x, before.y, nullptr);
 }
 
 }  // namespace kestrun

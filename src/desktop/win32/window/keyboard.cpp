@@ -53,7 +53,7 @@ void MoveFocus(FormWindow& form_window, int step) {
   const auto count = static_cast<int>(stops.size());
   const int present = at == stops.end() ? (step > 0 ? -1 : 0) : static_cast<int>(at - stops.begin());
   Control& next = *stops[static_cast<size_t>((present + step + count) % count)];
-  form_window.FocusControl(next);
+  form_window.SetFocus(next);
   const ControlPeer* peer = form_window.PeerOf(next);
   if (dynamic_cast<TextBox*>(&next) && peer) SendMessageW(peer->window(), EM_SETSEL, 0, -1);
 }
@@ -70,7 +70,7 @@ void MoveInGroup(FormWindow& form_window, OptionButton& option, int step) {
   const auto count = static_cast<int>(group.size());
   const auto at = static_cast<int>(std::find(group.begin(), group.end(), &option) - group.begin());
   OptionButton& next = *group[static_cast<size_t>((at + step + count) % count)];
-  form_window.FocusControl(next);
+  form_window.SetFocus(next);
   static_cast<void>(next.Press());
 }
 
@@ -148,6 +148,8 @@ bool HandleKeyDown(FormWindow& form_window, int key) {
   if (FireKey(form_window, focused, [&](Control& control) { control.KeyDown(code, shift_state); }) || code == 0)
     return true;
   if (ChooseShortcut(form_window.form(), key, shift_state)) return true;
+  const ControlPeer* focused_peer = form_window.PeerOf(GetFocus());
+  if (focused_peer && focused_peer->KeepsKey(key)) return false;
   if (key != VK_TAB && OfferKey(form_window, key, shift_state)) return true;
   if ((shift_state & (shift::kCtrl | shift::kAlt)) != 0) {
     if (key != 'A' || shift_state != shift::kCtrl || !dynamic_cast<TextBox*>(focused)) return false;
@@ -188,9 +190,7 @@ std::string CaptionOf(const Control& control) {
     return label->UseMnemonic ? label->Caption.get() : std::string();
   }
   if (const auto* frame = dynamic_cast<const Frame*>(&control)) return frame->Caption;
-  if (const auto* button = dynamic_cast<const CommandButton*>(&control)) return button->Caption;
-  if (const auto* box = dynamic_cast<const CheckBox*>(&control)) return box->Caption;
-  if (const auto* option = dynamic_cast<const OptionButton*>(&control)) return option->Caption;
+  if (const auto* button = dynamic_cast<const Button*>(&control)) return button->Caption;
   return {};
 }
 
@@ -204,7 +204,7 @@ int FormTabIndex(const Control& control) {
 void FocusAfter(FormWindow& form_window, const Control& control) {
   for (Control* stop : form_window.form().TabOrder()) {
     if (FormTabIndex(*stop) <= control.TabIndex) continue;
-    form_window.FocusControl(*stop);
+    form_window.SetFocus(*stop);
     return;
   }
 }
@@ -214,11 +214,9 @@ void UseAccessKey(FormWindow& form_window, Control& control) {
     FocusAfter(form_window, control);
     return;
   }
-  form_window.FocusControl(control);
+  form_window.SetFocus(control);
   if (ClickLink(form_window.form(), &control)) return;
-  if (auto* button = dynamic_cast<CommandButton*>(&control)) static_cast<void>(button->Press());
-  if (auto* box = dynamic_cast<CheckBox*>(&control)) static_cast<void>(box->Press());
-  if (auto* option = dynamic_cast<OptionButton*>(&control)) static_cast<void>(option->Press());
+  if (auto* button = dynamic_cast<Button*>(&control)) static_cast<void>(button->Press());
 }
 
 bool HandleAccessKey(FormWindow& form_window, wchar_t pressed) {

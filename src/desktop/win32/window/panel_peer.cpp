@@ -13,21 +13,30 @@ constexpr const wchar_t* kPanelClass = L"KestrunPanel";
 
 }  // namespace
 
-void PanelPeer::CreatePanel(DWORD extended_style) {
+void PanelPeer::CreatePanel() {
   RegisterWindowClass(kPanelClass, DefWindowProcW);
-  CreateWindowOf(kPanelClass, L"", WS_CLIPCHILDREN, WS_EX_CONTROLPARENT | extended_style);
+  CreateWindowOf(kPanelClass, L"", WS_CLIPCHILDREN, WS_EX_CONTROLPARENT);
 }
 
 void PanelPeer::Update(PropertyId property) {
   WindowedPeer::Update(property);
-  if (property == PropertyId::kPicture || property == PropertyId::kCaption || property == PropertyId::kFont) Repaint();
+  switch (property) {
+    case PropertyId::kCaption:
+    case PropertyId::kFont:
+    case PropertyId::kForeColor:
+    case PropertyId::kEnabled: Repaint(); break;
+    case PropertyId::kBackColor:
+    case PropertyId::kPicture:
+    case PropertyId::kDrawing:
+    case PropertyId::kBorderStyle:
+    case PropertyId::kAppearance: RepaintWithChildren(window()); break;
+    default: break;
+  }
 }
 
 bool PanelPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
   return form().HandleContainerMessage(window(), control(), message, first, second, result);
 }
-
-void FramePeer::Create() { CreatePanel(0); }
 
 void FramePeer::DrawBackground(HDC target, const RECT& area) {
   const auto& frame = static_cast<Frame&>(control());
@@ -39,7 +48,11 @@ void FramePeer::DrawBackground(HDC target, const RECT& area) {
   DrawTextW(target, caption.c_str(), -1, &text, DT_SINGLELINE | DT_CALCRECT);
   RECT edge = area;
   edge.top += text.bottom / 2;
-  DrawEdge(target, &edge, EDGE_ETCHED, BF_RECT);
+  if (frame.Appearance == 0) {
+    FrameRect(target, &edge, form().BrushFor(color::kWindowText));
+  } else {
+    DrawEdge(target, &edge, EDGE_ETCHED, BF_RECT);
+  }
   if (!caption.empty()) {
     const int inset = form().scale().Pixels(135);
     RECT gap{area.left + inset - 3, area.top, area.left + inset + text.right + 3, area.top + text.bottom};
@@ -52,19 +65,13 @@ void FramePeer::DrawBackground(HDC target, const RECT& area) {
   SelectObject(target, previous);
 }
 
-void PictureBoxPeer::Create() {
-  CreatePanel(static_cast<PictureBox&>(control()).BorderStyle == 0 ? 0 : WS_EX_CLIENTEDGE);
+EdgeKind PictureBoxPeer::Edge() const {
+  const auto& box = static_cast<PictureBox&>(control());
+  return EdgeOf(box.BorderStyle, box.Appearance);
 }
 
 void PictureBoxPeer::DrawBackground(HDC target, const RECT& area) {
-  const auto& box = static_cast<PictureBox&>(control());
-  FillColor(target, area, box.BackColor);
-  const Picture* picture = box.Picture.get().get();
-  if (!picture) return;
-  const int dpi = form().scale().dpi();
-  DrawPictureTo(target, *picture,
-                {area.left, area.top, area.left + MulDiv(picture->width_pixels(), dpi, 96),
-                 area.top + MulDiv(picture->height_pixels(), dpi, 96)});
+  form().painting().PaintBackground(target, static_cast<PictureBox&>(control()), area);
 }
 
 CompositePeer::~CompositePeer() {
@@ -81,28 +88,20 @@ bool CompositePeer::HandleMessage(UINT message, WPARAM first, LPARAM second, LRE
   return accessible_->Answer(first, result);
 }
 
-DWORD CompositePeer::BorderStyle() const {
-  return static_cast<CompositeControl&>(control()).BorderStyle == 0 ? 0 : WS_EX_CLIENTEDGE;
+EdgeKind CompositePeer::Edge() const {
+  return static_cast<CompositeControl&>(control()).BorderStyle == 0 ? EdgeKind::kNone : EdgeKind::kSunken;
 }
-
-void CompositePeer::Create() { CreatePanel(BorderStyle()); }
 
 void CompositePeer::Update(PropertyId property) {
   PanelPeer::Update(property);
-  if (property == PropertyId::kBorderStyle) {
-    const auto others = GetWindowLongPtrW(window(), GWL_EXSTYLE) & ~static_cast<LONG_PTR>(WS_EX_CLIENTEDGE);
-    SetWindowLongPtrW(window(), GWL_EXSTYLE, others | static_cast<LONG_PTR>(BorderStyle()));
-    SetWindowPos(window(), nullptr, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
-  }
   Repaint();
 }
 
-void CompositePeer::Repaint() { RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN); }
+void CompositePeer::Repaint() { RepaintWithChildren(window()); }
 
 void CompositePeer::DrawBackground(HDC target, const RECT& area) {
   if (static_cast<CompositeControl&>(control()).BackStyle == 0) {
-    form().PaintBehind(target, *this);
+    form().painting().PaintBehind(target, *this);
   } else {
     FillColor(target, area, control().BackColor);
   }

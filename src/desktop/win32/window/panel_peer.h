@@ -12,22 +12,25 @@ class PanelPeer : public WindowedPeer {
   void Update(PropertyId property) override;
 
  protected:
-  void CreatePanel(DWORD extended_style);
+  void CreatePanel();
   bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) override;
 };
 
 class FramePeer final : public PanelPeer {
  public:
   using PanelPeer::PanelPeer;
-  void Create() override;
+  void Create() override { CreatePanel(); }
   void DrawBackground(HDC target, const RECT& area) override;
 };
 
 class PictureBoxPeer final : public PanelPeer {
  public:
   using PanelPeer::PanelPeer;
-  void Create() override;
+  void Create() override { CreatePanel(); }
   void DrawBackground(HDC target, const RECT& area) override;
+
+ protected:
+  [[nodiscard]] EdgeKind Edge() const override;
 };
 
 // A control that is made of other controls.
@@ -35,7 +38,7 @@ class CompositePeer final : public PanelPeer {
  public:
   using PanelPeer::PanelPeer;
   ~CompositePeer() override;
-  void Create() override;
+  void Create() override { CreatePanel(); }
   void Update(PropertyId property) override;
   // With its links, which show its background.
   void Repaint() override;
@@ -43,10 +46,9 @@ class CompositePeer final : public PanelPeer {
 
  protected:
   bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) override;
+  [[nodiscard]] EdgeKind Edge() const override;
 
  private:
-  [[nodiscard]] DWORD BorderStyle() const;
-
   Ref<AccessibleControl> accessible_;
 };
 

@@ -10,9 +10,6 @@ namespace {
 constexpr const wchar_t* kControlClass = L"KestrunControl";
 constexpr UINT kPaintSoon = WM_APP + 1;
 
-DWORD FrameStyle(int kind) { return kind == 1 ? WS_BORDER : 0; }
-DWORD FrameExtendedStyle(int kind) { return kind == 2 ? WS_EX_CLIENTEDGE : 0; }
-
 }  // namespace
 
 UserControlPeer::~UserControlPeer() {
@@ -21,9 +18,7 @@ UserControlPeer::~UserControlPeer() {
 
 void UserControlPeer::Create() {
   RegisterWindowClass(kControlClass, DefWindowProcW);
-  shown_frame_ = Model().FrameKind();
-  CreateWindowOf(kControlClass, L"", (Model().TakesFocus() ? WS_TABSTOP : 0) | FrameStyle(shown_frame_),
-                 FrameExtendedStyle(shown_frame_));
+  CreateWindowOf(kControlClass, L"", Model().TakesFocus() ? WS_TABSTOP : 0);
   NoteClient();
   // Before anything is on the screen: shown later the bar would be painted twice.
   bar_.Show(window(), Model().VerticalScrollBar());
@@ -82,20 +77,6 @@ void UserControlPeer::NoteClient() {
   if (Run([&] { Model().Resized(size, dpi); })) Repaint();
 }
 
-void UserControlPeer::ShowFrame() {
-  const int kind = Model().FrameKind();
-  if (kind == shown_frame_) return;
-  shown_frame_ = kind;
-  const auto change = [this](int which, DWORD bit, DWORD present) {
-    const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), which));
-    SetWindowLongPtrW(window(), which, static_cast<LONG_PTR>((style & ~bit) | present));
-  };
-  change(GWL_STYLE, WS_BORDER, FrameStyle(kind));
-  change(GWL_EXSTYLE, WS_EX_CLIENTEDGE, FrameExtendedStyle(kind));
-  SetWindowPos(window(), nullptr, 0, 0, 0, 0,
-               SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 // ---- painting ------------------------------------------------------------------------------------------------------
 
 bool UserControlPeer::HasContent() const { return told_client_.width > 0 && told_client_.height > 0; }
@@ -113,7 +94,7 @@ bool UserControlPeer::PaintContent(HDC screen) {
 // Frame, bar and bitmap as the control wants them now. False when the control has gone with its form meanwhile.
 bool UserControlPeer::PaintChanges() {
   if (is_stale_) {
-    ShowFrame();
+    ShowEdge();
     bar_.Show(window(), Model().VerticalScrollBar());
   }
   if (!HasContent() || (!is_stale_ && surface_->buffer.size() == told_client_)) return true;

@@ -30,6 +30,7 @@ class UserControlPeer final : public WindowedPeer {
 
  protected:
   bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) override;
+  [[nodiscard]] EdgeKind Edge() const override { return static_cast<EdgeKind>(Model().FrameKind()); }
 
  private:
   // What is painted on; outlives a control that closes its form while it paints.
@@ -42,7 +43,6 @@ class UserControlPeer final : public WindowedPeer {
   // Runs a call of the control. False when the peer has gone with it: a handler may close the form.
   [[nodiscard]] bool Run(const std::function<void()>& action);
   void NoteClient();
-  void ShowFrame();
   [[nodiscard]] bool HasContent() const;
   [[nodiscard]] bool PaintContent(HDC screen);
   [[nodiscard]] bool PaintChanges();
@@ -65,7 +65,6 @@ class UserControlPeer final : public WindowedPeer {
   VerticalScrollBar bar_;
   PixelSize told_client_{-1, -1};
   int told_dpi_ = 0;
-  int shown_frame_ = 0;
   int held_buttons_ = 0;
   int wheel_rest_ = 0;  // less than a notch
   wchar_t high_surrogate_ = 0;

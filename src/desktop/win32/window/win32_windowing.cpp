@@ -1,5 +1,7 @@
 #include "desktop/win32/window/win32_windowing.h"
 
+#include <set>
+
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/control_peer.h"
 #include "desktop/win32/window/keyboard.h"
@@ -7,38 +9,6 @@
 
 namespace kestrun {
 namespace {
-
-// The model's hold on a form's window: events that are under way keep the window itself.
-class Win32FormPeer final : public FormPeer {
- public:
-  explicit Win32FormPeer(std::shared_ptr<FormWindow> window) : window_(std::move(window)) {}
-  void Close() override { window_->Close(); }
-  void Update(Control& control, PropertyId property) override { window_->Update(control, property); }
-  void ControlsChanged() override { window_->ControlsChanged(); }
-  void MenuChanged() override { window_->MenuChanged(); }
-  void ListChanged(Control& control) override { window_->ListChanged(control); }
-  void SetFocus(Control& control) override { window_->FocusControl(control); }
-  void Repaint(Control& control) override { window_->Repaint(control); }
-  void PopUpMenu(MenuItem& item) override { window_->PopUpMenu(item); }
-  void BringToFront() override {
-    if (IsIconic(window_->window())) ShowWindow(window_->window(), SW_RESTORE);
-    SetForegroundWindow(window_->window());
-  }
-  void ShowPopup(Control& control, const PixelRect& screen_area, std::function<void(Canvas&)> paint) override {
-    if (ControlPeer* peer = window_->PeerOf(control)) peer->ShowPopup(screen_area, std::move(paint));
-  }
-  void HidePopup(Control& control) override {
-    if (ControlPeer* peer = window_->PeerOf(control)) peer->HidePopup();
-  }
-  PixelPoint ScreenPosition(const Control& control) override { return window_->ScreenPosition(control); }
-  PixelRect ScreenArea(const Control&) override { return window_->ScreenArea(); }
-  void TellAccessibility(Control& control, AccessibleEvent event, int child) override {
-    if (ControlPeer* peer = window_->PeerOf(control)) peer->TellAccessibility(event, child);
-  }
-
- private:
-  std::shared_ptr<FormWindow> window_;
-};
 
 bool FilterMessage(MSG& message) {
   const bool is_key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
@@ -74,6 +44,54 @@ class OthersDisabled {
   std::vector<HWND> disabled_;
 };
 
+// A bitmap with a device of its own, which programs' drawing calls may use as well as ours.
+class GdiSurface final : public DrawingSurface {
+ public:
+  GdiSurface(int dpi) : dpi_(dpi), device_(CreateCompatibleDC(nullptr)) {}
+
+  // False when there is no memory for the bitmap.
+  [[nodiscard]] bool TakeBitmap(PixelSize size) {
+    PixelBitmap made = MakePixelBitmap(size.width, size.height);
+    if (!made.pixels || !device_.IsValid()) return false;
+    SelectObject(device_.get(), made.bitmap.get());
+    bitmap_ = std::move(made.bitmap);
+    size_ = size;
+    return true;
+  }
+
+  [[nodiscard]] PixelSize Size() const override { return size_; }
+  void Draw(const std::function<void(Canvas&)>& drawing) override {
+    GdiCanvas canvas(device_.get(), size_, dpi_, fonts_);
+    drawing(canvas);
+  }
+  void Resize(PixelSize size, const std::function<void(Canvas&)>& background) override {
+    const PixelSize before = size_;
+    const BitmapHandle drawn = std::move(bitmap_);
+    if (!TakeBitmap(size)) Raise(error::kOutOfMemory);
+    Draw(background);
+    const MemoryDevice source(CreateCompatibleDC(device_.get()));
+    const HGDIOBJ previous = SelectObject(source.get(), drawn.get());
+    BitBlt(device_.get(), 0, 0, before.width, before.height, source.get(), 0, 0, SRCCOPY);
+    SelectObject(source.get(), previous);
+  }
+  [[nodiscard]] int32_t ContextNumber() const override {
+    return static_cast<int32_t>(reinterpret_cast<intptr_t>(device_.get()));
+  }
+
+ private:
+  int dpi_;
+  FontCache fonts_;
+  BitmapHandle bitmap_;
+  MemoryDevice device_;  // goes before the bitmap that is selected into it
+  PixelSize size_;
+};
+
+int CALLBACK NoteFont(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM names) {
+  // Those with "@" are the others turned for vertical writing.
+  if (font->lfFaceName[0] != L'@') reinterpret_cast<std::set<std::string>*>(names)->insert(FromWide(font->lfFaceName));
+  return 1;
+}
+
 }  // namespace
 
 Win32Windowing::Win32Windowing() {
@@ -84,15 +102,10 @@ Win32Windowing::Win32Windowing() {
 
 Win32Windowing::~Win32Windowing() { SetMessageFilter(nullptr); }
 
-std::unique_ptr<FormPeer> Win32Windowing::Show(Form& form) {
-  const FormWindow* owner = nullptr;
-  if (form.IsModal() && !FormWindow::OpenWindows().empty()) {
-    owner = FormWindow::Find(GetActiveWindow());
-    if (!owner) owner = FormWindow::OpenWindows().back();
-  }
+std::shared_ptr<FormPeer> Win32Windowing::MakePeer(Form& form) {
   auto window = std::make_shared<FormWindow>(form);
-  window->Open(owner ? owner->window() : nullptr);
-  return std::make_unique<Win32FormPeer>(std::move(window));
+  window->Create();
+  return window;
 }
 
 void Win32Windowing::RunModal(Form& form) {
@@ -137,6 +150,34 @@ PixelSize Win32Windowing::MeasureText(std::string_view text, const FontDescripti
   const PixelSize size = MeasureLine(measuring_.get(), text);
   SelectObject(measuring_.get(), previous);
   return size;
+}
+
+TextExtent Win32Windowing::MeasureLines(std::string_view text, const FontDescription& font, int width_twips) {
+  const ScreenScale scale = ScaleOf(nullptr);
+  if (!measuring_.IsValid()) measuring_.Reset(CreateCompatibleDC(nullptr));
+  const HGDIOBJ previous = SelectObject(measuring_.get(), fonts_.Get(font, scale.dpi()));
+  RECT room{0, 0, scale.Pixels(width_twips), 0};
+  const UINT breaks = width_twips > 0 ? DT_WORDBREAK : 0;
+  DrawTextW(measuring_.get(), text.empty() ? L" " : ToWide(text).c_str(), -1, &room,
+            DT_CALCRECT | DT_NOPREFIX | breaks);
+  SelectObject(measuring_.get(), previous);
+  return {text.empty() ? 0 : scale.Twips(room.right), scale.Twips(room.bottom)};
+}
+
+std::unique_ptr<DrawingSurface> Win32Windowing::MakeSurface(PixelSize size, int dpi) {
+  auto surface = std::make_unique<GdiSurface>(dpi);
+  if (!surface->TakeBitmap(size)) return nullptr;
+  return surface;
+}
+
+std::vector<std::string> Win32Windowing::FontNames() {
+  std::set<std::string> names;
+  LOGFONTW all{};
+  all.lfCharSet = DEFAULT_CHARSET;
+  const HDC screen = GetDC(nullptr);
+  EnumFontFamiliesExW(screen, &all, &NoteFont, reinterpret_cast<LPARAM>(&names), 0);
+  ReleaseDC(nullptr, screen);
+  return {names.begin(), names.end()};
 }
 
 }  // namespace kestrun

@@ -92,6 +92,9 @@ struct Code {
   bool has_by_value = false;
   std::vector<bool> by_value;  // by parameter
   Module* module = nullptr;
+  LiveBytes bytes;
+
+  void CountBytes();
 };
 
 }  // namespace kestrun::vbs

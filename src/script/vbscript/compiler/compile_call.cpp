@@ -5,6 +5,12 @@ namespace kestrun::vbs {
 
 void Compiler::EmitRaise(int number) { Emit(Opcode::kRaise, 0, 0, 0, static_cast<uint32_t>(number)); }
 
+Operand Compiler::WithObject() {
+  if (!withs_.empty()) return withs_.back();
+  EmitRaise(error::kUnqualifiedReference);
+  return Register(NewRegister());
+}
+
 void Compiler::EmitCall(Opcode opcode, int32_t called, int base, size_t count, Operand target) {
   Emit(opcode, target, base, called, static_cast<uint32_t>(count));
   if (target != kNoResult) MarkDirty(static_cast<int>(IndexOf(target)));
@@ -66,8 +72,13 @@ int Compiler::ArgumentList(ArgumentTrees arguments, bool by_reference) {
 
 void Compiler::CallInto(const Expression& callee, ArgumentTrees arguments, Operand target, bool is_statement) {
   const int saved = next_register_;
+  const Expression& bare = Bare(callee);
+  if (bare.kind == ExpressionKind::kName) {  // also (f)(x), which calls f
+    NameCallInto(bare, arguments, target, is_statement);
+    next_register_ = saved;
+    return;
+  }
   switch (callee.kind) {
-    case ExpressionKind::kName: NameCallInto(callee, arguments, target, is_statement); break;
     case ExpressionKind::kMember: MemberCallInto(callee, arguments, target, is_statement); break;
     default: IndexInto(Value(callee), arguments, target);
   }
@@ -101,6 +112,12 @@ void Compiler::BuiltinInto(const Builtin& builtin, ArgumentTrees arguments, Oper
   const int base = ArgumentList(arguments, false);
   if (count < builtin.least_arguments || count > builtin.most_arguments) return EmitRaise(error::kWrongArgumentCount);
   code_->builtins.push_back(&builtin);
+  if (target == kNoResult && builtin.use == BuiltinUse::kValue) {
+    EmitCall(Opcode::kCallBuiltin, static_cast<int32_t>(code_->builtins.size() - 1), base, arguments.size(),
+             Register(NewRegister()));
+    return EmitRaise(error::kUnsupportedType);
+  }
+  if (target != kNoResult && builtin.use == BuiltinUse::kStatement) return EmitRaise(error::kTypeMismatch);
   EmitCall(Opcode::kCallBuiltin, static_cast<int32_t>(code_->builtins.size() - 1), base, arguments.size(), target);
 }
 
@@ -124,7 +141,7 @@ void Compiler::IntrinsicInto(Intrinsic intrinsic, ArgumentTrees arguments, Opera
 
 void Compiler::MemberCallInto(const Expression& callee, ArgumentTrees arguments, Operand target, bool is_statement) {
   const int saved = next_register_;
-  const Operand object = callee.left ? Value(*callee.left) : withs_.back();
+  const Operand object = callee.left ? Value(*callee.left) : WithObject();
   const int base = ArgumentList(arguments, true);
   Opcode opcode = is_statement ? Opcode::kInvokeMember : Opcode::kCallMember;
   if (!is_statement && arguments.empty()) opcode = Opcode::kGetMember;

@@ -2,11 +2,6 @@
 #include "script/vbscript/compiler/compiler.h"
 
 namespace kestrun::vbs {
-namespace {
-
-constexpr uint32_t kLiteralCase = 3;  // one side is a literal, and a text that is no number just differs
-
-}  // namespace
 
 // A failing condition resumes at the first statement of its branch.
 void Compiler::CompileIf(const IfStatement& statement) {
@@ -32,12 +27,11 @@ void Compiler::CompileIf(const IfStatement& statement) {
   EndMark(mark, Here());
 }
 
-// A failure in the subject or in a value resumes behind the whole statement.
+// A failure in the subject resumes behind the whole statement, one in a value in the branch of that value.
 void Compiler::CompileSelect(const SelectStatement& statement) {
-  std::vector<size_t> marks;
   const int subject = NewRegister();
   Mark(statement.position);
-  marks.push_back(OpenMark());
+  const size_t head = OpenMark();
   Into(*statement.subject, Register(subject));
   Emit(Opcode::kLetTemporary, Register(subject), Register(subject));
   Label end;
@@ -45,9 +39,10 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
     Label body;
     Label next;
     if (!branch.values.empty()) {
-      Mark(branch.position);
-      marks.push_back(OpenMark());
-      CompileCase(branch, subject, body, next);
+      Mark(statement.position);
+      const size_t mark = OpenMark();
+      CompileCase(branch, *statement.subject, subject, body, next);
+      EndMark(mark, Here());
     }
     Place(body);
     CompileBlock(branch.body);
@@ -55,8 +50,7 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
     Place(next);
   }
   Place(end);
-  const size_t behind = Here();
-  for (const size_t mark : marks) EndMark(mark, behind);
+  EndMark(head, Here());
   Mark(statement.position);
   const size_t mark = OpenMark();
   MarkDirty(subject);
@@ -64,13 +58,14 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
   EndMark(mark, Here());
 }
 
-void Compiler::CompileCase(const CaseBranch& branch, int subject, Label& body, Label& next) {
+void Compiler::CompileCase(const CaseBranch& branch, const Expression& subject_tree, int subject, Label& body,
+                           Label& next) {
   for (const Expression* value : branch.values) {
     const int saved = next_register_;
     const bool last = value == branch.values.back();
     const Operand operand = Value(*value);
     EmitJump(last ? next : body, last ? Opcode::kJumpUnlessEqual : Opcode::kJumpIfEqual, Register(subject), operand,
-             IsLiteral(*value) ? kLiteralCase : 0);
+             LiteralSides(subject_tree, *value) | kCaseComparison);
     next_register_ = saved;
   }
 }
@@ -83,7 +78,7 @@ Operand Compiler::LoopVariable(const Expression& variable) {
 }
 
 // Registers of the state: first value, last value, step. A failure in the head leaves them Empty and resumes in the
-// body, which then runs once.
+// body, which then runs once: the Next raises error 92 and leaves the loop.
 void Compiler::CompileFor(const ForStatement& statement) {
   const int state = NewRegisters(3);
   Label end;
@@ -117,6 +112,7 @@ void Compiler::CompileFor(const ForStatement& statement) {
   EndMark(mark, Here());
 }
 
+// As with For; the Next of a loop whose head has failed raises error 451.
 void Compiler::CompileForEach(const ForEachStatement& statement) {
   const int state = NewRegister();
   Label end;
@@ -146,39 +142,52 @@ void Compiler::CompileForEach(const ForEachStatement& statement) {
   Emit(Opcode::kClear, state, 0, 0, 1);
 }
 
+// A condition at the end that fails leaves the loop. One at the head that fails lets the body run, but only so often:
+// what follows the loop counts that.
 void Compiler::CompileDo(const DoStatement& statement) {
   Label start;
   Label end;
+  Label body;
   const bool before = statement.test == LoopTest::kWhileBefore || statement.test == LoopTest::kUntilBefore;
   const bool while_test = statement.test == LoopTest::kWhileBefore || statement.test == LoopTest::kWhileAfter;
-  const auto test = [&](uint32_t position, Label& target, bool sense) {
+  const auto test = [&](uint32_t position) {
     Mark(position);
-    const size_t mark = OpenMark();
     const int saved = next_register_;
-    JumpOn(*statement.condition, sense, target);
-    EndMark(mark, Here());
+    JumpOn(*statement.condition, !while_test, end);
     next_register_ = saved;
+    return OpenMark();
   };
+  const int failures = before ? NewRegister() : 0;
+  if (before) Emit(Opcode::kClear, failures, 0, 0, 1);
   Place(start);
-  if (before) test(statement.position, end, !while_test);
+  size_t condition = SIZE_MAX;
+  if (before) condition = test(statement.position);
+  Place(body);
   if (!statement.is_while) loops_.push_back({ExitKind::kDo, &end});
   CompileBlock(statement.body);
   if (!statement.is_while) loops_.pop_back();
-  if (!before && statement.condition) test(statement.loop_position, end, !while_test);
+  if (!before && statement.condition) condition = test(statement.loop_position);
   Mark(statement.loop_position);
   const size_t mark = OpenMark();
   ClearDirty(next_register_);
   EmitJump(start, Opcode::kLoop);
   EndMark(mark, Here());
+  if (condition != SIZE_MAX) EndMark(condition, Here());
+  if (before) EmitJump(body, Opcode::kCountFailure, Register(failures));
   Place(end);
 }
 
+// A failure leaves the register Empty: the members that the body names then raise error 424.
 void Compiler::CompileWith(const WithStatement& statement) {
   const int object = NewRegister();
+  const int value = NewRegister();
   Mark(statement.position);
   const size_t mark = OpenMark();
-  IntoFresh(*statement.object, object);
-  ClearDirty(object + 1);
+  Emit(Opcode::kClear, object, 0, 0, 1);
+  IntoFresh(*statement.object, value);
+  Emit(Opcode::kSet, Register(object), Register(value), 0, 1);  // error 424 for what is no object
+  MarkDirty(value);
+  ClearDirty(value);
   EndMark(mark, Here());
   withs_.push_back(Register(object));
   CompileBlock(statement.body);

@@ -43,15 +43,31 @@ const OperatorRow& RowOf(Operator operation) { return kOperators[static_cast<siz
 
 bool IsComparison(Operator operation) { return operation >= Operator::kEqual && operation <= Operator::kGreaterEqual; }
 
-const Expression& Bare(const Expression& expression) {
+}  // namespace
+
+const Expression& Compiler::Bare(const Expression& expression) {
   const Expression* bare = &expression;
   while (bare->kind == ExpressionKind::kParentheses) bare = bare->left;
   return *bare;
 }
 
-}  // namespace
-
 bool Compiler::IsLiteral(const Expression& expression) { return Bare(expression).kind == ExpressionKind::kLiteral; }
+
+bool Compiler::CountsAsLiteral(const Expression& expression) {
+  const Expression& bare = Bare(expression);
+  if (bare.kind == ExpressionKind::kLiteral) return true;
+  Variant folded;
+  if (bare.kind == ExpressionKind::kUnary) return FoldSign(bare, folded);
+  if (bare.kind != ExpressionKind::kName) return false;
+  const Meaning meaning = Resolve(bare.name, NameUse::kRead);
+  if (meaning.kind != MeaningKind::kConstant) return false;
+  return SpaceOf(meaning.operand) == Space::kConstant ||
+         context_.globals.Entry(bare.name).kind == GlobalKind::kConstant;
+}
+
+uint32_t Compiler::LiteralSides(const Expression& left, const Expression& right) {
+  return (CountsAsLiteral(left) ? kLeftIsLiteral : 0) | (CountsAsLiteral(right) ? kRightIsLiteral : 0);
+}
 
 // A sign before a number is part of the number.
 bool Compiler::FoldSign(const Expression& expression, Variant& value) {
@@ -211,8 +227,8 @@ void Compiler::BinaryInto(const Expression& expression, Operand target) {
     int borrowed = -1;
     if (step + 1 == chain.size()) left = LeftOperand(*node.left, *node.right, borrowed);
     const Operand right = RightOperand(*node.right, borrowed);
-    const bool literal = IsLiteral(*node.left) || IsLiteral(*node.right);
-    Emit(RowOf(node.operation).compute, step == 0 ? target : between, left, right, literal ? 1 : 0);
+    const uint32_t literals = IsComparison(node.operation) ? LiteralSides(*node.left, *node.right) : 0;
+    Emit(RowOf(node.operation).compute, step == 0 ? target : between, left, right, literals);
     left = between;
     next_register_ = step_saved;
   }
@@ -225,9 +241,8 @@ bool Compiler::JumpOnComparison(const Expression& condition, bool sense, Label& 
   int borrowed = -1;
   const Operand left = LeftOperand(*condition.left, *condition.right, borrowed);
   const Operand right = RightOperand(*condition.right, borrowed);
-  const bool literal = IsLiteral(*condition.left) || IsLiteral(*condition.right);
   const OperatorRow& row = RowOf(condition.operation);
-  EmitJump(label, sense ? row.jump_if : row.jump_unless, left, right, literal ? 1 : 0);
+  EmitJump(label, sense ? row.jump_if : row.jump_unless, left, right, LiteralSides(*condition.left, *condition.right));
   next_register_ = saved;
   return true;
 }

@@ -194,7 +194,7 @@ Operand Compiler::LeftCopy(const Expression& left, const Expression& right) {
 }
 
 void Compiler::StoreMember(const Expression& member, ArgumentTrees arguments, const Expression& value, bool set) {
-  const Operand object = member.left ? Value(*member.left) : withs_.back();
+  const Operand object = member.left ? Value(*member.left) : WithObject();
   const int base = ArgumentList(arguments, true);
   IntoFresh(value, NewRegister());
   Emit(set ? Opcode::kSetMember : Opcode::kPutMember, 0, base, AddSite(member.name, object),
@@ -211,7 +211,7 @@ void Compiler::StoreOwn(MemberId member, ArgumentTrees arguments, const Expressi
 // Stores a value that stands in a register back to where an expression took it from.
 void Compiler::StoreOperand(const Expression& target, Operand value) {
   if (target.kind == ExpressionKind::kMember) {
-    const Operand object = target.left ? Value(*target.left) : withs_.back();
+    const Operand object = target.left ? Value(*target.left) : WithObject();
     const int base = NewRegister();
     Emit(Opcode::kMove, Register(base), value);
     Emit(Opcode::kPutMember, 0, base, AddSite(target.name, object));

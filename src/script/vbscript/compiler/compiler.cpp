@@ -56,7 +56,16 @@ std::unique_ptr<Code> Compiler::Finish() {
   // Failures behind the last mark's end resume at the closing instruction.
   const auto last = static_cast<uint32_t>(code_->instructions.size() - 1);
   for (StatementMark& mark : code_->marks) mark.resume = std::min(mark.resume, last);
+  code_->CountBytes();
   return std::move(code_);
+}
+
+void Code::CountBytes() {
+  size_t total = LiveBytes::Block(sizeof(Code)) + LiveBytes::BlockOf(instructions) + LiveBytes::BlockOf(constants) +
+                 LiveBytes::BlockOf(sites) + LiveBytes::BlockOf(builtins) + LiveBytes::BlockOf(bounds) +
+                 LiveBytes::BlockOf(marks) + LiveBytes::BlockOf(dependencies) + LiveBytes::BlockOf(locals);
+  for (const std::vector<int32_t>& list : bounds) total += LiveBytes::BlockOf(list);
+  bytes.Set(total);
 }
 
 size_t Compiler::Emit(Opcode opcode, int32_t a, int32_t b, int32_t c, uint32_t n) {

@@ -125,6 +125,11 @@ class Compiler {
   void JumpOn(const Expression& condition, bool sense, Label& label);
   bool JumpOnComparison(const Expression& condition, bool sense, Label& label);
   static bool IsLiteral(const Expression& expression);
+  // Whether a comparison takes it for a literal: also a signed number and a constant.
+  [[nodiscard]] bool CountsAsLiteral(const Expression& expression);
+  [[nodiscard]] uint32_t LiteralSides(const Expression& left, const Expression& right);
+  // Without the parentheses around it.
+  [[nodiscard]] static const Expression& Bare(const Expression& expression);
 
   // Calls (compile_call.cpp).
   void CallInto(const Expression& callee, ArgumentTrees arguments, Operand target, bool is_statement);
@@ -139,6 +144,8 @@ class Compiler {
   bool ReferenceInto(const Expression& argument, int reg, int pin);
   [[nodiscard]] bool CanPassElement(const Expression& argument);
   void EmitRaise(int number);
+  // The object of the innermost With; outside of any, error 505 when it is used.
+  Operand WithObject();
 
   // Statements (compile_statement.cpp, compile_loop.cpp).
   void CompileBlock(Block block);
@@ -162,7 +169,7 @@ class Compiler {
   void CompileErase(const EraseStatement& statement);
   void CompileIf(const IfStatement& statement);
   void CompileSelect(const SelectStatement& statement);
-  void CompileCase(const CaseBranch& branch, int subject, Label& body, Label& next);
+  void CompileCase(const CaseBranch& branch, const Expression& subject_tree, int subject, Label& body, Label& next);
   void CompileFor(const ForStatement& statement);
   void CompileForEach(const ForEachStatement& statement);
   void CompileDo(const DoStatement& statement);

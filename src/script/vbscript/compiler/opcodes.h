@@ -9,9 +9,11 @@
 //   ElementReferenceMany           register a stands for an element of b; n indexes from register c on
 //   Index, IndexMany, Borrow       element c of b; Many: n indexes from register c on; Borrow: for one instruction only
 //   StoreIndex, SetIndex           element c of a becomes b; Many as above
-//   comparisons                    bit 0 of n: one side is a literal; bit 1: a Case, where other texts just differ
+//   comparisons                    bits 0 and 1 of n: the left, the right side is a literal; bit 2: a Case, where a
+//                                  text that is no number just differs from a number
 //   Append                         a &= the n values from register b on
 //   jumps                          by a instructions; Loop goes back and costs time
+//   CountFailure                   jumps by a while the condition of a loop has not failed too often: count in b
 //   For..., Each...                state in registers from c on, variable b; by a to where the body begins or ends
 //   calls                          result to a, or dropped when a is kNoResult; c names what is called
 //   Put..., SetMember, SetOwn      the value stands behind the arguments; c names the member
@@ -32,7 +34,7 @@ namespace kestrun::vbs {
   X(And) X(Or) X(Xor) X(Eqv) X(Imp) X(Is) X(Negate) X(Plus) X(Not)                               \
   X(Equal) X(NotEqual) X(Less) X(LessEqual) X(Greater) X(GreaterEqual)                           \
   X(Append)                                                                                      \
-  X(Jump) X(Loop) X(JumpFalse) X(JumpTrue)                                                       \
+  X(Jump) X(Loop) X(CountFailure) X(JumpFalse) X(JumpTrue)                                       \
   X(JumpUnlessEqual) X(JumpUnlessNotEqual) X(JumpUnlessLess) X(JumpUnlessLessEqual)              \
   X(JumpUnlessGreater) X(JumpUnlessGreaterEqual)                                                 \
   X(JumpIfEqual) X(JumpIfNotEqual) X(JumpIfLess) X(JumpIfLessEqual)                              \
@@ -45,6 +47,9 @@ namespace kestrun::vbs {
   X(DimArray) X(ReDim) X(Erase)                                                                  \
   X(OnError) X(Raise) X(Return) X(End)
 // clang-format on
+
+// The bit of a comparison that belongs to a Case.
+inline constexpr unsigned kCaseComparison = 4;
 
 enum class Opcode : uint16_t {
 #define KESTRUN_OPCODE_NAME(name) k##name,

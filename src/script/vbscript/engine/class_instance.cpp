@@ -9,6 +9,7 @@ ClassInstance::ClassInstance(Engine& engine, Ref<ClassDefinition> definition)
     : engine_(&engine),
       definition_(std::move(definition)),
       fields_(std::make_unique<Variant[]>(definition_->fields.size())) {
+  bytes_.Set(LiveBytes::Block(definition_->fields.size() * sizeof(Variant) + sizeof(size_t)));
   next_ = engine.living_;
   if (next_) next_->previous_ = this;
   engine.living_ = this;

@@ -36,6 +36,7 @@ class ClassInstance final : public Object {
   void Store(MemberId member, Arguments arguments, const Variant& value, bool set);
   [[nodiscard]] Engine& LivingEngine() const;
 
+  LiveBytes bytes_;
   Engine* engine_;  // null once the engine has ended
   Ref<ClassDefinition> definition_;
   std::unique_ptr<Variant[]> fields_;

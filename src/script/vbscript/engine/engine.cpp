@@ -1,17 +1,23 @@
 #include "script/vbscript/engine/engine.h"
 
+#include <new>
+
 #include "base/convert.h"
 #include "base/text.h"
 #include "script/vbscript/compiler/compiler.h"
 #include "script/vbscript/engine/class_instance.h"
+#include "script/vbscript/engine/global_object.h"
 #include "script/vbscript/runtime/builtins.h"
+#include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
+#include "script/vbscript/runtime/locale.h"
 #include "script/vbscript/syntax/parser.h"
 
 namespace kestrun::vbs {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+// Short enough to stand in a text's object: telling of it takes no memory.
+constexpr const char* kShortOutOfMemory = "Out of memory";
 
 double ReadDateLiteral(RuntimeContext& context, std::string_view text) {
   static const Builtin* const kConversion = FindBuiltin("CDate");
@@ -20,20 +26,44 @@ double ReadDateLiteral(RuntimeContext& context, std::string_view text) {
   return kConversion->call(context, {&argument, 1}).real();
 }
 
+ModuleError ErrorIn(const Module& module, const CompileError& error) {
+  return {error.number, module.source.PlaceOf(error.position), module.source.LineAt(error.position)};
+}
+
+// The text of a script to execute, of an object its default member's. Error 13 for everything else.
+Variant CodeOf(const Variant& argument) {
+  Variant code = PlainValue(argument);
+  if (!code.Is(VarType::kString)) RaiseScript(error::kTypeMismatch);
+  return code;
+}
+
+bool IsHighSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
+
+// A pair of surrogates that two pieces share goes with the first.
+void AppendPiece(std::string& source, std::u16string_view units, size_t from, size_t to) {
+  if (from > 0 && IsHighSurrogate(units[from - 1])) ++from;
+  if (to < units.size() && IsHighSurrogate(units[to - 1])) ++to;
+  if (from < to) source += ToUtf8(units.substr(from, to - from));
+}
+
 std::vector<int32_t> BoundsOf(const DeclaredVariable& variable) {
   return {variable.bounds.begin(), variable.bounds.end()};
 }
 
 }  // namespace
 
-Engine::Activity::Activity(Engine& engine) : engine_(engine) {
+Engine::Activity::Activity(Engine& engine) : engine_(engine), forms_(FormsOf(engine.locale_).conversions) {
   if (engine_.activities_++ > 0) return;
   engine_.stopping_ = false;
   engine_.machine_.ResetFuel();
-  engine_.deadline_ = Clock::now() + std::chrono::milliseconds(engine_.limits_.timeout_ms);
+  engine_.deadline_ = engine_.limits_.now() + std::chrono::milliseconds(engine_.limits_.timeout_ms);
 }
 
-Engine::Engine() : machine_(*this), err_(MakeRef<ErrObject>()), link_(std::make_shared<EngineLink>(EngineLink{this})) {}
+Engine::Engine()
+    : machine_(*this),
+      err_(MakeRef<ErrObject>()),
+      link_(std::make_shared<EngineLink>(EngineLink{this})),
+      global_object_(MakeRef<GlobalObject>(link_)) {}
 
 Engine::~Engine() {
   ReleaseEverything();
@@ -67,34 +97,68 @@ void Engine::Retire(ClassInstance& instance) {
 }
 
 void Engine::CheckTime() {
-  if (limits_.timeout_ms < 0 || Clock::now() < deadline_) return;
+  if (limits_.timeout_ms < 0 || limits_.now() < deadline_) return;
   stopping_ = true;
   throw TimeLimitReached{};
 }
 
-void Engine::ChargeMemory(size_t bytes) {
-  if (bytes > limits_.memory_bytes || LiveBytes::Total() > limits_.memory_bytes - bytes) {
-    RaiseScript(error::kOutOfMemory);
-  }
+// Acts at once, and whenever the engine runs: hosts keep their own forms.
+void Engine::set_locale(int locale) {
+  locale_ = locale;
+  UseForms(FormsOf(locale).conversions);
 }
 
-std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression, bool inside_method) {
+void Engine::RaiseOutOfMemory() { RaiseScript(error::kOutOfMemory); }
+
+std::shared_ptr<Module> Engine::Parse(std::string_view text, bool as_expression) {
+  const Activity activity(*this);
   auto module = std::make_shared<Module>(text);
   try {
-    Parser parser(*module, names_, [this](std::string_view date) { return ReadDateLiteral(*this, date); });
-    if (inside_method) parser.AllowMe();
-    if (as_expression) {
-      parser.ParseEvaluation();
-    } else {
-      parser.ParseModule();
-    }
+    ParseInto(*module, as_expression);
   } catch (const CompileError& error) {
-    throw ModuleError{error.number, module->source.PlaceOf(error.position), module->source.LineAt(error.position)};
+    throw ErrorIn(*module, error);
   }
   return module;
 }
 
+void Engine::RefuseRedefinitions(const Module& module) {
+  const auto refuse = [&](uint32_t position) {
+    throw ErrorIn(module, CompileError{compile_error::kNameRedefined, position});
+  };
+  for (const auto& tree : module.classes) {
+    const GlobalEntry& entry = globals_.Entry(tree->name);
+    if (entry.kind == GlobalKind::kClass || entry.kind == GlobalKind::kConstant) refuse(tree->position);
+  }
+  for (const ConstStatement* constant : module.constants) {
+    const GlobalKind kind = globals_.Entry(constant->name).kind;
+    if (kind != GlobalKind::kUnbound && kind != GlobalKind::kObject) refuse(constant->position);
+  }
+  for (const DeclaredVariable& variable : module.variables) {
+    const GlobalKind kind = globals_.Entry(variable.name).kind;
+    if (kind == GlobalKind::kClass || kind == GlobalKind::kConstant) refuse(variable.position);
+  }
+}
+
+void Engine::ParseInto(Module& module, bool as_expression) {
+  constexpr uint64_t kStepsPerText = 64;  // what even the shortest text takes to be parsed and compiled
+  ChargeMemory(0);
+  Charge(kStepsPerText);
+  Parser parser(module, names_, [this](std::string_view date) { return ReadDateLiteral(*this, date); });
+  parser.OnProgress([this](size_t tokens) {
+    Charge(tokens);
+    ChargeMemory(0);
+  });
+  if (as_expression) {
+    parser.ParseEvaluation();
+  } else {
+    parser.ParseModule();
+  }
+  module.CountBytes();
+  ChargeMemory(0);
+}
+
 void Engine::Define(const std::shared_ptr<Module>& module) {
+  RefuseRedefinitions(*module);
   for (const auto& tree : module->procedures) {
     globals_.DefineProcedure(tree->name, MakeRef<Procedure>(module, *tree, nullptr));
   }
@@ -146,18 +210,40 @@ void Engine::AddObject(std::string_view name, const Variant& object) {
   globals_.DefineValue(names_.Intern(name), GlobalKind::kObject, object);
 }
 
-std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression, bool inside_method) {
+// The place of a compile error is nobody's business here: the statement that executes the text is at fault.
+std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression) {
+  const auto module = std::make_shared<Module>(SourceOf(text));
   try {
-    return Parse(ToText(text), as_expression, inside_method);
+    ParseInto(*module, as_expression);
+  } catch (const CompileError& error) {
+    RaiseScript(error.number);
+  }
+  return module;
+}
+
+// UTF-8 of a text that may be long.
+std::string Engine::SourceOf(const Variant& text) {
+  const Variant value = ToTextValue(text);
+  const std::u16string_view units = value.text();
+  ChargeMemory(LiveBytes::Block(units.size() * 2));
+  std::string source;
+  ByPieces(*this, units.size(), [&](size_t from, size_t to) { AppendPiece(source, units, from, to); });
+  return source;
+}
+
+// Inside a running script a second definition is an error like others.
+void Engine::DefineExecuted(const std::shared_ptr<Module>& module) {
+  try {
+    Define(module);
   } catch (const ModuleError& error) {
-    throw RuntimeError(error.number, std::string(ScriptErrorText(error.number)));
+    RaiseScript(error.number);
   }
 }
 
 void Engine::ExecuteText(const Variant& text, bool global) {
-  const std::shared_ptr<Module> module = ParseExecuted(text, false, !global && machine_.InMethod());
+  const std::shared_ptr<Module> module = ParseExecuted(CodeOf(text), false);
   if (global || !machine_.InProcedure()) {
-    Define(module);
+    DefineExecuted(module);
     machine_.RunGlobal(*module);
     return;
   }
@@ -169,28 +255,31 @@ void Engine::ExecuteText(const Variant& text, bool global) {
 }
 
 Variant Engine::EvaluateText(const Variant& text) {
-  if (!text.Is(VarType::kString)) return text;
-  const std::shared_ptr<Module> module = ParseExecuted(text, true, machine_.InMethod());
+  const Variant code = text.Is(VarType::kObject) && !text.object() ? text : PlainValue(text);
+  if (!code.Is(VarType::kString)) return code;
+  const std::shared_ptr<Module> module = ParseExecuted(code, true);
   return machine_.InProcedure() ? machine_.RunInside(*module) : machine_.EvaluateGlobal(*module);
 }
 
 Variant Engine::MakeProcedureReference(const Variant& name) {
-  const NameId number = names_.Find(ToText(name));
+  const NameId number = names_.Find(ToText(CodeOf(name)));
   if (number == kNoName || globals_.Entry(number).kind != GlobalKind::kProcedure) {
     RaiseScript(error::kInvalidProcedureCall);
   }
   return Variant(MakeRef<ProcedureReference>(link_, globals_.Entry(number).procedure));
 }
 
-Variant Engine::MakeObject(NameId class_name) {
+Variant Engine::MakeObject(NameId class_name, bool explicit_names) {
+  // The language's own class counts even when a script has one of its name.
+  const Ref<Object> own = CreateScriptObject(names_.Spelling(class_name), *this);
+  if (own) return Variant(own);
   const GlobalEntry& entry = globals_.Entry(class_name);
   if (!entry.definition) {
-    const Ref<Object> object = CreateScriptObject(names_.Spelling(class_name), *this);
-    if (!object) RaiseScript(error::kClassNotDefined);
-    return Variant(object);
+    throw NamedError(explicit_names ? error::kUndefinedVariable : error::kClassNotDefined, names_.Spelling(class_name));
   }
   const Ref<ClassDefinition> definition = entry.definition;
   ChargeMemory(sizeof(ClassInstance) + definition->fields.size() * sizeof(Variant));
+  Charge(1 + definition->fields.size() / kElementsPerStep);
   const Ref<ClassInstance> instance = MakeRef<ClassInstance>(*this, definition);
   for (size_t field = 0; field < definition->fields.size(); ++field) {
     const DeclaredVariable& declared = definition->fields[field];
@@ -213,7 +302,9 @@ void Engine::Terminate(ClassInstance& instance) noexcept {
 Variant Engine::Call(Procedure& procedure, ClassInstance* self, Arguments arguments) {
   const Activity activity(*this);
   try {
-    return machine_.Invoke(procedure, self, arguments);
+    Variant result = machine_.Invoke(procedure, self, arguments);
+    ChargeReading(*this, result);
+    return result;
   } catch (const TimeLimitReached&) {
     if (activities_ > 1) throw;
     throw RuntimeError(kTimeLimitNumber, std::string(kTimeLimitText));
@@ -230,7 +321,20 @@ Variant Engine::CallGlobal(std::string_view name, Arguments arguments) {
   return machine_.Invoke(*procedure, nullptr, arguments);
 }
 
+// Memory may be short as well where the failure is put into words.
 ErrorReport Engine::Report(const std::function<void()>& action) {
+  try {
+    return ReportInWords(action);
+  } catch (const std::bad_alloc&) {
+    ErrorReport report;
+    report.number = error::kOutOfMemory;
+    report.description = kShortOutOfMemory;
+    return report;
+  }
+}
+
+ErrorReport Engine::ReportInWords(const std::function<void()>& action) {
+  const Activity activity(*this);
   try {
     action();
     return {};
@@ -254,7 +358,9 @@ ErrorReport Engine::Report(const std::function<void()>& action) {
 }
 
 Variant Engine::FieldValue(const Variant& field, Arguments arguments) {
-  return arguments.empty() ? field : machine_.IndexedValue(field, arguments);
+  const Variant value = arguments.empty() ? field : machine_.IndexedValue(field, arguments);
+  ChargeReading(*this, value);
+  return value;
 }
 
 void Engine::StoreField(Variant& field, Arguments arguments, const Variant& value, bool set) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/local_forms.h"
 #include "script/vbscript/engine/err_object.h"
 #include "script/vbscript/engine/procedure_reference.h"
 #include "script/vbscript/engine/program.h"
@@ -29,6 +30,8 @@ struct Limits {
   int64_t timeout_ms = -1;  // none when negative
   size_t memory_bytes = size_t{512} * 1024 * 1024;
   size_t text_units = size_t{64} * 1024 * 1024;
+  // What the time is read from; a test gives one that goes by readings.
+  std::chrono::steady_clock::time_point (*now)() = &std::chrono::steady_clock::now;
 };
 
 // A module that does not compile, with its error's place.
@@ -53,9 +56,9 @@ class Engine final : public RuntimeContext {
   ~Engine() override;
 
   // Parses a module's text; throws ModuleError.
-  [[nodiscard]] std::shared_ptr<Module> Parse(std::string_view text, bool as_expression = false,
-                                              bool inside_method = false);
-  // Makes the module's procedures, classes and declared names known.
+  [[nodiscard]] std::shared_ptr<Module> Parse(std::string_view text, bool as_expression = false);
+  // Makes the module's procedures, classes and declared names known. Throws ModuleError for a second class or constant
+  // of a name.
   void Define(const std::shared_ptr<Module>& module);
   // Define, then the global code.
   void Load(const std::shared_ptr<Module>& module);
@@ -65,7 +68,8 @@ class Engine final : public RuntimeContext {
   void ExecuteText(const Variant& text, bool global);
   [[nodiscard]] Variant EvaluateText(const Variant& text);
   [[nodiscard]] Variant MakeProcedureReference(const Variant& name);
-  [[nodiscard]] Variant MakeObject(NameId class_name);
+  // Error 506 for an unknown class; 500 in a module whose names must be declared.
+  [[nodiscard]] Variant MakeObject(NameId class_name, bool explicit_names);
 
   // Calls a global procedure; error 13 when there is none of the name.
   Variant CallGlobal(std::string_view name, Arguments arguments);
@@ -86,11 +90,17 @@ class Engine final : public RuntimeContext {
 
   // RuntimeContext.
   void Charge(uint64_t steps) override { machine_.Charge(steps); }
-  void ChargeMemory(size_t bytes) override;
+  void ChargeMemory(size_t bytes) override {
+    if (bytes > limits_.memory_bytes || LiveBytes::Total() > limits_.memory_bytes - bytes) RaiseOutOfMemory();
+  }
+  [[nodiscard]] size_t memory_left() const override {
+    const size_t used = LiveBytes::Total();
+    return used > limits_.memory_bytes ? 0 : limits_.memory_bytes - used;
+  }
   [[nodiscard]] size_t most_text_units() const override { return limits_.text_units; }
   [[nodiscard]] bool allow_ui() const override { return allow_ui_; }
   [[nodiscard]] int locale() const override { return locale_; }
-  void set_locale(int locale) override { locale_ = locale; }
+  void set_locale(int locale) override;
   [[nodiscard]] uint32_t& random_state() override { return random_state_; }
 
   void set_allow_ui(bool allow) { allow_ui_ = allow; }
@@ -99,11 +109,21 @@ class Engine final : public RuntimeContext {
   [[nodiscard]] GlobalScope& globals() { return globals_; }
   [[nodiscard]] Machine& machine() { return machine_; }
   [[nodiscard]] ErrObject& err() { return *err_; }
+  // What Me means outside of classes.
+  [[nodiscard]] Object& global_object() { return *global_object_; }
 
  private:
   friend class ClassInstance;
 
-  [[nodiscard]] std::shared_ptr<Module> ParseExecuted(const Variant& text, bool as_expression, bool inside_method);
+  [[noreturn]] static void RaiseOutOfMemory();
+  ErrorReport ReportInWords(const std::function<void()>& action);
+  // Throws CompileError.
+  void ParseInto(Module& module, bool as_expression);
+  [[nodiscard]] std::string SourceOf(const Variant& text);
+  [[nodiscard]] std::shared_ptr<Module> ParseExecuted(const Variant& text, bool as_expression);
+  // A class or a constant is defined once, and keeps its name to itself. Throws ModuleError.
+  void RefuseRedefinitions(const Module& module);
+  void DefineExecuted(const std::shared_ptr<Module>& module);
   void DefineClass(const std::shared_ptr<Module>& module, const ClassTree& tree);
   void AddMethod(ClassDefinition& definition, const std::shared_ptr<Module>& module, const ProcedureTree& tree);
   void ReleaseEverything();
@@ -115,6 +135,7 @@ class Engine final : public RuntimeContext {
   Machine machine_;
   Ref<ErrObject> err_;
   std::shared_ptr<EngineLink> link_;
+  Ref<Object> global_object_;
   ClassInstance* living_ = nullptr;
   std::chrono::steady_clock::time_point deadline_;
   int activities_ = 0;
@@ -133,6 +154,7 @@ class Engine::Activity {
 
  private:
   Engine& engine_;
+  const LocalFormsScope forms_;
 };
 
 }  // namespace kestrun::vbs

@@ -59,16 +59,16 @@ void GlobalScope::DefineValue(NameId name, GlobalKind kind, const Variant& value
 }
 
 void GlobalScope::DefineProcedure(NameId name, Ref<Procedure> procedure) {
+  kept_.emplace_back(procedure);
   GlobalEntry& entry = Entry(name);
   Rebind(entry, GlobalKind::kProcedure);
-  kept_.emplace_back(procedure);
   entry.procedure = std::move(procedure);
 }
 
 void GlobalScope::DefineClass(NameId name, Ref<ClassDefinition> definition) {
+  kept_.emplace_back(definition);
   GlobalEntry& entry = Entry(name);
   Rebind(entry, GlobalKind::kClass);
-  kept_.emplace_back(definition);
   entry.definition = std::move(definition);
 }
 

@@ -1,6 +1,7 @@
 #include "script/vbscript/lexer/lexer.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 
 #include "base/text.h"
@@ -24,6 +25,20 @@ int DigitValue(char c) {
   if (c >= 'a' && c <= 'f') return c - 'a' + 10;
   if (c >= 'A' && c <= 'F') return c - 'A' + 10;
   return 99;
+}
+
+// Whether an operand may end with this token: behind one, & joins texts.
+bool EndsOperand(const Token& token) {
+  switch (token.kind) {
+    case TokenKind::kIdentifier: return token.word == Word::kNone || !IsReserved(token.word);
+    case TokenKind::kInteger:
+    case TokenKind::kLong:
+    case TokenKind::kDouble:
+    case TokenKind::kString:
+    case TokenKind::kDate:
+    case TokenKind::kClose: return true;
+    default: return false;
+  }
 }
 
 [[noreturn]] void Fail(int number, size_t position) { throw CompileError{number, static_cast<uint32_t>(position)}; }
@@ -86,21 +101,21 @@ void Lexer::ReadEscapedName(Token& token) {
   ++at_;
 }
 
-// &H and &O literals: 16-bit patterns give Integer, 32-bit ones Long; a closing & asks for Long.
+// &H and &O literals are bit patterns: of 16 bits, or of 32 when they need them or end in &. The value then has the
+// narrowest type of a literal, whose Integers go from -32767 to 32767.
 void Lexer::ReadRadixNumber(Token& token, int bits_per_digit) {
   const size_t start = at_;
   uint64_t value = 0;
   while (DigitValue(Peek()) < (1 << bits_per_digit)) {
     value = (value << bits_per_digit) | static_cast<uint64_t>(DigitValue(Peek()));
-    if (value > UINT32_MAX) Fail(compile_error::kSyntax, token.position);
+    if (value > UINT32_MAX) Fail(compile_error::kInvalidNumber, token.position);
     ++at_;
   }
-  if (at_ == start || IsNamePart(Peek())) Fail(compile_error::kSyntax, token.position);
-  const bool wants_long = Peek() == '&';
-  if (wants_long) ++at_;
-  const bool fits = value <= UINT16_MAX && !wants_long;
-  token.kind = fits ? TokenKind::kInteger : TokenKind::kLong;
-  token.number = fits ? static_cast<int16_t>(value) : static_cast<int32_t>(value);
+  if (at_ == start) Fail(compile_error::kInvalidNumber, token.position);
+  const bool all_bits = Peek() == '&' || value > UINT16_MAX;
+  if (Peek() == '&') ++at_;
+  token.number = all_bits ? static_cast<int32_t>(value) : static_cast<int16_t>(value);
+  token.kind = std::fabs(token.number) <= INT16_MAX ? TokenKind::kInteger : TokenKind::kLong;
 }
 
 void Lexer::ReadDecimal(Token& token) {
@@ -121,7 +136,8 @@ void Lexer::ReadDecimal(Token& token) {
   }
   const std::string_view digits = text_.substr(start, at_ - start);
   const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), token.number);
-  if (read.ec == std::errc::result_out_of_range && token.number != 0) Fail(compile_error::kInvalidNumber, start);
+  const bool vanishes = digits.find("e-") != digits.npos || digits.find("E-") != digits.npos;
+  if (read.ec == std::errc::result_out_of_range && !vanishes) Fail(compile_error::kInvalidNumber, start);
   token.kind = !whole || token.number > INT32_MAX ? TokenKind::kDouble
                : token.number > INT16_MAX         ? TokenKind::kLong
                                                   : TokenKind::kInteger;
@@ -203,7 +219,7 @@ void Lexer::ReadToken(Token& token) {
     const bool hexadecimal = next == 'H' || next == 'h';
     if (DigitValue(digit) < (hexadecimal ? 16 : 8)) return ReadNumber(token);
   }
-  if (c == '&' && IsDigit(next) && next < '8') return ReadNumber(token);
+  if (c == '&' && IsDigit(next) && next < '8' && !after_operand_) return ReadNumber(token);
   if (c == '"') return ReadString(token);
   if (c == '#') return ReadDate(token);
   if (c == '[') return ReadEscapedName(token);
@@ -230,6 +246,7 @@ Token Lexer::Next() {
   }
   token.end = static_cast<uint32_t>(at_);
   const bool remark = token.word == Word::kRem && !after_dot_;
+  after_operand_ = EndsOperand(token);
   after_dot_ = token.kind == TokenKind::kDot;
   if (!remark) return token;
   SkipComment();

@@ -35,7 +35,8 @@ class Lexer {
   std::string_view text_;
   size_t at_ = 0;
   bool line_start_ = true;
-  bool after_dot_ = false;  // behind a dot, Rem is a member's name
+  bool after_dot_ = false;      // behind a dot, Rem is a member's name
+  bool after_operand_ = false;  // behind an operand, &1 joins; elsewhere it is an octal number
 };
 
 }  // namespace kestrun::vbs

@@ -5,6 +5,9 @@
 namespace kestrun::vbs {
 namespace {
 
+// Two texts, a node of the table with its bucket, and the row that a scope keeps for the name.
+constexpr size_t kBytesPerName = 2 * sizeof(std::string) + 64 + 16 + 64;
+
 void FoldInto(std::string_view name, std::string& folded) {
   folded.assign(name);
   for (char& character : folded) {
@@ -30,6 +33,7 @@ NameId NameTable::Intern(std::string_view name) {
   const auto number = static_cast<NameId>(spellings_.size());
   spellings_.emplace_back(name);
   numbers_.emplace(folded_.emplace_back(scratch_), number);
+  bytes_.Grow(kBytesPerName + 2 * LiveBytes::Block(name.size()));
   return number;
 }
 

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "base/live_bytes.h"
+
 namespace kestrun::vbs {
 
 using NameId = uint32_t;
@@ -30,6 +32,7 @@ class NameTable {
   std::deque<std::string> folded_;
   std::deque<std::string> spellings_;
   std::string scratch_;
+  LiveBytes bytes_;
 };
 
 }  // namespace kestrun::vbs

@@ -1,70 +1,109 @@
 // What the fast paths of the operators leave over: other types, objects and texts.
 #include <array>
-#include <charconv>
+
+#include <algorithm>
 
 #include "script/vbscript/engine/engine.h"
 #include "script/vbscript/machine/machine.h"
+#include "script/vbscript/runtime/builders.h"
+#include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/operators.h"
+#include "script/vbscript/runtime/text_search.h"
 
 namespace kestrun::vbs {
 namespace {
 
-constexpr size_t kUnitsPerStep = 64;
-
 bool IsWhole(const Variant& value) { return value.Is(VarType::kInteger) || value.Is(VarType::kLong); }
 
 // The digits of a whole number, at the end of a text.
-void AppendDigits(std::u16string& text, int32_t value) {
-  std::array<char, 12> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-  text.append(digits.data(), end);
+void AppendDigits(TextBuilder& text, int32_t value) {
+  std::array<char16_t, 12> digits{};
+  size_t first = digits.size();
+  uint32_t rest = value < 0 ? 0 - static_cast<uint32_t>(value) : static_cast<uint32_t>(value);
+  do {
+    digits[--first] = static_cast<char16_t>(u'0' + rest % 10);
+  } while ((rest /= 10) != 0);
+  if (value < 0) digits[--first] = u'-';
+  text.Append(std::u16string_view(digits.data() + first, digits.size() - first));
 }
+
+// A value's text at the end of another; Null has none.
+void AppendValue(TextBuilder& text, const Variant& value) {
+  if (value.Is(VarType::kString)) return text.Append(value.text());
+  if (IsWhole(value)) return AppendDigits(text, value.whole());
+  std::u16string part;
+  AppendText(part, value);
+  text.Append(part);
+}
+
+// The room that a value's text needs, about.
+size_t UnitsOf(const Variant& value) { return value.Is(VarType::kString) ? value.text().size() : 11; }
 
 }  // namespace
 
-// Objects among the operands may run code that changes the variables the operands stand in: they are held meanwhile.
+// Objects among the operands may run code that changes the variables the operands stand in, so that their values are
+// taken first. Texts are paid for by their length.
 void Machine::SlowBinary(const Instruction& at, BinaryOperator operation) {
   const Variant& left = At(at.b);
   const Variant& right = At(at.c);
+  if (!left.owns() && !right.owns()) {
+    At(at.a) = operation(left, right);
+    return;
+  }
   if (left.Is(VarType::kObject) || right.Is(VarType::kObject)) {
-    const Variant held_left(left);
-    const Variant held_right(right);
-    Variant result = operation(held_left, held_right);
+    const Variant plain_left = PlainCopy(left);
+    const Variant plain_right = PlainCopy(right);
+    ChargeReading(plain_left, plain_right);
+    Variant result = operation(plain_left, plain_right);
     At(at.a) = std::move(result);
     return;
   }
+  ChargeReading(left, right);
   At(at.a) = operation(left, right);
 }
 
+// Texts are joined, everything else is added.
+void Machine::SlowAdd(const Instruction& at, BinaryOperator add) {
+  const bool texts = At(at.b).Is(VarType::kString) && At(at.c).Is(VarType::kString);
+  return texts ? Concatenate(at) : SlowBinary(at, add);
+}
+
+Variant Machine::CompareValues(const Variant& left, const Variant& right, Comparison wanted, unsigned literals) {
+  if (left.Is(VarType::kString) && right.Is(VarType::kString)) {
+    const bool equality = wanted == Comparison::kEqual || wanted == Comparison::kNotEqual;
+    if (equality && left.text().size() != right.text().size()) return wanted == Comparison::kNotEqual;
+    const auto order = static_cast<int16_t>(CompareUnits(engine_, left.text(), right.text()));
+    return Compare(order, int16_t{0}, wanted);
+  }
+  ChargeReading(left, right);
+  return Compare(left, right, wanted, literals);
+}
+
 void Machine::SlowCompare(const Instruction& at, int comparison, Variant& result) {
-  const Variant left(At(at.b));
-  const Variant right(At(at.c));
-  Variant truth = Compare(left, right, static_cast<Comparison>(comparison), at.n != 0);
-  if (left.Is(VarType::kObject) || right.Is(VarType::kObject)) {
-    At(at.a) = std::move(truth);
+  const Variant left = At(at.b);
+  const Variant right = At(at.c);
+  const bool objects = left.Is(VarType::kObject) || right.Is(VarType::kObject);
+  const auto wanted = static_cast<Comparison>(comparison);
+  if (objects) {
+    const Variant plain_left = PlainCopy(left);
+    At(at.a) = CompareValues(plain_left, PlainCopy(right), wanted, at.n);
   } else {
-    result = std::move(truth);
+    result = CompareValues(left, right, wanted, at.n);
   }
 }
 
 // The outcome of a comparison that decides a jump; Null counts as false.
 bool Machine::SlowTest(const Instruction& at, int comparison) {
-  const Variant& left = At(at.b);
-  const Variant& right = At(at.c);
-  const auto wanted = static_cast<Comparison>(comparison);
-  if (left.Is(VarType::kString) && right.Is(VarType::kString)) {
-    if (wanted == Comparison::kEqual) return left.text() == right.text();
-    if (wanted == Comparison::kNotEqual) return left.text() != right.text();
-  }
-  const Variant held_left(left);
-  const Variant held_right(right);
-  const bool is_case = (at.n & 2) != 0;
+  const Variant left = At(at.b);
+  const bool is_case = (at.n & kCaseComparison) != 0;
+  const Variant right = At(at.c);
   try {
-    const Variant truth = Compare(held_left, held_right, wanted, at.n != 0);
+    const Variant plain_left = PlainCopy(left);
+    const Variant truth = CompareValues(plain_left, PlainCopy(right), static_cast<Comparison>(comparison), at.n);
     return truth.Is(VarType::kBoolean) && truth.boolean();
   } catch (const RuntimeError& error) {
-    if (!is_case || error.number() != error::kTypeMismatch || held_left.Is(VarType::kObject)) throw;
+    if (!is_case || error.number() != error::kTypeMismatch || left.Is(VarType::kObject)) throw;
     return false;
   }
 }
@@ -72,69 +111,77 @@ bool Machine::SlowTest(const Instruction& at, int comparison) {
 void Machine::Concatenate(const Instruction& at) {
   const Variant& left = At(at.b);
   const Variant& right = At(at.c);
-  const bool texts = left.Is(VarType::kString) && (right.Is(VarType::kString) || IsWhole(right));
-  if (!texts) return SlowBinary(at, kestrun::vbs::Concatenate);
   Variant& target = At(at.a);
-  if (&target == &left && &target != &right && target.text_body()->references() == 1) {
-    AppendText(*target.text_body(), right);
+  if (left.Is(VarType::kObject) || right.Is(VarType::kObject)) {
+    const Variant plain_left = PlainCopy(left);
+    Variant joined = Joined(plain_left, PlainCopy(right));
+    At(at.a) = std::move(joined);
     return;
   }
-  const Ref<TextBody> body = CopyToGrow(left, right.Is(VarType::kString) ? right.text().size() : 11);
-  AppendText(*body, right);
-  target = Variant(body);
-}
-
-// A text of its own with room for more.
-Ref<TextBody> Machine::CopyToGrow(const Variant& text, size_t extra) {
-  const size_t units = text.text().size() + extra;
-  if (units > engine_.limits().text_units) RaiseScript(error::kOutOfStringSpace);
-  if (units > kUnitsPerStep) engine_.ChargeMemory(units * sizeof(char16_t));
-  std::u16string copy;
-  copy.reserve(units);
-  copy = text.text();
-  return MakeRef<TextBody>(std::move(copy));
-}
-
-// False for a part that is neither text nor whole number.
-bool Machine::AppendText(TextBody& body, const Variant& part) {
-  if (IsWhole(part)) {
-    AppendDigits(body.text, part.whole());
-  } else if (part.Is(VarType::kString)) {
-    if (body.text.size() + part.text().size() > engine_.limits().text_units) RaiseScript(error::kOutOfStringSpace);
-    const size_t before = body.text.capacity();
-    body.text += part.text();
-    if (body.text.capacity() != before) {
-      body.CountBytes();
-      engine_.ChargeMemory(0);
-    }
-    Charge(1 + part.text().size() / kUnitsPerStep);
-  } else {
-    return false;
+  const bool whole = !EndsInHalf(left) && !EndsInHalf(right);
+  const bool grows = whole && &target == &left && &target != &right && left.Is(VarType::kString);
+  if (grows && target.text_body()->references() == 1 && (right.Is(VarType::kString) || IsWhole(right))) {
+    TextBuilder text(engine_, Ref<TextBody>(target.text_body()));
+    AppendValue(text, right);
+    return;
   }
-  return true;
+  target = Joined(left, right);
+}
+
+Variant Machine::Joined(const Variant& left, const Variant& right) {
+  if (left.Is(VarType::kNull) && right.Is(VarType::kNull)) return left;
+  if (EndsInHalf(left) || EndsInHalf(right)) return JoinBytes(engine_, left, right);
+  TextBuilder text(engine_, UnitsOf(left) + UnitsOf(right));
+  AppendValue(text, left);
+  AppendValue(text, right);
+  engine_.ChargeMemory(0);
+  return text.Take();
 }
 
 // Grows the target's own text when nothing else holds it.
 void Machine::AppendParts(Variant& target, Variant* parts, uint32_t count) {
+  if (--fuel_ < 0) Refuel();
   for (uint32_t part = 0; part < count; ++part) {
-    const bool plain = parts[part].Is(VarType::kString) || IsWhole(parts[part]);
-    if (!plain && !(parts[part].Is(VarType::kNull) && target.Is(VarType::kNull))) {
-      const Variant held = PlainCopy(parts[part]);
-      parts[part] = kestrun::vbs::Concatenate(held, "");
-    }
+    if (parts[part].Is(VarType::kObject)) parts[part] = PlainCopy(parts[part]);
   }
-  if (target.Is(VarType::kString)) {
+  const bool whole = !EndsInHalf(target) && std::none_of(parts, parts + count, EndsInHalf);
+  if (target.Is(VarType::kString) && whole) {
     const bool own = target.text_body()->references() == 1;
-    const Ref<TextBody> body = own ? Ref<TextBody>(target.text_body()) : CopyToGrow(target, 0);
-    for (uint32_t part = 0; part < count; ++part) AppendText(*body, parts[part]);
-    if (!own) target = Variant(body);
+    TextBuilder text = own ? TextBuilder(engine_, Ref<TextBody>(target.text_body()))
+                           : TextBuilder(engine_, target.text().size() + UnitsOf(parts[0]));
+    if (!own) text.Append(target.text());
+    for (uint32_t part = 0; part < count; ++part) AppendValue(text, parts[part]);
+    engine_.ChargeMemory(0);
+    if (!own) target = text.Take();
   } else {
     Variant sum = PlainCopy(target);
-    for (uint32_t part = 0; part < count; ++part) sum = kestrun::vbs::Concatenate(sum, parts[part]);
+    for (uint32_t part = 0; part < count; ++part) sum = Joined(sum, parts[part]);
     RequireAssignable(target);
     target = std::move(sum);
   }
   for (uint32_t part = 0; part < count; ++part) parts[part].Clear();
+}
+
+void Machine::SlowUnary(const Instruction& at, Variant (*operation)(const Variant&)) {
+  const Variant value = PlainCopy(At(at.b));
+  ChargeReading(value);
+  Variant result = operation(value);
+  At(at.a) = std::move(result);
+}
+
+// What a text takes to be read as a number or a date.
+void Machine::ChargeReading(const Variant& value) { vbs::ChargeReading(engine_, value); }
+
+void Machine::ChargeReading(const Variant& left, const Variant& right) {
+  ChargeReading(left);
+  ChargeReading(right);
+}
+
+void Machine::ChargeArguments(const Builtin& builtin, Arguments arguments) {
+  for (size_t at = 0; at < arguments.size(); ++at) {
+    const bool within = at < 8 ? (builtin.charged_within >> at & 1) != 0 : builtin.charged_within == kEvery;
+    if (!within) ChargeReading(arguments[at]);
+  }
 }
 
 }  // namespace kestrun::vbs

@@ -1,6 +1,7 @@
 // Elements of arrays and of objects with indexed members; the size of arrays.
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "base/convert.h"
 #include "script/vbscript/engine/engine.h"
@@ -41,7 +42,9 @@ int32_t SizeOf(int32_t upper_bound) {
 
 int32_t Machine::IndexNumber(const Variant& index) {
   if (index.Is(VarType::kInteger) || index.Is(VarType::kLong)) return index.whole();
-  return ToLong(PlainValue(index));
+  const Variant plain = PlainCopy(index);
+  ChargeReading(plain);
+  return ToLong(plain);
 }
 
 // The first index runs fastest.
@@ -98,7 +101,7 @@ void Machine::StoreIndexed(Variant& object, Arguments indexes, const Variant& va
       if (index.Is(VarType::kObject)) index = PlainCopy(index);
     }
     if (!object.Is(VarType::kArray)) RaiseScript(error::kTypeMismatch);
-    ArrayBody& body = object.MutableArray();
+    ArrayBody& body = OwnArray(object);
     body.elements[ElementOffset(body, indexes)] = std::move(stored);
     return;
   }
@@ -113,47 +116,106 @@ void Machine::StoreIndexed(Variant& object, Arguments indexes, const Variant& va
   }
 }
 
+Ref<ArrayBody> Machine::MakeArray(std::vector<int32_t> sizes, bool fixed) {
+  const size_t count = sizes.empty() ? 0 : CheckedCount(sizes);
+  Ref<ArrayBody> body = MakeRef<ArrayBody>(std::vector<int32_t>{}, fixed);
+  body->sizes = std::move(sizes);
+  Variant holder(body);
+  Resize(holder, count);
+  return body;
+}
+
+Ref<ArrayBody> Machine::CloneArray(const ArrayBody& array) {
+  const std::vector<Variant>& from = array.elements;
+  Ref<ArrayBody> copy = MakeRef<ArrayBody>(std::vector<int32_t>{}, array.fixed);
+  copy->sizes = array.sizes;
+  engine_.ChargeMemory(LiveBytes::Block(from.size() * sizeof(Variant)));
+  copy->elements.reserve(from.size());
+  copy->CountBytes();
+  for (size_t at = 0; at < from.size();) {
+    const size_t piece = std::min(kPieceElements, from.size() - at);
+    Charge(1 + piece / kElementsPerStep);
+    const auto first = from.begin() + static_cast<std::ptrdiff_t>(at);
+    copy->elements.insert(copy->elements.end(), first, first + static_cast<std::ptrdiff_t>(piece));
+    at += piece;
+  }
+  return copy;
+}
+
+// The array holds `count` elements from now on, in as many as it has of each dimension. What is left over ends last,
+// when the array is whole again: its end may run scripts that see the array.
+void Machine::Resize(Variant& array, size_t count) {
+  const Variant held(array);
+  auto& body = const_cast<ArrayBody&>(held.array());
+  if (count < body.elements.size()) {
+    const Ref<ArrayBody> smaller = MakeArray({}, body.fixed);
+    smaller->sizes = body.sizes;
+    smaller->elements.reserve(count);
+    const auto end = body.elements.begin() + static_cast<std::ptrdiff_t>(count);
+    smaller->elements.assign(std::make_move_iterator(body.elements.begin()), std::make_move_iterator(end));
+    smaller->CountBytes();
+    array = Variant(smaller);
+    return;
+  }
+  if (count > body.elements.capacity()) {
+    size_t room = std::max(count, 2 * body.elements.size());
+    if (LiveBytes::Block(room * sizeof(Variant)) > engine_.memory_left()) room = count;
+    engine_.ChargeMemory(LiveBytes::Block(room * sizeof(Variant)));
+    Charge(body.elements.size() / kElementsPerStep);
+    body.elements.reserve(room);
+  }
+  body.CountBytes();
+  for (size_t at = body.elements.size(); at < count; at += kPieceElements) {
+    Charge(1 + std::min(kPieceElements, count - at) / kElementsPerStep);
+  }
+  body.elements.resize(count);
+}
+
 Variant Machine::NewArray(const std::vector<int32_t>& bounds) {
   std::vector<int32_t> sizes;
   std::transform(bounds.begin(), bounds.end(), std::back_inserter(sizes), SizeOf);
   if (sizes.size() > kMostDimensions) RaiseScript(error::kSubscriptOutOfRange);
-  engine_.ChargeMemory(CheckedCount(sizes) * sizeof(Variant));
   const bool fixed = !sizes.empty();
-  return Variant(MakeRef<ArrayBody>(std::move(sizes), fixed));
+  return Variant(MakeArray(std::move(sizes), fixed));
 }
 
 void Machine::ReDimArray(Variant& target, Arguments bounds, bool preserve) {
+  if (!preserve && target.Is(VarType::kArray) && target.array().fixed) RaiseScript(error::kArrayLocked);
   std::vector<int32_t> sizes;
   for (const Variant& bound : bounds) sizes.push_back(SizeOf(IndexNumber(bound)));
   if (sizes.size() > kMostDimensions) RaiseScript(error::kSubscriptOutOfRange);
   const size_t count = CheckedCount(sizes);
-  Charge(1 + count / 64);
   const bool was_array = target.Is(VarType::kArray);
   if (was_array && (target.array().fixed || target.array().pins > 0)) RaiseScript(error::kArrayLocked);
-  engine_.ChargeMemory(count * sizeof(Variant));
   if (!preserve || !was_array || target.array().sizes.empty()) {
-    target = Variant(MakeRef<ArrayBody>(std::move(sizes)));
+    target = Variant(MakeArray(std::move(sizes), false));
     return;
   }
   const std::vector<int32_t>& old = target.array().sizes;
   if (old.size() != sizes.size() || !std::equal(old.begin(), old.end() - 1, sizes.begin())) {
     RaiseScript(error::kSubscriptOutOfRange);
   }
-  ArrayBody& body = target.MutableArray();
-  std::vector<Variant> dropped;  // ends last, when the array is whole again: it may run scripts that see the array
-  for (size_t at = count; at < body.elements.size(); ++at) dropped.push_back(std::move(body.elements[at]));
-  body.elements.resize(count);
+  Variant resized{Ref<ArrayBody>(&OwnArray(target))};
+  Resize(resized, count);
+  auto& body = const_cast<ArrayBody&>(resized.array());
   body.sizes = std::move(sizes);
-  body.CountBytes();
+  target.Swap(resized);
 }
 
-// A fixed array keeps its size and loses its values.
+// A fixed array keeps its size and loses its values, one after the other: the end of one may run scripts that see the
+// array.
 void Machine::EraseArray(Variant& target) {
   if (!target.Is(VarType::kArray)) RaiseScript(error::kTypeMismatch);
   if (target.array().pins > 0) RaiseScript(error::kArrayLocked);
-  const bool fixed = target.array().fixed;
-  std::vector<int32_t> sizes = fixed ? target.array().sizes : std::vector<int32_t>{};
-  target = Variant(MakeRef<ArrayBody>(std::move(sizes), fixed));
+  if (!target.array().fixed) {
+    target = Variant(MakeArray({}, false));
+    return;
+  }
+  const Ref<ArrayBody> body(&OwnArray(target));
+  for (size_t at = 0; at < body->elements.size(); ++at) {
+    if (at % kPieceElements == 0) Charge(kPieceElements / kElementsPerStep);
+    const Variant ending = std::move(body->elements[at]);
+  }
 }
 
 Variant Machine::IterationOver(const Variant& collection) {

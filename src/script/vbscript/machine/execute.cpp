@@ -8,12 +8,17 @@
 #include "script/vbscript/runtime/errors.h"
 
 namespace kestrun::vbs {
+namespace {
+
+constexpr size_t kBytesPerExtraLocal = 80;  // a node of the map
+
+}  // namespace
 
 Variant* Machine::ExtraLocal(NameId name) {
   ExtraLocals* const extras = Top().extras;
   if (!extras) return nullptr;
-  const auto found = extras->find(name);
-  return found == extras->end() ? nullptr : &found->second;
+  const auto found = extras->values.find(name);
+  return found == extras->values.end() ? nullptr : &found->second;
 }
 
 // The variables around executed text, by name and place. Names that the text itself declares or assigns, and that mean
@@ -27,7 +32,9 @@ void Machine::BindOuterNames(Module& module, std::vector<NameId>& names, std::ve
   const auto add = [&](NameId name) {
     if (known(name) || ExtraLocal(name)) return;
     if (!Top().extras) Top().extras = new ExtraLocals;
-    Top().extras->emplace(name, Variant());
+    Top().extras->values.emplace(name, Variant());
+    Top().extras->bytes.Grow(kBytesPerExtraLocal);
+    engine_.ChargeMemory(0);
   };
   for (const DeclaredVariable& variable : module.variables) add(variable.name);
   for (const NameId name : module.assigned) {
@@ -36,8 +43,10 @@ void Machine::BindOuterNames(Module& module, std::vector<NameId>& names, std::ve
       add(name);
     }
   }
+  Charge(names.size() / kElementsPerStep);
   if (!Top().extras) return;
-  for (auto& [name, value] : *Top().extras) {
+  Charge(Top().extras->values.size() / kElementsPerStep);
+  for (auto& [name, value] : Top().extras->values) {
     names.push_back(name);
     places.push_back(&value);
   }

@@ -26,7 +26,7 @@ Machine::Machine(Engine& engine)
       stack_(static_cast<Variant*>(std::calloc(kStackValues, sizeof(Variant)))),
       stack_end_(stack_ + kStackValues) {
   if (!stack_) throw std::bad_alloc();
-  bases_[static_cast<size_t>(Space::kGlobal)] = reinterpret_cast<std::byte*>(globals_.values());
+  SetBase(Space::kGlobal, globals_.values());
 }
 
 Machine::~Machine() { std::free(stack_); }
@@ -106,7 +106,8 @@ const Instruction* Machine::Recover(const RuntimeError& error, const Instruction
   const auto* named = dynamic_cast<const NamedError*>(&error);
   const std::string name = placed ? placed->name() : named ? named->name() : std::string();
   const ErrorPlace place = placed ? placed->place() : PlaceOf(*Top().code, mark);
-  engine_.err().Set(error);
+  // An error that comes out of a nested run has been told there, with its source and help.
+  if (!placed || engine_.err().number != error.number()) engine_.err().Set(error);
   while (true) {
     const Frame& frame = Top();
     mark = MarkAt(*frame.code, pc);
@@ -118,12 +119,14 @@ const Instruction* Machine::Recover(const RuntimeError& error, const Instruction
   }
 }
 
-inline const Instruction* Machine::EnterNow(Procedure& procedure, ClassInstance* self, Variant* arguments,
-                                            uint32_t count, Operand result, const Instruction* return_to) {
+[[gnu::always_inline]] inline const Instruction* Machine::EnterNow(Procedure& procedure, ClassInstance* self,
+                                                                   Variant* arguments, uint32_t count, Operand result,
+                                                                   const Instruction* return_to) {
   if (procedure.checked_epoch != globals_.epoch()) Refresh(procedure);
   const Code& code = *procedure.code;
   if (count != code.parameter_count) RaiseScript(error::kWrongArgumentCount);
-  if (--fuel_ < 0) Refuel();
+  fuel_ -= 1 + static_cast<int64_t>(code.instructions.size()) / kInstructionsPerStep;
+  if (fuel_ < 0) Refuel();
   PushFrame(code, self, arguments);
   for (uint32_t reg = count; reg < code.cleared_count; ++reg) arguments[reg].Clear();
   if (code.has_by_value) TakeByValue(code, arguments);
@@ -139,17 +142,14 @@ const Instruction* Machine::Enter(Procedure& procedure, ClassInstance* self, Var
   return EnterNow(procedure, self, arguments, count, result, return_to);
 }
 
-inline void Machine::UseFrame() {
+[[gnu::always_inline]] inline void Machine::UseFrame() {
   if (depth_ == 0) return;
   const Frame& frame = *top_;
   registers_ = frame.base;
-  auto* base = reinterpret_cast<std::byte*>(frame.base);
-  bases_[static_cast<size_t>(Space::kRegister)] = base;
-  bases_[static_cast<size_t>(Space::kIndirect)] = base;
-  bases_[static_cast<size_t>(Space::kConstant)] =
-      reinterpret_cast<std::byte*>(const_cast<Variant*>(frame.code->constants.data()));
-  bases_[static_cast<size_t>(Space::kField)] =
-      frame.self ? reinterpret_cast<std::byte*>(frame.self->fields()) : nullptr;
+  SetBase(Space::kRegister, frame.base);
+  SetBase(Space::kIndirect, frame.base);
+  SetBase(Space::kConstant, frame.code->constants.data());
+  SetBase(Space::kField, frame.self ? frame.self->fields() : nullptr);
 }
 
 void Machine::GrowFrames() {
@@ -157,7 +157,7 @@ void Machine::GrowFrames() {
   frames_.resize(std::min(kMostFrames, 2 * depth_ + 16));
 }
 
-inline void Machine::PushFrame(const Code& code, ClassInstance* self, Variant* base) {
+[[gnu::always_inline]] inline void Machine::PushFrame(const Code& code, ClassInstance* self, Variant* base) {
   if (base + code.register_count + 1 > stack_end_) RaiseScript(error::kOutOfStackSpace);
   if (depth_ == frames_.size()) GrowFrames();
   top_ = &frames_[depth_++];
@@ -167,11 +167,11 @@ inline void Machine::PushFrame(const Code& code, ClassInstance* self, Variant* b
 }
 
 // Registers may hold the last reference to an object whose end runs a script, which must find the frame in place.
-inline void Machine::ClearRegisters(Variant* base, uint32_t count) {
+[[gnu::always_inline]] inline void Machine::ClearRegisters(Variant* base, uint32_t count) {
   for (Variant* value = base; value != base + count; ++value) value->DropReference();
 }
 
-inline void Machine::PopFrame() {
+[[gnu::always_inline]] inline void Machine::PopFrame() {
   ClearRegisters(top_->base, top_->code->register_count);
   ClassInstance* const self = top_->self;
   ExtraLocals* const extras = top_->extras;
@@ -204,8 +204,10 @@ void Machine::Refresh(Procedure& procedure) {
   if (!stands) {
     const CompileContext context{engine_.names(), globals_, *procedure.module, procedure.owner};
     std::unique_ptr<Code> code = CompileProcedure(context, *procedure.tree);
+    Charge(code->instructions.size());
     if (procedure.code) procedure.retired.push_back(std::move(procedure.code));
     procedure.code = std::move(code);
+    engine_.ChargeMemory(0);
   }
   procedure.checked_epoch = globals_.epoch();
 }

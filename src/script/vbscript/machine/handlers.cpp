@@ -13,7 +13,7 @@ namespace kestrun::vbs {
 const Instruction* Machine::DoPin(const Instruction* pc) {
   Variant& array = At(pc->b);
   if (array.Is(VarType::kArray)) {
-    ArrayBody& body = array.MutableArray();
+    ArrayBody& body = OwnArray(array);
     Register(pc->a) = Variant(MakeRef<ArrayPin>(Ref<ArrayBody>(&body)));
   }
   return pc + 1;
@@ -23,7 +23,7 @@ const Instruction* Machine::DoElementReferenceMany(const Instruction* pc) {
   const Arguments indexes{registers_ + pc->c, pc->n};
   Variant& array = At(pc->b);
   if (array.Is(VarType::kArray)) {
-    ArrayBody& body = array.MutableArray();
+    ArrayBody& body = OwnArray(array);
     Register(pc->a) = Variant::ReferenceTo(&body.elements[ElementOffset(body, indexes)]);
   } else {
     Register(pc->a) = IndexedValue(array, indexes);
@@ -40,29 +40,53 @@ const Instruction* Machine::DoIndexMany(const Instruction* pc) {
   return pc + 1;
 }
 
-// The head of a loop has computed first, last and step; from here on the state says that it is under way.
+// A number of a For's head, as arithmetic takes it.
+Variant Machine::LoopNumber(const Variant& value) {
+  const Variant plain = PlainCopy(value);
+  if (plain.Is(VarType::kNull)) RaiseScript(error::kInvalidUseOfNull);
+  ChargeReading(plain);
+  return Add(plain, int16_t{0});
+}
+
+// The head of a loop has computed first, last and step; from here on the state says that it is under way. Nothing has
+// changed when one of them is no number.
 const Instruction* Machine::DoForBegin(const Instruction* pc) {
   Variant& first = Register(pc->c);
-  const Variant last = PlainCopy(Register(pc->c + pc->n));
-  const Variant step = PlainCopy(Register(pc->c + pc->n + 1));
+  Variant last = LoopNumber(Register(pc->c + pc->n));
+  Variant step = LoopNumber(Register(pc->c + pc->n + 1));
+  static_cast<void>(LoopNumber(first));
   Let(At(pc->b), Variant(std::move(first)));
-  Register(pc->c + 1) = Add(last, int16_t{0});
-  Register(pc->c + 2) = Add(step, int16_t{0});
-  const bool rises = IsTrue(Compare(Register(pc->c + 2), int16_t{0}, Comparison::kGreaterEqual));
+  const bool rises = IsTrue(Compare(step, int16_t{0}, Comparison::kGreaterEqual));
   const Comparison beyond = rises ? Comparison::kGreater : Comparison::kLess;
-  const bool done = IsTrue(Compare(PlainCopy(At(pc->b)), Register(pc->c + 1), beyond, true));
+  const bool done = IsTrue(Compare(PlainCopy(At(pc->b)), last, beyond, kRightIsLiteral));
+  Register(pc->c + 1) = std::move(last);
+  Register(pc->c + 2) = std::move(step);
   return done ? pc + pc->a : pc + 1;
 }
 
 const Instruction* Machine::SlowForNext(const Instruction* pc) {
-  if (Register(pc->c + 1).Is(VarType::kEmpty)) return pc + 1;  // the head has failed
+  if (Register(pc->c + 1).Is(VarType::kEmpty)) RaiseScript(error::kLoopNotInitialized);  // the head has failed
   const Variant last = Register(pc->c + 1);
   const Variant step = Register(pc->c + 2);
-  Variant next = Add(PlainCopy(At(pc->b)), step);
+  const Variant reached = PlainCopy(At(pc->b));
+  ChargeReading(reached);
+  Variant next = Add(reached, step);
   At(pc->b) = next;
   const bool rises = IsTrue(Compare(step, int16_t{0}, Comparison::kGreaterEqual));
   const Comparison within = rises ? Comparison::kLessEqual : Comparison::kGreaterEqual;
   return IsTrue(Compare(next, last, within)) ? pc + pc->a : pc + 1;
+}
+
+// The reference engine runs the body whenever the condition at a loop's head fails, and so for ever when nothing mends
+// it. Here it does so twice.
+const Instruction* Machine::DoCountFailure(const Instruction* pc) {
+  constexpr int32_t kMostFailures = 2;
+  Variant& count = At(pc->b);
+  const int32_t failures = count.Is(VarType::kLong) ? count.whole() : 0;
+  if (failures == kMostFailures) return pc + 1;
+  if (--fuel_ < 0) Refuel();
+  count = failures + 1;
+  return pc + pc->a;
 }
 
 const Instruction* Machine::DoEachBegin(const Instruction* pc) {
@@ -70,14 +94,16 @@ const Instruction* Machine::DoEachBegin(const Instruction* pc) {
   return pc + 1;
 }
 
+// The variable is Empty once a collection has come to its end; behind an array it keeps the last element.
 const Instruction* Machine::DoEachNext(const Instruction* pc) {
-  if (--fuel_ < 0) Refuel();
-  const Variant& state = Register(pc->c);
-  if (!state.Is(VarType::kObject)) return pc + 1;  // the head has failed
+  Charge(1 + static_cast<uint64_t>(-int64_t{pc->a}) / 8);
+  const Variant state = Register(pc->c);
+  if (!state.Is(VarType::kObject)) RaiseScript(error::kNotANumberedObject);  // the head has failed
+  auto& iteration = *static_cast<IterationState*>(state.object());
   Variant item;
-  if (!static_cast<IterationState*>(state.object())->Next(item)) return pc + 1;
-  At(pc->b) = std::move(item);
-  return pc + pc->a;
+  const bool more = iteration.Next(item);
+  if (more || !iteration.over_array()) At(pc->b) = std::move(item);
+  return more ? pc + pc->a : pc + 1;
 }
 
 const Instruction* Machine::DoLoadName(const Instruction* pc) {
@@ -128,13 +154,16 @@ const Instruction* Machine::DoSetName(const Instruction* pc) {
 }
 
 const Instruction* Machine::DoNew(const Instruction* pc) {
-  Variant object = engine_.MakeObject(static_cast<NameId>(pc->c));
+  const bool explicit_names = Top().code->module && Top().code->module->option_explicit;
+  Variant object = engine_.MakeObject(static_cast<NameId>(pc->c), explicit_names);
+  engine_.ChargeMemory(0);
   At(pc->a) = std::move(object);
   return pc + 1;
 }
 
 const Instruction* Machine::DoLoadMe(const Instruction* pc) {
-  At(pc->a) = Variant(static_cast<Object*>(Top().self));
+  Object* const self = Top().self;
+  At(pc->a) = Variant(self ? self : &engine_.global_object());
   return pc + 1;
 }
 
@@ -164,6 +193,7 @@ const Instruction* Machine::DoEval(const Instruction* pc) {
 const Instruction* Machine::DoGetRef(const Instruction* pc) {
   const Variant name = std::move(Register(pc->b));
   GiveResult(pc->a, engine_.MakeProcedureReference(name));
+  engine_.ChargeMemory(0);
   return pc + 1;
 }
 

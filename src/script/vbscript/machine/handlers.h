@@ -10,16 +10,25 @@
 
 namespace kestrun::vbs {
 
+// A turn of a loop and a call cost one step, and one more for so many instructions of their code. Jumps back are by a
+// number below zero.
+inline constexpr int32_t kInstructionsPerStep = 8;
+
 // Only these end the loop by giving null.
 template <Opcode kOpcode>
 inline constexpr bool kMayLeave = kOpcode == Opcode::kReturn || kOpcode == Opcode::kEnd;
 
-inline const Instruction* Machine::DoMove(const Instruction* pc) {
+// The instructions that loops are made of read their operands where they stand: a stand-in for the caller's variable
+// has a type that no fast path takes, and the slow ones look behind it. They stand in the loop itself, what is slower
+// is called.
+#define KESTRUN_HOT [[gnu::always_inline]] inline
+
+KESTRUN_HOT const Instruction* Machine::DoMove(const Instruction* pc) {
   At(pc->a) = At(pc->b);
   return pc + 1;
 }
 
-inline const Instruction* Machine::DoLet(const Instruction* pc) {
+KESTRUN_HOT const Instruction* Machine::DoLet(const Instruction* pc) {
   Variant& target = At(pc->a);
   const Variant& value = At(pc->b);
   if (value.type() <= VarType::kString && !target.Is(VarType::kArray)) {
@@ -64,7 +73,7 @@ inline const Instruction* Machine::DoMakeReference(const Instruction* pc) {
   return pc + 1;
 }
 
-inline const Instruction* Machine::DoIndex(const Instruction* pc) {
+KESTRUN_HOT const Instruction* Machine::DoIndex(const Instruction* pc) {
   const Variant& array = At(pc->b);
   const Variant& index = At(pc->c);
   if (array.Is(VarType::kArray) && (index.Is(VarType::kInteger) || index.Is(VarType::kLong))) {
@@ -77,7 +86,7 @@ inline const Instruction* Machine::DoIndex(const Instruction* pc) {
   return SlowIndex(pc);
 }
 
-inline const Instruction* Machine::DoBorrow(const Instruction* pc) {
+KESTRUN_HOT const Instruction* Machine::DoBorrow(const Instruction* pc) {
   const Variant& array = At(pc->b);
   const Variant& index = At(pc->c);
   if (array.Is(VarType::kArray) && (index.Is(VarType::kInteger) || index.Is(VarType::kLong))) {
@@ -91,13 +100,13 @@ inline const Instruction* Machine::DoBorrow(const Instruction* pc) {
   return SlowBorrow(pc);
 }
 
-inline const Instruction* Machine::DoStoreIndex(const Instruction* pc) {
+KESTRUN_HOT const Instruction* Machine::DoStoreIndex(const Instruction* pc) {
   Variant& array = At(pc->a);
   const Variant& value = At(pc->b);
   Variant& index = At(pc->c);
   const bool plain = value.type() <= VarType::kString && (index.Is(VarType::kInteger) || index.Is(VarType::kLong));
   if (array.Is(VarType::kArray) && plain) {
-    ArrayBody& body = array.MutableArray();
+    ArrayBody& body = OwnArray(array);
     if (body.sizes.size() == 1 && static_cast<uint32_t>(index.whole()) < body.elements.size()) {
       body.elements[static_cast<uint32_t>(index.whole())] = value;
       return pc + 1;
@@ -126,56 +135,45 @@ inline const Instruction* Machine::DoSetIndexMany(const Instruction* pc) {
   return pc + 1;
 }
 
-inline const Instruction* Machine::DoAdd(const Instruction* pc) {
-  const Variant& left = At(pc->b);
-  const Variant& right = At(pc->c);
-  double first = 0;
-  double second = 0;
-  if (const unsigned kind = WholeKind(left, right); kind <= kWholeNumbers) {
-    StoreWhole(At(pc->a), kind, int64_t{left.whole()} + right.whole());
-  } else if (AsReal(left, first) && AsReal(right, second) && std::isfinite(first + second)) {
-    At(pc->a).SetReal(VarType::kDouble, first + second);
-  } else {
-    SlowBinary(*pc, Add);
-  }
-  return pc + 1;
+// Goes from stand-ins to the variables behind them; false when there is none.
+[[gnu::always_inline]] inline bool LookBehind(const Variant*& left, const Variant*& right) {
+  const bool stand_ins = left->IsReference() || right->IsReference();
+  if (left->IsReference()) left = left->target();
+  if (right->IsReference()) right = right->target();
+  return stand_ins;
 }
 
-inline const Instruction* Machine::DoSubtract(const Instruction* pc) {
-  const Variant& left = At(pc->b);
-  const Variant& right = At(pc->c);
-  double first = 0;
-  double second = 0;
-  if (const unsigned kind = WholeKind(left, right); kind <= kWholeNumbers) {
-    StoreWhole(At(pc->a), kind, int64_t{left.whole()} - right.whole());
-  } else if (AsReal(left, first) && AsReal(right, second) && std::isfinite(first - second)) {
-    At(pc->a).SetReal(VarType::kDouble, first - second);
-  } else {
-    SlowBinary(*pc, Subtract);
+// name, the operation on whole numbers and on real ones, what is called for all others
+#define KESTRUN_ARITHMETIC(name, sign, slow)                                       \
+  KESTRUN_HOT const Instruction* Machine::Do##name(const Instruction* pc) {        \
+    const Variant* left = &Place(pc->b);                                           \
+    const Variant* right = &Place(pc->c);                                          \
+    double first = 0;                                                              \
+    double second = 0;                                                             \
+    do {                                                                           \
+      if (const unsigned kind = WholeKind(*left, *right); kind <= kWholeNumbers) { \
+        StoreWhole(At(pc->a), kind, int64_t{left->whole()} sign right->whole());   \
+        return pc + 1;                                                             \
+      }                                                                            \
+      const bool reals = AsReal(*left, first) && AsReal(*right, second);           \
+      if (reals && IsFinite(first sign second)) {                                  \
+        At(pc->a).SetReal(VarType::kDouble, first sign second);                    \
+        return pc + 1;                                                             \
+      }                                                                            \
+    } while (LookBehind(left, right));                                             \
+    slow(*pc, name);                                                               \
+    return pc + 1;                                                                 \
   }
-  return pc + 1;
-}
-
-inline const Instruction* Machine::DoMultiply(const Instruction* pc) {
-  const Variant& left = At(pc->b);
-  const Variant& right = At(pc->c);
-  double first = 0;
-  double second = 0;
-  if (const unsigned kind = WholeKind(left, right); kind <= kWholeNumbers) {
-    StoreWhole(At(pc->a), kind, int64_t{left.whole()} * right.whole());
-  } else if (AsReal(left, first) && AsReal(right, second) && std::isfinite(first * second)) {
-    At(pc->a).SetReal(VarType::kDouble, first * second);
-  } else {
-    SlowBinary(*pc, Multiply);
-  }
-  return pc + 1;
-}
+KESTRUN_ARITHMETIC(Add, +, SlowAdd)
+KESTRUN_ARITHMETIC(Subtract, -, SlowBinary)
+KESTRUN_ARITHMETIC(Multiply, *, SlowBinary)
+#undef KESTRUN_ARITHMETIC
 
 inline const Instruction* Machine::DoDivide(const Instruction* pc) {
   double first = 0;
   double second = 0;
   const bool reals = AsReal(At(pc->b), first) && AsReal(At(pc->c), second) && second != 0;
-  if (reals && std::isfinite(first / second)) {
+  if (reals && IsFinite(first / second)) {
     At(pc->a).SetReal(VarType::kDouble, first / second);
   } else {
     SlowBinary(*pc, Divide);
@@ -183,29 +181,24 @@ inline const Instruction* Machine::DoDivide(const Instruction* pc) {
   return pc + 1;
 }
 
-inline const Instruction* Machine::DoIntegerDivide(const Instruction* pc) {
-  const Variant& left = At(pc->b);
-  const Variant& right = At(pc->c);
-  const unsigned kind = WholeKind(left, right);
-  if (kind <= kWholeNumbers && right.whole() > 0) {
-    StoreWhole(At(pc->a), kind, left.whole() / right.whole());
-  } else {
-    SlowBinary(*pc, IntegerDivide);
+// name, the operation on whole numbers with a positive divisor
+#define KESTRUN_WHOLE_DIVISION(name, sign)                                  \
+  KESTRUN_HOT const Instruction* Machine::Do##name(const Instruction* pc) { \
+    const Variant* left = &Place(pc->b);                                    \
+    const Variant* right = &Place(pc->c);                                   \
+    do {                                                                    \
+      const unsigned kind = WholeKind(*left, *right);                       \
+      if (kind <= kWholeNumbers && right->whole() > 0) {                    \
+        StoreWhole(At(pc->a), kind, left->whole() sign right->whole());     \
+        return pc + 1;                                                      \
+      }                                                                     \
+    } while (LookBehind(left, right));                                      \
+    SlowBinary(*pc, name);                                                  \
+    return pc + 1;                                                          \
   }
-  return pc + 1;
-}
-
-inline const Instruction* Machine::DoModulo(const Instruction* pc) {
-  const Variant& left = At(pc->b);
-  const Variant& right = At(pc->c);
-  const unsigned kind = WholeKind(left, right);
-  if (kind <= kWholeNumbers && right.whole() > 0) {
-    StoreWhole(At(pc->a), kind, left.whole() % right.whole());
-  } else {
-    SlowBinary(*pc, Modulo);
-  }
-  return pc + 1;
-}
+KESTRUN_WHOLE_DIVISION(IntegerDivide, /)
+KESTRUN_WHOLE_DIVISION(Modulo, %)
+#undef KESTRUN_WHOLE_DIVISION
 
 inline const Instruction* Machine::DoPower(const Instruction* pc) {
   SlowBinary(*pc, Power);
@@ -257,13 +250,14 @@ inline const Instruction* Machine::DoNegate(const Instruction* pc) {
   if (const unsigned kind = WholeKind(value, value); kind <= kWholeNumbers) {
     StoreWhole(At(pc->a), kind, -int64_t{value.whole()});
   } else {
-    At(pc->a) = Negate(Variant(value));
+    SlowUnary(*pc, Negate);
   }
   return pc + 1;
 }
 
 inline const Instruction* Machine::DoPlus(const Instruction* pc) {
-  At(pc->a) = UnaryPlus(Variant(At(pc->b)));
+  const Variant value = At(pc->b);
+  At(pc->a) = UnaryPlus(value);
   return pc + 1;
 }
 
@@ -272,7 +266,7 @@ inline const Instruction* Machine::DoNot(const Instruction* pc) {
   if (value.Is(VarType::kBoolean)) {
     At(pc->a).SetBoolean(!value.boolean());
   } else {
-    At(pc->a) = Not(Variant(value));
+    SlowUnary(*pc, Not);
   }
   return pc + 1;
 }
@@ -281,42 +275,37 @@ inline const Instruction* Machine::DoNot(const Instruction* pc) {
 #define KESTRUN_COMPARISONS(X) \
   X(Equal, ==) X(NotEqual, !=) X(Less, <) X(LessEqual, <=) X(Greater, >) X(GreaterEqual, >=)
 
-#define KESTRUN_COMPARISON(name, sign)                                                                                 \
-  inline const Instruction* Machine::Do##name(const Instruction* pc) {                                                 \
-    const Variant& left = At(pc->b);                                                                                   \
-    const Variant& right = At(pc->c);                                                                                  \
-    double first = 0;                                                                                                  \
-    double second = 0;                                                                                                 \
-    if (WholeKind(left, right) <= kWholeNumbers) {                                                                     \
-      At(pc->a).SetBoolean(left.whole() sign right.whole());                                                           \
-    } else if (AsReal(left, first) && AsReal(right, second)) {                                                         \
-      At(pc->a).SetBoolean(first sign second);                                                                         \
-    } else {                                                                                                           \
-      SlowCompare(*pc, static_cast<int>(Comparison::k##name), At(pc->a));                                              \
-    }                                                                                                                  \
-    return pc + 1;                                                                                                     \
-  }                                                                                                                    \
-  inline const Instruction* Machine::DoJumpUnless##name(const Instruction* pc) {                                       \
-    const Variant& left = At(pc->b);                                                                                   \
-    const Variant& right = At(pc->c);                                                                                  \
-    double first = 0;                                                                                                  \
-    double second = 0;                                                                                                 \
-    bool holds = false;                                                                                                \
-    if (WholeKind(left, right) <= kWholeNumbers) {                                                                     \
-      holds = left.whole() sign right.whole();                                                                         \
-    } else if (AsReal(left, first) && AsReal(right, second)) {                                                         \
-      holds = first sign second;                                                                                       \
-    } else {                                                                                                           \
-      holds = SlowTest(*pc, static_cast<int>(Comparison::k##name));                                                    \
-    }                                                                                                                  \
-    return holds ? pc + 1 : pc + pc->a;                                                                                \
-  }                                                                                                                    \
-  inline const Instruction* Machine::DoJumpIf##name(const Instruction* pc) {                                           \
-    const Variant& left = At(pc->b);                                                                                   \
-    const Variant& right = At(pc->c);                                                                                  \
-    const bool holds = WholeKind(left, right) <= kWholeNumbers ? left.whole() sign right.whole()                       \
-                                                               : SlowTest(*pc, static_cast<int>(Comparison::k##name)); \
-    return holds ? pc + pc->a : pc + 1;                                                                                \
+#define KESTRUN_COMPARISON(name, sign)                                                         \
+  KESTRUN_HOT bool Machine::Holds##name(const Instruction* pc) {                               \
+    const Variant* left = &Place(pc->b);                                                       \
+    const Variant* right = &Place(pc->c);                                                      \
+    double first = 0;                                                                          \
+    double second = 0;                                                                         \
+    do {                                                                                       \
+      if (WholeKind(*left, *right) <= kWholeNumbers) return left->whole() sign right->whole(); \
+      if (AsReal(*left, first) && AsReal(*right, second)) return first sign second;            \
+    } while (LookBehind(left, right));                                                         \
+    return SlowTest(*pc, static_cast<int>(Comparison::k##name));                               \
+  }                                                                                            \
+  inline const Instruction* Machine::Do##name(const Instruction* pc) {                         \
+    const Variant& left = At(pc->b);                                                           \
+    const Variant& right = At(pc->c);                                                          \
+    double first = 0;                                                                          \
+    double second = 0;                                                                         \
+    if (WholeKind(left, right) <= kWholeNumbers) {                                             \
+      At(pc->a).SetBoolean(left.whole() sign right.whole());                                   \
+    } else if (AsReal(left, first) && AsReal(right, second)) {                                 \
+      At(pc->a).SetBoolean(first sign second);                                                 \
+    } else {                                                                                   \
+      SlowCompare(*pc, static_cast<int>(Comparison::k##name), At(pc->a));                      \
+    }                                                                                          \
+    return pc + 1;                                                                             \
+  }                                                                                            \
+  KESTRUN_HOT const Instruction* Machine::DoJumpUnless##name(const Instruction* pc) {          \
+    return Holds##name(pc) ? pc + 1 : pc + pc->a;                                              \
+  }                                                                                            \
+  KESTRUN_HOT const Instruction* Machine::DoJumpIf##name(const Instruction* pc) {              \
+    return Holds##name(pc) ? pc + pc->a : pc + 1;                                              \
   }
 KESTRUN_COMPARISONS(KESTRUN_COMPARISON)
 #undef KESTRUN_COMPARISON
@@ -326,10 +315,11 @@ inline const Instruction* Machine::DoAppend(const Instruction* pc) {
   return pc + 1;
 }
 
-inline const Instruction* Machine::DoJump(const Instruction* pc) { return pc + pc->a; }
+KESTRUN_HOT const Instruction* Machine::DoJump(const Instruction* pc) { return pc + pc->a; }
 
-inline const Instruction* Machine::DoLoop(const Instruction* pc) {
-  if (--fuel_ < 0) Refuel();
+KESTRUN_HOT const Instruction* Machine::DoLoop(const Instruction* pc) {
+  fuel_ += pc->a / kInstructionsPerStep - 1;
+  if (fuel_ < 0) Refuel();
   return pc + pc->a;
 }
 
@@ -345,9 +335,10 @@ inline const Instruction* Machine::DoJumpTrue(const Instruction* pc) {
   return holds ? pc + pc->a : pc + 1;
 }
 
-inline const Instruction* Machine::DoForNext(const Instruction* pc) {
-  if (--fuel_ < 0) Refuel();
-  Variant& variable = At(pc->b);
+KESTRUN_HOT const Instruction* Machine::DoForNext(const Instruction* pc) {
+  fuel_ += pc->a / kInstructionsPerStep - 1;
+  if (fuel_ < 0) Refuel();
+  Variant& variable = Place(pc->b);
   const Variant& last = Register(pc->c + 1);
   const Variant& step = Register(pc->c + 2);
   const unsigned kind = WholeKind(variable, step);
@@ -360,7 +351,7 @@ inline const Instruction* Machine::DoForNext(const Instruction* pc) {
   return SlowForNext(pc);
 }
 
-inline const Instruction* Machine::DoReturn(const Instruction*) {
+KESTRUN_HOT const Instruction* Machine::DoReturn(const Instruction*) {
   const Code& code = *top_->code;
   const Instruction* const return_to = top_->return_to;
   const Operand target = top_->result;
@@ -378,7 +369,7 @@ inline const Instruction* Machine::DoReturn(const Instruction*) {
 
 inline const Instruction* Machine::DoEnd(const Instruction*) { return nullptr; }
 
-inline const Instruction* Machine::DoCallProcedure(const Instruction* pc) {
+KESTRUN_HOT const Instruction* Machine::DoCallProcedure(const Instruction* pc) {
   const GlobalEntry& entry = globals_.Entry(static_cast<NameId>(pc->c));
   if (entry.kind != GlobalKind::kProcedure) return CallGlobalName(pc);
   return EnterNow(*entry.procedure, nullptr, registers_ + pc->b, pc->n, pc->a, pc + 1);
@@ -386,8 +377,11 @@ inline const Instruction* Machine::DoCallProcedure(const Instruction* pc) {
 
 inline const Instruction* Machine::DoCallBuiltin(const Instruction* pc) {
   const Arguments arguments = List(*pc);
-  Variant result = Top().code->builtins[static_cast<size_t>(pc->c)]->call(engine_, arguments);
-  for (Variant& argument : arguments) argument.Clear();
+  const Builtin& builtin = *Top().code->builtins[static_cast<size_t>(pc->c)];
+  ChargeArguments(builtin, arguments);
+  Variant result = builtin.call(engine_, arguments);
+  for (Variant& argument : arguments) argument.DropReference();
+  if (result.owns()) engine_.ChargeMemory(0);
   GiveResult(pc->a, std::move(result));
   return pc + 1;
 }
@@ -405,5 +399,7 @@ inline const Instruction* Machine::DoCallOwn(const Instruction* pc) {
   ClassInstance& self = *Top().self;
   return CallClassMember(pc, self, self.definition().members[static_cast<size_t>(pc->c)]);
 }
+
+#undef KESTRUN_HOT
 
 }  // namespace kestrun::vbs

@@ -34,6 +34,8 @@ class IterationState final : public InternalObject {
   explicit IterationState(Ref<ArrayBody> body) : pin_(MakeRef<ArrayPin>(std::move(body))) {}
   explicit IterationState(std::unique_ptr<Enumeration> items) : items_(std::move(items)) {}
 
+  [[nodiscard]] bool over_array() const { return !items_; }
+  // False at the end, with the item as it was.
   bool Next(Variant& item) {
     if (items_) return items_->Next(item);
     if (next_ >= pin_->body().elements.size()) return false;

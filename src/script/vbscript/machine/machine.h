@@ -11,6 +11,7 @@
 #include "base/runtime_error.h"
 #include "script/vbscript/compiler/code.h"
 #include "script/vbscript/engine/program.h"
+#include "script/vbscript/runtime/operators.h"
 
 namespace kestrun::vbs {
 
@@ -64,8 +65,6 @@ class Machine {
 
   // True while the executing code stands in a procedure.
   [[nodiscard]] bool InProcedure() const;
-  // True while it stands in a method of a class.
-  [[nodiscard]] bool InMethod() const { return depth_ > 0 && top_->self; }
   [[nodiscard]] bool idle() const { return depth_ == 0; }
 
   void Charge(uint64_t steps) {
@@ -75,7 +74,10 @@ class Machine {
   void ResetFuel() { fuel_ = 0; }
 
  private:
-  using ExtraLocals = std::map<NameId, Variant>;
+  struct ExtraLocals {
+    std::map<NameId, Variant> values;
+    LiveBytes bytes;
+  };
   struct Frame {
     const Code* code = nullptr;
     Variant* base = nullptr;
@@ -92,11 +94,25 @@ class Machine {
   KESTRUN_OPCODES(KESTRUN_HANDLER)
 #undef KESTRUN_HANDLER
 
+  bool HoldsEqual(const Instruction* pc);
+  bool HoldsNotEqual(const Instruction* pc);
+  bool HoldsLess(const Instruction* pc);
+  bool HoldsLessEqual(const Instruction* pc);
+  bool HoldsGreater(const Instruction* pc);
+  bool HoldsGreaterEqual(const Instruction* pc);
+
+  // Where the operand stands; for a parameter this may be a stand-in for the caller's variable. The bases are moved
+  // back by the number of their space, which the operand holds in its low bits.
+  [[nodiscard, gnu::always_inline]] Variant& Place(Operand operand) const {
+    return *reinterpret_cast<Variant*>(bases_[static_cast<size_t>(operand & kSpaceMask)] +
+                                       static_cast<uintptr_t>(operand));
+  }
   [[nodiscard, gnu::always_inline]] Variant& At(Operand operand) const {
-    auto* value =
-        reinterpret_cast<Variant*>(bases_[static_cast<size_t>(operand & kSpaceMask)] + (operand & ~kSpaceMask));
-    if (SpaceOf(operand) == Space::kIndirect && value->IsReference()) value = value->target();
-    return *value;
+    Variant& value = Place(operand);
+    return SpaceOf(operand) == Space::kIndirect && value.IsReference() ? *value.target() : value;
+  }
+  void SetBase(Space space, const void* base) {
+    bases_[static_cast<size_t>(space)] = reinterpret_cast<uintptr_t>(base) - static_cast<uintptr_t>(space);
   }
   [[nodiscard]] Variant& Register(int reg) const { return registers_[reg]; }
   [[nodiscard]] Frame& Top() const { return *top_; }
@@ -130,7 +146,7 @@ class Machine {
 
   // Values (values.cpp).
   void Let(Variant& target, const Variant& value);
-  static Variant CopyOf(const Variant& value);
+  Variant CopyOf(const Variant& value);
   Variant PlainCopy(const Variant& value);
   [[nodiscard]] static Object& ObjectOf(const Variant& value);
   static void ObjectOrNothing(const Variant& value);
@@ -139,29 +155,44 @@ class Machine {
   // Operators (arithmetic.cpp): what the fast paths leave over.
   using BinaryOperator = Variant (*)(const Variant&, const Variant&);
   void SlowBinary(const Instruction& at, BinaryOperator operation);
+  void SlowAdd(const Instruction& at, BinaryOperator operation);
+  void SlowUnary(const Instruction& at, Variant (*operation)(const Variant&));
+  void ChargeArguments(const Builtin& builtin, Arguments arguments);
+  Variant CompareValues(const Variant& left, const Variant& right, Comparison wanted, unsigned literals);
   void SlowCompare(const Instruction& at, int comparison, Variant& result);
   bool SlowTest(const Instruction& at, int comparison);
   bool SlowTruth(const Variant& value);
   void Concatenate(const Instruction& at);
   void AppendParts(Variant& target, Variant* parts, uint32_t count);
-  Ref<TextBody> CopyToGrow(const Variant& text, size_t extra);
-  bool AppendText(TextBody& body, const Variant& part);
+  Variant Joined(const Variant& left, const Variant& right);
+  void ChargeReading(const Variant& value);
+  void ChargeReading(const Variant& left, const Variant& right);
 
   // Elements (elements.cpp).
-  static int32_t IndexNumber(const Variant& index);
-  static size_t ElementOffset(const ArrayBody& array, Arguments indexes);
+  int32_t IndexNumber(const Variant& index);
+  size_t ElementOffset(const ArrayBody& array, Arguments indexes);
   static Variant& ElementAt(const ArrayBody& array, const Variant& index);
   Variant IndexedValue(const Variant& object, Arguments indexes);
   void StoreIndexed(Variant& object, Arguments indexes, const Variant& value, bool set);
   const Instruction* SlowIndex(const Instruction* pc);
   const Instruction* SlowBorrow(const Instruction* pc);
   void ReDimArray(Variant& target, Arguments bounds, bool preserve);
-  static void EraseArray(Variant& target);
+  void EraseArray(Variant& target);
   Variant NewArray(const std::vector<int32_t>& bounds);
+  // Arrays under the limits: of Empty, copied, of another size.
+  Ref<ArrayBody> MakeArray(std::vector<int32_t> sizes, bool fixed);
+  Ref<ArrayBody> CloneArray(const ArrayBody& array);
+  void Resize(Variant& array, size_t count);
+  // The array for changing: copied first when it is shared.
+  ArrayBody& OwnArray(Variant& array) {
+    if (!array.array().IsUnshared()) array = Variant(CloneArray(array.array()));
+    return const_cast<ArrayBody&>(array.array());
+  }
 
   // Members (members.cpp).
   void ResolveSite(CallSite& site, Object& object);
   const Instruction* CallSiteMember(const Instruction* pc, bool is_statement);
+  static void RequireCallableField(const Variant& field, size_t argument_count, bool is_statement);
   const Instruction* CallClassMember(const Instruction* pc, ClassInstance& self, const ClassMember& member);
   const Instruction* CallWithTooMany(const Instruction* pc, ClassInstance& self, Procedure& procedure);
   void CallHostMember(const Instruction* pc, Object& object, MemberId member, bool is_statement);
@@ -170,15 +201,17 @@ class Machine {
   const Instruction* StoreOwnMember(const Instruction* pc, bool set);
   const Instruction* CallGlobalName(const Instruction* pc);
   static Arguments ValuesOf(Arguments arguments);
+  void ChargeMaking(const Variant& result);
   void GiveResult(Operand result, Variant value);
   void StoreByName(const Instruction& at, bool set);
+  Variant LoopNumber(const Variant& value);
   const Instruction* SlowForNext(const Instruction* pc);
   [[noreturn]] void RaiseNamed(int number, NameId name) const;
   Variant IterationOver(const Variant& collection);
 
   Engine& engine_;
   GlobalScope& globals_;
-  std::array<std::byte*, 8> bases_{};
+  std::array<uintptr_t, 16> bases_{};
   Variant* registers_ = nullptr;
   int64_t fuel_ = 0;
   std::vector<Frame> frames_;  // the first depth_ are in use

@@ -1,6 +1,8 @@
 // Members of objects by name: a script's own classes without leaving the loop, all others through Object.
+#include <array>
 #include <vector>
 
+#include "base/local_forms.h"
 #include "script/vbscript/engine/class_instance.h"
 #include "script/vbscript/engine/engine.h"
 #include "script/vbscript/machine/machine.h"
@@ -43,10 +45,18 @@ const Instruction* Machine::CallSiteMember(const Instruction* pc, bool is_statem
   ResolveSite(site, object);
   if (site.script_class) {
     auto& instance = static_cast<ClassInstance&>(object);
-    return CallClassMember(pc, instance, site.script_class->members[static_cast<size_t>(site.member)]);
+    const ClassMember& member = site.script_class->members[static_cast<size_t>(site.member)];
+    if (member.is_field) RequireCallableField(instance.fields()[member.field], pc->n, is_statement);
+    return CallClassMember(pc, instance, member);
   }
   CallHostMember(pc, object, site.member, is_statement);
   return pc + 1;
+}
+
+// A field is no method, and has no arguments unless it holds an array or an object.
+void Machine::RequireCallableField(const Variant& field, size_t argument_count, bool is_statement) {
+  if (field.Is(VarType::kObject) || (field.Is(VarType::kArray) && !is_statement)) return;
+  if (is_statement || argument_count > 0) RaiseScript(error::kMemberNotFound);
 }
 
 const Instruction* Machine::CallClassMember(const Instruction* pc, ClassInstance& self, const ClassMember& member) {
@@ -84,20 +94,55 @@ Arguments Machine::ValuesOf(Arguments arguments) {
   return arguments;
 }
 
+// A text that nobody else holds was made by the call.
+void Machine::ChargeMaking(const Variant& result) {
+  if (!result.owns()) return;
+  engine_.ChargeMemory(0);
+  if (result.Is(VarType::kString) && result.text_body()->references() == 1) {
+    Charge(result.text().size() / kUnitsPerStep);
+  }
+}
+
+namespace {
+
+// The variables that arguments stand for, in a list that takes no memory for the usual few.
+class PassedVariables {
+ public:
+  explicit PassedVariables(Arguments arguments) : arguments_(arguments) {
+    if (arguments.size() > few_.size()) many_.resize(arguments.size());
+    Variant** const targets = Targets();
+    for (size_t at = 0; at < arguments.size(); ++at) {
+      targets[at] = arguments[at].IsReference() ? arguments[at].target() : nullptr;
+      if (targets[at]) arguments[at] = Variant(*targets[at]);
+    }
+  }
+  // What the callee has changed goes into the variables.
+  void GiveBack() {
+    Variant** const targets = Targets();
+    for (size_t at = 0; at < arguments_.size(); ++at) {
+      if (targets[at] && !SameValue(*targets[at], arguments_[at])) *targets[at] = arguments_[at];
+    }
+  }
+
+ private:
+  Variant** Targets() { return many_.empty() ? few_.data() : many_.data(); }
+
+  Arguments arguments_;
+  std::array<Variant*, 8> few_;
+  std::vector<Variant*> many_;
+};
+
+}  // namespace
+
 // A host gets values; what it changes in them goes back into the variables that were passed.
 void Machine::CallHostMember(const Instruction* pc, Object& object, MemberId member, bool is_statement) {
+  const LocalFormsScope hosts_forms(nullptr);
   const Ref<Object> held(&object);
   const Arguments arguments = List(*pc);
-  std::vector<std::pair<size_t, Variant>> passed;  // position, and the stand-in
-  for (size_t at = 0; at < arguments.size(); ++at) {
-    if (!arguments[at].IsReference()) continue;
-    passed.emplace_back(at, arguments[at]);
-    arguments[at] = Variant(*arguments[at].target());
-  }
+  PassedVariables passed(arguments);
   Variant result = is_statement ? object.Call(member, arguments) : object.Get(member, arguments);
-  for (const auto& [at, reference] : passed) {
-    if (!SameValue(*reference.target(), arguments[at])) *reference.target() = arguments[at];
-  }
+  ChargeMaking(result);
+  passed.GiveBack();
   for (Variant& argument : arguments) argument.Clear();
   GiveResult(pc->a, std::move(result));
 }
@@ -112,6 +157,7 @@ const Instruction* Machine::StoreSiteMember(const Instruction* pc, bool set) {
     auto& instance = static_cast<ClassInstance&>(object);
     return StoreClassMember(pc, instance, site.script_class->members[static_cast<size_t>(site.member)], set);
   }
+  const LocalFormsScope hosts_forms(nullptr);
   const Ref<Object> held(&object);
   const Arguments arguments = ValuesOf(List(*pc));
   const Variant stored(std::move(value));
@@ -134,6 +180,8 @@ const Instruction* Machine::StoreClassMember(const Instruction* pc, ClassInstanc
     Variant& field = self.fields()[member.field];
     const Variant stored(std::move(value));
     if (!arguments.empty()) {
+      const bool has_items = field.Is(VarType::kArray) || field.Is(VarType::kObject);
+      if (!has_items) RaiseScript(error::kInvalidProcedureCall);
       StoreIndexed(field, ValuesOf(arguments), stored, set);
     } else if (set) {
       field = stored;

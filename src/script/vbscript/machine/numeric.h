@@ -1,6 +1,7 @@
 // Numbers on the fast path: Integer, Long and Double, which between them do nearly all of a script's arithmetic.
 #pragma once
 
+#include <cfloat>
 #include <cmath>
 #include <cstdint>
 
@@ -27,6 +28,8 @@ inline constexpr unsigned kWholeNumbers = 1;
   real = value.whole();
   return true;
 }
+
+[[nodiscard, gnu::always_inline]] inline bool IsFinite(double value) { return std::fabs(value) <= DBL_MAX; }
 
 // The narrowest type that the operands' kind allows and the value fits.
 [[gnu::always_inline]] inline void StoreWhole(Variant& target, unsigned kind, int64_t value) {

@@ -17,7 +17,7 @@ void Machine::RequireAssignable(const Variant& target) const {
 // An array is shared until one side changes it; a copy of one of fixed size may change its own.
 Variant Machine::CopyOf(const Variant& value) {
   if (!value.Is(VarType::kArray) || !value.array().fixed) return value;
-  Ref<ArrayBody> copy = value.array().Clone();
+  Ref<ArrayBody> copy = CloneArray(value.array());
   copy->fixed = false;
   return Variant(std::move(copy));
 }
@@ -54,7 +54,11 @@ void Machine::GiveResult(Operand result, Variant value) {
   if (result != kNoResult) At(result) = std::move(value);
 }
 
-bool Machine::SlowTruth(const Variant& value) { return IsTrue(Variant(value)); }
+bool Machine::SlowTruth(const Variant& value) {
+  const Variant plain = PlainCopy(value);
+  ChargeReading(plain);
+  return IsTrue(plain);
+}
 
 // The name stays out of the description that a script sees; the host is told of it.
 void Machine::RaiseNamed(int number, NameId name) const { throw NamedError(number, engine_.names().Spelling(name)); }

@@ -294,6 +294,6 @@ Variant Negate(const Variant& value) {
   }
 }
 
-Variant UnaryPlus(const Variant& value) { return IsObject(value) ? PlainValue(value) : value; }
+Variant UnaryPlus(const Variant& value) { return value; }
 
 }  // namespace kestrun::vbs

@@ -1,4 +1,5 @@
 // Array functions. Arrays start at 0.
+#include "script/vbscript/runtime/builders.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/functions.h"
@@ -8,13 +9,6 @@ namespace kestrun::vbs {
 namespace {
 
 constexpr size_t kNotFound = std::u16string_view::npos;
-
-Variant ArrayOf(std::vector<Variant> elements) {
-  Ref<ArrayBody> body = MakeRef<ArrayBody>(std::vector<int32_t>{});
-  body->sizes = {static_cast<int32_t>(elements.size())};
-  body->elements = std::move(elements);
-  return Variant(std::move(body));
-}
 
 const ArrayBody& ArrayArgument(const Variant& argument) {
   if (!argument.Is(VarType::kArray)) RaiseScript(error::kTypeMismatch);
@@ -42,11 +36,19 @@ TextArgument ElementText(const Variant& element) {
   return TextArgument(element);
 }
 
+Variant PartOf(RuntimeContext& context, std::u16string_view text) {
+  TextBuilder part(context, text.size());
+  part.Append(text);
+  return part.Take();
+}
+
 }  // namespace
 
 // Array(values...): a list of the values.
-Variant MakeArray(RuntimeContext&, Arguments arguments) {
-  return ArrayOf(std::vector<Variant>(arguments.begin(), arguments.end()));
+Variant MakeArray(RuntimeContext& context, Arguments arguments) {
+  ListBuilder list(context, arguments.size());
+  for (const Variant& value : arguments) list.Append(value);
+  return list.Take();
 }
 
 // LBound(array[, dimension]), UBound(array[, dimension]): error 9 for a dimension that there is not.
@@ -64,14 +66,14 @@ Variant Filter(RuntimeContext& context, Arguments arguments) {
   const TextArgument wanted(arguments[1]);
   const bool include = !IsGiven(arguments, 2) || ToBoolean(arguments[2]);
   const bool ignore_case = TextCompareArgument(arguments, 3);
-  std::vector<Variant> kept;
+  ListBuilder kept(context);
   for (const Variant& element : list.elements) {
-    context.Charge(1);
     const TextArgument text = ElementText(element);
+    context.Charge(1 + text.size() / kUnitsPerStep);
     const bool found = TextFinder(context, text.view(), wanted.view(), ignore_case).Find(0) != kNotFound;
-    if (found == include) kept.push_back(text.value());
+    if (found == include) kept.Append(text.value());
   }
-  return ArrayOf(std::move(kept));
+  return kept.Take();
 }
 
 // Join(list[, delimiter]): a blank between the texts unless another delimiter is given.
@@ -79,18 +81,12 @@ Variant Join(RuntimeContext& context, Arguments arguments) {
   const Variant held = arguments[0];
   const ArrayBody& list = ListArgument(held);
   const Variant delimiter = IsGiven(arguments, 1) ? ToTextValue(arguments[1]) : Variant(std::u16string(u" "));
-  std::u16string joined;
-  size_t asked = 1 << 14;
+  TextBuilder joined(context);
   for (size_t at = 0; at < list.elements.size(); ++at) {
-    context.Charge(1);
-    if (at > 0) joined.append(delimiter.text());
-    joined.append(ElementText(list.elements[at]).view());
-    if (joined.size() < asked) continue;
-    ChargeText(context, joined.size());
-    asked = joined.size() * 2;
+    if (at > 0) joined.Append(delimiter.text());
+    joined.Append(ElementText(list.elements[at]).view());
   }
-  ChargeText(context, joined.size());
-  return Variant(std::move(joined));
+  return joined.Take();
 }
 
 // Split(text[, delimiter[, count[, compare]]]): an empty text gives an empty list, an empty delimiter the whole text.
@@ -100,22 +96,23 @@ Variant SplitText(RuntimeContext& context, Arguments arguments) {
   const int32_t count = LongArgument(arguments, 2, -1);
   if (count < -1) RaiseScript(error::kInvalidProcedureCall);
   const bool ignore_case = TextCompareArgument(arguments, 3);
-  if (text.size() == 0 || count == 0) return ArrayOf({});
-  if (delimiter.text().empty()) return ArrayOf({text.value()});
+  ListBuilder parts(context);
+  if (text.size() == 0 || count == 0) return parts.Take();
+  if (delimiter.text().empty()) {
+    parts.Append(text.value());
+    return parts.Take();
+  }
   const size_t most = count < 0 ? SIZE_MAX : static_cast<size_t>(count);
   TextFinder finder(context, text.view(), delimiter.text(), ignore_case);
-  std::vector<Variant> parts;
   size_t from = 0;
   while (parts.size() + 1 < most) {
     const size_t place = finder.Find(from);
     if (place == kNotFound) break;
-    context.Charge(1);
-    parts.emplace_back(std::u16string(text.view().substr(from, place - from)));
-    if (parts.size() % 4096 == 0) context.ChargeMemory(parts.size() * 64);
+    parts.Append(PartOf(context, text.view().substr(from, place - from)));
     from = place + delimiter.text().size();
   }
-  parts.emplace_back(std::u16string(text.view().substr(from)));
-  return ArrayOf(std::move(parts));
+  parts.Append(PartOf(context, text.view().substr(from)));
+  return parts.Take();
 }
 
 }  // namespace kestrun::vbs

@@ -1,6 +1,7 @@
 // The built-in functions and constants: two tables that the compiler looks names up in.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,13 @@
 
 namespace kestrun::vbs {
 
+// Where a builtin may be called.
+enum class BuiltinUse : uint8_t {
+  kAnywhere,
+  kValue,      // a statement that drops its result gets error 458
+  kStatement,  // an expression that wants a result gets error 13
+};
+
 struct Builtin {
   std::string_view name;
   // The caller checks the count and raises error 450. An argument that is left out in the middle comes as
@@ -17,7 +25,16 @@ struct Builtin {
   int least_arguments;
   int most_arguments;
   Variant (*call)(RuntimeContext& context, Arguments arguments);
+  // Bit n: the function itself charges for what it does with argument n, or takes no longer for a long one. The caller
+  // charges for every other text by its length, because reading it as a number or a date takes as long as it is.
+  uint8_t charged_within = 0;
+  BuiltinUse use = BuiltinUse::kAnywhere;
 };
+
+inline constexpr uint8_t kFirst = 1;
+inline constexpr uint8_t kSecond = 2;
+inline constexpr uint8_t kThird = 4;
+inline constexpr uint8_t kEvery = 0xFF;
 
 inline constexpr int kAnyArgumentCount = 255;
 

@@ -1,94 +1,108 @@
-// The byte forms of the text functions: each UTF-16 unit counts as two bytes, the low one first.
-//
-// Departure: a text always holds whole units, so that an odd number of bytes is filled up with a zero byte; LenB
-// therefore never gives an odd number.
+// The byte forms of the text functions: each UTF-16 unit counts as two bytes, the low one first. An odd number of bytes
+// ends in half a unit.
 #include <algorithm>
 
+#include "script/vbscript/runtime/builders.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/functions.h"
+#include "script/vbscript/runtime/text_search.h"
 
 namespace kestrun::vbs {
 namespace {
 
-std::string BytesOf(RuntimeContext& context, const Variant& argument) {
+// One unit for each byte.
+std::u16string BytesOf(RuntimeContext& context, const Variant& argument) {
   const TextArgument text(argument);
-  context.Charge(text.size() / 64);
-  ChargeText(context, text.size());
-  std::string bytes;
+  ChargeText(context, text.size() * 2);
+  std::u16string bytes;
   bytes.reserve(text.size() * 2);
-  for (const char16_t unit : text.view()) {
-    bytes.push_back(static_cast<char>(unit & 0xFF));
-    bytes.push_back(static_cast<char>(unit >> 8));
-  }
+  ByPieces(context, text.size(), [&](size_t from, size_t to) {
+    for (; from < to; ++from) {
+      bytes.push_back(static_cast<char16_t>(text.view()[from] & 0xFF));
+      bytes.push_back(static_cast<char16_t>(text.view()[from] >> 8));
+    }
+  });
+  if (text.value().text_body()->half_unit) bytes.pop_back();
   return bytes;
 }
 
-Variant TextOf(std::string_view bytes) {
-  std::u16string text((bytes.size() + 1) / 2, u'\0');
-  for (size_t at = 0; at < bytes.size(); ++at) {
-    const auto part = static_cast<unsigned>(static_cast<unsigned char>(bytes[at]));
-    text[at / 2] = static_cast<char16_t>(text[at / 2] | part << (at % 2 * 8));
+Variant TextOf(RuntimeContext& context, std::u16string_view bytes) {
+  TextBuilder text(context, (bytes.size() + 1) / 2);
+  for (size_t at = 0; at < bytes.size(); at += 2) {
+    const unsigned high = at + 1 < bytes.size() ? bytes[at + 1] : 0;
+    text.Append(static_cast<char16_t>(bytes[at] | high << 8));
   }
-  return Variant(std::move(text));
+  Variant taken = text.Take();
+  taken.text_body()->half_unit = bytes.size() % 2 != 0;
+  return taken;
 }
 
 Variant FindBytes(RuntimeContext& context, Arguments arguments, size_t first, size_t start) {
   if (arguments[first].Is(VarType::kNull) || arguments[first + 1].Is(VarType::kNull)) return Variant::Null();
-  const std::string text = BytesOf(context, arguments[first]);
-  const std::string wanted = BytesOf(context, arguments[first + 1]);
+  const std::u16string text = BytesOf(context, arguments[first]);
+  const std::u16string wanted = BytesOf(context, arguments[first + 1]);
   if (start > text.size()) return CountValue(0);
-  context.Charge(text.size() * (wanted.size() / 1024 + 1) / 64);
-  const size_t place = text.find(wanted, start - 1);
-  return CountValue(place == std::string::npos ? 0 : place + 1);
+  const size_t place = TextFinder(context, text, wanted, false).Find(start - 1);
+  return CountValue(place == std::u16string::npos ? 0 : place + 1);
 }
 
 }  // namespace
 
 // AscB(text): the first byte; error 5 for an empty text.
 Variant AscB(RuntimeContext& context, Arguments arguments) {
-  const std::string bytes = BytesOf(context, arguments[0]);
+  const std::u16string bytes = BytesOf(context, arguments[0]);
   if (bytes.empty()) RaiseScript(error::kInvalidProcedureCall);
   return static_cast<uint8_t>(bytes[0]);
 }
 
-// ChrB(code): the byte, filled up to one unit.
-Variant ChrB(RuntimeContext&, Arguments arguments) {
+// ChrB(code): a text of one byte.
+Variant ChrB(RuntimeContext& context, Arguments arguments) {
   const int32_t code = ToLong(arguments[0]);
   if (code < 0 || code > 255) RaiseScript(error::kInvalidProcedureCall);
-  return Variant(std::u16string(1, static_cast<char16_t>(code)));
+  return TextOf(context, std::u16string(1, static_cast<char16_t>(code)));
 }
 
 Variant InStrB(RuntimeContext& context, Arguments arguments) {
   if (arguments.size() == 2) return FindBytes(context, arguments, 0, 1);
   static_cast<void>(TextCompareArgument(arguments, 3));
+  ChargeReading(context, arguments[0]);
   return FindBytes(context, arguments, 1, CountArgument(arguments[0], 1));
 }
 
 Variant LenB(RuntimeContext&, Arguments arguments) {
   if (arguments[0].Is(VarType::kNull)) return arguments[0];
-  return CountValue(TextArgument(arguments[0]).size() * 2);
+  const TextArgument text(arguments[0]);
+  return CountValue(text.size() * 2 - (text.value().text_body()->half_unit ? 1 : 0));
 }
 
 Variant LeftB(RuntimeContext& context, Arguments arguments) {
   if (arguments[0].Is(VarType::kNull)) return arguments[0];
   const size_t count = CountArgument(arguments[1], 0);
-  return TextOf(std::string_view(BytesOf(context, arguments[0])).substr(0, count));
+  const std::u16string bytes = BytesOf(context, arguments[0]);
+  return TextOf(context, std::u16string_view(bytes).substr(0, count));
 }
 
 Variant MidB(RuntimeContext& context, Arguments arguments) {
   if (arguments[0].Is(VarType::kNull)) return arguments[0];
   const size_t start = CountArgument(arguments[1], 1);
-  const size_t count = IsGiven(arguments, 2) ? CountArgument(arguments[2], 0) : std::string::npos;
-  const std::string bytes = BytesOf(context, arguments[0]);
-  return TextOf(std::string_view(bytes).substr(std::min(start - 1, bytes.size()), count));
+  const size_t count = IsGiven(arguments, 2) ? CountArgument(arguments[2], 0) : std::u16string::npos;
+  const std::u16string bytes = BytesOf(context, arguments[0]);
+  return TextOf(context, std::u16string_view(bytes).substr(std::min(start - 1, bytes.size()), count));
 }
 
 Variant RightB(RuntimeContext& context, Arguments arguments) {
   if (arguments[0].Is(VarType::kNull)) return arguments[0];
   const size_t count = CountArgument(arguments[1], 0);
-  const std::string bytes = BytesOf(context, arguments[0]);
-  return TextOf(std::string_view(bytes).substr(bytes.size() > count ? bytes.size() - count : 0));
+  const std::u16string bytes = BytesOf(context, arguments[0]);
+  return TextOf(context, std::u16string_view(bytes).substr(bytes.size() > count ? bytes.size() - count : 0));
+}
+
+Variant JoinBytes(RuntimeContext& context, const Variant& left, const Variant& right) {
+  const auto bytes_of = [&](const Variant& side) {
+    return side.Is(VarType::kNull) ? std::u16string() : BytesOf(context, side);
+  };
+  return TextOf(context, bytes_of(left) + bytes_of(right));
 }
 
 }  // namespace kestrun::vbs

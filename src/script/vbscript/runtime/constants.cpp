@@ -10,9 +10,10 @@ struct NumberRow {
 };
 
 // Longs whatever their value.
-constexpr NumberRow kColors[] = {
-    {"vbBlack", 0},       {"vbRed", 0xFF},         {"vbGreen", 0xFF00},  {"vbYellow", 0xFFFF},
-    {"vbBlue", 0xFF0000}, {"vbMagenta", 0xFF00FF}, {"vbCyan", 0xFFFF00}, {"vbWhite", 0xFFFFFF},
+constexpr NumberRow kLongs[] = {
+    {"vbMsgBoxHelpButton", 16384}, {"vbBlack", 0},       {"vbRed", 0xFF},
+    {"vbGreen", 0xFF00},           {"vbYellow", 0xFFFF}, {"vbBlue", 0xFF0000},
+    {"vbMagenta", 0xFF00FF},       {"vbCyan", 0xFFFF00}, {"vbWhite", 0xFFFFFF},
 };
 
 constexpr NumberRow kNumbers[] = {
@@ -55,7 +56,6 @@ constexpr NumberRow kNumbers[] = {
     {"vbDefaultButton4", 768},
     {"vbApplicationModal", 0},
     {"vbSystemModal", 4096},
-    {"vbMsgBoxHelpButton", 16384},
     {"vbMsgBoxSetForeground", 65536},
     {"vbMsgBoxRight", 524288},
     {"vbMsgBoxRtlReading", 1048576},
@@ -110,7 +110,7 @@ Variant Number(int32_t value) {
 
 std::vector<Constant> MakeConstants() {
   std::vector<Constant> constants;
-  for (const NumberRow& row : kColors) constants.push_back({row.name, row.value});
+  for (const NumberRow& row : kLongs) constants.push_back({row.name, row.value});
   for (const NumberRow& row : kNumbers) constants.push_back({row.name, Number(row.value)});
   for (const TextRow& row : kTexts) constants.push_back({row.name, Variant(row.value)});
   return constants;

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "base/ref.h"
+#include "base/variant.h"
 
 namespace kestrun::vbs {
 
@@ -36,8 +37,11 @@ class RuntimeContext {
   // Counts work against the time limit. Called in every loop whose length a script controls; throws the engine's own
   // fault, which no script can catch, once the time is up.
   virtual void Charge(uint64_t steps) = 0;
-  // Asked before something large is built. Error 7 when the script's memory budget does not hold it.
+  // Asked before something large is built, and with 0 when something small has been. Error 7 when the script's memory
+  // budget does not hold it.
   virtual void ChargeMemory(size_t bytes) = 0;
+  // What is left of that budget.
+  [[nodiscard]] virtual size_t memory_left() const { return SIZE_MAX; }
   // The longest text that a script may build, in UTF-16 units.
   [[nodiscard]] virtual size_t most_text_units() const { return kMostTextUnits; }
   // True while scripts may raise their own dialogues.
@@ -57,7 +61,29 @@ inline constexpr uint32_t kFirstRandomState = 0x50000;
 
 inline constexpr int kEnglishUnitedStates = 1033;
 
+// What one step of the time limit stands for when texts and lists are walked through.
+inline constexpr size_t kUnitsPerStep = 64;
+inline constexpr size_t kElementsPerStep = 8;
+// Walks over long texts and lists are charged by pieces of this size, so that the time is looked at meanwhile.
+inline constexpr size_t kPieceUnits = size_t{1} << 17;
+inline constexpr size_t kPieceElements = size_t{1} << 14;
+
+// Charges for reading a text as a number or a date, which takes about as long as copying it kReadingPasses times.
+// Nothing for a value of another type.
+inline constexpr size_t kReadingPasses = 8;
+void ChargeReading(RuntimeContext& context, const Variant& value);
+
 // Asked before a text of this length is built: error 14 beyond the longest text, else as ChargeMemory.
 void ChargeText(RuntimeContext& context, size_t units);
+
+// Calls work(from, to) for one piece after the other and charges for each before it.
+template <class Work>
+void ByPieces(RuntimeContext& context, size_t size, Work&& work) {
+  for (size_t from = 0; from < size; from += kPieceUnits) {
+    const size_t to = size - from < kPieceUnits ? size : from + kPieceUnits;
+    context.Charge((to - from) / kUnitsPerStep);
+    work(from, to);
+  }
+}
 
 }  // namespace kestrun::vbs

@@ -62,7 +62,8 @@ int32_t LongArgument(Arguments arguments, size_t index, int32_t preset) {
 }
 
 size_t CountArgument(const Variant& value, int32_t least) {
-  const int32_t count = ToLong(value);
+  const bool whole = value.Is(VarType::kInteger) || value.Is(VarType::kLong);
+  const int32_t count = whole ? value.whole() : ToLong(value);
   if (count < least) RaiseScript(error::kInvalidProcedureCall);
   return static_cast<size_t>(count);
 }

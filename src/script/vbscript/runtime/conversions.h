@@ -11,6 +11,8 @@
 
 namespace kestrun::vbs {
 
+class RuntimeContext;
+
 // The value itself, or for an object the value of its default member (of that again, to a bounded depth).
 // Error 91 for Nothing, 438 when there is no default member.
 [[nodiscard]] Variant PlainValue(const Variant& value);
@@ -34,6 +36,13 @@ class TextArgument {
  private:
   Variant holder_;
 };
+
+// A text that ends in half a unit, as only the byte functions make them.
+[[nodiscard]] inline bool EndsInHalf(const Variant& value) {
+  return value.Is(VarType::kString) && value.text_body()->half_unit;
+}
+// Joins two values where one of them ends in half a unit, byte by byte.
+[[nodiscard]] Variant JoinBytes(RuntimeContext& context, const Variant& left, const Variant& right);
 
 // A Boolean as the type that arithmetic sees: -1 or 0.
 [[nodiscard]] inline int32_t BooleanBits(bool value) { return value ? -1 : 0; }

@@ -145,15 +145,16 @@ int64_t PartByInterval(Interval interval, const DateParts& parts, int first_week
 // DateAdd(interval, number, date): the number is rounded first. Null for a Null date.
 Variant DateAdd(RuntimeContext&, Arguments arguments) {
   const Interval interval = IntervalArgument(arguments[0]);
-  if (arguments[1].Is(VarType::kNull) || arguments[2].Is(VarType::kNull)) return Variant::Null();
-  return AddInterval(interval, ToLong(arguments[1]), PartsOf(arguments[2]));
+  const int32_t count = ToLong(arguments[1]);
+  if (arguments[2].Is(VarType::kNull)) return arguments[2];
+  return AddInterval(interval, count, PartsOf(arguments[2]));
 }
 
 // DateDiff(interval, from, to[, first day[, first week]]): the boundaries between the two as a Long; "w" counts whole
 // weeks, "ww" the beginnings of weeks.
-Variant DateDiff(RuntimeContext&, Arguments arguments) {
+Variant DateDiff(RuntimeContext& context, Arguments arguments) {
   const Interval interval = IntervalArgument(arguments[0]);
-  const int first_weekday = FirstWeekday(arguments, 3);
+  const int first_weekday = FirstWeekday(context, arguments, 3);
   static_cast<void>(FirstWeekRule(arguments, 4));
   if (arguments[1].Is(VarType::kNull) || arguments[2].Is(VarType::kNull)) return Variant::Null();
   const int64_t count = CountIntervals(interval, PartsOf(arguments[1]), PartsOf(arguments[2]), first_weekday);
@@ -161,9 +162,9 @@ Variant DateDiff(RuntimeContext&, Arguments arguments) {
 }
 
 // DatePart(interval, date[, first day[, first week]]) as an Integer.
-Variant DatePart(RuntimeContext&, Arguments arguments) {
+Variant DatePart(RuntimeContext& context, Arguments arguments) {
   const Interval interval = IntervalArgument(arguments[0]);
-  const int first_weekday = FirstWeekday(arguments, 2);
+  const int first_weekday = FirstWeekday(context, arguments, 2);
   const int rule = FirstWeekRule(arguments, 3);
   if (arguments[1].Is(VarType::kNull)) return arguments[1];
   return static_cast<int16_t>(PartByInterval(interval, PartsOf(arguments[1]), first_weekday, rule));

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "base/calendar.h"
+#include "script/vbscript/runtime/context.h"
 #include "script/vbscript/runtime/conversions.h"
 
 namespace kestrun::vbs {
@@ -20,7 +21,7 @@ struct DateParts {
 [[nodiscard]] DateParts PartsOf(const Variant& argument);
 [[nodiscard]] DateParts PartsOfDate(double date);
 
-// A day of the week argument: 1 is Sunday, which 0 (the system's choice) stands for as well. Error 5 beyond 7.
-[[nodiscard]] int FirstWeekday(Arguments arguments, size_t index);
+// A day of the week argument: 1 is Sunday, 0 the locale's choice. Error 5 beyond 7.
+[[nodiscard]] int FirstWeekday(const RuntimeContext& context, Arguments arguments, size_t index);
 
 }  // namespace kestrun::vbs

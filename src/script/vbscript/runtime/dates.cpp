@@ -5,6 +5,7 @@
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/functions.h"
 #include "script/vbscript/runtime/local_time.h"
+#include "script/vbscript/runtime/locale.h"
 
 namespace kestrun::vbs {
 
@@ -15,10 +16,10 @@ DateParts PartsOfDate(double date) {
 
 DateParts PartsOf(const Variant& argument) { return PartsOfDate(ToDate(argument)); }
 
-int FirstWeekday(Arguments arguments, size_t index) {
+int FirstWeekday(const RuntimeContext& context, Arguments arguments, size_t index) {
   const int32_t day = LongArgument(arguments, index, 1);
   if (day < 0 || day > 7) RaiseScript(error::kInvalidProcedureCall);
-  return day == 0 ? 1 : day;
+  return day == 0 ? FormsOf(context.locale()).first_weekday : day;
 }
 
 namespace {
@@ -100,23 +101,28 @@ Variant TimeValue(RuntimeContext&, Arguments arguments) {
 }
 
 // MonthName(month[, abbreviate]).
-Variant MonthName(RuntimeContext&, Arguments arguments) {
-  return MonthText(NameNumber(arguments[0], 12), FlagArgument(arguments, 1));
+Variant MonthName(RuntimeContext& context, Arguments arguments) {
+  const LocaleForms& forms = FormsOf(context.locale());
+  const bool abbreviated = FlagArgument(arguments, 1);
+  const auto month = static_cast<size_t>(NameNumber(arguments[0], 12) - 1);
+  return abbreviated ? forms.short_months[month] : forms.months[month];
 }
 
 // Weekday(date[, first day]): 1 is the first day of the week.
-Variant Weekday(RuntimeContext&, Arguments arguments) {
-  const int first = FirstWeekday(arguments, 1);
+Variant Weekday(RuntimeContext& context, Arguments arguments) {
+  const int first = FirstWeekday(context, arguments, 1);
   if (arguments[0].Is(VarType::kNull)) return arguments[0];
   const int weekday = WeekdayOfDayNumber(PartsOf(arguments[0]).day_number);
   return static_cast<int16_t>((weekday - first + 7) % 7 + 1);
 }
 
 // WeekdayName(weekday[, abbreviate[, first day]]).
-Variant WeekdayName(RuntimeContext&, Arguments arguments) {
-  const int first = FirstWeekday(arguments, 2);
-  const int weekday = NameNumber(arguments[0], 7);
-  return WeekdayText((weekday - 1 + first - 1) % 7 + 1, FlagArgument(arguments, 1));
+Variant WeekdayName(RuntimeContext& context, Arguments arguments) {
+  const LocaleForms& forms = FormsOf(context.locale());
+  const int first = FirstWeekday(context, arguments, 2);
+  const bool abbreviated = FlagArgument(arguments, 1);
+  const auto weekday = static_cast<size_t>((NameNumber(arguments[0], 7) - 1 + first - 1) % 7);
+  return abbreviated ? forms.short_weekdays[weekday] : forms.weekdays[weekday];
 }
 
 }  // namespace kestrun::vbs

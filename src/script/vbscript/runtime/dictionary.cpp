@@ -5,6 +5,7 @@
 #include <bit>
 #include <utility>
 
+#include "script/vbscript/runtime/builders.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/text_search.h"
@@ -30,6 +31,8 @@ bool IsNumberKey(const Variant& key) {
 
 constexpr size_t kNowhere = SIZE_MAX;
 constexpr size_t kFirstSlots = 16;
+// Hashing and comparing a text takes about as long as copying it this many times.
+constexpr size_t kHashingPasses = 8;
 
 // Spreads the bits of a key over the whole word.
 uint64_t Spread(uint64_t bits) {
@@ -117,7 +120,10 @@ class KeyWalk final : public Enumeration {
 
 uint64_t Dictionary::HashOf(const Variant& key) const {
   if (IsNumberKey(key)) return Spread(std::bit_cast<uint64_t>(NumberOf(key)));
-  if (key.Is(VarType::kString)) return HashText(key.text(), ignore_case_);
+  if (key.Is(VarType::kString)) {
+    Charge(key.text().size() * kHashingPasses / kUnitsPerStep);
+    return HashText(key.text(), ignore_case_);
+  }
   if (key.Is(VarType::kObject)) return Spread(reinterpret_cast<uintptr_t>(key.object()));
   return Spread(static_cast<uint64_t>(key.type()) * 2 + (key.Is(VarType::kBoolean) && key.boolean() ? 1 : 0));
 }
@@ -134,7 +140,16 @@ bool Dictionary::SameKey(const Variant& left, const Variant& right) const {
   }
 }
 
-Dictionary::Dictionary(RuntimeContext&) : slots_(kFirstSlots) {}
+Dictionary::Dictionary(RuntimeContext& context) : handle_(context.handle()), slots_(kFirstSlots) { CountBytes(); }
+
+// A dictionary that a host has kept longer than its engine works on without limits.
+void Dictionary::Charge(uint64_t steps) const {
+  if (RuntimeContext* const context = handle_->context()) context->Charge(steps);
+}
+
+void Dictionary::ChargeMemory(size_t bytes) const {
+  if (RuntimeContext* const context = handle_->context()) context->ChargeMemory(bytes);
+}
 
 const MemberTable& Dictionary::Members() const { return kMembers; }
 
@@ -168,15 +183,30 @@ void Dictionary::Link(size_t place) {
 
 // Drops the gaps and gives the slots room for twice as many items as there are.
 void Dictionary::Rebuild() {
+  const size_t count = std::bit_ceil(std::max(kFirstSlots, count_ * 4));
+  ChargeMemory(LiveBytes::Block(count * sizeof(uint32_t)));
+  Charge(1 + entries_.size() / kElementsPerStep);
+  slots_ = std::vector<uint32_t>(count);  // from here on nothing fails
   std::erase_if(entries_, [](const Entry& entry) { return !entry.present; });
-  slots_.assign(std::bit_ceil(std::max(kFirstSlots, entries_.size() * 4)), 0);
   used_slots_ = 0;
   for (size_t place = 0; place < entries_.size(); ++place) Link(place);
+  CountBytes();
+}
+
+void Dictionary::MakeRoom() {
+  if ((used_slots_ + 1) * 2 > slots_.size()) Rebuild();
+  if (entries_.size() < entries_.capacity()) return;
+  const size_t wanted = std::max<size_t>(8, entries_.size() * 2);
+  ChargeMemory(LiveBytes::Block(wanted * sizeof(Entry)));
+  Charge(1 + entries_.size() / kElementsPerStep);
+  entries_.reserve(wanted);
+  CountBytes();
 }
 
 Dictionary::Entry& Dictionary::Append(const Variant& key, const Variant& item, uint64_t hash) {
   if (count_ >= kMostItems) RaiseScript(error::kOutOfMemory);
-  if ((used_slots_ + 1) * 2 > slots_.size()) Rebuild();
+  ChargeMemory(0);
+  MakeRoom();
   Entry& entry = entries_.emplace_back(Entry{key, item, hash});
   Link(entries_.size() - 1);
   ++count_;
@@ -235,19 +265,23 @@ void Dictionary::Remove(const Variant& key) {
 void Dictionary::RemoveAll() {
   count_ = 0;
   used_slots_ = 0;
-  slots_.assign(kFirstSlots, 0);
+  slots_.resize(kFirstSlots);
+  slots_.shrink_to_fit();
+  std::fill(slots_.begin(), slots_.end(), 0);
   const std::vector<Entry> removed = std::exchange(entries_, {});
+  Charge(removed.size() / kElementsPerStep);
+  CountBytes();
 }
 
 template <class Pick>
 Variant Dictionary::List(Pick pick) const {
-  Ref<ArrayBody> list = MakeRef<ArrayBody>(std::vector<int32_t>{});
-  list->sizes = {static_cast<int32_t>(Count())};
-  list->elements.reserve(Count());
+  RuntimeContext* const context = handle_->context();
+  if (!context) Raise(error::kObjectRequired);
+  ListBuilder list(*context, Count());
   for (const Entry& entry : entries_) {
-    if (entry.present) list->elements.push_back(pick(entry));
+    if (entry.present) list.Append(pick(entry));
   }
-  return Variant(std::move(list));
+  return list.Take();
 }
 
 Variant Dictionary::Keys() const {

@@ -56,9 +56,15 @@ class Dictionary final : public TableObject {
   Entry& Append(const Variant& key, const Variant& item, uint64_t hash);
   void Link(size_t place);
   void Rebuild();
+  void MakeRoom();
+  void CountBytes() { bytes_.Set(LiveBytes::BlockOf(entries_) + LiveBytes::BlockOf(slots_)); }
+  void Charge(uint64_t steps) const;
+  void ChargeMemory(size_t bytes) const;
   template <class Pick>
   [[nodiscard]] Variant List(Pick pick) const;
 
+  Ref<ContextHandle> handle_;
+  LiveBytes bytes_;
   bool ignore_case_ = false;
   size_t count_ = 0;
   std::vector<Entry> entries_;  // in the order of their coming, with gaps where items were removed

@@ -1,6 +1,7 @@
 // Escape and Unescape: "%XX" for a unit below 256 and "%uXXXX" above.
 #include <string_view>
 
+#include "script/vbscript/runtime/builders.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/functions.h"
 
@@ -15,8 +16,8 @@ bool StaysPlain(char16_t unit) {
          std::u16string_view(u"@*_+-./").find(unit) != std::u16string_view::npos;
 }
 
-void AppendHex(std::u16string& text, unsigned value, int digits) {
-  for (int shift = (digits - 1) * 4; shift >= 0; shift -= 4) text.push_back(kDigits[value >> shift & 0xF]);
+void AppendHex(TextBuilder& text, unsigned value, int digits) {
+  for (int shift = (digits - 1) * 4; shift >= 0; shift -= 4) text.Append(kDigits[value >> shift & 0xF]);
 }
 
 int HexDigit(char16_t unit) {
@@ -57,19 +58,19 @@ Decoded DecodeAt(std::u16string_view text, size_t at) {
 Variant Escape(RuntimeContext& context, Arguments arguments) {
   if (arguments[0].Is(VarType::kNull)) return arguments[0];
   const TextArgument text(arguments[0]);
-  context.Charge(text.size() / 16);
-  ChargeText(context, text.size() * 6);
-  std::u16string escaped;
+  TextBuilder escaped(context, text.size());
   for (const char16_t unit : text.view()) {
     if (StaysPlain(unit)) {
-      escaped.push_back(unit);
+      escaped.Append(unit);
     } else if (unit < 0x100) {
-      AppendHex(escaped += u'%', unit, 2);
+      escaped.Append(u'%');
+      AppendHex(escaped, unit, 2);
     } else {
-      AppendHex(escaped += u"%u", unit, 4);
+      escaped.Append(u"%u");
+      AppendHex(escaped, unit, 4);
     }
   }
-  return Variant(std::move(escaped));
+  return escaped.Take();
 }
 
 // Unescape(text): a "%" that begins no escape stays.
@@ -77,15 +78,13 @@ Variant Unescape(RuntimeContext& context, Arguments arguments) {
   if (arguments[0].Is(VarType::kNull)) return arguments[0];
   const TextArgument text(arguments[0]);
   const std::u16string_view view = text.view();
-  context.Charge(view.size() / 16);
-  ChargeText(context, view.size());
-  std::u16string plain;
+  TextBuilder plain(context, view.size());
   for (size_t at = 0; at < view.size();) {
     const Decoded next = view[at] == u'%' ? DecodeAt(view, at) : Decoded{view[at], 1};
-    plain.push_back(next.unit);
+    plain.Append(next.unit);
     at += next.taken;
   }
-  return Variant(std::move(plain));
+  return plain.Take();
 }
 
 }  // namespace kestrun::vbs

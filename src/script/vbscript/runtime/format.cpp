@@ -1,4 +1,5 @@
-// FormatNumber and its like, in the English (United States) way: "1,234.50", "($1,234.50)", "12.35%".
+// FormatNumber and its like, in the way of the script's locale; in English (United States): "1,234.50", "($1,234.50)",
+// "12.35%".
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -8,6 +9,7 @@
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/functions.h"
+#include "script/vbscript/runtime/locale.h"
 
 namespace kestrun::vbs {
 namespace {
@@ -17,6 +19,7 @@ constexpr int kMostDigits = 255;
 constexpr int kSignificantDigits = 15;
 
 struct NumberFormat {
+  const LocaleForms& forms;
   int digits = 2;
   bool leading_zero = true;
   bool parentheses = false;
@@ -30,8 +33,8 @@ bool TristateArgument(Arguments arguments, size_t index, bool preset) {
   return choice == -2 ? preset : choice == -1;
 }
 
-NumberFormat ReadFormat(Arguments arguments, bool parentheses) {
-  NumberFormat format;
+NumberFormat ReadFormat(const RuntimeContext& context, Arguments arguments, bool parentheses) {
+  NumberFormat format{FormsOf(context.locale())};
   const int32_t digits = LongArgument(arguments, 1, -1);
   if (digits < -1 || digits > kMostDigits) RaiseScript(error::kInvalidProcedureCall);
   if (digits >= 0) format.digits = digits;
@@ -102,11 +105,9 @@ char DigitAt(const Decimal& decimal, int index) {
 std::string WholePart(const Decimal& decimal, const NumberFormat& format) {
   std::string whole;
   for (int at = 0; at < decimal.point; ++at) {
-    if (format.groups && at > 0 && (decimal.point - at) % 3 == 0) whole.push_back(',');
-    whole.push_back(DigitAt(decimal, at));
+    if (format.groups && !whole.empty() && (decimal.point - at) % 3 == 0) whole += format.forms.group;
+    if (!whole.empty() || DigitAt(decimal, at) != '0') whole.push_back(DigitAt(decimal, at));
   }
-  const size_t zeros = std::min(whole.find_first_not_of("0,"), whole.size());
-  whole.erase(0, zeros);
   return whole.empty() && (format.leading_zero || format.digits == 0) ? "0" : whole;
 }
 
@@ -114,7 +115,7 @@ std::string FormatDecimal(Decimal decimal, const NumberFormat& format) {
   RoundDecimal(decimal, format.digits);
   std::string text = WholePart(decimal, format);
   if (format.digits == 0) return text;
-  text.push_back('.');
+  text += format.forms.decimal;
   for (int at = 0; at < format.digits; ++at) text.push_back(DigitAt(decimal, decimal.point + at));
   return text;
 }
@@ -127,7 +128,7 @@ struct SignedDecimal {
 // `power` moves the point. Error 13 for what is no number.
 SignedDecimal ReadNumberArgument(const Variant& argument, int power) {
   const Variant plain = PlainValue(argument);
-  if (plain.Is(VarType::kNull)) RaiseScript(error::kInvalidUseOfNull);
+  if (plain.Is(VarType::kNull)) RaiseScript(error::kTypeMismatch);
   SignedDecimal number;
   if (plain.Is(VarType::kCurrency)) {
     number = {DecimalOfCurrency(plain.scaled()), plain.scaled() < 0};
@@ -148,43 +149,44 @@ std::string WithSign(const std::string& text, bool negative, const NumberFormat&
 }  // namespace
 
 // FormatNumber(number[, digits[, leading zero[, parentheses[, groups]]]]): two digits unless told; halves round up.
-Variant FormatNumber(RuntimeContext&, Arguments arguments) {
-  const NumberFormat format = ReadFormat(arguments, false);
+Variant FormatNumber(RuntimeContext& context, Arguments arguments) {
+  const NumberFormat format = ReadFormat(context, arguments, false);
   const SignedDecimal number = ReadNumberArgument(arguments[0], 0);
   return WithSign(FormatDecimal(number.decimal, format), number.negative, format);
 }
 
-// FormatCurrency: with "$", negative amounts in parentheses unless told otherwise.
-Variant FormatCurrency(RuntimeContext&, Arguments arguments) {
-  const NumberFormat format = ReadFormat(arguments, true);
+// FormatCurrency: with the locale's sign. Negative amounts stand in parentheses in the United States, elsewhere behind
+// a minus sign, unless told otherwise.
+Variant FormatCurrency(RuntimeContext& context, Arguments arguments) {
+  const NumberFormat format = ReadFormat(context, arguments, context.locale() == kEnglishUnitedStates);
   const SignedDecimal number = ReadNumberArgument(arguments[0], 0);
-  return WithSign("$" + FormatDecimal(number.decimal, format), number.negative, format);
+  const std::string amount = FormatDecimal(number.decimal, format);
+  const std::string sign(format.forms.currency);
+  return WithSign(format.forms.currency_behind ? amount + " " + sign : sign + amount, number.negative, format);
 }
 
-// FormatPercent: a hundred times the number, with "%" behind everything else.
-Variant FormatPercent(RuntimeContext&, Arguments arguments) {
-  const NumberFormat format = ReadFormat(arguments, false);
+// FormatPercent: a hundred times the number, with "%" behind it, inside the parentheses.
+Variant FormatPercent(RuntimeContext& context, Arguments arguments) {
+  const NumberFormat format = ReadFormat(context, arguments, false);
   const SignedDecimal number = ReadNumberArgument(arguments[0], 2);
-  return WithSign(FormatDecimal(number.decimal, format), number.negative, format) + "%";
+  return WithSign(FormatDecimal(number.decimal, format) + "%", number.negative, format);
 }
 
 // FormatDateTime(date[, form]): 0 general, 1 long date, 2 short date, 3 long time, 4 short time of 24 hours.
-Variant FormatDateTime(RuntimeContext&, Arguments arguments) {
+Variant FormatDateTime(RuntimeContext& context, Arguments arguments) {
   const int32_t form = LongArgument(arguments, 1, 0);
   if (form < 0 || form > 4) RaiseScript(error::kInvalidProcedureCall);
+  if (arguments[0].Is(VarType::kNull)) RaiseScript(error::kTypeMismatch);
   const double date = ToDate(arguments[0]);
   const CalendarMoment moment = SplitDate(date);
   const auto two_digits = [](int number) { return std::to_string(100 + number).substr(1); };
+  const LocaleForms& forms = FormsOf(context.locale());
   switch (form) {
-    case 1: {
-      const int weekday = WeekdayOfDayNumber(DayNumber(moment.date.year, moment.date.month, moment.date.day));
-      return std::string(WeekdayText(weekday, false)) + ", " + std::string(MonthText(moment.date.month, false)) + " " +
-             std::to_string(moment.date.day) + ", " + std::to_string(moment.date.year);
-    }
-    case 2: return DayToText(moment.date);
-    case 3: return TimeToText(moment);
+    case 1: return forms.long_date(forms, moment.date);
+    case 2: return forms.short_date(moment.date);
+    case 3: return forms.time(moment);
     case 4: return two_digits(moment.hour) + ":" + two_digits(moment.minute);
-    default: return DateToText(date);
+    default: return GeneralDate(forms, date);
   }
 }
 

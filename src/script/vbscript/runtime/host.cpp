@@ -17,7 +17,7 @@ struct Locale {
   int number;
 };
 
-// The locales that SetLocale knows. Whatever is set, dates and numbers keep their English (United States) forms.
+// The locales that SetLocale knows; those with forms of their own stand in locale.cpp.
 constexpr std::array kLocales{
     Locale{"en-us", 1033}, Locale{"en-gb", 2057}, Locale{"en-au", 3081}, Locale{"en-ca", 4105}, Locale{"en-nz", 5129},
     Locale{"en-ie", 6153}, Locale{"de-de", 1031}, Locale{"de-at", 3079}, Locale{"de-ch", 2055}, Locale{"fr-fr", 1036},

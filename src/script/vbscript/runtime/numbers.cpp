@@ -73,10 +73,11 @@ Variant ToWhole(const Variant& argument) {
 double Floor(double value) { return std::floor(value); }
 double Truncate(double value) { return std::trunc(value); }
 
-// Bits of an Integer stay 16 wide, everything else is a Long.
+// Bits of an Integer or a Boolean stay 16 wide, everything else is a Long.
 uint32_t RadixBits(const Variant& plain) {
   const int32_t whole = ToLong(plain);
-  return plain.Is(VarType::kInteger) ? static_cast<uint16_t>(whole) : static_cast<uint32_t>(whole);
+  const bool narrow = plain.Is(VarType::kInteger) || plain.Is(VarType::kBoolean);
+  return narrow ? static_cast<uint16_t>(whole) : static_cast<uint32_t>(whole);
 }
 
 Variant InRadix(const Variant& argument, int radix) {
@@ -157,10 +158,11 @@ Variant Sgn(RuntimeContext&, Arguments arguments) {
 Variant Hex(RuntimeContext&, Arguments arguments) { return InRadix(arguments[0], 16); }
 Variant Oct(RuntimeContext&, Arguments arguments) { return InRadix(arguments[0], 8); }
 
-// Round(number[, digits]): ties to even. Whole numbers keep their type.
+// Round(number[, digits]): ties to even. Whole numbers and Booleans keep their type.
 Variant Round(RuntimeContext&, Arguments arguments) {
   const int32_t digits = LongArgument(arguments, 1, 0);
   if (digits < 0 || digits > kMostRoundingDigits) RaiseScript(error::kInvalidProcedureCall);
+  if (arguments[0].Is(VarType::kBoolean)) return arguments[0];
   const Variant number = NumberOf(arguments[0]);
   switch (number.type()) {
     case VarType::kNull: RaiseScript(error::kInvalidUseOfNull);

@@ -22,13 +22,14 @@ namespace kestrun::vbs {
 // Always a Double. Error 5 for a root of a negative number and for zero to a negative power.
 [[nodiscard]] Variant Power(const Variant& left, const Variant& right);
 [[nodiscard]] Variant Negate(const Variant& value);
-// Unary plus: the value unchanged, but for an object, which gives its default member.
+// Unary plus: the value unchanged, an object too.
 [[nodiscard]] Variant UnaryPlus(const Variant& value);
 // Null counts as an empty text unless both sides are Null.
 [[nodiscard]] Variant Concatenate(const Variant& left, const Variant& right);
 
-// Bit by bit on Boolean, Byte, Integer and Long; anything else is rounded to a Long first. Null is the unknown truth
-// value: it stays Null unless the other side alone decides the result.
+// Bit by bit. Two Booleans give a Boolean and two Bytes a Byte; Boolean, Byte, Integer and Empty among each other an
+// Integer, two Empty values and everything else a Long. The texts "True" and "False" are Booleans beside each other and
+// beside Booleans. Null is the unknown truth value: it stays Null unless the other side alone decides the result.
 [[nodiscard]] Variant And(const Variant& left, const Variant& right);
 [[nodiscard]] Variant Or(const Variant& left, const Variant& right);
 [[nodiscard]] Variant Xor(const Variant& left, const Variant& right);
@@ -38,13 +39,16 @@ namespace kestrun::vbs {
 
 enum class Comparison { kEqual, kNotEqual, kLess, kLessEqual, kGreater, kGreaterEqual };
 
-// A Boolean, or Null when a side is Null. Texts compare by their UTF-16 units. A number is less than any text, unless
-// one of the sides is a literal of the source (`one_is_literal`): then a text that reads as a number compares as one.
-// Empty equals both 0 and the empty text.
-[[nodiscard]] Variant Compare(const Variant& left, const Variant& right, Comparison comparison,
-                              bool one_is_literal = false);
+// Which sides of a comparison are literals or constants of the source.
+inline constexpr unsigned kLeftIsLiteral = 1;
+inline constexpr unsigned kRightIsLiteral = 2;
+
+// A Boolean, or Null when a side is Null. Texts compare by their UTF-16 units. Empty equals both 0 and the empty text.
+// A text and a value of another type: a text that is a literal compares with the other's text; a number or date that is
+// a literal turns the text into its kind (error 13 when it is none); otherwise any text is greater.
+[[nodiscard]] Variant Compare(const Variant& left, const Variant& right, Comparison comparison, unsigned literals = 0);
 // -1, 0 or 1 for values that are not Null.
-[[nodiscard]] int Order(const Variant& left, const Variant& right, bool one_is_literal = false);
+[[nodiscard]] int Order(const Variant& left, const Variant& right, unsigned literals = 0);
 
 // The Is operator: whether both refer to the same object, Nothing included. Error 424 when a side is no object.
 [[nodiscard]] Variant IsSame(const Variant& left, const Variant& right);

@@ -1,7 +1,9 @@
 #include "script/vbscript/runtime/regexp.h"
 
+#include <algorithm>
 #include <array>
 
+#include "script/vbscript/runtime/builders.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/regexp_match.h"
@@ -10,7 +12,8 @@
 namespace kestrun::vbs {
 namespace {
 
-constexpr size_t kLargeText = 1 << 14;
+// What a pattern's tree and program take at most for each of its units.
+constexpr size_t kBytesPerPatternUnit = 256;
 
 RegExp& Self(Object& object) { return static_cast<RegExp&>(object); }
 
@@ -51,11 +54,14 @@ class Expansion {
   Expansion(std::u16string_view text, std::u16string_view replacement, uint32_t group_count)
       : text_(text), replacement_(replacement), group_count_(group_count) {}
 
-  void AppendTo(std::u16string& result, const RegExpMatcher& matcher) const {
+  void AppendTo(TextBuilder& result, const RegExpMatcher& matcher) const {
     for (size_t at = 0; at < replacement_.size();) {
-      const size_t taken = replacement_[at] == u'$' ? AppendForm(result, matcher, at) : 0;
-      if (taken == 0) result.push_back(replacement_[at]);
-      at += taken == 0 ? 1 : taken;
+      const size_t form = std::min(replacement_.find(u'$', at), replacement_.size());
+      result.Append(replacement_.substr(at, form - at));
+      if (form == replacement_.size()) return;
+      const size_t taken = AppendForm(result, matcher, form);
+      if (taken == 0) result.Append(u'$');
+      at = form + (taken == 0 ? 1 : taken);
     }
   }
 
@@ -66,24 +72,24 @@ class Expansion {
   }
 
   // The number of units that the form at `at` takes; 0 when it is none.
-  size_t AppendForm(std::u16string& result, const RegExpMatcher& matcher, size_t at) const {
+  size_t AppendForm(TextBuilder& result, const RegExpMatcher& matcher, size_t at) const {
     if (at + 1 == replacement_.size()) return 0;
     const char16_t letter = replacement_[at + 1];
     switch (letter) {
-      case u'$': result.push_back(u'$'); return 2;
-      case u'&': result.append(Group(matcher, 0)); return 2;
-      case u'`': result.append(text_.substr(0, matcher.begin(0))); return 2;
-      case u'\'': result.append(text_.substr(matcher.end(0))); return 2;
-      case u'_': result.append(text_); return 2;
+      case u'$': result.Append(u'$'); return 2;
+      case u'&': result.Append(Group(matcher, 0)); return 2;
+      case u'`': result.Append(text_.substr(0, matcher.begin(0))); return 2;
+      case u'\'': result.Append(text_.substr(matcher.end(0))); return 2;
+      case u'_': result.Append(text_); return 2;
       case u'+':
-        if (group_count_ > 1) result.append(Group(matcher, group_count_ - 1));
+        if (group_count_ > 1) result.Append(Group(matcher, group_count_ - 1));
         return 2;
       default: return AppendGroup(result, matcher, at);
     }
   }
 
   // "$12" is group 12 when there is one, else group 1 and a "2".
-  size_t AppendGroup(std::u16string& result, const RegExpMatcher& matcher, size_t at) const {
+  size_t AppendGroup(TextBuilder& result, const RegExpMatcher& matcher, size_t at) const {
     uint32_t group = 0;
     size_t used = 0;
     for (size_t digits = 1; digits <= 2 && at + digits < replacement_.size(); ++digits) {
@@ -95,7 +101,7 @@ class Expansion {
       used = digits;
     }
     if (group == 0) return 0;
-    result.append(Group(matcher, group));
+    result.Append(Group(matcher, group));
     return used + 1;
   }
 
@@ -126,7 +132,11 @@ void RegExp::set_multiline(bool multiline) {
 const RegExpProgram& RegExp::Program() {
   if (!program_) {
     context().Charge(pattern_.text().size());
+    context().ChargeMemory(pattern_.text().size() * kBytesPerPatternUnit);
     program_ = CompileRegExp(pattern_.text(), ignore_case_, multiline_);
+    size_t bytes = LiveBytes::BlockOf(program_->code) + LiveBytes::BlockOf(program_->sets);
+    for (const UnitSet& set : program_->sets) bytes += LiveBytes::BlockOf(set.ranges);
+    program_bytes_.Set(bytes);
   }
   return *program_;
 }
@@ -142,30 +152,30 @@ Variant RegExp::Execute(const Variant& text) {
   RegExpMatcher matcher(context(), program, subject.view());
   std::vector<Ref<Match>> matches;
   ForEachMatch(matcher, subject.size(), global_, [&] {
+    MakeRoomForOne(context(), matches);
+    context().Charge(2 + program.group_count / kElementsPerStep);
     matches.push_back(MakeRef<Match>(subject.value(), SpansOf(matcher, program.group_count)));
-    if (matches.size() % 4096 == 0) context().ChargeMemory(matches.size() * 256);
+    context().ChargeMemory(0);
   });
   return MakeRef<Matches>(std::move(matches));
 }
 
 Variant RegExp::Replace(const Variant& text, const Variant& replacement) {
   const TextArgument subject(text);
-  const TextArgument form(replacement);
+  const bool truth = replacement.Is(VarType::kBoolean);
+  const TextArgument form(truth ? Variant(BooleanBits(replacement.boolean())) : replacement);
   const RegExpProgram& program = Program();
   RegExpMatcher matcher(context(), program, subject.view());
   const Expansion expansion(subject.view(), form.view(), program.group_count);
-  std::u16string result;
-  size_t asked = kLargeText;
+  TextBuilder result(context());
   uint32_t done = 0;
   ForEachMatch(matcher, subject.size(), global_, [&] {
-    result.append(subject.view(), done, matcher.begin(0) - done);
+    result.Append(subject.view().substr(done, matcher.begin(0) - done));
     expansion.AppendTo(result, matcher);
     done = matcher.end(0);
-    if (result.size() < asked) return;
-    ChargeText(context(), result.size());
-    asked = result.size() * 2;
   });
-  return Variant(std::move(result.append(subject.view(), done)));
+  result.Append(subject.view().substr(done));
+  return result.Take();
 }
 
 }  // namespace kestrun::vbs

@@ -47,6 +47,7 @@ class RegExp final : public TableObject {
   bool global_ = false;
   bool multiline_ = false;
   std::optional<RegExpProgram> program_;
+  LiveBytes program_bytes_;
 };
 
 }  // namespace kestrun::vbs

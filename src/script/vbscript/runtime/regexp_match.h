@@ -19,7 +19,9 @@ struct TextSpan {
 
 class SubMatches final : public TableObject {
  public:
-  SubMatches(Variant text, std::vector<TextSpan> spans) : text_(std::move(text)), spans_(std::move(spans)) {}
+  SubMatches(Variant text, std::vector<TextSpan> spans) : text_(std::move(text)), spans_(std::move(spans)) {
+    bytes_.Set(LiveBytes::BlockOf(spans_));
+  }
   [[nodiscard]] std::string TypeName() const override { return "ISubMatches"; }
   [[nodiscard]] const MemberTable& Members() const override;
   [[nodiscard]] MemberId DefaultMember() const override { return 0; }
@@ -32,6 +34,7 @@ class SubMatches final : public TableObject {
  private:
   Variant text_;
   std::vector<TextSpan> spans_;
+  LiveBytes bytes_;
 };
 
 class Match final : public TableObject {
@@ -54,7 +57,9 @@ class Match final : public TableObject {
 
 class Matches final : public TableObject {
  public:
-  explicit Matches(std::vector<Ref<Match>> matches) : matches_(std::move(matches)) {}
+  explicit Matches(std::vector<Ref<Match>> matches) : matches_(std::move(matches)) {
+    bytes_.Set(LiveBytes::BlockOf(matches_));
+  }
   [[nodiscard]] std::string TypeName() const override { return "IMatchCollection2"; }
   [[nodiscard]] const MemberTable& Members() const override;
   [[nodiscard]] MemberId DefaultMember() const override { return 0; }
@@ -66,6 +71,7 @@ class Matches final : public TableObject {
 
  private:
   std::vector<Ref<Match>> matches_;
+  LiveBytes bytes_;
 };
 
 }  // namespace kestrun::vbs

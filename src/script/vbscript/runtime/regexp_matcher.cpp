@@ -75,14 +75,16 @@ uint32_t RegExpMatcher::NextCandidate(uint32_t from) const {
 }
 
 bool RegExpMatcher::Find(uint32_t from) {
-  for (uint32_t start = NextCandidate(from); start <= length_; start = NextCandidate(start + 1)) {
-    CountStep((start - from) / 64 + 1);
+  for (uint32_t start = NextCandidate(from); start <= length_; start = NextCandidate(from)) {
+    CountStep((start - from) / kUnitsPerStep + 1);
     if (RunAt(start)) return true;
+    from = start + 1;
   }
   return false;
 }
 
 bool RegExpMatcher::RunAt(uint32_t start) {
+  CountStep(static_cast<uint32_t>(slots_.size() / 16));
   std::fill(slots_.begin(), slots_.end(), kNoPosition);
   stack_.clear();
   pc_ = 0;

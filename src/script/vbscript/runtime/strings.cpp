@@ -3,6 +3,7 @@
 
 #include "base/code_page.h"
 #include "base/text.h"
+#include "script/vbscript/runtime/builders.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/functions.h"
@@ -12,22 +13,30 @@ namespace kestrun::vbs {
 namespace {
 
 constexpr size_t kNotFound = std::u16string_view::npos;
-// Results above this size are asked for before they are built.
-constexpr size_t kLargeText = 1 << 14;
+// Texts above this size are built piece by piece.
+constexpr size_t kLargeText = 1 << 10;
 
 // True when the argument is Null; an object is asked for its default value by the functions themselves.
 bool IsNullArgument(const Variant& argument) { return argument.Is(VarType::kNull); }
 
+Variant TextOf(RuntimeContext& context, std::u16string_view text) {
+  if (text.size() <= kLargeText) return Variant(std::u16string(text));
+  TextBuilder builder(context, text.size());
+  builder.Append(text);
+  return builder.Take();
+}
+
 Variant Slice(RuntimeContext& context, const TextArgument& text, size_t from, size_t count) {
   const std::u16string_view view = text.view();
   if (from == 0 && count >= view.size()) return text.value();
-  const std::u16string_view part = view.substr(std::min(from, view.size()), count);
-  if (part.size() > kLargeText) ChargeText(context, part.size());
-  return Variant(std::u16string(part));
+  return TextOf(context, view.substr(std::min(from, view.size()), count));
 }
 
-void ReserveLarge(RuntimeContext& context, size_t units) {
-  if (units > kLargeText) ChargeText(context, units);
+Variant Repeat(RuntimeContext& context, size_t count, char16_t unit) {
+  if (count <= kLargeText) return Variant(std::u16string(count, unit));
+  TextBuilder builder(context, count);
+  builder.Append(count, unit);
+  return builder.Take();
 }
 
 Variant Position(size_t place) { return CountValue(place == kNotFound ? 0 : place + 1); }
@@ -65,21 +74,22 @@ template <char16_t (*Map)(char16_t)>
 Variant MapUnits(RuntimeContext& context, const Variant& argument) {
   if (IsNullArgument(argument)) return argument;
   const TextArgument text(argument);
-  ReserveLarge(context, text.size());
-  std::u16string mapped(text.view());
-  for (char16_t& unit : mapped) unit = Map(unit);
-  return Variant(std::move(mapped));
+  TextBuilder mapped(context, text.size());
+  mapped.AppendMapped(text.view(), Map);
+  return mapped.Take();
 }
 
-Variant TrimSides(const Variant& argument, bool front, bool back) {
+Variant TrimSides(RuntimeContext& context, const Variant& argument, bool front, bool back) {
   if (IsNullArgument(argument)) return argument;
   const TextArgument text(argument);
   const std::u16string_view view = text.view();
   const size_t from = front ? view.find_first_not_of(u' ') : 0;
+  context.Charge(std::min(from, view.size()) / kUnitsPerStep);
   if (from == kNotFound) return Variant(std::u16string());
   const size_t to = back ? view.find_last_not_of(u' ') + 1 : view.size();
+  context.Charge((view.size() - to) / kUnitsPerStep);
   if (from == 0 && to == view.size()) return text.value();
-  return Variant(std::u16string(view.substr(from, to - from)));
+  return TextOf(context, view.substr(from, to - from));
 }
 
 struct Replacing {
@@ -125,16 +135,17 @@ Variant ChrW(RuntimeContext&, Arguments arguments) {
 // the start; nothing is found in an empty text or behind its end.
 Variant InStr(RuntimeContext& context, Arguments arguments) {
   if (arguments.size() == 2) return FindFrom(context, arguments, 0, 1, false);
+  ChargeReading(context, arguments[0]);
   const size_t start = CountArgument(arguments[0], 1);
   return FindFrom(context, arguments, 1, start, TextCompareArgument(arguments, 3));
 }
 
-// InStrRev(text, wanted[, start[, compare]]): the last place that ends at or in front of start; -1 is the end.
+// InStrRev(text, wanted[, start[, compare]]): the last place that ends at or in front of start; -1 is the end. Error 94
+// for Null.
 Variant InStrRev(RuntimeContext& context, Arguments arguments) {
   const int32_t start = LongArgument(arguments, 2, -1);
   if (start == 0 || start < -1) RaiseScript(error::kInvalidProcedureCall);
   const bool ignore_case = TextCompareArgument(arguments, 3);
-  if (IsNullArgument(arguments[0]) || IsNullArgument(arguments[1])) return Variant::Null();
   const TextArgument text(arguments[0]);
   const TextArgument wanted(arguments[1]);
   const size_t end = start < 0 ? text.size() : static_cast<size_t>(start);
@@ -149,35 +160,36 @@ Variant UCase(RuntimeContext& context, Arguments arguments) { return MapUnits<Up
 // Len(text): in UTF-16 units.
 Variant Len(RuntimeContext&, Arguments arguments) {
   const Variant& argument = arguments[0];
-  if (argument.Is(VarType::kString)) return CountValue(argument.text().size());
+  if (argument.Is(VarType::kString)) return CountValue(argument.text().size() - (EndsInHalf(argument) ? 1 : 0));
   return IsNullArgument(argument) ? argument : CountValue(TextArgument(argument).size());
 }
 
 // Left(text, count), Right(text, count): the whole text when it is shorter; error 5 for a negative count.
 Variant Left(RuntimeContext& context, Arguments arguments) {
-  if (IsNullArgument(arguments[0])) return arguments[0];
   const size_t count = CountArgument(arguments[1], 0);
+  if (IsNullArgument(arguments[0])) return arguments[0];
   return Slice(context, TextArgument(arguments[0]), 0, count);
 }
 
 Variant Right(RuntimeContext& context, Arguments arguments) {
-  if (IsNullArgument(arguments[0])) return arguments[0];
   const size_t count = CountArgument(arguments[1], 0);
+  if (IsNullArgument(arguments[0])) return arguments[0];
   const TextArgument text(arguments[0]);
   return Slice(context, text, text.size() > count ? text.size() - count : 0, count);
 }
 
 // Mid(text, start[, count]): what there is; error 5 for a start below 1 or a negative count.
 Variant Mid(RuntimeContext& context, Arguments arguments) {
-  if (IsNullArgument(arguments[0])) return arguments[0];
+  const int32_t wanted = LongArgument(arguments, 2, INT32_MAX);
   const size_t start = CountArgument(arguments[1], 1);
-  const size_t count = IsGiven(arguments, 2) ? CountArgument(arguments[2], 0) : kNotFound;
+  const size_t count = CountArgument(wanted, 0);
+  if (IsNullArgument(arguments[0])) return arguments[0];
   return Slice(context, TextArgument(arguments[0]), start - 1, count);
 }
 
-Variant LTrim(RuntimeContext&, Arguments arguments) { return TrimSides(arguments[0], true, false); }
-Variant RTrim(RuntimeContext&, Arguments arguments) { return TrimSides(arguments[0], false, true); }
-Variant Trim(RuntimeContext&, Arguments arguments) { return TrimSides(arguments[0], true, true); }
+Variant LTrim(RuntimeContext& context, Arguments arguments) { return TrimSides(context, arguments[0], true, false); }
+Variant RTrim(RuntimeContext& context, Arguments arguments) { return TrimSides(context, arguments[0], false, true); }
+Variant Trim(RuntimeContext& context, Arguments arguments) { return TrimSides(context, arguments[0], true, true); }
 
 // Replace(text, wanted, replacement[, start[, count[, compare]]]): the result begins at `start`. Error 94 for Null.
 Variant Replace(RuntimeContext& context, Arguments arguments) {
@@ -188,26 +200,23 @@ Variant Replace(RuntimeContext& context, Arguments arguments) {
   if (how.start > text.size()) return Variant(std::u16string());
   const std::u16string_view view = text.view();
   size_t from = how.start - 1;
-  if (wanted.size() == 0) return Variant(std::u16string(view.substr(from)));
+  if (wanted.size() == 0) return TextOf(context, view.substr(from));
   TextFinder finder(context, view, wanted.view(), how.ignore_case);
-  std::u16string result;
+  TextBuilder result(context);
   for (size_t done = 0; done < how.limit; ++done) {
     const size_t place = finder.Find(from);
     if (place == kNotFound) break;
-    context.Charge(1);
-    ReserveLarge(context, result.size() + place - from + replacement.size());
-    result.append(view, from, place - from).append(replacement.view());
+    result.Append(view.substr(from, place - from));
+    result.Append(replacement.view());
     from = place + wanted.size();
   }
-  ReserveLarge(context, result.size() + view.size() - from);
-  return Variant(std::move(result.append(view, from)));
+  result.Append(view.substr(from));
+  return result.Take();
 }
 
 // Space(count), String(count, character): error 5 for a negative count.
 Variant Space(RuntimeContext& context, Arguments arguments) {
-  const size_t count = CountArgument(arguments[0], 0);
-  ReserveLarge(context, count);
-  return Variant(std::u16string(count, u' '));
+  return Repeat(context, CountArgument(arguments[0], 0), u' ');
 }
 
 // The character is the first of a text (error 5 when that is empty) or a code, of which 8 bits count. Null gives Null.
@@ -217,8 +226,7 @@ Variant RepeatCharacter(RuntimeContext& context, Arguments arguments) {
   const size_t count = CountArgument(arguments[0], 0);
   const bool by_text = character.Is(VarType::kString);
   const char16_t unit = by_text ? FirstUnit(character) : UnitOfByte(static_cast<uint8_t>(ToLong(character)));
-  ReserveLarge(context, count);
-  return Variant(std::u16string(count, unit));
+  return Repeat(context, count, unit);
 }
 
 // StrComp(left, right[, compare]): -1, 0 or 1 as an Integer.
@@ -227,15 +235,18 @@ Variant StrComp(RuntimeContext& context, Arguments arguments) {
   if (IsNullArgument(arguments[0]) || IsNullArgument(arguments[1])) return Variant::Null();
   const TextArgument left(arguments[0]);
   const TextArgument right(arguments[1]);
-  const int order = ignore_case ? CompareFolded(context, left.view(), right.view()) : left.view().compare(right.view());
+  const int order = (ignore_case ? CompareFolded : CompareUnits)(context, left.view(), right.view());
   return static_cast<int16_t>(order < 0 ? -1 : order > 0);
 }
 
 // StrReverse(text): error 94 for Null.
 Variant StrReverse(RuntimeContext& context, Arguments arguments) {
   const TextArgument text(arguments[0]);
-  ReserveLarge(context, text.size());
-  return Variant(std::u16string(text.view().rbegin(), text.view().rend()));
+  TextBuilder reversed(context, text.size());
+  ByPieces(context, text.size(), [&](size_t from, size_t to) {
+    for (; from < to; ++from) reversed.Append(text.view()[text.size() - 1 - from]);
+  });
+  return reversed.Take();
 }
 
 }  // namespace kestrun::vbs

@@ -21,6 +21,8 @@ namespace kestrun::vbs {
 // Every unit in lower case, for comparing without regard to case.
 [[nodiscard]] std::u16string Fold(RuntimeContext& context, std::u16string_view text);
 // Below, at or above zero, unit by unit.
+[[nodiscard]] int CompareUnits(RuntimeContext& context, std::u16string_view left, std::u16string_view right);
+// The same without regard to case.
 [[nodiscard]] int CompareFolded(RuntimeContext& context, std::u16string_view left, std::u16string_view right);
 
 // Finds one text in another as often as asked. Folds both once when case does not count.
@@ -35,6 +37,7 @@ class TextFinder {
 
  private:
   bool MatchesAt(size_t place);
+  void CountWork(size_t units);
 
   RuntimeContext& context_;
   std::u16string folded_text_;

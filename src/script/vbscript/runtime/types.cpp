@@ -39,8 +39,9 @@ Variant CSng(RuntimeContext&, Arguments arguments) { return ToSingle(arguments[0
 Variant CStr(RuntimeContext&, Arguments arguments) { return ToTextValue(arguments[0]); }
 
 Variant IsArray(RuntimeContext&, Arguments arguments) { return arguments[0].Is(VarType::kArray); }
-Variant IsEmpty(RuntimeContext&, Arguments arguments) { return arguments[0].Is(VarType::kEmpty); }
-Variant IsNull(RuntimeContext&, Arguments arguments) { return arguments[0].Is(VarType::kNull); }
+// IsEmpty(value), IsNull(value): of an object with a default member its value.
+Variant IsEmpty(RuntimeContext&, Arguments arguments) { return ValueToAskAbout(arguments[0]).Is(VarType::kEmpty); }
+Variant IsNull(RuntimeContext&, Arguments arguments) { return ValueToAskAbout(arguments[0]).Is(VarType::kNull); }
 Variant IsObject(RuntimeContext&, Arguments arguments) { return arguments[0].Is(VarType::kObject); }
 
 // IsDate(value): a date, or a text that reads as one; numbers are none.

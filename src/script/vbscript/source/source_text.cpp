@@ -7,14 +7,34 @@
 namespace kestrun::vbs {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
+constexpr std::string_view kBigEndianMark = "\xFE\xFF";
+
+// UTF-16 of either byte order, behind its mark; a byte too many is dropped.
+std::string FromUtf16(std::string_view bytes, bool big_endian) {
+  std::u16string units;
+  units.reserve(bytes.size() / 2);
+  for (size_t at = 0; at + 1 < bytes.size(); at += 2) {
+    const auto first = static_cast<unsigned char>(bytes[at]);
+    const auto second = static_cast<unsigned char>(bytes[at + 1]);
+    units.push_back(static_cast<char16_t>(big_endian ? first << 8 | second : second << 8 | first));
+  }
+  return ToUtf8(units);
+}
+
+std::string WithoutMark(std::string_view text) {
+  if (StartsWith(text, kUtf8Mark)) return std::string(text.substr(kUtf8Mark.size()));
+  if (StartsWith(text, kLittleEndianMark)) return FromUtf16(text.substr(2), false);
+  if (StartsWith(text, kBigEndianMark)) return FromUtf16(text.substr(2), true);
+  return std::string(text);
+}
 
 bool EndsLine(char character) { return character == '\n' || character == '\r'; }
 
 }  // namespace
 
-SourceText::SourceText(std::string_view text)
-    : text_(StartsWith(text, kByteOrderMark) ? text.substr(kByteOrderMark.size()) : text) {}
+SourceText::SourceText(std::string_view text) : text_(WithoutMark(text)) {}
 
 size_t SourceText::LineStart(uint32_t offset) const {
   size_t at = std::min<size_t>(offset, text_.size());

@@ -14,6 +14,7 @@ struct SourcePlace {
 
 class SourceText {
  public:
+  // UTF-8, with or without its mark, or UTF-16 with one.
   explicit SourceText(std::string_view text);
 
   [[nodiscard]] std::string_view text() const noexcept { return text_; }

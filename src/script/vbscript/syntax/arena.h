@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/live_bytes.h"
+
 namespace kestrun::vbs {
 
 class Arena {
@@ -37,7 +39,8 @@ class Arena {
     if (bytes > left_) {
       block_size_ = std::min(kLargestBlock, 2 * block_size_);
       const size_t size = std::max(bytes, block_size_);
-      blocks_.push_back(std::make_unique<std::byte[]>(size));
+      blocks_.push_back(std::make_unique_for_overwrite<std::byte[]>(size));
+      bytes_.Grow(LiveBytes::Block(size));
       next_ = blocks_.back().get();
       left_ = size;
     }
@@ -47,6 +50,7 @@ class Arena {
     return taken;
   }
 
+  LiveBytes bytes_;
   std::vector<std::unique_ptr<std::byte[]>> blocks_;
   size_t block_size_ = kFirstBlock / 2;
   std::byte* next_ = nullptr;

@@ -9,50 +9,60 @@ void Parser::ParseIf(Statements& out) {
   Advance();
   branches.push_back({position, ParseExpression(), {}});
   ExpectWord(Word::kThen, compile_error::kExpectedThen);
-  const Token behind = token_;
-  SkipColons();
   if (At(TokenKind::kEndOfLine) || At(TokenKind::kEndOfFile)) {
     ParseIfLines(branches);
   } else {
-    GoBackTo(behind);
     ParseInlineIf(branches);
   }
   out.push_back(module_.arena.Make<IfStatement>(Statement{StatementKind::kIf, position}, module_.arena.Keep(branches)));
 }
 
 void Parser::ParseIfLines(std::vector<IfBranch>& branches) {
-  const int inline_ifs = std::exchange(open_inline_ifs_, 0);
+  const BlockScope scope(*this, BlockKind::kIf);
   branches.back().body = ParseBlock();
   while (AtWord(Word::kElseIf)) {
     const uint32_t position = token_.position;
     Advance();
     branches.push_back({position, ParseExpression(), {}});
     ExpectWord(Word::kThen, compile_error::kExpectedThen);
-    branches.back().body = ParseBlock();
+    branches.back().body = ParseBranch();
   }
   if (AtWord(Word::kElse)) {
     branches.push_back({token_.position, nullptr, {}});
     Advance();
-    branches.back().body = ParseBlock();
+    branches.back().body = ParseBranch();
   }
   ExpectWord(Word::kEnd, compile_error::kExpectedEnd);
   ExpectWord(Word::kIf, compile_error::kExpectedIf);
-  open_inline_ifs_ = inline_ifs;
+}
+
+// What follows Else, or Then of an ElseIf: the rest of its own line, which End If may end, and further lines.
+Block Parser::ParseBranch() {
+  Statements list;
+  ++around_.inline_ifs;
+  while (!At(TokenKind::kEndOfLine) && !AtBlockEnd()) {
+    if (Accept(TokenKind::kColon)) continue;
+    ParseStatement(list);
+    ExpectStatementEnd();
+  }
+  --around_.inline_ifs;
+  if (At(TokenKind::kEndOfLine)) ParseBlockInto(list);
+  return module_.arena.Keep(list);
 }
 
 void Parser::ParseInlineIf(std::vector<IfBranch>& branches) {
-  ++open_inline_ifs_;
+  ++around_.inline_ifs;
   branches.back().body = ParseInlineBranch();
   if (AtWord(Word::kElse)) {
     branches.push_back({token_.position, nullptr, {}});
     Advance();
     branches.back().body = ParseInlineBranch();
   }
-  if (AtWord(Word::kEnd)) {
-    Advance();
-    ExpectWord(Word::kIf, compile_error::kExpectedIf);
-  }
-  --open_inline_ifs_;
+  --around_.inline_ifs;
+  if (!AtWord(Word::kEnd)) return;
+  const Token end = token_;
+  Advance();
+  if (!AcceptWord(Word::kIf)) GoBackTo(end);  // the End of the procedure
 }
 
 // Statements with colons between them, up to Else or the end of the line.
@@ -75,10 +85,9 @@ void Parser::ParseSelect(Statements& out) {
   Expression* subject = ParseExpression();
   ExpectStatementEnd();
   SkipSeparators();
-  const int inline_ifs = std::exchange(open_inline_ifs_, 0);
+  const BlockScope scope(*this, BlockKind::kOther);
   std::vector<CaseBranch> branches;
   while (AtWord(Word::kCase)) branches.push_back(ParseCase());
-  open_inline_ifs_ = inline_ifs;
   if (!AtWord(Word::kEnd)) Fail(branches.empty() ? compile_error::kExpectedCase : compile_error::kExpectedEnd);
   Advance();
   ExpectWord(Word::kSelect, compile_error::kExpectedSelect);
@@ -122,7 +131,7 @@ void Parser::ParseFor(Statements& out) {
   loop->last = ParseExpression();
   loop->step = AcceptWord(Word::kStep) ? ParseExpression() : nullptr;
   ExpectStatementEnd();
-  loop->body = ParseLoopBody(open_fors_);
+  loop->body = ParseBody(BlockKind::kFor);
   loop->next_position = token_.position;
   ExpectWord(Word::kNext, compile_error::kExpectedNext);
   out.push_back(loop);
@@ -136,7 +145,7 @@ void Parser::ParseForEach(uint32_t position, Statements& out) {
   ExpectWord(Word::kIn, compile_error::kExpectedIn);
   loop->collection = ParseExpression();
   ExpectStatementEnd();
-  loop->body = ParseLoopBody(open_fors_);
+  loop->body = ParseBody(BlockKind::kFor);
   loop->next_position = token_.position;
   ExpectWord(Word::kNext, compile_error::kExpectedNext);
   out.push_back(loop);
@@ -161,10 +170,13 @@ void Parser::ParseDo(Statements& out) {
     Fail(loop->test == LoopTest::kNone ? compile_error::kExpectedWhileUntilOrEnd
                                        : compile_error::kExpectedEndOfStatement);
   }
-  loop->body = ParseLoopBody(open_dos_);
+  loop->body = ParseBody(BlockKind::kDo);
   loop->loop_position = token_.position;
   ExpectWord(Word::kLoop, compile_error::kExpectedLoop);
-  if (loop->test == LoopTest::kNone) loop->test = ParseLoopTest(false, loop->condition);
+  if (loop->test == LoopTest::kNone) {
+    loop->test = ParseLoopTest(false, loop->condition);
+    if (loop->test == LoopTest::kNone && !AtStatementEnd()) Fail(compile_error::kExpectedWhileUntilOrEnd);
+  }
   out.push_back(loop);
 }
 
@@ -177,8 +189,7 @@ void Parser::ParseWhile(Statements& out) {
   Advance();
   loop->condition = ParseExpression();
   ExpectStatementEnd();
-  int not_left_by_exit = 0;
-  loop->body = ParseLoopBody(not_left_by_exit);
+  loop->body = ParseBody(BlockKind::kOther);
   loop->loop_position = token_.position;
   ExpectWord(Word::kWEnd, compile_error::kExpectedWEnd);
   out.push_back(loop);

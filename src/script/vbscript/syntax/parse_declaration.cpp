@@ -21,12 +21,26 @@ bool Parser::AtProcedure() const {
 void Parser::ParseTopLevelItem() {
   if (AtWord(Word::kClass)) return ParseClass();
   if (AtWord(Word::kPublic) || AtWord(Word::kPrivate)) return ParseVisible();
-  if (AtProcedure()) {
-    module_.procedures.push_back(ParseProcedure(true, false));
-  } else {
-    ParseStatement(module_.statements);
-  }
+  ParseStatement(module_.statements);
   ExpectStatementEnd();
+}
+
+// A name may be defined by several procedures, of which the last one counts, but by nothing else besides.
+void Parser::ParseGlobalProcedure(bool is_public) {
+  auto procedure = ParseProcedure(is_public, false);
+  if (global_.names.contains(procedure->name)) FailAt(compile_error::kNameRedefined, procedure->position);
+  global_procedures_.insert(procedure->name);
+  module_.procedures.push_back(std::move(procedure));
+}
+
+// Property is a name like others unless a declaration follows.
+void Parser::RequirePropertyInClass() {
+  if (!AtWord(Word::kProperty)) return;
+  const Token property = token_;
+  Advance();
+  const bool declares = AtWord(Word::kGet) || AtWord(Word::kLet) || AtWord(Word::kSet);
+  GoBackTo(property);
+  if (declares) Fail(compile_error::kMustBeInClass);
 }
 
 // Public or Private at the top level; both make names of the one global space.
@@ -35,7 +49,7 @@ void Parser::ParseVisible() {
   Advance();
   if (AtWord(Word::kProperty) || AtWord(Word::kDefault)) Fail(compile_error::kMustBeInClass);
   if (AtProcedure()) {
-    module_.procedures.push_back(ParseProcedure(is_public, false));
+    ParseGlobalProcedure(is_public);
   } else if (AtWord(Word::kConst)) {
     ParseConst(module_.statements);
   } else {
@@ -118,11 +132,18 @@ Expression* Parser::ParseConstValue() {
     Expect(TokenKind::kClose, compile_error::kExpectedClose);
     return inner;
   }
-  const bool name = At(TokenKind::kIdentifier) && (token_.word == Word::kNone || !IsReserved(token_.word));
-  if (name || AtStatementEnd()) Fail(name ? compile_error::kExpectedLiteral : compile_error::kExpectedExpression);
-  Expression* value = ParsePrimary();
-  if (value->kind != ExpressionKind::kLiteral) FailAt(compile_error::kExpectedLiteral, value->position);
-  return value;
+  switch (token_.word) {
+    case Word::kTrue:
+    case Word::kFalse:
+    case Word::kEmpty:
+    case Word::kNull:
+    case Word::kNothing: return ParsePrimary();
+    default: break;
+  }
+  if (At(TokenKind::kIdentifier) || AtStatementEnd() || token_.kind >= TokenKind::kDot) {
+    Fail(compile_error::kExpectedLiteral);
+  }
+  return ParsePrimary();
 }
 
 std::unique_ptr<ProcedureTree> Parser::ParseProcedure(bool is_public, bool is_default) {
@@ -134,7 +155,11 @@ std::unique_ptr<ProcedureTree> Parser::ParseProcedure(bool is_public, bool is_de
   scope.procedure = procedure.get();
   scope.assigned = &procedure->assigned;
   DeclarationScope* const outer = std::exchange(scope_, &scope);
-  if (At(TokenKind::kOpen)) ParseParameters(*procedure);
+  if (At(TokenKind::kOpen)) {
+    ParseParameters(*procedure);
+  } else if (!At(TokenKind::kEndOfLine) && !At(TokenKind::kColon) && !At(TokenKind::kEndOfFile)) {
+    Fail(compile_error::kExpectedEndOfStatement);
+  }
   ParseProcedureBody(*procedure);
   scope_ = outer;
   std::sort(procedure->assigned.begin(), procedure->assigned.end());
@@ -173,7 +198,7 @@ void Parser::ParseParameters(ProcedureTree& procedure) {
 }
 
 void Parser::ParseProcedureBody(ProcedureTree& procedure) {
-  procedure.body = ParseBlock();
+  procedure.body = ParseBody(BlockKind::kProcedure);
   procedure.end_position = token_.position;
   ExpectWord(Word::kEnd, compile_error::kExpectedEnd);
   switch (procedure.kind) {
@@ -194,10 +219,13 @@ void Parser::ParseClass() {
   DeclarationScope* const outer = std::exchange(scope_, &scope);
   in_class_ = true;
   SkipSeparators();
-  while (!AtWord(Word::kEnd)) {
-    ParseClassMember(*tree);
-    ExpectStatementEnd();
-    SkipSeparators();
+  {
+    const BlockScope block(*this, BlockKind::kClass);
+    while (!AtWord(Word::kEnd)) {
+      ParseClassMember(*tree);
+      ExpectStatementEnd();
+      SkipSeparators();
+    }
   }
   Advance();
   ExpectWord(Word::kClass, compile_error::kExpectedClass);
@@ -250,10 +278,14 @@ void Parser::CheckMethodShape(const ProcedureTree& procedure) const {
   }
 }
 
-// One name, one member: except for the Get, Let and Set of one property, whose index arguments must agree.
+// A member is what is called, what Let assigns and what Set assigns: one procedure each. The index arguments of a
+// property agree.
 void Parser::CheckMember(const ClassTree& tree, const ProcedureTree& procedure) const {
   const auto is_property = [](const ProcedureTree& p) {
     return p.kind != ProcedureKind::kSub && p.kind != ProcedureKind::kFunction;
+  };
+  const auto is_setter = [](const ProcedureTree& p) {
+    return p.kind == ProcedureKind::kPropertyLet || p.kind == ProcedureKind::kPropertySet;
   };
   const auto index_count = [](const ProcedureTree& p) {
     return p.parameters.size() - (p.kind == ProcedureKind::kPropertyGet ? 0 : 1);
@@ -263,9 +295,9 @@ void Parser::CheckMember(const ClassTree& tree, const ProcedureTree& procedure) 
     if (procedure.is_default && other->is_default) FailAt(compile_error::kManyDefaults, procedure.position);
     if (other->name != procedure.name) continue;
     known = true;
-    if (!is_property(*other) || !is_property(procedure) || other->kind == procedure.kind) {
-      FailAt(compile_error::kNameRedefined, procedure.position);
-    }
+    const bool both_called = !is_setter(*other) && !is_setter(procedure);
+    if (both_called || other->kind == procedure.kind) FailAt(compile_error::kNameRedefined, procedure.position);
+    if (!is_property(*other) || !is_property(procedure)) continue;
     if (index_count(*other) != index_count(procedure)) {
       FailAt(compile_error::kInconsistentArguments, procedure.position);
     }

@@ -39,7 +39,7 @@ constexpr BinaryRow kBinaryOperators[] = {
     {TokenKind::kCaret, Word::kNone, Operator::kPower, 14},
 };
 constexpr int kNotBinding = 6;
-constexpr int kSignBinding = 13;
+constexpr int kSignBinding = 15;
 
 const BinaryRow* FindBinary(const Token& token) {
   if (token.kind == TokenKind::kIdentifier && token.word == Word::kNone) return nullptr;
@@ -114,9 +114,7 @@ Expression* Parser::ParsePrimary() {
     case TokenKind::kString:
     case TokenKind::kDate: return ParseLiteral(TokenValue());
     case TokenKind::kIdentifier: return ParseWordPrimary();
-    case TokenKind::kDot:
-      if (open_withs_ == 0) Fail(compile_error::kSyntax);
-      return ParseMember(nullptr);
+    case TokenKind::kDot: return ParseMember(nullptr);
     case TokenKind::kOpen: {
       Expression* node = MakeNode(ExpressionKind::kParentheses, token_.position);
       Advance();
@@ -137,7 +135,6 @@ Expression* Parser::ParseWordPrimary() {
     case Word::kNothing: return ParseLiteral(Variant::Nothing());
     case Word::kNew: return ParseNew();
     case Word::kMe: {
-      if (!in_class_) Fail(compile_error::kInvalidMe);
       Expression* node = MakeNode(ExpressionKind::kMe, token_.position);
       Advance();
       return node;

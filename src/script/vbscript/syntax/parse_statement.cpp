@@ -3,43 +3,45 @@
 
 namespace kestrun::vbs {
 
-// Words at which a block ends; whoever opened it tells whether it is the right one.
+// Words at which a block ends; whoever opened it tells whether it is the right one. Loop and Next belong to the
+// innermost block or to none.
 bool Parser::AtBlockEnd() const {
   switch (token_.word) {
     case Word::kElse:
     case Word::kElseIf:
     case Word::kEnd:
     case Word::kCase:
-    case Word::kWEnd: return true;
-    case Word::kLoop: return open_dos_ > 0;
-    case Word::kNext: return open_fors_ > 0;
+    case Word::kWEnd: return around_.block != BlockKind::kModule || around_.inline_ifs > 0;
+    case Word::kLoop: return around_.block == BlockKind::kDo;
+    case Word::kNext: return around_.block == BlockKind::kFor;
     default: return At(TokenKind::kEndOfFile);
   }
 }
 
-Block Parser::ParseBlock() {
-  Statements list;
+void Parser::ParseBlockInto(Statements& list) {
   SkipSeparators();
   while (!AtBlockEnd()) {
     ParseStatement(list);
     ExpectStatementEnd();
     SkipSeparators();
   }
+}
+
+Block Parser::ParseBlock() {
+  Statements list;
+  ParseBlockInto(list);
   return module_.arena.Keep(list);
 }
 
-Block Parser::ParseLoopBody(int& open_loops) {
-  const int inline_ifs = std::exchange(open_inline_ifs_, 0);
-  ++open_loops;
-  const Block body = ParseBlock();
-  --open_loops;
-  open_inline_ifs_ = inline_ifs;
-  return body;
+Block Parser::ParseBody(BlockKind kind) {
+  const BlockScope scope(*this, kind);
+  return ParseBlock();
 }
 
 void Parser::ParseStatement(Statements& out) {
   const NestingLevel level(depth_, token_.position);
   if (At(TokenKind::kDot)) return ParseImplicitCall(out);
+  RequirePropertyInClass();
   if (!At(TokenKind::kIdentifier)) Fail(compile_error::kExpectedStatement);
   if (token_.word == Word::kNone || !IsReserved(token_.word) || AtWord(Word::kMe)) return ParseImplicitCall(out);
   ParseWordStatement(out);
@@ -66,12 +68,19 @@ void Parser::ParseWordStatement(Statements& out) {
     case Word::kWith: return ParseWith(out);
     case Word::kLoop: Fail(compile_error::kLoopWithoutDo);
     case Word::kNext: Fail(compile_error::kUnexpectedNext);
-    default: Fail(compile_error::kSyntax);
+    case Word::kSub:
+    case Word::kFunction:
+      if (!around_.only_ifs || around_.inline_ifs > 0 || scope_ != &global_) Fail(compile_error::kSyntax);
+      return ParseGlobalProcedure(true);
+    case Word::kClass:
+    case Word::kPrivate:
+    case Word::kPublic: Fail(compile_error::kSyntax);
+    default: Fail(compile_error::kExpectedStatement);
   }
 }
 
 void Parser::ParseAssignment(Expression* target, uint32_t position, Statements& out) {
-  if (target->kind == ExpressionKind::kMe) Fail(compile_error::kSyntax);
+  if (target->kind == ExpressionKind::kMe) FailAt(compile_error::kInvalidMe, position);
   Advance();
   if (target->kind == ExpressionKind::kName) MarkAssigned(target->name);
   out.push_back(
@@ -81,7 +90,9 @@ void Parser::ParseAssignment(Expression* target, uint32_t position, Statements& 
 void Parser::ParseSet(Statements& out) {
   const uint32_t position = token_.position;
   Advance();
+  if (!At(TokenKind::kIdentifier) && !At(TokenKind::kDot)) Fail(compile_error::kExpectedIdentifier);
   Expression* target = ParsePostfix(ParsePrimary());
+  if (target->kind == ExpressionKind::kMe) FailAt(compile_error::kInvalidMe, target->position);
   const bool assignable = target->kind == ExpressionKind::kName || target->kind == ExpressionKind::kMember ||
                           target->kind == ExpressionKind::kCall;
   if (!assignable) FailAt(compile_error::kExpectedIdentifier, target->position);
@@ -94,8 +105,10 @@ void Parser::ParseSet(Statements& out) {
 void Parser::ParseCall(Statements& out) {
   const uint32_t position = token_.position;
   Advance();
-  if (!At(TokenKind::kIdentifier) && !At(TokenKind::kDot)) Fail(compile_error::kExpectedIdentifier);
+  const bool parenthesis = At(TokenKind::kOpen);
+  if (!At(TokenKind::kIdentifier) && !At(TokenKind::kDot) && !parenthesis) Fail(compile_error::kExpectedIdentifier);
   Expression* chain = ParsePostfix(ParsePrimary());
+  while (chain->kind == ExpressionKind::kParentheses) chain = chain->left;
   const bool with_list = chain->kind == ExpressionKind::kCall;
   out.push_back(module_.arena.Make<CallStatement>(Statement{StatementKind::kCall, position},
                                                   with_list ? chain->left : chain,
@@ -104,7 +117,7 @@ void Parser::ParseCall(Statements& out) {
 
 // A blank before a dot inside With begins an argument: `Show .Name`.
 bool Parser::ChainGoesOn() const {
-  if (At(TokenKind::kDot)) return open_withs_ == 0 || !token_.space_before;
+  if (At(TokenKind::kDot)) return around_.withs == 0 || !token_.space_before;
   return At(TokenKind::kOpen);
 }
 
@@ -160,7 +173,9 @@ void Parser::ParseWith(Statements& out) {
   Advance();
   Expression* object = ParseExpression();
   ExpectStatementEnd();
-  const Block body = ParseLoopBody(open_withs_);
+  const int outer_withs = around_.withs++;
+  const Block body = ParseBody(BlockKind::kOther);
+  around_.withs = outer_withs;
   ExpectWord(Word::kEnd, compile_error::kExpectedEnd);
   ExpectWord(Word::kWith, compile_error::kExpectedWith);
   out.push_back(module_.arena.Make<WithStatement>(Statement{StatementKind::kWith, position}, object, body));
@@ -180,11 +195,11 @@ void Parser::ParseExit(Statements& out) {
   switch (token_.word) {
     case Word::kDo:
       what = ExitKind::kDo;
-      if (open_dos_ == 0) FailAt(compile_error::kInvalidExit, position);
+      if (around_.dos == 0) FailAt(compile_error::kInvalidExit, position);
       break;
     case Word::kFor:
       what = ExitKind::kFor;
-      if (open_fors_ == 0) FailAt(compile_error::kInvalidExit, position);
+      if (around_.fors == 0) FailAt(compile_error::kInvalidExit, position);
       break;
     case Word::kSub:
     case Word::kFunction:
@@ -218,8 +233,10 @@ void Parser::ParseReDim(Statements& out) {
   Advance();
   const bool preserve = AcceptWord(Word::kPreserve);
   do {
+    if (!At(TokenKind::kIdentifier) && !At(TokenKind::kDot)) Fail(compile_error::kExpectedIdentifier);
     Expression* target = ParsePostfix(ParsePrimary());
     if (target->kind != ExpressionKind::kCall) Fail(compile_error::kExpectedOpen);
+    if (target->arguments.empty()) FailAt(compile_error::kExpectedExpression, target->position + 1);
     if (target->left->kind == ExpressionKind::kName) {
       MarkAssigned(target->left->name);
       (scope_->procedure ? scope_->procedure->redimmed : module_.redimmed).push_back(target->left->name);
@@ -234,6 +251,7 @@ void Parser::ParseErase(Statements& out) {
   const uint32_t position = token_.position;
   Advance();
   do {
+    if (!At(TokenKind::kIdentifier) && !At(TokenKind::kDot)) Fail(compile_error::kExpectedIdentifier);
     Expression* target = ParsePostfix(ParsePrimary());
     out.push_back(module_.arena.Make<EraseStatement>(Statement{StatementKind::kErase, position}, target));
   } while (Accept(TokenKind::kComma));

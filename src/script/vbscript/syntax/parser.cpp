@@ -30,6 +30,11 @@ void Parser::ParseEvaluation() {
   if (!At(TokenKind::kEndOfFile)) Fail(compile_error::kExpectedEndOfStatement);
 }
 
+void Parser::ReportProgress() {
+  unreported_ = 0;
+  if (report_progress_) report_progress_(kTokensPerReport);
+}
+
 void Parser::GoBackTo(const Token& token) {
   lexer_.MoveTo(token);
   const bool space_before = token.space_before;
@@ -59,7 +64,11 @@ void Parser::ExpectWord(Word word, int error_number) {
 
 bool Parser::AtStatementEnd() const {
   if (At(TokenKind::kEndOfLine) || At(TokenKind::kColon) || At(TokenKind::kEndOfFile)) return true;
-  return open_inline_ifs_ > 0 && (AtWord(Word::kElse) || AtWord(Word::kElseIf) || AtWord(Word::kEnd));
+  if (around_.inline_ifs > 0 && (AtWord(Word::kElse) || AtWord(Word::kElseIf))) return true;
+  // End of a procedure, a class or an If on one line needs no separator before it.
+  const bool may_end =
+      around_.inline_ifs > 0 || around_.block == BlockKind::kProcedure || around_.block == BlockKind::kClass;
+  return may_end && AtWord(Word::kEnd);
 }
 
 void Parser::ExpectStatementEnd() {
@@ -92,7 +101,8 @@ NameId Parser::ExpectMemberName() {
 }
 
 void Parser::Declare(NameId name, uint32_t position) {
-  if (!scope_->names.insert(name).second) FailAt(compile_error::kNameRedefined, position);
+  const bool taken = scope_ == &global_ && global_procedures_.contains(name);
+  if (taken || !scope_->names.insert(name).second) FailAt(compile_error::kNameRedefined, position);
   if (scope_->procedure) scope_->procedure->locals.push_back(name);
 }
 

@@ -22,8 +22,8 @@ class Parser {
   Parser(Module& module, NameTable& names, DateReader read_date);
 
   void ParseModule();
-  // For text that is executed in a method.
-  void AllowMe() { in_class_ = true; }
+  // Called now and then with the number of tokens since the last time. What it throws ends the parsing.
+  void OnProgress(std::function<void(size_t tokens)> report) { report_progress_ = std::move(report); }
   // One expression and nothing behind it.
   void ParseEvaluation();
 
@@ -35,8 +35,25 @@ class Parser {
     std::vector<NameId>* assigned = nullptr;
   };
 
+  // The statement whose body is being read.
+  enum class BlockKind : uint8_t { kModule, kProcedure, kClass, kIf, kFor, kDo, kOther };
+  // What stands around the present place, within one procedure.
+  struct Surroundings {
+    BlockKind block = BlockKind::kModule;
+    int dos = 0;
+    int fors = 0;
+    int withs = 0;
+    int inline_ifs = 0;    // an If on one line, or the rest of the line behind Else
+    bool only_ifs = true;  // no other statement encloses this place
+  };
+  class BlockScope;
+
   // Tokens.
-  void Advance() { token_ = lexer_.Next(); }
+  void Advance() {
+    token_ = lexer_.Next();
+    if (++unreported_ == kTokensPerReport) ReportProgress();
+  }
+  void ReportProgress();
   void GoBackTo(const Token& token);
   [[nodiscard]] bool At(TokenKind kind) const { return token_.kind == kind; }
   [[nodiscard]] bool AtWord(Word word) const { return token_.word == word && word != Word::kNone; }
@@ -101,13 +118,16 @@ class Parser {
   void ParseConst(Statements& out);
   Expression* ParseConstValue();
   [[nodiscard]] bool AtBlockEnd() const;
+  void ParseBlockInto(Statements& list);
   Block ParseBlock();
-  Block ParseLoopBody(int& open_loops);
+  Block ParseBody(BlockKind kind);
+  Block ParseBranch();
   Expression* ParseLoopVariable();
 
   // Declarations.
   void ParseOptionExplicit();
   void ParseTopLevelItem();
+  void ParseGlobalProcedure(bool is_public);
   void ParseVisible();
   void ParseVisibleVariables(bool is_public);
   [[nodiscard]] bool AtProcedure() const;
@@ -124,21 +144,46 @@ class Parser {
   std::vector<DeclaredVariable> ParseVariables(bool is_public);
   std::span<int32_t> ParseBounds();
   void Declare(NameId name, uint32_t position);
+  void RequirePropertyInClass();
   void MarkAssigned(NameId name);
 
   Module& module_;
   NameTable& names_;
+  static constexpr size_t kTokensPerReport = 256;
+
   DateReader read_date_;
+  std::function<void(size_t)> report_progress_;
+  size_t unreported_ = 0;
   Lexer lexer_;
   Token token_;
   DeclarationScope global_;
   DeclarationScope* scope_ = &global_;
+  std::unordered_set<NameId> global_procedures_;
   bool in_class_ = false;
   int depth_ = 0;
-  int open_dos_ = 0;  // loops and branches around the present place
-  int open_fors_ = 0;
-  int open_withs_ = 0;
-  int open_inline_ifs_ = 0;
+  Surroundings around_;
+};
+
+// Enters a statement's body, and leaves it with its block.
+class Parser::BlockScope {
+ public:
+  BlockScope(Parser& parser, BlockKind kind) : parser_(parser), outer_(parser.around_) {
+    Surroundings& around = parser.around_;
+    const bool fresh = kind == BlockKind::kProcedure || kind == BlockKind::kClass;
+    if (fresh) around = {};
+    around.block = kind;
+    around.inline_ifs = 0;
+    if (kind == BlockKind::kFor) ++around.fors;
+    if (kind == BlockKind::kDo) ++around.dos;
+    if (kind != BlockKind::kIf) around.only_ifs = false;
+  }
+  ~BlockScope() { parser_.around_ = outer_; }
+  BlockScope(const BlockScope&) = delete;
+  BlockScope& operator=(const BlockScope&) = delete;
+
+ private:
+  Parser& parser_;
+  const Surroundings outer_;
 };
 
 }  // namespace kestrun::vbs

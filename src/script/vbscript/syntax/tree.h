@@ -201,7 +201,11 @@ struct ClassTree {
 };
 
 struct Module : std::enable_shared_from_this<Module> {
-  explicit Module(std::string_view text) : source(text) {}
+  explicit Module(std::string_view text) : source(text) {
+    bytes.Set(sizeof(Module) + LiveBytes::Block(source.text().size()));
+  }
+  // Once it is parsed: what it takes beside its arena.
+  void CountBytes();
 
   SourceText source;
   Arena arena;
@@ -215,6 +219,7 @@ struct Module : std::enable_shared_from_this<Module> {
   std::vector<NameId> redimmed;
   std::vector<Statement*> statements;  // global code in order
   Expression* expression = nullptr;    // what Eval was given
+  LiveBytes bytes;
 };
 
 }  // namespace kestrun::vbs

@@ -1,0 +1,28 @@
+// The thread with the windows waits for something, and no window answers meanwhile.
+#pragma once
+
+#include "desktop/win32/system/windows_api.h"
+
+namespace kestrun {
+
+// While it lives the mouse shows an hourglass, and what the user presses goes nowhere, neither now nor afterwards: it
+// would answer the question that comes next, before anybody has seen it.
+class Waiting {
+ public:
+  Waiting();
+  ~Waiting();
+  Waiting(const Waiting&) = delete;
+  Waiting& operator=(const Waiting&) = delete;
+
+  // Paints what has changed on the windows, and throws away what was pressed. True once Esc has been.
+  [[nodiscard]] bool PaintAndListen();
+
+ private:
+  void Listen(UINT first, UINT last);
+
+  HCURSOR before_;
+  HCURSOR hourglass_;
+  bool escape_pressed_ = false;
+};
+
+}  // namespace kestrun

@@ -1,0 +1,110 @@
+#include "desktop/win32/window/form_menu.h"
+
+#include <algorithm>
+
+#include "desktop/win32/drawing/graphics.h"
+#include "desktop/win32/system/wide_text.h"
+
+namespace kestrun {
+namespace {
+
+constexpr int kFirstCommand = 1000;
+
+}  // namespace
+
+void FormMenu::Build(HWND window) {
+  commands_.clear();
+  bitmaps_.clear();
+  if (!form_.HasMenu()) {
+    if (menu_.IsValid()) SetMenu(window, nullptr);
+    menu_.Reset();
+    return;
+  }
+  MenuHandle built(CreateMenu());
+  AddItems(built.get(), form_.TopMenus());
+  SetMenu(window, built.get());
+  menu_ = std::move(built);
+  if (IsWindowVisible(window)) DrawMenuBar(window);
+}
+
+void FormMenu::AddItems(HMENU menu, const std::vector<MenuItem*>& items) {
+  const bool has_pictures =
+      std::any_of(items.begin(), items.end(), [](const MenuItem* item) { return item->Picture.get() != nullptr; });
+  for (MenuItem* item : items) {
+    if (!item->Visible) continue;
+    if (item->Caption.get() == "-") {
+      AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    } else {
+      AddItem(menu, *item, has_pictures);
+    }
+  }
+}
+
+void FormMenu::AddItem(HMENU menu, MenuItem& item, bool has_picture_column) {
+  std::wstring text = ToWide(item.Caption.get());
+  // Wine forgets the column of the others' pictures in the width of an item that has none.
+  if (IsWine() && has_picture_column && !item.Picture.get()) text += L"      ";
+  const std::string& key = item.Shortcut->empty() ? item.KeyHint.get() : item.Shortcut.get();
+  if (!key.empty()) text += L"\t" + ToWide(key);
+  const std::vector<MenuItem*> children = item.Items();
+  const UINT state = (item.Enabled ? MF_ENABLED : MF_GRAYED) | (item.Checked ? MF_CHECKED : MF_UNCHECKED);
+  const UINT_PTR command = kFirstCommand + commands_.size();
+  commands_.emplace_back(&item);
+  if (children.empty()) {
+    AppendMenuW(menu, MF_STRING | state, command, text.c_str());
+  } else {
+    const HMENU submenu = CreatePopupMenu();  // destroyed with the menu that holds it
+    AddItems(submenu, children);
+    AppendMenuW(menu, MF_POPUP | state, reinterpret_cast<UINT_PTR>(submenu), text.c_str());
+  }
+  if (const Picture* picture = item.Picture.get().get()) AddPicture(menu, *picture);
+}
+
+// To the item that was added last.
+void FormMenu::AddPicture(HMENU menu, const Picture& picture) {
+  MENUITEMINFOW info{};
+  info.cbSize = sizeof info;
+  info.fMask = MIIM_BITMAP;
+  info.hbmpItem = HBMMENU_CALLBACK;
+  if (!IsWine()) {
+    bitmaps_.push_back(MakeMenuBitmap(picture, GetSystemMetrics(SM_CXMENUCHECK)));
+    info.hbmpItem = bitmaps_.back().get();
+  }
+  SetMenuItemInfoW(menu, static_cast<UINT>(GetMenuItemCount(menu) - 1), TRUE, &info);
+}
+
+// Wine lays a menu's bitmaps over its rows as they are, edges and all, and asks for the pictures of these items
+// instead.
+void FormMenu::MeasurePicture(MEASUREITEMSTRUCT& item) const {
+  const int size = GetSystemMetrics(SM_CXMENUCHECK);
+  item.itemWidth = static_cast<UINT>(size + size / 3);
+  item.itemHeight = static_cast<UINT>(size);
+}
+
+void FormMenu::DrawPicture(const DRAWITEMSTRUCT& item) const {
+  const Ref<MenuItem> of = ItemOf(static_cast<int>(item.itemID));
+  const Picture* picture = of ? of->Picture.get().get() : nullptr;
+  if (!picture) return;
+  const int size = GetSystemMetrics(SM_CXMENUCHECK);
+  const int top = (item.rcItem.top + item.rcItem.bottom - size) / 2;
+  DrawPictureTo(item.hDC, *picture, {item.rcItem.left, top, item.rcItem.left + size, top + size});
+}
+
+Ref<MenuItem> FormMenu::ItemOf(int command) const {
+  const int at = command - kFirstCommand;
+  if (at < 0 || at >= static_cast<int>(commands_.size())) return {};
+  return commands_[static_cast<size_t>(at)];
+}
+
+Ref<MenuItem> FormMenu::PopUp(MenuItem& item, HWND window, POINT place) {
+  Build(window);
+  const MenuHandle popup(CreatePopupMenu());
+  AddItems(popup.get(), item.Items());
+  const std::vector<Ref<MenuItem>> commands = commands_;  // the menu may be built anew while this one is open
+  const int command =
+      TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0, window, nullptr);
+  const auto at = static_cast<size_t>(command - kFirstCommand);
+  return command >= kFirstCommand && at < commands.size() ? commands[at] : Ref<MenuItem>();
+}
+
+}  // namespace kestrun

@@ -1,0 +1,38 @@
+// The menu bar of one form's window, and its menus that pop up.
+#pragma once
+
+#include <vector>
+
+#include "desktop/win32/system/handles.h"
+#include "forms/form.h"
+#include "forms/menu_item.h"
+
+namespace kestrun {
+
+class FormMenu {
+ public:
+  explicit FormMenu(Form& form) : form_(form) {}
+
+  // Makes the bar anew from the model's items and gives it to the window.
+  void Build(HWND window);
+  // The item that a command of the menu means; null for a number that is none.
+  [[nodiscard]] Ref<MenuItem> ItemOf(int command) const;
+  // Opens an item's submenu at a place of the screen and waits for the user. Null when nothing was chosen.
+  [[nodiscard]] Ref<MenuItem> PopUp(MenuItem& item, HWND window, POINT place);
+
+  // Pictures of items where the system draws none with soft edges.
+  void MeasurePicture(MEASUREITEMSTRUCT& item) const;
+  void DrawPicture(const DRAWITEMSTRUCT& item) const;
+
+ private:
+  void AddItems(HMENU menu, const std::vector<MenuItem*>& items);
+  void AddItem(HMENU menu, MenuItem& item, bool has_picture_column);
+  void AddPicture(HMENU menu, const Picture& picture);
+
+  Form& form_;
+  MenuHandle menu_;
+  std::vector<Ref<MenuItem>> commands_;  // by command number, from the first
+  std::vector<BitmapHandle> bitmaps_;
+};
+
+}  // namespace kestrun

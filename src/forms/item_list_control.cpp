@@ -1,0 +1,108 @@
+#include "forms/item_list_control.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "forms/form.h"
+#include "forms/member_rows.h"
+
+namespace kestrun {
+namespace {
+
+ItemListControl& Self(Object& object) { return static_cast<ItemListControl&>(object); }
+
+constexpr Member kRows[]{
+    PropertyRow<&ItemListControl::ListIndex>("ListIndex"),
+    PropertyRow<&ItemListControl::Sorted>("Sorted"),
+    PropertyRow<&ItemListControl::Appearance>("Appearance"),
+    ReadOnlyRow<&ItemListControl::ListCount>("ListCount"),
+    ReadOnlyRow<&ItemListControl::NewIndex>("NewIndex"),
+    {"List", MemberKind::kReadWrite, 1, 1,
+     [](Object& object, Arguments at) -> Variant { return Self(object).List(ToLong(at[0])); },
+     [](Object& object, Arguments at, const Variant& value) { Self(object).SetList(ToLong(at[0]), ToText(value)); },
+     "String"},
+    {"ItemData", MemberKind::kReadWrite, 1, 1,
+     [](Object& object, Arguments at) -> Variant { return Self(object).ItemData(ToLong(at[0])); },
+     [](Object& object, Arguments at, const Variant& value) { Self(object).SetItemData(ToLong(at[0]), ToLong(value)); },
+     "Long"},
+    RawMethodRow("AddItem", 1, 2,
+                 [](Object& object, Arguments given) -> Variant {
+                   Self(object).AddItem(ToText(given[0]), given.size() > 1 ? ToLong(given[1]) : -1);
+                   return {};
+                 }),
+    MethodRow<&ItemListControl::RemoveItem>("RemoveItem"),
+    MethodRow<&ItemListControl::Clear>("Clear"),
+};
+
+}  // namespace
+
+const MemberTable ItemListControl::kItemListMembers{&Control::kWindowedMembers, kRows};
+
+ItemListControl::ItemListControl(Form* form, std::string name, int index) : Control(form, std::move(name), index) {
+  TakeWindowColors();
+}
+
+ItemListControl::Row& ItemListControl::RowAt(int row) {
+  if (row < 0 || row >= ListCount()) Raise(error::kInvalidProcedureCall);
+  return rows_[static_cast<size_t>(row)];
+}
+
+const ItemListControl::Row& ItemListControl::RowAt(int row) const {
+  return const_cast<ItemListControl*>(this)->RowAt(row);
+}
+
+std::string ItemListControl::List(int row) const {
+  return row < 0 || row >= ListCount() ? std::string() : rows_[static_cast<size_t>(row)].text;
+}
+
+void ItemListControl::SetList(int row, std::string_view text) {
+  RowAt(row).text = text;
+  if (FormPeer* shown = peer()) shown->ListChanged(*this);
+}
+
+int ItemListControl::ItemData(int row) const { return RowAt(row).data; }
+
+void ItemListControl::SetItemData(int row, int data) { RowAt(row).data = data; }
+
+void ItemListControl::AddItem(std::string_view text, int row) {
+  auto place = rows_.end();
+  if (row >= 0) {
+    if (row > ListCount()) Raise(error::kInvalidProcedureCall);
+    place = rows_.begin() + row;
+  } else if (Sorted) {
+    place = std::upper_bound(rows_.begin(), rows_.end(), text, [](std::string_view added, const Row& present) {
+      return CompareNoCase(added, present.text) < 0;
+    });
+  }
+  new_index_ = static_cast<int>(place - rows_.begin());
+  rows_.insert(place, Row{std::string(text)});
+  if (ListIndex >= new_index_) ListIndex.StoreQuietly(ListIndex + 1);
+  if (FormPeer* shown = peer()) shown->ListChanged(*this);
+}
+
+void ItemListControl::RemoveItem(int row) {
+  static_cast<void>(RowAt(row));
+  rows_.erase(rows_.begin() + row);
+  new_index_ = -1;
+  if (ListIndex == row) ListIndex.StoreQuietly(-1);
+  if (ListIndex > row) ListIndex.StoreQuietly(ListIndex - 1);
+  if (FormPeer* shown = peer()) shown->ListChanged(*this);
+}
+
+void ItemListControl::Clear() {
+  rows_.clear();
+  new_index_ = -1;
+  ListIndex.StoreQuietly(-1);
+  if (FormPeer* shown = peer()) shown->ListChanged(*this);
+}
+
+void ItemListControl::PropertyChanged(PropertyId id) {
+  if (id != PropertyId::kListIndex) return;
+  if (ListIndex < -1 || ListIndex >= ListCount()) {
+    ListIndex.StoreQuietly(-1);
+    Raise(error::kInvalidProcedureCall);
+  }
+  CurrentRowChanged();
+}
+
+}  // namespace kestrun

@@ -1,0 +1,159 @@
+#include "forms/script_globals.h"
+
+#include "base/text.h"
+#include "forms/active_form.h"
+#include "forms/member_rows.h"
+#include "forms/window_registry.h"
+#include "platform/platform.h"
+
+namespace kestrun {
+namespace {
+
+int& Pointer() {
+  static int pointer = 0;
+  return pointer;
+}
+
+Variant ReferenceTo(Object* object) { return object ? Variant(object) : Variant::Nothing(); }
+
+Variant GetForm(Object&, Arguments which) {
+  if (which[0].Is(VarType::kString)) {
+    Form* named = LoadedWindow(ToText(which[0]));
+    if (!named) Raise(error::kSubscriptOutOfRange);
+    return named;
+  }
+  const std::vector<Form*> forms = LoadedWindows();
+  const int at = ToLong(which[0]);
+  if (at < 0 || at >= static_cast<int>(forms.size())) Raise(error::kSubscriptOutOfRange);
+  return forms[static_cast<size_t>(at)];
+}
+
+// Screen.Forms is the collection, Screen.Forms(which) one of its elements.
+Variant GetForms(Object& object, Arguments which) {
+  return which.empty() ? Variant(MakeRef<FormCollection>()) : GetForm(object, which);
+}
+
+Variant GetFont(Object&, Arguments which) {
+  const std::vector<std::string> names = platform().windowing().FontNames();
+  const int at = ToLong(which[0]);
+  if (at < 0 || at >= static_cast<int>(names.size())) Raise(error::kSubscriptOutOfRange);
+  return names[static_cast<size_t>(at)];
+}
+
+Variant GetActiveControl(Object&, Arguments) {
+  const Form* form = ActiveForm();
+  return ReferenceTo(form ? form->ActiveControl() : nullptr);
+}
+
+using Getter = Variant (*)(Object&, Arguments);
+constexpr Member Reading(std::string_view name, Getter get, std::string_view type) {
+  return {name, MemberKind::kReadOnly, 0, 0, get, nullptr, type};
+}
+
+constexpr Member kScreenRows[]{
+    Reading(
+        "Width", [](Object&, Arguments) -> Variant { return platform().windowing().Screen().width_twips; }, "Long"),
+    Reading(
+        "Height", [](Object&, Arguments) -> Variant { return platform().windowing().Screen().height_twips; }, "Long"),
+    Reading(
+        "TwipsPerPixelX", [](Object&, Arguments) -> Variant { return platform().windowing().Screen().twips_per_pixel; },
+        "Long"),
+    Reading(
+        "TwipsPerPixelY", [](Object&, Arguments) -> Variant { return platform().windowing().Screen().twips_per_pixel; },
+        "Long"),
+    {"Forms", MemberKind::kReadOnly, 0, 1, &GetForms, nullptr, "Forms"},
+    Reading(
+        "ActiveForm", [](Object&, Arguments) { return ReferenceTo(ActiveForm()); }, "Form"),
+    Reading("ActiveControl", &GetActiveControl, "Object"),
+    {"MousePointer", MemberKind::kReadWrite, 0, 0, [](Object&, Arguments) -> Variant { return Pointer(); },
+     [](Object&, Arguments, const Variant& value) { Pointer() = ToLong(value); }, "Long"},
+    Reading(
+        "FontCount",
+        [](Object&, Arguments) -> Variant { return static_cast<int>(platform().windowing().FontNames().size()); },
+        "Long"),
+    {"Fonts", MemberKind::kReadOnly, 1, 1, &GetFont, nullptr, "String"},
+};
+constexpr MemberTable kScreenTable{nullptr, kScreenRows};
+
+constexpr Member kFormsRows[]{
+    Reading(
+        "Count", [](Object&, Arguments) -> Variant { return static_cast<int>(LoadedWindows().size()); }, "Long"),
+    {"Item", MemberKind::kReadOnly, 1, 1, &GetForm, nullptr, "Form"},
+};
+constexpr MemberTable kFormsTable{nullptr, kFormsRows};
+
+constexpr Member kAppRows[]{
+    Reading(
+        "Path", [](Object&, Arguments) -> Variant { return platform().program().Folder(); }, "String"),
+    Reading(
+        "EXEName", [](Object&, Arguments) -> Variant { return platform().program().ExeName(); }, "String"),
+    AccessorRow<&AppObject::Title, &AppObject::SetTitle>("Title"),
+    Reading(
+        "ProductName", [](Object&, Arguments) -> Variant { return "Kestrun"; }, "String"),
+    Reading(
+        "Major", [](Object&, Arguments) -> Variant { return platform().program().ProgramVersion().major; }, "Long"),
+    Reading(
+        "Minor", [](Object&, Arguments) -> Variant { return platform().program().ProgramVersion().minor; }, "Long"),
+    Reading(
+        "Revision", [](Object&, Arguments) -> Variant { return platform().program().ProgramVersion().revision; },
+        "Long"),
+};
+constexpr MemberTable kAppTable{nullptr, kAppRows};
+
+// Of the formats that have numbers, the clipboard's plain text.
+constexpr int kTextFormat = 1;
+
+Variant CallSetText(Object&, Arguments given) {
+  platform().clipboard().SetText(ToText(given[0]));
+  return {};
+}
+
+Variant CallGetText(Object&, Arguments) { return platform().clipboard().Text(); }
+
+Variant CallGetFormat(Object&, Arguments which) {
+  return ToLong(which[0]) == kTextFormat && !platform().clipboard().Text().empty();
+}
+
+Variant CallClear(Object&, Arguments) {
+  platform().clipboard().SetText("");
+  return {};
+}
+
+constexpr Member kClipboardRows[]{
+    RawMethodRow("Clear", 0, 0, &CallClear),
+    RawMethodRow("GetText", 0, 1, &CallGetText),
+    RawMethodRow("SetText", 1, 2, &CallSetText),
+    RawMethodRow("GetFormat", 1, 1, &CallGetFormat),
+};
+constexpr MemberTable kClipboardTable{nullptr, kClipboardRows};
+
+class FormEnumeration final : public Enumeration {
+ public:
+  FormEnumeration() {
+    for (Form* form : LoadedWindows()) forms_.emplace_back(form);
+  }
+  bool Next(Variant& item) override {
+    if (at_ >= forms_.size()) return false;
+    item = forms_[at_++];
+    return true;
+  }
+
+ private:
+  std::vector<Ref<Form>> forms_;
+  size_t at_ = 0;
+};
+
+}  // namespace
+
+const MemberTable& ScreenObject::Members() const { return kScreenTable; }
+const MemberTable& FormCollection::Members() const { return kFormsTable; }
+const MemberTable& AppObject::Members() const { return kAppTable; }
+const MemberTable& ClipboardObject::Members() const { return kClipboardTable; }
+
+std::unique_ptr<Enumeration> FormCollection::Enumerate() { return std::make_unique<FormEnumeration>(); }
+
+std::string AppObject::Title() const { return title_.empty() ? platform().program().ExeName() : title_; }
+
+int ScreenMousePointer() { return Pointer(); }
+
+}  // namespace kestrun

@@ -1,0 +1,195 @@
+#include "game/originals/differences.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "base/code_page.h"
+#include "base/runtime_error.h"
+#include "base/sha256.h"
+#include "base/text.h"
+#include "formats/bms/mission_layout.h"
+#include "game/originals/present_content.h"
+#include "platform/platform.h"
+#include "program/path_text.h"
+
+namespace kestrun::originals {
+namespace {
+
+std::string MissionName(ByteView bytes) {
+  const std::string_view text = AsChars(bytes.first(std::min(bytes.size(), bms::kKnownBytes)));
+  if (!text.starts_with(bms::kSignature) || text.size() < bms::kMissionName) return {};
+  const std::string_view name = text.substr(bms::kMissionName, bms::kTextBytes);
+  return std::string(TrimBlanks(DecodeText(name.substr(0, name.find('\0')))));
+}
+
+// The places of one folder as they are now. Each archive is loaded once.
+class FolderContents {
+ public:
+  explicit FolderContents(std::string folder) : folder_(std::move(folder)) {}
+
+  [[nodiscard]] std::optional<Content> Read(const Place& record_place) {
+    const Place place = Here(record_place);
+    if (place.entry.empty()) return ReadLooseFile(place.Path());
+    ClsPFF& archive = Archive(place.Path());
+    int32_t number = -1;
+    if (!archive.PFFFileExists(place.entry, number)) return std::nullopt;
+    return ReadEntry(archive, number);
+  }
+  [[nodiscard]] Place Here(const Place& place) const { return {folder_, place.file, place.entry}; }
+
+ private:
+  ClsPFF& Archive(const std::string& path) {
+    const auto [row, is_new] = archives_.try_emplace(ToLower(path));
+    if (!is_new) return row->second;
+    try {
+      LoadArchive(row->second, path);
+    } catch (const std::exception&) {
+      archives_.erase(row);
+      throw;
+    }
+    return row->second;
+  }
+
+  std::string folder_;
+  std::map<std::string, ClsPFF> archives_;
+};
+
+std::string HashOf(const std::optional<Content>& content) {
+  return content ? Sha256Hex(content->bytes) : std::string();
+}
+
+// Nothing when the place is as it was.
+std::optional<Difference> Compare(const Record& record, FolderContents& contents) {
+  Difference difference{contents.Here(record.place), record.versions.front(), {}, 0, {}, {}, {}, {}, {}};
+  std::optional<Content> present;
+  try {
+    present = contents.Read(record.place);
+  } catch (const std::exception&) {
+    difference.present = Present::kUnknown;
+    difference.fault = CurrentError().description();
+    return difference;
+  }
+  const std::string hash = HashOf(present);
+  if (hash == difference.original.sha256) return std::nullopt;
+  difference.present_sha256 = hash;
+  if (!present) {
+    difference.present = Present::kGone;
+    return difference;
+  }
+  difference.length = present->bytes.size();
+  difference.mission = MissionName(present->bytes);
+  if (!record.IsOurs(hash)) {
+    difference.present = Present::kForeign;
+  } else if (hash == record.put->sha256) {
+    difference.source = record.put->source;
+    difference.since = record.put->when;
+  }
+  return difference;
+}
+
+bool IsIn(const Record& record, const std::string& folder) { return EqualsNoCase(record.place.folder, folder); }
+
+// True when what is there is what the program put there while the game lay in the record's folder.
+bool IsEvidence(const Record& record, FolderContents& contents) {
+  bool is_ours = false;
+  Attempt([&] { is_ours = record.IsOurs(HashOf(contents.Read(record.place))); });
+  return is_ours;
+}
+
+// The records that speak of this folder: its own, and for places without one those of a folder that it was before. A
+// folder that is gone hands over all its places once one of them shows that it was this one; one that is still there
+// only those that show it.
+std::vector<const Record*> RecordsFor(const Index& index, const std::string& folder, FolderContents& contents) {
+  std::vector<const Record*> records;
+  std::set<std::string> evident;
+  for (const auto& [key, record] : index.records()) {
+    if (record.versions.empty()) continue;
+    if (IsIn(record, folder)) {
+      records.push_back(&record);
+    } else if (!index.Find(contents.Here(record.place)) && IsEvidence(record, contents)) {
+      evident.insert(ToLower(record.place.folder));
+      records.push_back(&record);
+    }
+  }
+  for (const auto& [key, record] : index.records()) {
+    const bool is_of_gone = evident.contains(ToLower(record.place.folder)) && !FileExists(record.place.folder);
+    const bool is_new = std::find(records.begin(), records.end(), &record) == records.end();
+    if (is_of_gone && is_new && !record.versions.empty() && !index.Find(contents.Here(record.place))) {
+      records.push_back(&record);
+    }
+  }
+  return records;
+}
+
+void PutEntryBack(const Place& place, const Bytes& original, const KeptVersion& version) {
+  ClsPFF archive;
+  LoadArchive(archive, place.Path());
+  archive.PackFile(original, place.entry);
+  int32_t number = -1;
+  if (archive.PFFFileExists(place.entry, number)) {
+    archive.SetFilePackDate(number, version.pack_date);
+    archive.SetFileInfo(number, version.info);
+  }
+  archive.SavePffFile();
+}
+
+void RemoveLooseFile(const std::string& path) {
+  FileSystem& files = platform().files();
+  if (!files.Exists(path)) return;
+  files.ClearReadOnly(path);
+  files.Delete(path);
+}
+
+void CheckRestored(const Place& place, const KeptVersion& original) {
+  if (HashOf(ReadPlace(place)) == original.sha256) return;
+  Raise(error::kDeviceIo,
+        "What was put back as \"" + place.Name() + "\" in '" + place.folder + "' reads back as something else.");
+}
+
+}  // namespace
+
+std::vector<std::string> LedgerFolders() {
+  std::map<std::string, std::string> folders;
+  const Index index = ReadIndex();
+  for (const auto& [key, record] : index.records()) {
+    if (!record.versions.empty()) folders.emplace(ToLower(record.place.folder), record.place.folder);
+  }
+  std::vector<std::string> names;
+  for (const auto& [key, folder] : folders) names.push_back(folder);
+  return names;
+}
+
+std::vector<Difference> FindDifferences(const std::string& folder) {
+  const Index index = ReadIndex();
+  // The folder as the ledger writes it: the place of any file in it says how.
+  FolderContents contents(PlaceOf(folder + "\\.file").folder);
+  std::vector<Difference> differences;
+  for (const Record* record : RecordsFor(index, contents.Here({}).folder, contents)) {
+    if (std::optional<Difference> difference = Compare(*record, contents))
+      differences.push_back(std::move(*difference));
+  }
+  return differences;
+}
+
+void RestoreOriginal(const Difference& difference, bool keep_present) {
+  const Place& place = difference.place;
+  const KeptVersion& original = difference.original;
+  const Bytes bytes = difference.IsAddition() ? Bytes() : ReadContent(original.sha256);
+  Ledger ledger;
+  const std::optional<Content> present = ReadPlace(place);
+  if (HashOf(present) != difference.present_sha256) {
+    Raise(error::kPermissionDenied, "\"" + place.Name() + "\" in '" + place.folder + "' has changed meanwhile.");
+  }
+  if (keep_present && present) ledger.KeepForeign(place, original, *present);
+  if (difference.IsAddition()) {
+    RemoveLooseFile(place.Path());
+  } else if (place.entry.empty()) {
+    platform().files().WriteAllDurably(place.Path(), bytes);
+  } else {
+    PutEntryBack(place, bytes, original);
+  }
+  CheckRestored(place, original);
+}
+
+}  // namespace kestrun::originals

@@ -1,0 +1,56 @@
+// The ledger behind the commands that replace something of the game.
+#include <optional>
+
+#include "base/runtime_error.h"
+#include "base/sha256.h"
+#include "game/originals/archive_health.h"
+#include "game/originals/ledger.h"
+#include "game/originals/present_content.h"
+#include "game/originals/restore_command.h"
+#include "platform/platform.h"
+#include "program/originals_hook.h"
+
+namespace kestrun::originals {
+namespace {
+
+class LedgerKeeper final : public OriginalsKeeper {
+ public:
+  void KeepEntry(ClsPFF& archive, const std::string& name, ByteView content, const std::string& source) override {
+    int32_t number = -1;
+    if (!archive.PFFFileExists(name, number)) return;
+    Open().Keep(PlaceOf(archive.OpenFileName(), EntryName(name)), ReadEntry(archive, number), Put(content, source));
+  }
+
+  void KeepFile(const std::string& path, ByteView content, const std::string& source) override {
+    const std::optional<Content> present = ReadLooseFile(path);
+    const auto keep = [&] { Open().Keep(PlaceOf(path), present, Put(content, source)); };
+    if (present) return keep();
+    Attempt(keep);  // where no file is, none can be lost
+  }
+
+ private:
+  static std::string EntryName(const std::string& name) {
+    const std::string trimmed = ClsPFF::ZTrim(name);
+    return trimmed.empty() ? " " : trimmed;  // a place without an entry's name is a loose file
+  }
+  static LastPut Put(ByteView content, const std::string& source) {
+    return {Sha256Hex(content), content.size(), {}, source, {}};
+  }
+  // A command that replaces nothing takes no turn.
+  Ledger& Open() {
+    if (!ledger_) ledger_.emplace();
+    return *ledger_;
+  }
+
+  std::optional<Ledger> ledger_;
+};
+
+struct Installation {
+  Installation() {
+    InstallOriginals({[] { return std::make_unique<LedgerKeeper>(); }, RestoreFromLedger, CheckKnownGameArchive});
+  }
+};
+const Installation installation;
+
+}  // namespace
+}  // namespace kestrun::originals

@@ -1,0 +1,33 @@
+#include "program/originals_hook.h"
+
+namespace kestrun {
+namespace {
+
+class KeepsNothing final : public OriginalsKeeper {
+ public:
+  void KeepEntry(ClsPFF&, const std::string&, ByteView, const std::string&) override {}
+  void KeepFile(const std::string&, ByteView, const std::string&) override {}
+};
+
+OriginalsService& Service() {
+  static OriginalsService service;
+  return service;
+}
+
+}  // namespace
+
+void InstallOriginals(OriginalsService service) { Service() = std::move(service); }
+
+std::unique_ptr<OriginalsKeeper> KeepOriginals() {
+  return Service().begin ? Service().begin() : std::make_unique<KeepsNothing>();
+}
+
+void RestoreCommand(const std::string& command) {
+  if (Service().restore) Service().restore(command);
+}
+
+void CheckGameArchive() {
+  if (Service().check_game_archive) Service().check_game_archive();
+}
+
+}  // namespace kestrun
