@@ -7,6 +7,7 @@
 #include "formats/zip/member_path.h"
 #include "platform/file_error.h"
 #include "platform/platform.h"
+#include "platform/turn.h"
 #include "program/command_log.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
@@ -74,6 +75,17 @@ void DeleteLeftovers(const Cls_Zip& zip, const std::string& folder) {
   }
 }
 
+// What is noted beside the pack's own line: a log that cannot be written is no reason to leave the pack.
+void Note(const std::string& line) {
+  Attempt([&] { AppendToLog(line); });
+}
+
+bool IsEmptyFile(const std::string& path) {
+  uint64_t size = 1;
+  Attempt([&] { size = platform().files().Open(path, OpenMode::kRead)->Size(); });
+  return size == 0;
+}
+
 // The entry that the file takes the place of is kept first. Nobody is there to be asked: when that fails, the log says
 // so.
 void PackOne(ClsPFF& archive, OriginalsKeeper& keeper, const Bytes& content, const std::string& name,
@@ -86,8 +98,22 @@ void PackOne(ClsPFF& archive, OriginalsKeeper& keeper, const Bytes& content, con
   archive.PackFile(content, name);
 }
 
-// Unpacks every member into the folder, which is left behind, and stages each file under its own base name.
+// Each member lies in the archive as if it had been packed alone, whatever the ones before it did.
+void PackMember(ClsPFF& archive, OriginalsKeeper& keeper, const std::string& path, const std::string& zip_path,
+                const std::string& member) {
+  try {
+    PackOne(archive, keeper, ReadSource(archive, path), GetFileName(member), zip_path + ":" + member);
+    archive.SettleStaged();
+  } catch (const std::exception&) {
+    const RuntimeError failure = CurrentError();
+    Raise(failure.number(), "The zip's member '" + member + "' cannot go into the archive: " + failure.description());
+  }
+}
+
+// Unpacks every member into the folder, which is left behind, and stages each file under its own base name. The folder
+// has a fixed name: another process that wants it waits until what was unpacked has been read.
 void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::string& folder) {
+  const auto turn = TakeTurn(folder);
   const Ref<Cls_Zip> zip = MakeRef<Cls_Zip>();
   zip->Get_Contents(zip_path);
   DeleteLeftovers(*zip, folder);
@@ -97,14 +123,21 @@ void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::str
   for (int32_t member = 1; member <= zip->FileCount(); ++member) {
     if (zip->IsDir(member)) continue;
     const std::string name = zip->FileName(member);
-    PackOne(archive, *keeper, ReadSource(archive, UnpackedPath(folder, name)), GetFileName(name),
-            zip_path + ":" + name);
+    const std::string path = UnpackedPath(folder, name);
+    if (IsEmptyFile(path)) {
+      Note(zip_path + ": the member '" + name + "' is empty and was skipped.");
+    } else {
+      PackMember(archive, *keeper, path, zip_path, name);
+    }
   }
 }
 
 void PackInto(const std::string& source, const std::string& name, const std::string& archive_path, bool is_zip,
               const std::string& temporary_folder) {
+  // Without a path the archive itself says what is wrong.
+  const auto turn = archive_path.empty() ? nullptr : TakeTurn(archive_path);
   ClsPFF archive;
+  archive.Recovered = Note;
   LoadArchive(archive, archive_path);
   if (is_zip) {
     PackZipMembers(archive, source, TemporaryPath(temporary_folder, "unzipped_" + name));
@@ -130,7 +163,7 @@ void PackCommand(const std::string& command) {
     const std::string& name = pieces[3];
     const std::string& source = pieces[5];
     packfile(source, name, archive_path, ToLower(pieces[6]) == "/z");
-    AppendLogLine(source, archive_path, name);
+    AppendLog(source + " --> " + archive_path + ":" + name + " ~>OK");
   });
 }
 

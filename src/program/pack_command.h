@@ -8,11 +8,14 @@ namespace kestrun {
 
 // -pack "archive" "name" "source"[/z]
 // Packs and then appends the line `source --> archive:name ~>OK` to kestrun.log in the program's folder; the line does
-// not record success. "/z" counts only directly behind the last quote. A text with fewer than six quotes ends silently
+// not record success. Notes before it name what was skipped, and an earlier change of the archive that was cut short.
+// "/z" counts only directly behind the last quote. A text with fewer than six quotes ends silently
 // with nothing packed and nothing logged.
 void PackCommand(const std::string& command);
 
-// Packs Source under Name into the archive, or with IsZip every file of the zip under its own base name. %GAMEDIR%,
+// Packs Source under Name into the archive, or with IsZip every file of the zip that is not empty under its own base
+// name: all of them, or on a failure none. Another process that changes the archive, or uses the folder of the unpacked
+// files, is waited for up to 5 s, and then named in an error. %GAMEDIR%,
 // %APPDIR% and %TEMPDIR% in Source and ArchivePath are filled in. A web address is fetched into the temporary folder,
 // and its text is then read as a path, which fails. A Name that would lead out of that folder is an error. Failures are
 // reported by ShowError with the context "packfile ". Always gives false.

@@ -364,6 +364,29 @@ TEST_F(InflateTest, AnAnnouncedSizeTakesNoMemoryThatTheDataCannotFill) {
   EXPECT_EQ(AsChars(data), "ab");
 }
 
+// A zip of 160 KB that announced 4 GB took all of them.
+TEST_F(InflateTest, MemoryFollowsWhatComesOut) {
+  Bytes data = DeflateStream().Header(Last::kYes, 1).Literals("ab").EndOfBlock().bytes();
+  data.resize(160'000);
+  EXPECT_EQ(Inflate(data, int64_t{1} << 32, true), 0);
+  EXPECT_EQ(AsChars(data), "ab");
+  EXPECT_LT(data.capacity(), size_t{4} << 20);
+}
+
+TEST_F(InflateTest, AStreamThatExpandsFarGetsTheRoomItFills) {
+  DeflateStream matches;
+  matches.Header(Last::kYes, 1).Literals("a");
+  for (int at = 0; at < 4000; ++at) matches.Match(285, 0, 0, 0);
+  matches.EndOfBlock();
+  const std::string plain = Expand(matches, 4000 * 258 + 1);
+  EXPECT_EQ(plain, std::string(4000 * 258 + 1, 'a'));
+  DeflateStream long_matches;
+  long_matches.Header(Last::kYes, 1).Literals("a");
+  for (int at = 0; at < 20; ++at) long_matches.Symbol(285).bits().Number(65535, 16), long_matches.Distance(0);
+  long_matches.EndOfBlock();
+  EXPECT_EQ(Expand(long_matches, 20 * 65538 + 1, true), std::string(20 * 65538 + 1, 'a'));
+}
+
 TEST_F(InflateTest, AStreamCutShortGivesAShortOutput) {
   // The end of the block is missing: zeros stand for it in the static code.
   Bytes stream = DeflateStream().Header(Last::kYes, 1).Literals("abcdefgh").bytes();

@@ -92,6 +92,26 @@ TEST_F(PackCommandTest, ANameOfSeventeenCharactersIsRefused) {
   Pack("%GAMEDIR%\\dflw.pff", "SEVENTEEN_LET.BMS", MapPath("Oasis.bms"));
 }
 
+TEST_F(PackCommandTest, WhileAnotherProcessChangesTheArchiveItIsNamedAfterFiveSeconds) {
+  const std::string archive = GamePath("dflw.pff");
+  const std::string before = ReadFile(archive);
+  NativeFileSystem other;
+  const auto turn = other.TryLock(other.TruePath(archive) + ".lock", "another kestrun");
+  const std::string process = std::to_string(other.ReadLockHolder(other.TruePath(archive) + ".lock").process);
+  desktop.dialogs().ExpectBox("Error: packfile 70\r\n'" + archive + "' is in use by another kestrun (process " +
+                              process + "). Try again when it has finished.");
+  Pack(archive, "A.BMS", MapPath("Oasis.bms"));
+  EXPECT_EQ(ReadFile(archive), before);
+  EXPECT_EQ(desktop.clock().NowMs(), 5000U);
+}
+
+TEST_F(PackCommandTest, AnEarlierChangeThatWasCutShortIsALineOfTheLog) {
+  WriteFile(GamePath("dflw.pff.journal"), "");
+  Pack("%GAMEDIR%\\dflw.pff", "A.BMS", MapPath("Oasis.bms"));
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "A.BMS"), "BMS oasis");
+  EXPECT_NE(Log().find("was cut short before it began; the archive is as it was.\r\n"), std::string::npos);
+}
+
 TEST_F(PackCommandTest, AWebAddressIsFetchedAndThenReadAsAPathWhichFails) {
   desktop.internet().Reply("http://localhost/Oasis.bms", "BMS fetched");
   desktop.dialogs().ExpectBox(std::string("Error: packfile 1033\r\nFile not found: ") + "http://localhost/Oasis.bms" +

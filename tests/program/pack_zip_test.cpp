@@ -17,6 +17,10 @@ class PackZipTest : public FrameTest {
     WriteFile(MapPath("maps.zip"), BuildZip(members));
     PackCommand("-pack \"" + archive + "\" \"" + name + "\" \"" + MapPath("maps.zip") + "\"/z");
   }
+  [[nodiscard]] static std::string CannotGoIn(int number, const std::string& member, const std::string& why) {
+    return "Error: packfile " + std::to_string(number) + "\r\nThe zip's member '" + member +
+           "' cannot go into the archive: " + why;
+  }
   [[nodiscard]] std::string Unpacked(const std::string& path) {
     return ReadFile(Path("temp\\unzipped_NEW.BMS\\" + path));
   }
@@ -48,8 +52,7 @@ TEST_F(PackZipTest, AMemberThatCannotBeUnpackedIsReportedAndTheArchiveKept) {
   ZipMember imploded{"OASIS.BMS", "data"};
   imploded.method = 6;
   const std::string before = ReadFile(archive);
-  desktop.dialogs().ExpectFileFailure("Error: packfile 1033\r\nFile not found",
-                                      Path("temp\\unzipped_NEW.BMS\\OASIS.BMS"));
+  desktop.dialogs().ExpectBox(CannotGoIn(1033, "OASIS.BMS", "File not found."));
   Pack({{"A.BMS", "BMS new"}, imploded});
   EXPECT_EQ(ReadFile(archive), before);
 }
@@ -59,8 +62,7 @@ TEST_F(PackZipTest, WhatAnEarlierZipLeftBehindIsNotPackedInstead) {
   const std::string before = ReadFile(archive);
   ZipMember imploded{"OASIS.BMS", "data"};
   imploded.method = 6;
-  desktop.dialogs().ExpectFileFailure("Error: packfile 1033\r\nFile not found",
-                                      Path("temp\\unzipped_NEW.BMS\\OASIS.BMS"));
+  desktop.dialogs().ExpectBox(CannotGoIn(1033, "OASIS.BMS", "File not found."));
   Pack({imploded});
   EXPECT_EQ(ReadFile(archive), before);
 }
@@ -95,12 +97,60 @@ TEST_F(PackZipTest, TheLogLineIsWrittenWhateverBecameOfTheZip) {
   EXPECT_EQ(ReadFile(ProgramPath("kestrun.log")), "%TEMPDIR%\\none.zip --> %GAMEDIR%\\dflw.pff:MAPS ~>OK\r\n");
 }
 
-TEST_F(PackZipTest, AnEmptyFileInTheZipIsReportedAndTheArchiveKept) {
+TEST_F(PackZipTest, AnEmptyFileInTheZipIsSkippedAndNamedInTheLog) {
+  WriteFile(Path("temp\\maps.zip"), BuildZip({{"deep/readme.txt", ""}, {"A.BMS", "BMS new"}}));
+  PackCommand("-pack \"%GAMEDIR%\\dflw.pff\" \"MAPS\" \"%TEMPDIR%\\maps.zip\"/z");
+  EXPECT_EQ(EntryOf(archive, "A.BMS"), "BMS new");
+  EXPECT_EQ(EntryOf(archive, "readme.txt"), "(none)");
+  const std::string log = ReadFile(ProgramPath("kestrun.log"));
+  EXPECT_NE(log.find("maps.zip: the member 'deep/readme.txt' is empty and was skipped.\r\n"), std::string::npos);
+  EXPECT_TRUE(log.ends_with("%TEMPDIR%\\maps.zip --> %GAMEDIR%\\dflw.pff:MAPS ~>OK\r\n"));
+}
+
+// The zip held a longer copy of the archive's last entry and behind it a new file: both were destroyed.
+TEST_F(PackZipTest, AGrowingLastEntryAndANewOneBehindItLieAsIfPackedOneByOne) {
+  const std::string longer(300, 'l');
+  for (const auto& [name, data] :
+       std::vector<std::pair<std::string, std::string>>{{"A.BMS", longer}, {"NEW.BMS", "n"}}) {
+    WriteFile(MapPath("one.bms"), data);
+    PackCommand("-pack \"" + archive + "\" \"" + name + "\" \"" + MapPath("one.bms") + "\"");
+  }
+  const std::string one_by_one = ReadFile(archive);
+  native_files.Delete(archive);
+  MakeArchive(archive, {"A.BMS"});
+  Pack({{"A.BMS", longer}, {"NEW.BMS", "n"}});
+  EXPECT_EQ(EntryOf(archive, "A.BMS"), longer);
+  EXPECT_EQ(EntryOf(archive, "NEW.BMS"), "n");
+  EXPECT_EQ(ReadFile(archive), one_by_one);
+}
+
+// The longer one of the two was written over the next entry.
+TEST_F(PackZipTest, OfTwoMembersWithOneNameTheSecondCounts) {
+  MakeArchive(archive, {"A.BMS", "B.BMS"});
+  Pack({{"one/A.BMS", "short"}, {"two/A.BMS", std::string(250, 'l')}});
+  EXPECT_EQ(EntryOf(archive, "A.BMS"), std::string(250, 'l'));
+  EXPECT_EQ(EntryOf(archive, "B.BMS"), std::string(100, 'o'));
+}
+
+TEST_F(PackZipTest, AMemberThatAnnouncesMoreThanItHoldsIsToldAndPackedAllTheSame) {
+  ZipMember large{"HUGE.BMS", "BMS"};
+  large.uncompressed_size = 0xFFFFFFF0;
+  desktop.dialogs().ExpectBox("Error in decompressed size");
+  Pack({large});
+  EXPECT_EQ(EntryOf(archive, "HUGE.BMS"), "BMS");
+}
+
+TEST_F(PackZipTest, WhileAnotherProcessUsesTheUnpackedFilesNothingIsUnpackedOverThem) {
+  const std::string folder = Path("temp\\unzipped_NEW.BMS");
+  NativeFileSystem other;
+  const auto turn = other.TryLock(other.TruePath(folder) + ".lock", "another kestrun");
+  const std::string process = std::to_string(other.ReadLockHolder(other.TruePath(folder) + ".lock").process);
   const std::string before = ReadFile(archive);
-  desktop.dialogs().ExpectFileFailure("Error: packfile 9\r\nThe file is empty",
-                                      Path("temp\\unzipped_NEW.BMS\\readme.txt"));
-  Pack({{"A.BMS", "BMS new"}, {"readme.txt", ""}});
+  desktop.dialogs().ExpectBox("Error: packfile 70\r\n'" + folder + "' is in use by another kestrun (process " +
+                              process + "). Try again when it has finished.");
+  Pack({{"A.BMS", "BMS new"}});
   EXPECT_EQ(ReadFile(archive), before);
+  EXPECT_FALSE(FileIsThere(folder));
 }
 
 TEST_F(PackZipTest, APasswordThatIsNotGivenIsReportedAndTheArchiveKept) {
@@ -109,8 +159,7 @@ TEST_F(PackZipTest, APasswordThatIsNotGivenIsReportedAndTheArchiveKept) {
   const std::string before = ReadFile(archive);
   desktop.dialogs().ExpectInput("Give Password", std::nullopt).WithTitle("Password requered");
   desktop.dialogs().ExpectBox("Password is incorrect");
-  desktop.dialogs().ExpectFileFailure("Error: packfile 1033\r\nFile not found",
-                                      Path("temp\\unzipped_NEW.BMS\\OASIS.BMS"));
+  desktop.dialogs().ExpectBox(CannotGoIn(1033, "OASIS.BMS", "File not found."));
   Pack({{"A.BMS", "BMS new"}, secret});
   EXPECT_EQ(ReadFile(archive), before);
 }
@@ -130,8 +179,8 @@ TEST_F(PackZipTest, AZipWithoutMembersLeavesTheArchiveReadable) {
 
 TEST_F(PackZipTest, ANameOfSeventeenCharactersIsRefusedAndTheArchiveKept) {
   const std::string before = ReadFile(archive);
-  desktop.dialogs().ExpectBox("Error: packfile 1032\r\nMax file name size: 16 characters.");
-  Pack({{"A.BMS", "BMS new"}, {"SEVENTEEN_LET.BMS", "BMS"}});
+  desktop.dialogs().ExpectBox(CannotGoIn(1032, "deep/SEVENTEEN_LET.BMS", "Max file name size: 16 characters."));
+  Pack({{"A.BMS", "BMS new"}, {"deep/SEVENTEEN_LET.BMS", "BMS"}});
   EXPECT_EQ(ReadFile(archive), before);
 }
 

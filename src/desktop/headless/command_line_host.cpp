@@ -6,12 +6,14 @@
 #include <net/if.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <thread>
 #include <utility>
 
 #include "base/runtime_error.h"
@@ -147,6 +149,10 @@ CommandLineHost::CommandLineHost(std::string command_line) {
   platform_.shell().open_result = kNoAssociation;
   platform_.clock().SetLocalDateTime(SystemDateTime());
   platform_.OnUnexpected(PrintQuestion);
+  // Its time is virtual and passes only while somebody sleeps: here that takes as long as it says.
+  static constexpr uint32_t kTickMs = 10;
+  static_cast<void>(
+      platform_.clock().StartTimer(kTickMs, [] { std::this_thread::sleep_for(std::chrono::milliseconds(kTickMs)); }));
 }
 
 void CommandLineHost::NameFolders() {

@@ -19,6 +19,7 @@
 #include "base/text.h"
 #include "desktop/headless/file_descriptor.h"
 #include "desktop/headless/posix_file_lock.h"
+#include "desktop/headless/posix_folder_index.h"
 
 namespace kestrun {
 namespace {
@@ -92,19 +93,6 @@ bool IsSameFile(const Status& left, const Status& right) {
 
 [[noreturn]] void RaiseErrno() { Raise(ErrorNumberOfErrno(errno)); }
 
-// The entry of `folder` that equals `name` without regard to case; the first in byte order, so that the answer does
-// not depend on the order on disk. Empty when there is none.
-std::string FindEntryNoCase(const std::string& folder, std::string_view name) {
-  std::string found;
-  const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folder.c_str()), ::closedir);
-  if (!entries) return found;
-  while (const dirent* entry = ::readdir(entries.get())) {
-    const std::string_view candidate = entry->d_name;
-    if (EqualsNoCase(candidate, name) && (found.empty() || candidate < found)) found = candidate;
-  }
-  return found;
-}
-
 std::string ResolveComponents(const std::string& path) {
   std::string resolved = path.front() == '/' ? "/" : "";
   size_t position = path.find_first_not_of('/');
@@ -112,7 +100,7 @@ std::string ResolveComponents(const std::string& path) {
     const size_t end = std::min(path.find('/', position), path.size());
     std::string component = path.substr(position, end - position);
     if (!IsThere(resolved + component)) {
-      std::string other_case = FindEntryNoCase(resolved.empty() ? "." : resolved, component);
+      std::string other_case = TheFolderIndex().Find(resolved.empty() ? "." : resolved, component);
       if (other_case.empty()) return resolved + path.substr(position);
       component = std::move(other_case);
     }
@@ -216,6 +204,13 @@ int OpenFlags(OpenMode mode) {
     case OpenMode::kRead: break;
   }
   return O_RDONLY;
+}
+
+FileDescriptor OpenResolved(const std::string& path, OpenMode mode) {
+  const bool is_new = mode != OpenMode::kRead && !IsThere(path);
+  FileDescriptor descriptor = OpenDescriptor(path, OpenFlags(mode));
+  if (is_new) TheFolderIndex().NoteNew(path.substr(0, path.rfind('/') + 1), path.substr(path.rfind('/') + 1));
+  return descriptor;
 }
 
 // A file under a name that nobody uses, in the folder of the file that it is to become. Removed unless it got there.
@@ -338,7 +333,7 @@ std::string PosixFileSystem::NativePath(std::string_view path) const {
 
 std::unique_ptr<File> PosixFileSystem::Open(std::string_view path, OpenMode mode) {
   FileDescriptor descriptor = OpenAsWritten(WithDriveAndSlashes(path), mode);
-  if (!descriptor.IsOpen()) descriptor = OpenDescriptor(NativePath(path), OpenFlags(mode));
+  if (!descriptor.IsOpen()) descriptor = OpenResolved(NativePath(path), mode);
   const mode_t kind = StatusOf(descriptor).st_mode;
   if (!S_ISREG(kind) && !S_ISCHR(kind)) Raise(error::kPathFileAccess);
   return std::make_unique<PosixFile>(std::move(descriptor));

@@ -9,7 +9,9 @@
 #include "base/convert.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "formats/pff/pff_recovery.h"
 #include "platform/platform.h"
+#include "platform/turn.h"
 
 namespace kestrun {
 namespace {
@@ -50,6 +52,12 @@ Header ReadHeader(const std::string& path) {
   return header;
 }
 
+uint64_t TableEnd(const Header& header) {
+  const auto stride = static_cast<uint64_t>(static_cast<uint32_t>(header.item_size));
+  return static_cast<uint32_t>(header.table_offset) + (static_cast<uint64_t>(header.total_files) - 1) * stride +
+         pff::kEntryBytes;
+}
+
 // The counts and offsets of a header are claims: none is believed further than the file reaches.
 void CheckTablePlace(const Header& header, uint64_t file_bytes, const std::string& path) {
   const uint64_t start = static_cast<uint32_t>(header.table_offset);
@@ -60,9 +68,7 @@ void CheckTablePlace(const Header& header, uint64_t file_bytes, const std::strin
 void CheckTableSize(const Header& header, uint64_t file_bytes, const std::string& path) {
   if (header.total_files <= 0) Raise(error::kSubscriptOutOfRange, "The archive '" + path + "' holds no entries.");
   const auto count = static_cast<uint64_t>(header.total_files);
-  const auto stride = static_cast<uint64_t>(static_cast<uint32_t>(header.item_size));
-  const auto start = static_cast<uint64_t>(static_cast<uint32_t>(header.table_offset));
-  if (count > file_bytes || start + (count - 1) * stride + pff::kEntryBytes > file_bytes) {
+  if (count > file_bytes || TableEnd(header) > file_bytes) {
     RefuseFormat("The archive '" + path + "' is too short for the " + std::to_string(count) +
                  " entries that its header claims.");
   }
@@ -93,15 +99,35 @@ void ReadSpacedRecords(File& file, const Header& header, std::vector<Entry>& ent
   }
 }
 
+// The table of an archive whose header has been checked against its size.
+std::vector<Entry> ReadEntries(File& file, const Header& header) {
+  std::vector<Entry> entries(static_cast<size_t>(header.total_files));
+  if (header.item_size == static_cast<int32_t>(pff::kEntryBytes)) {
+    ReadExactly(file, static_cast<uint32_t>(header.table_offset), pff::RecordBytes(std::span(entries)));
+  } else {
+    ReadSpacedRecords(file, header, entries);
+  }
+  return entries;
+}
+
+bool HasBytes(File& file, uint64_t offset, ByteView expected) {
+  Bytes present(expected.size());
+  return file.ReadAt(offset, present) == present.size() && std::equal(present.begin(), present.end(), expected.begin());
+}
+
+std::shared_ptr<const Bytes> ShareBytes(ByteView bytes) {
+  return std::make_shared<const Bytes>(bytes.begin(), bytes.end());
+}
+
 int32_t LengthOf(ByteView buffer) {
   if (buffer.size() > static_cast<size_t>(std::numeric_limits<int32_t>::max())) Raise(error::kOverflow);
   return static_cast<int32_t>(buffer.size());
 }
 
-int32_t AddChecked(int32_t left, int32_t right) {
-  const int64_t sum = int64_t{left} + right;
-  if (sum > std::numeric_limits<int32_t>::max() || sum < std::numeric_limits<int32_t>::min()) Raise(error::kOverflow);
-  return static_cast<int32_t>(sum);
+// The 1-based place of an offset, which has 32 bits as the format's fields have.
+int32_t PositionOf(int32_t offset) {
+  if (offset == std::numeric_limits<int32_t>::max()) Raise(error::kOverflow);
+  return offset + 1;
 }
 
 std::array<uint32_t, 256> MakeCrcTable() {
@@ -272,6 +298,8 @@ void ClsPFF::Reset(const std::string& path) {
   queue_.assign(1, Staged{});
   waiting_.clear();
   file_bytes_ = 0;
+  on_disk_ = {};
+  settled_ = {};
   readable_ = Readable::kYes;
 }
 
@@ -296,9 +324,11 @@ bool ClsPFF::LoadPff(const std::string& path) {
   is_new_ = false;
   Reset(path);
   try {
-    const bool exists = platform().files().Exists(path);
-    if (exists) readable_ = Readable::kNo;
+    TellRecovery(path);
+    on_disk_.is_there = platform().files().Exists(path);
+    if (on_disk_.is_there) readable_ = Readable::kNo;
     saved_ = ReadHeader(path);
+    on_disk_.header = saved_;
     Progress(20);
     working_ = saved_;
     Progress(25);
@@ -325,13 +355,36 @@ void ClsPFF::ReadTable(const std::string& path) {
   // An archive that was saved empty cannot be loaded, but its header is whole: it may be added to.
   if (working_.total_files == 0) readable_ = Readable::kYes;
   CheckTableSize(working_, file_bytes_, path);
-  entries_.resize(static_cast<size_t>(working_.total_files));
-  if (working_.item_size == static_cast<int32_t>(pff::kEntryBytes)) {
-    ReadExactly(*file, static_cast<uint32_t>(working_.table_offset), pff::RecordBytes(std::span(entries_)));
-  } else {
-    ReadSpacedRecords(*file, working_, entries_);
-  }
+  entries_ = ReadEntries(*file, working_);
+  on_disk_.entries = entries_;
   Progress(50);
+}
+
+void ClsPFF::TellRecovery(const std::string& path) const {
+  const std::optional<std::string> sentence = pff::RecoverArchive(path);
+  if (!sentence) return;
+  if (Recovered) return Recovered(*sentence);
+  MsgBox(*sentence);
+}
+
+bool ClsPFF::IsAsLastSeen() const {
+  if (platform().files().Exists(path_) != on_disk_.is_there) return false;
+  if (!on_disk_.is_there) return true;
+  const std::unique_ptr<File> file = platform().files().Open(path_, OpenMode::kRead);
+  if (!HasBytes(*file, 0, pff::RecordBytes(std::span<const Header>(&on_disk_.header, 1)))) return false;
+  if (on_disk_.header.total_files <= 0) return true;
+  if (TableEnd(on_disk_.header) > file->Size()) return false;
+  const std::vector<Entry> present = ReadEntries(*file, on_disk_.header);
+  return std::ranges::equal(pff::RecordBytes(std::span<const Entry>(present)),
+                            pff::RecordBytes(std::span<const Entry>(on_disk_.entries)));
+}
+
+// The places of what is staged were chosen by the table in memory.
+void ClsPFF::RequireUnchanged() const {
+  if (is_new_ || IsAsLastSeen()) return;
+  RaiseTold(RuntimeError(error::kPermissionDenied, "The archive '" + path_ +
+                                                       "' was changed by another program since it was read, so it is "
+                                                       "left as it is. Try again."));
 }
 
 void ClsPFF::SavePffFile() {
@@ -339,35 +392,54 @@ void ClsPFF::SavePffFile() {
   RequirePath();
   RequireReadable();
   Progress(10);
-  const std::unique_ptr<File> file = platform().files().Open(path_, OpenMode::kReadWrite);
-  file->WriteAt(0, pff::RecordBytes(std::span<const Header>(&working_, 1)));
+  const auto turn = TakeTurn(path_);
+  TellRecovery(path_);
+  RequireUnchanged();
+  pff::Change change = settled_;
+  change.Add(0, ShareBytes(pff::RecordBytes(std::span<const Header>(&working_, 1))));
   Progress(20);
-  // Appended data starts where the table stood at the last load or save, and lies in staging order.
-  uint64_t cursor = static_cast<uint32_t>(saved_.table_offset);
-  for (size_t at = 1; at < queue_.size(); ++at) {
-    const Staged& staged = queue_[at];
-    if (staged.data.empty()) continue;
-    if (staged.position == kAppend) {
-      file->WriteAt(cursor, staged.data);
-      cursor += staged.data.size();
-    } else {
-      file->WriteAt(static_cast<uint32_t>(staged.position) - 1U, staged.data);
-    }
-    Progress(20 + static_cast<int>(at));
-  }
+  AddStaged(change, [this](int element) { Progress(20 + element); });
   const ByteView table = pff::RecordBytes(std::span<const Entry>(entries_));
   const uint64_t table_offset = static_cast<uint32_t>(working_.table_offset);
-  file->WriteAt(table_offset, table);
+  change.Add(table_offset, ShareBytes(table));
+  change.Add(table_offset + table.size(), ShareBytes(pff::kTrailer));
+  change.Commit(path_);
   Progress(80);
-  file->WriteAt(table_offset + table.size(), pff::kTrailer);
-  file->Close();
   Progress(100);
   waiting_.clear();
   saved_ = working_;
+  on_disk_ = {working_, entries_, true};
+  file_bytes_ = std::max(file_bytes_, change.End());
+  settled_ = {};
   queue_.assign(1, Staged{});
   Progress(0);
   edited_ = false;
   is_new_ = false;
+}
+
+// Appended data starts where the table stood at the last load or save, and lies in staging order.
+void ClsPFF::AddStaged(pff::Change& change, const std::function<void(int element)>& added) const {
+  uint64_t cursor = static_cast<uint32_t>(saved_.table_offset);
+  for (size_t at = 1; at < queue_.size(); ++at) {
+    const Staged staged = queue_[at];
+    if (!staged.data || staged.data->empty()) continue;
+    if (staged.position == kAppend) {
+      change.Add(cursor, staged.data);
+      cursor += staged.data->size();
+    } else {
+      change.Add(static_cast<uint32_t>(staged.position) - 1U, staged.data);
+    }
+    added(static_cast<int>(at));
+  }
+}
+
+void ClsPFF::SettleStaged() {
+  AddStaged(settled_, [](int) {});
+  const uint64_t table_end = static_cast<uint32_t>(working_.table_offset) + entries_.size() * pff::kEntryBytes;
+  file_bytes_ = std::max(file_bytes_, table_end + pff::kTrailer.size());
+  waiting_.clear();
+  saved_ = working_;
+  queue_.assign(1, Staged{});
 }
 
 // ---- files in and out --------------------------------------------------------------------------------------------
@@ -381,7 +453,8 @@ bool ClsPFF::ExtractFile(int32_t number, Bytes& buffer, const std::string& desti
   Progress(10);
   if (waiting != 0) {
     Progress(50);
-    buffer = StagedAt(static_cast<size_t>(waiting)).data;
+    const Staged& staged = StagedAt(static_cast<size_t>(waiting));
+    buffer = staged.data ? *staged.data : Bytes();
     Progress(65);
   } else {
     ReadStored(entry, buffer);
@@ -398,9 +471,11 @@ void ClsPFF::ReadStored(const Entry& entry, Bytes& buffer) const {
   Progress(30);
   const std::unique_ptr<File> file = platform().files().Open(path_, OpenMode::kRead);
   const uint64_t offset = static_cast<uint32_t>(entry.offset);
-  if (offset + static_cast<uint64_t>(entry.length) > file->Size()) Raise(error::kInputPastEnd);
+  const uint64_t end = offset + static_cast<uint64_t>(entry.length);
+  if (end > std::max(file->Size(), settled_.End())) Raise(error::kInputPastEnd);
   buffer.resize(static_cast<size_t>(entry.length));
-  ReadExactly(*file, offset, buffer);
+  static_cast<void>(file->ReadAt(offset, buffer));
+  settled_.Overlay(offset, buffer);
   Progress(50);
 }
 
@@ -447,7 +522,7 @@ bool ClsPFF::PackFile(ByteView buffer, const std::string& name) {
   entry.name = pff::PadName(name_bytes, '\0');
   EntryAt(index) = entry;
   Progress(60);
-  StagedAt(element).data.assign(buffer.begin(), buffer.end());
+  StagedAt(element).data = ShareBytes(buffer);
   Progress(100);
   const bool added = waiting_.emplace(ToLower(trimmed), static_cast<int32_t>(element)).second;
   if (!added) Raise(kKeyAlreadyUsed, "This key is already associated with an element of this collection");
@@ -472,12 +547,22 @@ std::string ClsPFF::RequireName(const std::string& name) const {
 // Adds an entry whose data is to lie behind all other, and gives the data's offset.
 int32_t ClsPFF::AppendEntry(int32_t length) {
   const int32_t offset = working_.table_offset;
-  const int32_t table_offset = AddChecked(offset, length);
+  const int32_t table_offset = TableMovedBy(length);
   const auto count = static_cast<size_t>(working_.total_files) + 1;
   if (entries_.size() < count) entries_.resize(count);
   ++working_.total_files;
   working_.table_offset = table_offset;
   return offset;
+}
+
+// Where the table stands behind so many bytes more. Offsets are read without a sign, but no 32-bit program reaches the
+// second half of them, and behind the last one they would start again from 0.
+int32_t ClsPFF::TableMovedBy(int32_t bytes) const {
+  const uint64_t moved = uint64_t{static_cast<uint32_t>(working_.table_offset)} + static_cast<uint64_t>(bytes);
+  if (moved <= static_cast<uint64_t>(std::numeric_limits<int32_t>::max())) return static_cast<int32_t>(moved);
+  RaiseTold(RuntimeError(error::kOverflow, "The archive '" + path_ +
+                                               "' would become larger than 2 GB, which its format does not hold, so it "
+                                               "is left as it is."));
 }
 
 ClsPFF::Staged& ClsPFF::StagedAt(size_t element) {
@@ -507,10 +592,10 @@ void ClsPFF::RefusePlace(const Entry& entry, const std::string& place) const {
 
 bool ClsPFF::ReplaceStaged(int32_t element, ByteView buffer) {
   Staged& staged = queue_[static_cast<size_t>(element)];
-  const bool fits =
-      staged.position == kAppend ? buffer.size() == staged.data.size() : buffer.size() >= staged.data.size();
+  const size_t staged_bytes = staged.data ? staged.data->size() : 0;
+  const bool fits = staged.position == kAppend ? buffer.size() == staged_bytes : buffer.size() >= staged_bytes;
   if (!fits) RaiseOwn(1030);
-  staged.data.assign(buffer.begin(), buffer.end());
+  staged.data = ShareBytes(buffer);
   Progress(0);
   return true;
 }
@@ -520,15 +605,15 @@ bool ClsPFF::ReplaceStaged(int32_t element, ByteView buffer) {
 int32_t ClsPFF::PlaceExisting(Entry& entry, int32_t length) {
   if (entry.length >= length) {
     CheckPlace(entry, length);
-    return AddChecked(entry.offset, 1);
+    return PositionOf(entry.offset);
   }
   if (entry.length >= 0 && int64_t{entry.offset} + entry.length == working_.table_offset) {
     CheckPlace(entry, entry.length);
-    const int32_t position = AddChecked(entry.offset, 1);
-    working_.table_offset = AddChecked(working_.table_offset, length - entry.length);
+    const int32_t position = PositionOf(entry.offset);
+    working_.table_offset = TableMovedBy(length - entry.length);
     return position;
   }
-  const int32_t table_offset = AddChecked(working_.table_offset, length);
+  const int32_t table_offset = TableMovedBy(length);
   entry.offset = working_.table_offset;
   working_.table_offset = table_offset;
   return kAppend;

@@ -10,19 +10,22 @@
 //   1034 "This additional information is too big for this kind of PFF file."
 //   1035 "You cannot change the file name of an existsing file. First Create a new pff file!"
 // and standard errors: 5 for a name that the code page cannot hold, 6 past 2 GB, 9 for an entry that does not exist,
-// 62 for data that lies outside the file, 321 for changing an archive that could not be read or for writing where an
-// entry claims a place over the header, over the table or behind the end, and the file layer's own.
+// 61 for a disk without room for a save, 62 for data that lies outside the file, 70 for an archive that another process
+// changes, 321 for changing an archive that could not be read or for writing where an entry claims a place over the
+// header, over the table or behind the end, and the file layer's own.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/bytes.h"
 #include "base/object.h"
+#include "formats/pff/pff_change.h"
 #include "formats/pff/pff_layout.h"
 
 namespace kestrun {
@@ -32,6 +35,8 @@ class ClsPFF final : public TableObject {
   // Progress of the running operation, 0 at its end.
   std::function<void(int16_t value)> PFFPorgress;
   std::function<void(int32_t number, const std::string& description)> PFFError;
+  // What was done about a save of the archive that had been cut short, in one sentence; a box when nobody listens.
+  std::function<void(const std::string& sentence)> Recovered;
 
   // An index is an entry's number from 0, or its name; a numeric text counts as a number. A name that is not found
   // raises 1033, a number outside the table 9.
@@ -78,11 +83,16 @@ class ClsPFF final : public TableObject {
   bool ExtractFile(int32_t number, Bytes& buffer, const std::string& destination);
   // Starts an empty archive in memory: "PFF3", 36-byte records. No file is touched.
   void NewPffFile(const std::string& path);
-  // Reads header and table. False, with the event PFFError, for any failure; nothing is raised.
+  // Reads header and table, after an earlier save that was cut short has been undone. False, with the event PFFError,
+  // for any failure; nothing is raised.
   [[nodiscard]] bool LoadPff(const std::string& path);
-  // Writes header, staged data, table and trailer in place; what else is in the file stays. A failure part-way leaves
-  // the file partly written.
+  // Writes header, staged data, table and trailer in place; what else is in the file stays. The file changes whole and
+  // durably or not at all, whatever ends the save (docs/formats/pff_journal.md). Error 70 when another process has
+  // changed the archive since it was read.
   void SavePffFile();
+  // Gives what is staged its place in the file as a save would, but writes it with the next SavePffFile: files that are
+  // packed one after the other with this between them lie as if each had been saved alone.
+  void SettleStaged();
   // Reads a whole outside file. A failure, a missing or an empty file among them, is told by the event and gives an
   // empty buffer; nothing is raised.
   const Bytes& FileBuffer(const std::string& path, Bytes& buffer);
@@ -102,8 +112,14 @@ class ClsPFF final : public TableObject {
 
  private:
   struct Staged {
-    int32_t position = 0;  // 1-based place in the file, or kAppend
-    Bytes data;
+    int32_t position = 0;               // 1-based place in the file, or kAppend
+    std::shared_ptr<const Bytes> data;  // null while it is empty
+  };
+  // What the file held when it was last read or written.
+  struct OnDisk {
+    pff::Header header;
+    std::vector<pff::Entry> entries;
+    bool is_there = false;
   };
   // What a failed load leaves: nothing to lose, or a file that may not be written over.
   enum class Readable { kYes, kNo };
@@ -115,12 +131,17 @@ class ClsPFF final : public TableObject {
   void RequireReadable() const;
   [[nodiscard]] std::string RequireName(const std::string& name) const;
   void ReadTable(const std::string& path);
+  void TellRecovery(const std::string& path) const;
+  [[nodiscard]] bool IsAsLastSeen() const;
+  void RequireUnchanged() const;
+  void AddStaged(pff::Change& change, const std::function<void(int element)>& added) const;
   void ReadStored(const pff::Entry& entry, Bytes& buffer) const;
   [[nodiscard]] size_t Resolve(Index index);
   [[nodiscard]] pff::Entry& EntryAt(Index index) { return entries_[Resolve(index)]; }
   [[nodiscard]] bool ReplaceStaged(int32_t element, ByteView buffer);
   [[nodiscard]] int32_t PlaceExisting(pff::Entry& entry, int32_t length);
   [[nodiscard]] int32_t AppendEntry(int32_t length);
+  [[nodiscard]] int32_t TableMovedBy(int32_t bytes) const;
   [[nodiscard]] Staged& StagedAt(size_t element);
   void CheckPlace(const pff::Entry& entry, int32_t length) const;
   [[noreturn]] void RefusePlace(const pff::Entry& entry, const std::string& place) const;
@@ -135,7 +156,9 @@ class ClsPFF final : public TableObject {
   std::vector<Staged> queue_ = std::vector<Staged>(1);  // element 0 is never used
   std::map<std::string, int32_t> waiting_;              // queue element by lower-case trimmed name
   int32_t item_info_size_ = 0;
-  uint64_t file_bytes_ = 0;  // of the archive when it was loaded
+  uint64_t file_bytes_ = 0;  // of the archive with what has its place in it
+  OnDisk on_disk_;
+  pff::Change settled_;  // has its place and is not written yet
   Readable readable_ = Readable::kYes;
 };
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/code_page.h"
+#include "base/runtime_error.h"
 #include "formats/zip/mod_disk_io.h"
 #include "formats/zip/mod_inflate64.h"
 #include "formats/zip/reduce.h"
@@ -12,6 +13,8 @@
 
 namespace kestrun::zip {
 namespace {
+
+constexpr uint32_t kMostBytes = 0x7FFFFFFF;
 
 // How the decompression routines are told the announced size.
 int64_t LastByte(const Item& item) { return int64_t{item.uncompressed_size} - 1; }
@@ -25,9 +28,22 @@ Extraction::Extraction(const std::string& path, std::shared_ptr<const Directory>
 
 int16_t Extraction::Run(const std::vector<bool>& selection) {
   for (size_t member = 1; member < selection.size(); ++member) {
+    const Item& item = directory_->items[member - 1];
+    if (selection[member] && item.compressed_size > kMostBytes) RefuseTooLarge(item);
+  }
+  for (size_t member = 1; member < selection.size(); ++member) {
     if (selection[member] && ExtractMember(directory_->items[member - 1]) == Next::kEnd) break;
   }
   return status_;
+}
+
+// Before anything is unpacked: no map comes near that size. What a member says of itself without having it is no
+// reason.
+void Extraction::RefuseTooLarge(const Item& item) const {
+  const uint64_t stored_bytes = std::min<uint64_t>(item.compressed_size, file_->Size());
+  if (stored_bytes <= kMostBytes) return;
+  Raise(error::kOverflow, "The zip's member '" + DecodeText(directory_->Name(item)) + "' has " +
+                              std::to_string(stored_bytes) + " bytes. Files over 2 GB are refused.");
 }
 
 Extraction::Next Extraction::ExtractMember(const Item& item) {

@@ -23,12 +23,14 @@ class Extraction {
  public:
   // Opens the archive; raises the file layer's error when it cannot. Closed at the end, however that comes.
   Extraction(const std::string& path, std::shared_ptr<const Directory> directory, std::string destination);
-  // Indexed from 1 to the number of members. Gives the status.
+  // Indexed from 1 to the number of members. Gives the status. Error 6 before anything is unpacked when one of them
+  // has more than 2 GB.
   int16_t Run(const std::vector<bool>& selection);
 
  private:
   enum class Next { kMember, kEnd };
 
+  void RefuseTooLarge(const Item& item) const;
   Next ExtractMember(const Item& item);
   // Reads the stored bytes; false when they are not where the directory says.
   [[nodiscard]] bool ReadData(const Item& item);

@@ -16,13 +16,25 @@ namespace {
 constexpr uint64_t kMostPerByte = 1032;
 constexpr uint64_t kMostPerByte64 = 29128;
 
+// Few streams expand further than this; those that do get more room as they fill it, so that a stream takes memory for
+// what comes out of it and not for what was announced.
+constexpr uint64_t kFirstPerByte = 16;
+constexpr uint64_t kFirstBytes = 64 * 1024;
+
 enum class Pace { kFast, kFastPortable, kCareful };
+
+// The buffer behind an output that may grow, and how long it may become.
+struct Growth {
+  Bytes& buffer;
+  size_t most;
+};
 
 template <bool kDeflate64>
 class Inflater {
  public:
   Inflater(ByteView input, MutableByteView output, Pace pace)
       : reader_(input), begin_(output.data()), out_(begin_), end_(begin_ + output.size()), pace_(pace) {}
+  Inflater(ByteView input, Growth& growth) : Inflater(input, growth.buffer, Pace::kFast) { growth_ = &growth; }
 
   Expansion Run() {
     while (ExpandBlock()) {
@@ -63,13 +75,29 @@ class Inflater {
     const size_t length = LoadU16(ByteView(header, 4), 0);
     if (length != (LoadU16(ByteView(header, 4), 2) ^ 0xFFFFU)) result_.status = kInflateLengthsDisagree;
     reader_.next += 4;
-    if (static_cast<int64_t>(length) > reader_.Remaining() || length > Room()) return Fail();
+    if (static_cast<int64_t>(length) > reader_.Remaining() || !HasRoom(length)) return Fail();
     out_ = std::copy_n(reader_.next, length, out_);
     reader_.next += length;
     return true;
   }
 
   [[nodiscard]] size_t Room() const { return static_cast<size_t>(end_ - out_); }
+  [[nodiscard]] bool CanGrow() const { return growth_ && growth_->buffer.size() < growth_->most; }
+
+  // True when that many bytes fit, if need be after the output has grown.
+  [[nodiscard]] bool HasRoom(size_t bytes) {
+    if (bytes > Room() && CanGrow()) Grow(bytes);
+    return bytes <= Room();
+  }
+
+  void Grow(size_t bytes) {
+    const auto used = static_cast<size_t>(out_ - begin_);
+    Bytes& buffer = growth_->buffer;
+    buffer.resize(std::min(growth_->most, std::max(buffer.size() * 2, used + bytes)));
+    begin_ = buffer.data();
+    out_ = begin_ + used;
+    end_ = begin_ + buffer.size();
+  }
 
   void ExpandCodes() {
     do {
@@ -78,6 +106,8 @@ class Inflater {
   }
 
   BlockEnd RunFarFromTheEnds() {
+    // A long match of Deflate64 may not fit into what is there yet, which the fast way takes for a fault.
+    if (kDeflate64 && CanGrow()) return BlockEnd::kNotYet;
     switch (pace_) {
       case Pace::kFast: return RunFast<kDeflate64>(reader_, *codes_, begin_, out_, end_);
       case Pace::kFastPortable: return RunFastPortably<kDeflate64>(reader_, *codes_, begin_, out_, end_);
@@ -90,7 +120,7 @@ class Inflater {
   bool ExpandSymbol() {
     const Entry entry = Next(codes_->literals, kLiteralTableBits, codes_->longest_literal);
     if ((entry & kLiteral) != 0) {
-      if (Room() == 0) Raise(error::kSubscriptOutOfRange);
+      if (!HasRoom(1)) Raise(error::kSubscriptOutOfRange);
       *out_++ = static_cast<uint8_t>(entry >> 16);
       return true;
     }
@@ -122,7 +152,7 @@ class Inflater {
 
   // Byte by byte: a match may overlap what it produces.
   void Copy(size_t length, size_t distance) {
-    if (distance > static_cast<size_t>(out_ - begin_) || length > Room()) Raise(error::kSubscriptOutOfRange);
+    if (distance > static_cast<size_t>(out_ - begin_) || !HasRoom(length)) Raise(error::kSubscriptOutOfRange);
     for (const uint8_t* from = out_ - distance; length > 0; --length) *out_++ = *from++;
   }
 
@@ -131,6 +161,7 @@ class Inflater {
   uint8_t* out_;
   uint8_t* end_;
   Pace pace_;
+  Growth* growth_ = nullptr;
   const BlockCodes* codes_ = nullptr;
   BlockCodes dynamic_codes_;
   Expansion result_;
@@ -155,6 +186,14 @@ Expansion ExpandCarefully(ByteView input, MutableByteView output, bool deflate64
   return ExpandAt(Pace::kCareful, input, output, deflate64);
 }
 
+Expansion ExpandGrowing(ByteView input, uint64_t most, Bytes& output, bool deflate64) {
+  output.assign(static_cast<size_t>(std::min(most, input.size() * kFirstPerByte + kFirstBytes)), 0);
+  Growth growth{output, static_cast<size_t>(most)};
+  const Expansion done = deflate64 ? Inflater<true>(input, growth).Run() : Inflater<false>(input, growth).Run();
+  output.resize(done.bytes);
+  return done;
+}
+
 uint64_t MostBytes(uint64_t input_bytes, bool deflate64) {
   return input_bytes * (deflate64 ? kMostPerByte64 : kMostPerByte);
 }
@@ -163,13 +202,15 @@ uint64_t MostBytes(uint64_t input_bytes, bool deflate64) {
 
 int32_t Inflate(Bytes& data, int64_t last, bool deflate64) {
   const auto announced = static_cast<uint64_t>(std::max<int64_t>(last + 1, 0));
-  Bytes output(static_cast<size_t>(std::min(announced, deflate::MostBytes(data.size(), deflate64))));
-  const deflate::Expansion done = deflate::Expand(data, output, deflate64);
+  // No file of the program's is larger.
+  constexpr uint64_t kLargest = 0x7FFFFFFF;
+  const uint64_t most = std::min({announced, deflate::MostBytes(data.size(), deflate64), kLargest});
+  Bytes output;
+  const deflate::Expansion done = deflate::ExpandGrowing(data, most, output, deflate64);
   if (!done.codes_built) {
     MsgBox("Error in tree creation (Static)");
     return done.status;
   }
-  output.resize(done.bytes);
   data = std::move(output);
   return done.status;
 }

@@ -22,8 +22,8 @@ inline constexpr int32_t kInflateBadBlock = -1;
 inline constexpr int32_t kInflateLengthsDisagree = -2;
 
 // Replaces the data by what it expands to. `last` is the announced size in bytes less 1. Codes that cannot be built
-// show "Error in tree creation (Static)", for dynamic blocks too, and leave the data as it was. Memory is taken for no
-// more than the data can expand to, whatever was announced.
+// show "Error in tree creation (Static)", for dynamic blocks too, and leave the data as it was. Memory is taken
+// for what comes out, whatever was announced.
 int32_t Inflate(Bytes& data, int64_t last, bool deflate64);
 
 namespace deflate {
@@ -40,6 +40,9 @@ struct Expansion {
 [[nodiscard]] Expansion ExpandPortably(ByteView input, MutableByteView output, bool deflate64);
 // As if the input were always near its end, byte by byte: what the fast ways have to agree with.
 [[nodiscard]] Expansion ExpandCarefully(ByteView input, MutableByteView output, bool deflate64);
+
+// Into a buffer that becomes as long as what comes out, and no longer than `most`.
+[[nodiscard]] Expansion ExpandGrowing(ByteView input, uint64_t most, Bytes& output, bool deflate64);
 
 // What a stream of that many bytes can expand to at most.
 [[nodiscard]] uint64_t MostBytes(uint64_t input_bytes, bool deflate64);

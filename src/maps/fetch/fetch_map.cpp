@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "formats/zip/cls_zip.h"
 #include "formats/zip/member_path.h"
+#include "maps/fetch/fetch_turn.h"
 #include "maps/fetch/frmzip.h"
 #include "platform/platform.h"
 #include "program/folders.h"
@@ -61,6 +62,7 @@ std::string UnzipChosenMap(const std::string& path) {
   selection.at(static_cast<size_t>(member)) = true;
   const std::string folder = UnzipFolder();
   const std::string name = zip->FileName(member);
+  TakeFetchTurn(folder);
   // A name that would lead out of the folder is not unpacked, and what it leads to is no map of this zip.
   if (!zip::StaysInside(name)) {
     static_cast<void>(zip->UnPack(selection, folder));
@@ -79,6 +81,7 @@ std::optional<int32_t> FetchToLocal(const std::string& path, std::string& local)
   const FetchScope fetch;
   if (IsUrl(path)) {
     local = SpecialFolder(folder::kTemporary) + "tempmap.bms";
+    TakeFetchTurn(local);
     if (!DownloadFile(path, local)) {
       if (!fetch.IsCancelled()) MsgBox("Can't download: " + path);
       return std::nullopt;

@@ -10,6 +10,7 @@
 #include "maps/put/mission_name.h"
 #include "platform/file_error.h"
 #include "platform/platform.h"
+#include "platform/turn.h"
 #include "program/game_paths.h"
 #include "program/load_archive.h"
 #include "program/path_text.h"
@@ -71,6 +72,17 @@ bool RunProgramAfter(const AfterRun& after, const std::string& name, const std::
   return true;
 }
 
+// The archive is read again under the turn: another process may have changed it while the question stood. False when
+// the user does not go on without the original.
+bool PackInTurn(ClsPFF& archive, const std::string& archive_path, const MapToPut& map, bool warn) {
+  const auto turn = TakeTurn(archive_path);
+  LoadArchive(archive, archive_path);
+  if (!KeepBeforePut(&archive, map, warn)) return false;
+  archive.PackFile(map.content, map.name);
+  archive.SavePffFile();
+  return true;
+}
+
 bool PutInArchive(const std::string& map_path, std::string& name, const std::string& game_folder, bool warn) {
   RefuseEmptyMap(map_path);
   ClsPFF archive;
@@ -87,9 +99,7 @@ bool PutInArchive(const std::string& map_path, std::string& name, const std::str
   CutToNameField(name);
   RefuseUnencodable(name);
   const Bytes map = ReadMap(map_path);
-  if (!KeepBeforePut(&archive, {map, map_path, game_folder, name}, warn)) return false;
-  archive.PackFile(map, name);
-  archive.SavePffFile();
+  if (!PackInTurn(archive, archive_path, {map, map_path, game_folder, name}, warn)) return false;
   platform().files().Copy(map_path, game_folder + "\\" + name);
   return RunProgramAfter({setting::kRunAfterPack, setting::kPackProgram, "put map in dflw"}, name, game_folder, warn);
 }

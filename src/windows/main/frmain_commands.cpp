@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "maps/fetch/fetch_map.h"
+#include "maps/fetch/fetch_turn.h"
 #include "maps/map_file_commands.h"
 #include "maps/map_picture.h"
 #include "maps/put/mission_name.h"
@@ -62,10 +63,12 @@ std::string frmain::SelectedMap() {
 void frmain::PutSelectedMap(int32_t mode) {
   std::string path = SelectedMap();
   if (path.empty()) return;
+  FetchTurn turn;
   if (MapFileKind(path) == map_file_kind::kZip) path = GetFileFromZip(path);
   if (path.empty()) return;
   std::string name = ChosenMission({opcapflag, opdeath, oprename, txtoutput});
   const bool packed = PutMap(path, name, mode, true);
+  turn.End();
   std::string message = packed ? "Successfully packed map" : "Failed to pack map";
   if (mode == kPutBesideOnly) message += ": " + GetFileName(path);
   MsgBox(message);

@@ -3,6 +3,7 @@
 #include "base/member_rows.h"
 #include "formats/bms/mission_reader.h"
 #include "maps/fetch/fetch_map.h"
+#include "maps/fetch/fetch_turn.h"
 #include "maps/map_picture.h"
 #include "program/path_text.h"
 #include "program/window_kit/apply_style.h"
@@ -33,6 +34,7 @@ void frmmapinfo::Load() { StartStyleTimer(Timer1); }
 void frmmapinfo::LoadMap(const std::string& Path) {
   const Ref<Form> keep(this);
   Clear();
+  const FetchTurn turn;
   const std::string map = MapFileKind(Path) == map_file_kind::kZip ? GetFileFromZip(Path) : Path;
   if (map.empty()) return;
   Caption = "Map info " + GetFileName(map);

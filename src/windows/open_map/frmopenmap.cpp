@@ -8,6 +8,7 @@
 #include "forms/keys.h"
 #include "forms/member_rows.h"
 #include "maps/fetch/fetch_map.h"
+#include "maps/fetch/fetch_turn.h"
 #include "maps/map_picture.h"
 #include "maps/put/mission_name.h"
 #include "maps/put/put_map.h"
@@ -117,10 +118,13 @@ void frmopenmap::Browse() {
 }
 
 void frmopenmap::PutAndPlay(int32_t mode) {
+  FetchTurn turn;
   const std::string local = FetchAddress();
   std::string name = ChosenMission({options1, options0, options3, txtrename});
   if (local.empty()) return;
-  MsgBox(PutMap(local, name, mode, true) ? "Successfully packed map" : "Failed to pack map");
+  const bool packed = PutMap(local, name, mode, true);
+  turn.End();
+  MsgBox(packed ? "Successfully packed map" : "Failed to pack map");
 }
 
 std::string frmopenmap::FetchAddress() {

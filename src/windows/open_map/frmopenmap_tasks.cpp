@@ -1,6 +1,7 @@
 // The list of tasks: what can be done with the address.
 #include "base/text.h"
 #include "maps/fetch/fetch_map.h"
+#include "maps/fetch/fetch_turn.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
 #include "program/path_text.h"
@@ -70,6 +71,7 @@ void frmopenmap::SaveMapAs() {
   RunCommand([this] {
     if (AddressIsMissing("Enter path!")) return;
     if (!AskYesNo("This will download or copy the map to the default map folder continue?")) return;
+    const FetchTurn turn;
     const std::string local = FetchAddress();
     if (local.empty() || !FileExists(local)) return;
     const std::string target = InMapFolder(local);
@@ -80,6 +82,7 @@ void frmopenmap::SaveMapAs() {
 void frmopenmap::AddAutoHost() {
   RunCommand([this] {
     if (AddressIsMissing("Enter path!")) return;
+    const FetchTurn turn;
     std::string target = TxtFile.Text;
     if (!FileExists(target) || MapFileKind(target) != map_file_kind::kMap) {
       const std::string local = FetchAddress();
@@ -99,6 +102,7 @@ void frmopenmap::AddAutoHost() {
 void frmopenmap::ShowMapInfo() {
   RunCommand([this] {
     if (AddressIsMissing("Enter Path!")) return;
+    const FetchTurn turn;
     const std::string local = FetchAddress();
     if (!local.empty() && FileExists(local)) OpenMapInfo(local);
   });

@@ -581,6 +581,18 @@ TEST_F(PosixFilesTest, AllPathsOfAFileHaveOneTruePath) {
   EXPECT_EQ(files_.TruePath(Path("link/new.stl")), files_.TruePath(Path("Game")) + "/new.stl");
 }
 
+TEST_F(PosixFilesTest, NamesInALargeFolderAreFoundInAnyCaseWhoeverMakesThem) {
+  for (int at = 0; at < 400; ++at) Write("FILE" + std::to_string(at) + ".BMS", "x");
+  EXPECT_TRUE(files_.Exists(Path("file399.bms")));
+  EXPECT_FALSE(files_.Exists(Path("new.bms")));
+  Write("NEW.BMS", "made here");
+  EXPECT_EQ(Read("new.bms"), "made here");
+  { const FileDescriptor other(::open(Path("OTHER.BMS").c_str(), O_CREAT | O_WRONLY, 0600)); }
+  EXPECT_TRUE(files_.Exists(Path("other.bms")));
+  files_.Delete(Path("new.bms"));
+  EXPECT_FALSE(files_.Exists(Path("new.bms")));
+}
+
 }  // namespace
 }  // namespace kestrun
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/convert.h"
+#include "maps/fetch/fetch_turn.h"
 #include "maps/fetch/frmzip.h"
 #include "program/frame_fixture.h"
 #include "program/path_text.h"
@@ -160,6 +161,32 @@ TEST_F(FetchMapTest, AMemberInASubfolderComesBackWithBackslashesBelowTempzip) {
   PickRow(0);
   EXPECT_EQ(GetFileFromZip(zip), TempPath("tempzip\\maps\\old\\Oasis.bms"));
   EXPECT_EQ(ReadFile(TempPath("tempzip\\maps\\old\\Oasis.bms")), "BMS oasis");
+}
+
+TEST_F(FetchMapTest, UntilTheCommandHasUsedTheMapNoOtherProcessUnpacksOverIt) {
+  const std::string zip = ZipOf({{.name = "Desert.bms", .stored = "BMS desert"}});
+  NativeFileSystem other;
+  const std::string lock = other.TruePath(TempPath("tempzip")) + ".lock";
+  FetchTurn turn;
+  PickRow(0);
+  EXPECT_EQ(FetchMap(zip), TempPath("tempzip\\Desert.bms"));
+  EXPECT_FALSE(other.TryLock(lock, "another kestrun"));
+  turn.End();
+  EXPECT_TRUE(other.TryLock(lock, "another kestrun"));
+}
+
+TEST_F(FetchMapTest, AnotherProcessThatUsesItsUnpackedMapIsNamed) {
+  const std::string zip = ZipOf({{.name = "Desert.bms", .stored = "BMS desert"}});
+  NativeFileSystem other;
+  const std::string lock = other.TruePath(TempPath("tempzip")) + ".lock";
+  const auto turn = other.TryLock(lock, "another kestrun");
+  const std::string process = std::to_string(other.ReadLockHolder(lock).process);
+  PickRow(0);
+  desktop.dialogs().ExpectBox("Error: GetFileFromZip()70\r\n'" + TempPath("tempzip") +
+                              "' is in use by another kestrun (process " + process +
+                              "). Try again when it has finished.");
+  EXPECT_EQ(FetchMap(zip), "");
+  EXPECT_FALSE(FileIsThere(TempPath("tempzip\\Desert.bms")));
 }
 
 TEST_F(FetchMapTest, OnlyMembersThatEndInSmallBmsAreOffered) {

@@ -79,6 +79,32 @@ TEST_F(PutMapTest, TheQuestionNamesBothFiles) {
   EXPECT_FALSE(Put("D08M03.BMS"));
 }
 
+TEST_F(PutMapTest, WhatAnotherProcessPutsInWhileTheQuestionStandsIsKept) {
+  desktop.windowing().ExpectModal("FrmOverWrite", [this](Form& form) {
+    ClsPFF other;
+    EXPECT_TRUE(other.LoadPff(Archive()));
+    other.PackFile(Bytes(300, 'x'), "FIRST.BIN");
+    other.SavePffFile();
+    static_cast<FrmOverWrite&>(form).CmdOK.Press();
+  });
+  EXPECT_TRUE(Put("D08M03.BMS"));
+  EXPECT_EQ(EntryOf(Archive(), "D08M03.BMS"), map);
+  EXPECT_EQ(EntryOf(Archive(), "FIRST.BIN"), std::string(300, 'x'));
+}
+
+TEST_F(PutMapTest, WhileAnotherProcessChangesTheArchiveItIsNamedAndNothingIsPutIn) {
+  const std::string before = ReadFile(Archive());
+  NativeFileSystem other;
+  const auto turn = other.TryLock(other.TruePath(Archive()) + ".lock", "another kestrun");
+  const std::string process = std::to_string(other.ReadLockHolder(other.TruePath(Archive()) + ".lock").process);
+  ExpectOverwriteQuestion(true);
+  desktop.dialogs().ExpectBox("Error: 70\r\n'" + Archive() + "' is in use by another kestrun (process " + process +
+                              "). Try again when it has finished.");
+  EXPECT_FALSE(Put("D08M03.BMS"));
+  EXPECT_EQ(ReadFile(Archive()), before);
+  EXPECT_FALSE(FileIsThere(GamePath("D08M03.BMS")));
+}
+
 TEST_F(PutMapTest, TheQuestionOpensWithTheFocusOnItsDefaultButton) {
   desktop.windowing().ExpectModal("FrmOverWrite", [](Form& form) {
     auto& window = static_cast<FrmOverWrite&>(form);
