@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/convert.h"
 #include "forms/form.h"
 #include "support/error_number.h"
 #include "support/headless_fixture.h"

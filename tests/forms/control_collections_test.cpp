@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/convert.h"
 #include "forms/command_button.h"
 #include "forms/frame.h"
 #include "forms/label.h"

@@ -1,6 +1,7 @@
 // What happens to a form and its controls when their properties change while the form is shown.
 #include <gtest/gtest.h>
 
+#include "base/convert.h"
 #include "forms/command_button.h"
 #include "forms/file_list_box.h"
 #include "forms/form.h"
