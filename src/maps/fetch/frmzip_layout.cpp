@@ -19,6 +19,10 @@ void frmzip::LayOut() {
   LstZip.Move(180, 720, 4920, 2505);
   LstZip.BackColor = color::kWindowBackground;
   LstZip.ForeColor = color::kWindowText;
+  // Plain colours: a selected row is read as well without the focus.
+  LstZip.SelColor = color::kHighlight;
+  LstZip.SelForeColor = color::kHighlightText;
+  LstZip.SelectionStyle = 0;
   ImageList1.AddNewImage(MapPicture());
   LstZip.SetImageList(Ref<Object>(&ImageList1));
   LstZip.ShowIcon = true;
