@@ -35,6 +35,7 @@ class TextCanvas final : public Canvas {
   void Fill(const PixelRect&, Color) override {}
   void Frame(const PixelRect&, Color) override {}
   void HorizontalLine(int, int, int, Color) override {}
+  void Line(PixelPoint, PixelPoint, Color, int) override {}
   void FocusRectangle(const PixelRect&) override {}
   void Text(std::string_view text, const PixelRect&, const FontDescription&, Color, TextPlacement) override {
     texts.emplace_back(text);
