@@ -69,4 +69,10 @@ Control& AddControlOfKind(Form& form, std::string_view kind, std::string name, C
   return made;
 }
 
+std::vector<std::string> ControlKindNames() {
+  std::vector<std::string> names;
+  for (const ControlKind& kind : kKinds) names.emplace_back(kind.name);
+  return names;
+}
+
 }  // namespace kestrun

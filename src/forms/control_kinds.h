@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "forms/form.h"
 
@@ -12,5 +13,7 @@ namespace kestrun {
 // hidden, has the kind's usual size, and stands in the container, or in the form for null. Error 429 for a kind that
 // does not exist.
 Control& AddControlOfKind(Form& form, std::string_view kind, std::string name, Control* container);
+
+[[nodiscard]] std::vector<std::string> ControlKindNames();
 
 }  // namespace kestrun

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/convert.h"
 #include "forms/form.h"
 #include "support/error_number.h"
 #include "support/headless_fixture.h"

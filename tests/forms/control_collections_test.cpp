@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/convert.h"
 #include "forms/command_button.h"
 #include "forms/frame.h"
 #include "forms/label.h"

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/convert.h"
 #include "forms/command_button.h"
 #include "forms/form.h"
 #include "forms/label.h"

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/convert.h"
 #include "forms/text_box.h"
 #include "forms/window_registry.h"
 #include "support/error_number.h"

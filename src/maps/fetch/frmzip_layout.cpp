@@ -14,6 +14,10 @@ void frmzip::LayOut() {
   lblText.Move(180, 180, 4920, 450);
   LstZip.Move(180, 720, 4920, 2505);
   GiveWindowColors(LstZip);
+  // Plain colours: a selected row is read as well without the focus.
+  LstZip.SelColor = color::kHighlight;
+  LstZip.SelForeColor = color::kHighlightText;
+  LstZip.SelectionStyle = 0;
   ImageList1.AddNewImage(MapPicture());
   LstZip.SetImageList(Ref<Object>(&ImageList1));
   LstZip.ShowIcon = true;

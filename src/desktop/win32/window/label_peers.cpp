@@ -27,9 +27,8 @@ void DrawWholeLines(HDC target, const std::wstring& caption, RECT area, UINT for
   const int lines = std::max(1, static_cast<int>((area.bottom - area.top) / metrics.tmHeight));
   if (lines == 1 && (format & DT_WORDBREAK) != 0) format = (format & ~static_cast<UINT>(DT_WORDBREAK)) | DT_SINGLELINE;
   const int saved = SaveDC(target);
-  IntersectClipRect(
-      target, area.left, area.top, area.right,
-      std::max<LONG>(area.top + lines * metrics.tmHeight, std::min(area.bottom, area.top + metrics.tmHeight)));
+  IntersectClipRect(target, area.left, area.top, area.right,
+                    std::min(area.bottom, area.top + lines * metrics.tmHeight));
   DrawTextW(target, caption.c_str(), -1, &area, format);
   RestoreDC(target, saved);
 }
