@@ -90,6 +90,14 @@ TEST_F(GdiCanvasTest, OfAVeryLongTextTheSidePaintsThatItIsAlignedTo) {
   paint("I", TextPlacement::kCenter);
   EXPECT_NE(pixels(95, 105), std::vector<Color>(300, kSampleBackground));
   EXPECT_EQ(pixels(0, 90), std::vector<Color>(2700, kSampleBackground));
+  // However the text is placed, only what is seen is handed to the system.
+  std::string astral;
+  for (int letter = 0; letter < 30000; ++letter) astral += "\xF0\x9F\x98\x80";
+  paint(astral + "WAVE", TextPlacement::kRight);
+  EXPECT_EQ(pixels(180, 200), at_right) << "cut between the halves of a character";
+  paint(filler + "WAVE", TextPlacement::kCenter);
+  EXPECT_NE(pixels(0, 20), std::vector<Color>(600, kSampleBackground));
+  EXPECT_NE(pixels(180, 200), std::vector<Color>(600, kSampleBackground));
   // Cut at any byte: no half of a letter is shown as a mark of its own.
   paint("Ж", TextPlacement::kLeft);
   const int step = sample().MeasureText("ЖЖ", {}).width / 2;

@@ -72,6 +72,14 @@ class ListBoxWindowTest : public testing::Test {
     const PixelRect area = list().AccessibleChildArea(row);
     return MAKELPARAM(40, (area.top + area.bottom) / 2);
   }
+  // The real mouse, so that the system does not tell at once that it is elsewhere.
+  void MoveMouseTo(int row) {
+    const LPARAM inside = PlaceOf(row);
+    POINT place{LOWORD(inside), HIWORD(inside)};
+    ClientToScreen(Handle(), &place);
+    SetCursorPos(place.x, place.y);
+    Post(WM_MOUSEMOVE, 0, inside);
+  }
   void Click(int row, WPARAM keys = 0) {
     Post(WM_LBUTTONDOWN, MK_LBUTTON | keys, PlaceOf(row));
     Post(WM_LBUTTONUP, keys, PlaceOf(row));
@@ -176,7 +184,7 @@ TEST_F(ListBoxWindowTest, ARowThatIsTooLongShowsItselfOverTheWindowUntilTheWheel
   SetFocus(Handle());
   list().OnScroll(16);
   Pump();
-  Post(WM_MOUSEMOVE, 0, PlaceOf(20));
+  MoveMouseTo(20);
   const HWND popup = FindWindowW(L"KestrunPopup", nullptr);
   ASSERT_TRUE(popup);
   EXPECT_TRUE(IsWindowVisible(popup));
@@ -188,6 +196,22 @@ TEST_F(ListBoxWindowTest, ARowThatIsTooLongShowsItselfOverTheWindowUntilTheWheel
   EXPECT_GT(area.right - area.left, own.right - own.left);
   Post(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(WHEEL_DELTA)), 0);
   EXPECT_FALSE(IsWindowVisible(popup));
+}
+
+// Where the system took the pop-up for the window below the mouse, it told a leave, and the pop-up was gone before
+// anyone saw it.
+TEST_F(ListBoxWindowTest, ALeaveThatThePopUpItselfCausesKeepsIt) {
+  list().OnScroll(16);
+  Pump();
+  MoveMouseTo(20);
+  const HWND popup = FindWindowW(L"KestrunPopup", nullptr);
+  ASSERT_TRUE(popup);
+  Post(WM_MOUSELEAVE, 0, 0);
+  EXPECT_TRUE(IsWindowVisible(popup));
+  RECT own{};
+  GetWindowRect(Handle(), &own);
+  SetCursorPos(own.left + 5, own.bottom + 200);
+  EXPECT_TRUE(PumpUntil([&] { return !IsWindowVisible(popup); })) << "the mouse went without a further leave";
 }
 
 // Under the pop-up a row with a long name could not be clicked.

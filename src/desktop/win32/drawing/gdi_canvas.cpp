@@ -33,6 +33,28 @@ std::wstring ToLine(std::string_view text) {
   return line;
 }
 
+// The characters of a laid out line that are drawn, and where the first of them starts.
+struct DrawnRun {
+  size_t first = 0;
+  size_t count = 0;
+  int left = 0;
+};
+
+bool IsInsideOfPair(const std::wstring& line, size_t at) { return at < line.size() && IS_LOW_SURROGATE(line[at]); }
+
+// What shows between 0 and `width` of a line that starts at `start`, which may be far left of 0, with one character
+// more on each side, which may reach over its edge. `ends` are the right edges of the characters, measured from the
+// line's start. The rest is left out: systems draw nothing at all of a text that starts far outside.
+DrawnRun FindDrawn(const std::wstring& line, const std::vector<int>& ends, int start, int width) {
+  auto first = static_cast<size_t>(std::upper_bound(ends.begin(), ends.end(), -start) - ends.begin());
+  auto last = static_cast<size_t>(std::lower_bound(ends.begin(), ends.end(), width - start) - ends.begin());
+  first -= first > 0 ? 1 : 0;
+  last = std::min(last + 2, line.size());
+  while (first > 0 && IsInsideOfPair(line, first)) --first;
+  while (IsInsideOfPair(line, last)) ++last;
+  return {first, last - first, start + (first == 0 ? 0 : ends[first - 1])};
+}
+
 }  // namespace
 
 // ---- fonts and the bitmap ------------------------------------------------------------------------------------------
@@ -126,17 +148,18 @@ void GdiCanvas::Text(std::string_view text, const PixelRect& area, const FontDes
                      TextPlacement placement) {
   if (text.empty() || area.IsEmpty()) return;
   const std::wstring line = ToLine(VisiblePart(text, area.width(), placement));
-  const auto length = static_cast<UINT>(line.size());
   SelectObject(target_, fonts_.Get(font, dpi_));
   SetTextColor(target_, ToColorRef(color));
   SIZE size{};
-  GetTextExtentPoint32W(target_, line.data(), static_cast<int>(length), &size);
+  std::vector<int> ends(line.size());
+  GetTextExtentExPointW(target_, line.data(), static_cast<int>(line.size()), 0, nullptr, ends.data(), &size);
   const int room = area.width() - static_cast<int>(size.cx);  // below 0 for a text that is cut
   const int before = placement == TextPlacement::kRight ? room : placement == TextPlacement::kCenter ? room / 2 : 0;
+  const DrawnRun run = FindDrawn(line, ends, before, area.width());
   const RECT place = ToRect(area);
   // Drawn directly: the system's call for aligned text takes no more than some hundred characters everywhere.
-  ExtTextOutW(target_, area.left + before, area.top + (area.height() - static_cast<int>(size.cy)) / 2, ETO_CLIPPED,
-              &place, line.data(), length, nullptr);
+  ExtTextOutW(target_, area.left + run.left, area.top + (area.height() - static_cast<int>(size.cy)) / 2, ETO_CLIPPED,
+              &place, line.data() + run.first, static_cast<UINT>(run.count), nullptr);
 }
 
 PixelSize GdiCanvas::MeasureText(std::string_view text, const FontDescription& font) {

@@ -9,6 +9,8 @@ namespace {
 
 constexpr const wchar_t* kControlClass = L"KestrunControl";
 constexpr UINT kPaintSoon = WM_APP + 1;
+constexpr UINT_PTR kLeaveTimer = 0x4C54;
+constexpr UINT kLeaveTimerMs = 50;
 
 }  // namespace
 
@@ -177,6 +179,38 @@ void UserControlPeer::MoveTo(int buttons, POINT place) {
   Dispatch([&] { Model().OnMouseMove(buttons, shift_state, place.x, place.y); });
 }
 
+bool UserControlPeer::IsUnderPopup(POINT cursor) const {
+  const HWND popup = popup_->window();
+  RECT area{};
+  return popup && IsWindowVisible(popup) && GetWindowRect(popup, &area) && PtInRect(&area, cursor);
+}
+
+// Some systems take the pop-up for the window below the mouse, though the mouse goes through it, and tell a leave as
+// soon as it shows: it would go at once. As long as the mouse stays over the control and the pop-up, it has not left.
+void UserControlPeer::LeaveUnlessUnderPopup() {
+  POINT cursor{};
+  RECT area{};
+  GetCursorPos(&cursor);
+  GetWindowRect(window(), &area);
+  if (PtInRect(&area, cursor) && IsUnderPopup(cursor)) {
+    SetTimer(window(), kLeaveTimer, kLeaveTimerMs, nullptr);  // the leave is told once only: look again
+    return;
+  }
+  KillTimer(window(), kLeaveTimer);
+  Dispatch([&] { Model().OnMouseLeave(); });
+}
+
+bool UserControlPeer::TakeTimer(WPARAM timer) {
+  if (timer == VerticalScrollBar::kTimer) {
+    bar_.ShowPosition(window());
+    return true;
+  }
+  if (timer != kLeaveTimer) return false;
+  KillTimer(window(), kLeaveTimer);
+  if (!is_mouse_inside_) LeaveUnlessUnderPopup();  // else it has moved since, and the next leave is told
+  return true;
+}
+
 // Another window took the mouse in the middle of a drag: the buttons count as released outside of the control.
 void UserControlPeer::LoseCapture() {
   const int held = std::exchange(held_buttons_, 0);
@@ -270,17 +304,14 @@ bool UserControlPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, L
     case WM_KILLFOCUS: ChangeFocus(message == WM_SETFOCUS); return true;
     case WM_CHAR: TypeCharacter(static_cast<wchar_t>(first)); return true;
     case WM_VSCROLL: Scroll(first); return true;
-    case WM_TIMER:
-      if (first != VerticalScrollBar::kTimer) return false;
-      bar_.ShowPosition(window());
-      return true;
+    case WM_TIMER: return TakeTimer(first);
     case WM_MOUSEWHEEL: return form().PassWheel(first, second) || TakeWheel(first);
     case WM_CAPTURECHANGED:
       if (reinterpret_cast<HWND>(second) != window()) LoseCapture();
       return true;
     case WM_MOUSELEAVE:
       is_mouse_inside_ = false;
-      Dispatch([&] { Model().OnMouseLeave(); });
+      LeaveUnlessUnderPopup();
       return true;
     case WM_GETOBJECT:
       if (static_cast<LONG>(second) != OBJID_CLIENT) return false;

@@ -55,6 +55,9 @@ class UserControlPeer final : public WindowedPeer {
   void ReleaseButton(int button, POINT place);
   void MoveTo(int buttons, POINT place);
   void LoseCapture();
+  [[nodiscard]] bool IsUnderPopup(POINT cursor) const;
+  void LeaveUnlessUnderPopup();
+  bool TakeTimer(WPARAM timer);
   void Scroll(WPARAM first);
   void TypeCharacter(wchar_t unit);
   void ChangeFocus(bool gained);
