@@ -51,8 +51,7 @@ size_t StatusBytes(const std::string& wanted) {
 
 struct Outcome {
   int error = 0;
-  int later_error = 0;  // of a small script that runs afterwards
-  size_t growth = 0;    // of the resident memory, at its most
+  size_t growth = 0;  // of the resident memory, at its most
 };
 
 int RunText(Engine& engine, std::string_view text) {
@@ -67,11 +66,12 @@ bool RunApart(std::string_view text, size_t memory_bytes, Prepare prepare, Outco
   const pid_t child = fork();
   if (child == 0) {
     const size_t before = StatusBytes("VmRSS:");
-    Engine engine;
-    engine.limits().memory_bytes = memory_bytes;
-    prepare();
-    outcome.error = RunText(engine, text);
-    outcome.later_error = RunText(engine, "Erase a : s = Empty : t = Empty : Set d = Nothing : k = 1 + 1");
+    {
+      Engine engine;
+      engine.limits().memory_bytes = memory_bytes;
+      prepare();
+      outcome.error = RunText(engine, text);
+    }
     outcome.growth = StatusBytes("VmHWM:") - before;
     const bool told = write(ends[1], &outcome, sizeof outcome) == static_cast<ssize_t>(sizeof outcome);
     _exit(told ? 0 : 1);
