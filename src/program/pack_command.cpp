@@ -163,7 +163,7 @@ void PackCommand(const std::string& command) {
     const std::string& name = pieces[3];
     const std::string& source = pieces[5];
     packfile(source, name, archive_path, ToLower(pieces[6]) == "/z");
-    AppendLog(source + " --> " + archive_path + ":" + name + " ~>OK");
+    AppendLogLine(source, archive_path, name);
   });
 }
 
