@@ -116,6 +116,7 @@ bool IsTextFunction(std::string_view name) {
                                          "LenB",
                                          "LoadPicture",
                                          "Now",
+                                         "Randomize",  // a statement, tried below
                                          "ScriptEngine",
                                          "ScriptEngineBuildVersion",
                                          "ScriptEngineMajorVersion",
@@ -155,6 +156,8 @@ TEST_F(TimeLimitTest, EveryOtherFunctionIsChargedForALongTextInAnyPlace) {
     }
   }
 }
+
+TEST_F(TimeLimitTest, RandomizeIsChargedByTheTextOfItsSeed) { EXPECT_EQ(Loop("Randomize digits"), kTimeLimitNumber); }
 
 TEST_F(TimeLimitTest, OperatorsAreChargedByTheirTexts) {
   constexpr std::string_view kStatements[] = {

@@ -53,7 +53,7 @@ inline constexpr HostileScript kHostileScripts[] = {
     {"Filter", "ReDim b(10000)\nFor i = 0 To 10000 : b(i) = \"abcdefgh\" : Next\nReDim a(100000)\nFor i = 0 To 100000 : a(i) = Filter(b, \"a\") : Next"},
     {"Escape", "s = String(100000, \" \")\nReDim a(100000)\nFor i = 0 To 100000 : a(i) = Escape(s) : Next"},
     {"bytes", "s = String(1000000, \"x\")\nReDim a(1000)\nFor i = 0 To 1000 : a(i) = MidB(s, 1, 2000000 - i * 2) : Next"},
-    {"references to procedures", "Sub P\nEnd Sub\nReDim a(300000)\nFor i = 0 To 300000 : Set a(i) = GetRef(\"P\") : Next"},
+    {"references to procedures", "Sub P\nEnd Sub\nReDim a(500000)\nFor i = 0 To 500000 : Set a(i) = GetRef(\"P\") : Next"},
     {"texts of errors", "s = String(60000, \"x\")\nReDim a(100000)\nFor i = 0 To 100000\nErr.Description = s & i\na(i) = Err.Description\nNext"},
     {"holes between kept texts", "ReDim a(200000)\nOn Error Resume Next\nFor r = 1 To 6\nErr.Clear\nn = 0\nsize = 30 * 4 ^ r\nDo\na(n) = String(size, \"x\")\nIf Err.Number <> 0 Or n = 200000 Then Exit Do\nn = n + 1\nLoop\nkeep = Int(4000 / size) * 2 + 2\nFor i = 0 To n\nIf i Mod keep <> 0 Then a(i) = Empty\nNext\nNext\nOn Error GoTo 0\nErr.Raise 7"},
 };

@@ -225,7 +225,8 @@ TEST_F(RestoreTest, TheCommandIsContentWhenTheOriginalIsThereAlready) {
 TEST_F(RestoreTest, TheCommandReportsAFailureAndLogsIt) {
   EXPECT_TRUE(Put("Oasis.bms", kMission));
   native_files.Delete(LedgerPath(Sha256Hex(AsBytes(stock))));
-  desktop.dialogs().ExpectBox("Error: restore 53\r\nFile not found");
+  const std::string kept = LedgerPath(Sha256Hex(AsBytes(stock)));
+  desktop.dialogs().ExpectFileFailure("Error: restore 53\r\nFile not found", kept);
   static_cast<void>(ProcessCommand("-restore \"%GAMEDIR%\\dflw.pff\""));
   EXPECT_EQ(Log(), "originals --> %GAMEDIR%\\dflw.pff:D08M03.BMS ~>File not found\r\n");
 }

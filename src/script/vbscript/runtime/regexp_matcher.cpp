@@ -75,8 +75,11 @@ uint32_t RegExpMatcher::NextCandidate(uint32_t from) const {
 }
 
 bool RegExpMatcher::Find(uint32_t from) {
-  for (uint32_t start = NextCandidate(from); start <= length_; start = NextCandidate(from)) {
-    CountStep((start - from) / kUnitsPerStep + 1);
+  while (from <= length_) {
+    const uint32_t start = NextCandidate(from);
+    // A search that finds nothing has walked to the end.
+    CountStep((std::min(start, length_) - from) / kUnitsPerStep + 1);
+    if (start > length_) return false;
     if (RunAt(start)) return true;
     from = start + 1;
   }
