@@ -10,11 +10,11 @@
 #include "formats/profile/profile_file.h"
 #include "forms/window_registry.h"
 #include "platform/platform.h"
-#include "program/window_kit/ask.h"
 #include "program/folders.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/show_error.h"
+#include "program/window_kit/ask.h"
 #include "program/window_kit/open_window.h"
 
 namespace kestrun {

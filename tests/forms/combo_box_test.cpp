@@ -1,5 +1,5 @@
-#include "base/convert.h"
 #include "forms/combo_box.h"
+#include "base/convert.h"
 
 #include <gtest/gtest.h>
 

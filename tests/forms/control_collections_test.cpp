@@ -1,5 +1,5 @@
-#include "base/convert.h"
 #include "forms/control_collections.h"
+#include "base/convert.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // What scripts draw on forms and picture boxes, and the numbers by which the system knows them.
-#include "base/convert.h"
 #include "forms/drawable_control.h"
+#include "base/convert.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "base/convert.h"
 #include "forms/script_globals.h"
+#include "base/convert.h"
 
 #include <gtest/gtest.h>
 
