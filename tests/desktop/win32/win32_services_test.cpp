@@ -155,6 +155,12 @@ TEST_F(Win32ServicesTest, TheUrlTestIsThePlatforms) {
   EXPECT_FALSE(internet.IsUrl("a.bms"));
 }
 
+class NoAnswer final : public HttpReceiver {
+ public:
+  bool TakeHead(int, const HttpHeaders&) override { return ADD_FAILURE() << "an answer", false; }
+  bool TakePiece(ByteView) override { return false; }
+};
+
 // An Enter that was pressed while a map was fetched said yes to the question that came next, before it was seen.
 TEST_F(Win32ServicesTest, WhatIsPressedWhileAServerIsWaitedForGoesNowhere) {
   MSG message{};
@@ -162,7 +168,10 @@ TEST_F(Win32ServicesTest, WhatIsPressedWhileAServerIsWaitedForGoesNowhere) {
   for (const UINT pressed : {UINT{WM_KEYDOWN}, UINT{WM_CHAR}, UINT{WM_LBUTTONDOWN}, UINT{WM_APP}}) {
     PostThreadMessageW(GetCurrentThreadId(), pressed, VK_RETURN, 0);
   }
-  EXPECT_FALSE(Win32Internet().Send({"GET", "no address", {}, {}, {}}));
+  NoAnswer receiver;
+  const HttpRequest request{"GET", "no address", {}, {}};
+  EXPECT_EQ(ErrorNumberOf([&] { Win32Internet().OpenSession()->Exchange(request, receiver); }),
+            error::kAutomationError);
   EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE));
   EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE));
   EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE));
