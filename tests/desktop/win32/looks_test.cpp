@@ -101,6 +101,7 @@ TEST_F(LooksTest, AGraphicalButtonShowsItsPicture) {
 
 TEST_F(LooksTest, AGraphicalCheckBoxIsPressedDownWhileItIsTicked) {
   form().Check1.Style = 1;
+  form().Check1.Caption = "";  // there is no room for both in it
   form().Check1.Picture = MakeRef<Picture>(4, 4, std::vector<uint32_t>(16, 0xFF0000FF));
   form().Check1.DownPicture = MakeRef<Picture>(4, 4, std::vector<uint32_t>(16, 0xFF00FF00));
   PostMessageW(HandleOf(form().Check1), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));

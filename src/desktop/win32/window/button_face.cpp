@@ -79,7 +79,9 @@ void DrawButtonFace(FormWindow& form, const Button& button, HDC target, const RE
   DrawTextW(target, caption.c_str(), -1, &place, DT_CENTER | DT_WORDBREAK);
   SelectObject(target, previous);
   if (!state.has_focus) return;
-  const RECT focus{area.left + kInset, area.top + kInset, area.right - kInset, area.bottom - kInset};
+  constexpr int kFocusInset = kInset - 1;  // around what the face shows
+  const RECT focus{area.left + kFocusInset, area.top + kFocusInset, area.right - kFocusInset,
+                   area.bottom - kFocusInset};
   SetTextColor(target, ToColorRef(button.ForeColor));
   SetBkColor(target, ToColorRef(button.BackColor));
   DrawFocusRect(target, &focus);
