@@ -122,4 +122,15 @@ std::string QuotedNames(const std::vector<Difference>& differences) {
   return names;
 }
 
+std::string AdditionsText(const std::vector<Difference>& differences) {
+  std::vector<Difference> files;
+  std::vector<Difference> entries;
+  for (const Difference& each : differences) (each.place.entry.empty() ? files : entries).push_back(each);
+  std::string text;
+  if (!files.empty()) text = (files.size() == 1 ? "The loose file " : "The loose files ") + QuotedNames(files);
+  if (entries.empty()) return text;
+  text += text.empty() ? "The " : " and the ";
+  return text + (entries.size() == 1 ? "entry " : "entries ") + QuotedNames(entries);
+}
+
 }  // namespace kestrun

@@ -34,4 +34,7 @@ struct Restored {
 // The names in quotes, the first of them when they are many.
 [[nodiscard]] std::string QuotedNames(const std::vector<originals::Difference>& differences);
 
+// The same as the start of a sentence that tells loose files from entries: both may have one name.
+[[nodiscard]] std::string AdditionsText(const std::vector<originals::Difference>& differences);
+
 }  // namespace kestrun

@@ -49,7 +49,7 @@ BoxAnswer AskToKeep(const std::vector<Difference>& foreign) {
 
 bool AskToRemove(const std::vector<Difference>& additions) {
   const bool is_one = additions.size() == 1;
-  return AskYesNo(QuotedNames(additions) + (is_one ? " was" : " were") + " not in the game before. Remove " +
+  return AskYesNo(AdditionsText(additions) + (is_one ? " was" : " were") + " not in the game before. Remove " +
                       (is_one ? "it?" : "them?"),
                   BoxIcon::kQuestion);
 }

@@ -28,7 +28,7 @@ class RestoreWindowTest : public originals::OriginalsTest {
   }
   void ExpectRemoval(BoxAnswer answer) {
     desktop.dialogs()
-        .ExpectBox("\"D08M03.BMS\", \"D08M04.BMS\" were not in the game before. Remove them?", answer)
+        .ExpectBox("The loose files \"D08M03.BMS\", \"D08M04.BMS\" were not in the game before. Remove them?", answer)
         .WithButtons(BoxButtons::kYesNo);
   }
   // Selects the row with this text at its start, and no other.
@@ -187,7 +187,9 @@ TEST_F(RestoreWindowTest, AnEntryThatWasNotThereIsRemovedAfterTheQuestion) {
   frmrestore& window = Open();
   EXPECT_EQ(Rows(window.LstMissions),
             "NEW.BMS in dflw.pff:  Oasis.bms (Oasis)|NEW.BMS, loose file:  Oasis.bms (Oasis)|");
-  desktop.dialogs().ExpectBox("\"NEW.BMS\", \"NEW.BMS\" were not in the game before. Remove them?", BoxAnswer::kYes);
+  desktop.dialogs().ExpectBox(
+      "The loose file \"NEW.BMS\" and the entry \"NEW.BMS\" were not in the game before. Remove them?",
+      BoxAnswer::kYes);
   desktop.dialogs().ExpectBox("2 added files are removed.");
   window.CmdRestoreAll.Press();
   EXPECT_EQ(window.LblState.Caption.get(), "Nothing in this folder differs from its originals.");
