@@ -45,7 +45,7 @@ class GameMemoryTest : public RealWindowTest {
   [[nodiscard]] bool BringToFront(HWND window) {
     constexpr int kLongEnough = 15;
     int in_front = 0;
-    return GameProcess::WaitFor([&] {
+    return WaitFor([&] {
       Pump();
       ::Sleep(20);
       in_front = GetForegroundWindow() == window ? in_front + 1 : 0;
@@ -84,7 +84,7 @@ TEST_F(GameMemoryTest, AGameIsFoundByItsExactTitleAndRead) {
   const int32_t clock = memory->ReadLongAt(kDemo.GameTimer);
   EXPECT_GT(clock, 50'000);
   EXPECT_LE(clock, 56'250);
-  EXPECT_TRUE(GameProcess::WaitFor([&] { return memory->ReadLongAt(kDemo.GameTimer) < clock; })) << "the clock runs";
+  EXPECT_TRUE(WaitFor([&] { return memory->ReadLongAt(kDemo.GameTimer) < clock; })) << "the clock runs";
 }
 
 TEST_F(GameMemoryTest, AnAddressThatCannotBeReadGivesZero) {
@@ -162,7 +162,7 @@ TEST_F(GameMemoryTest, InputGoesToTheWindowInFrontWhenTheSettingSaysSo) {
   ASSERT_TRUE(memory->AttachToWindow(kDemo.window_title));
   ASSERT_TRUE(BringToFront(HandleOf(*form)));
   memory->PressKey(84);
-  EXPECT_TRUE(GameProcess::WaitFor([&] {
+  EXPECT_TRUE(WaitFor([&] {
     Pump();
     return !heard.empty();
   }));
@@ -205,8 +205,8 @@ TEST_F(GameMemoryTest, AGameThatIsKilledReadsZeroAndItsHandleIsLetGo) {
   const GameProcess game(0, "-kill 2500");
   const size_t own_handles = RightsTo(game.Id()).size();
   ASSERT_TRUE(memory->AttachToWindow(kDemo.window_title));
-  ASSERT_TRUE(GameProcess::WaitFor([&] { return memory->ReadByteAt(kDemo.GameEndAddr) == 1; }));
-  ASSERT_TRUE(GameProcess::WaitFor([&] { return game.HasEnded(); }));
+  ASSERT_TRUE(WaitFor([&] { return memory->ReadByteAt(kDemo.GameEndAddr) == 1; }));
+  ASSERT_TRUE(WaitFor([&] { return game.HasEnded(); }));
   EXPECT_THAT(game.Log(), HasSubstr("killed in the middle"));
   EXPECT_EQ(memory->ReadByteAt(kDemo.GameEndAddr), 0);
   EXPECT_EQ(memory->ReadLongAt(kDemo.GameTimer), 0);

@@ -1,0 +1,289 @@
+// The auto host beside a game, as a server runs them over night: kestrun.exe and the simulated game as processes, the
+// window driven by its buttons, the game believed by its log.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "desktop/win32/game_process.h"
+
+namespace kestrun {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const wchar_t* kHostTitle = L"Kestrun - Auto Host";
+// Row of the builds that both the auto host and the game are set to.
+constexpr size_t kBuild = 0;
+
+std::wstring TextOf(HWND window) {
+  std::wstring text(1024, L'\0');
+  text.resize(
+      static_cast<size_t>(SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+  return text;
+}
+
+std::wstring ClassOf(HWND window) {
+  wchar_t name[64];
+  return {name, static_cast<size_t>(GetClassNameW(window, name, 64))};
+}
+
+std::vector<HWND> ChildrenOf(HWND parent) {
+  std::vector<HWND> children;
+  EnumChildWindows(
+      parent,
+      [](HWND child, LPARAM list) -> BOOL {
+        reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&children));
+  return children;
+}
+
+// The auto host's window, in a process of its own.
+class HostWindow {
+ public:
+  HostWindow(const std::string& program, const std::string& list)
+      : process_(StartProcess(ToWide("\"" + program + "\" \"" + list + "\""))) {
+    is_there_ = WaitFor([this] { return window() && IsWindowVisible(window()) && RowCount() > 0; });
+  }
+  ~HostWindow() {
+    TerminateProcess(process_.get(), 1);
+    WaitForSingleObject(process_.get(), kPatienceMs);
+  }
+  HostWindow(const HostWindow&) = delete;
+  HostWindow& operator=(const HostWindow&) = delete;
+
+  [[nodiscard]] bool IsThere() const { return is_there_; }
+  [[nodiscard]] static HWND window() { return FindWindowW(nullptr, kHostTitle); }
+
+  // Presses the button with that caption, once there is one and it is enabled.
+  [[nodiscard]] bool Press(std::wstring_view caption) const {
+    return WaitFor([&] {
+      for (const HWND child : ChildrenOf(window())) {
+        if (TextOf(child) != caption || !IsWindowEnabled(child)) continue;
+        PostMessageW(child, BM_CLICK, 0, 0);
+        return true;
+      }
+      return false;
+    });
+  }
+
+  // File name of the row that is current in the play list; empty when none is.
+  [[nodiscard]] static std::string CurrentMap() {
+    const HWND list = PlayList();
+    const auto row = SendMessageW(list, LB_GETCURSEL, 0, 0);
+    if (!list || row < 0) return {};
+    const std::string text = FromWide(RowText(list, row));
+    return text.substr(text.find_last_of('\\') + 1);
+  }
+  [[nodiscard]] static LRESULT RowCount() { return PlayList() ? SendMessageW(PlayList(), LB_GETCOUNT, 0, 0) : 0; }
+  // Boxes that wait for an answer.
+  [[nodiscard]] static HWND Box() { return FindWindowW(L"#32770", nullptr); }
+
+ private:
+  static std::wstring RowText(HWND list, LRESULT row) {
+    std::wstring text(static_cast<size_t>(SendMessageW(list, LB_GETTEXTLEN, static_cast<WPARAM>(row), 0)) + 1, L'\0');
+    SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text.data()));
+    text.pop_back();
+    return text;
+  }
+  // Of the two lists the one whose rows are whole paths.
+  static HWND PlayList() {
+    for (const HWND child : ChildrenOf(window())) {
+      if (_wcsicmp(ClassOf(child).c_str(), L"ListBox") != 0 || SendMessageW(child, LB_GETCOUNT, 0, 0) < 1) continue;
+      if (RowText(child, 0).find(L'\\') != std::wstring::npos) return child;
+    }
+    return nullptr;
+  }
+
+  ProcessHandle process_;
+  bool is_there_ = false;
+};
+
+// What the window is set to before it opens.
+struct HostSettings {
+  bool game_timer = false;
+  bool reset_games = false;
+  int minutes = 15;
+  int seconds = 58;
+};
+
+class HostRoadTest : public testing::Test {
+ protected:
+  HostRoadTest() {
+    for (const char* name : {"Alpha", "Bravo", "Charlie"}) {
+      files.WriteAll(MapPath(name), MissionNamed(name));
+    }
+    files.WriteAll(game_folder->path() + "\\D08M03.BMS", MissionNamed("First"));
+    files.Copy(ProgramBesideTests("kestrun.exe"), Path("kestrun.exe"));
+    WriteText(Path("rotation.lst"), "[LIST]\r\nMAP0=" + MapPath("Alpha") + "\r\nMAP1=" + MapPath("Bravo") +
+                                        "\r\nMAP2=" + MapPath("Charlie") + "\r\nTOTAL=3\r\n");
+  }
+
+  [[nodiscard]] std::string Path(const std::string& name) const { return folder.path() + "\\" + name; }
+  [[nodiscard]] std::string MapPath(const std::string& name) const { return Path(name + ".bms"); }
+  [[nodiscard]] static Bytes MissionNamed(const std::string& name) {
+    MissionFields fields;
+    fields.mission_name = name;
+    return WriteMission(fields);
+  }
+  // With the mark of UTF-8: the folder's name has letters that no code page holds.
+  void WriteText(const std::string& path, const std::string& text) {
+    files.WriteAll(path, AsBytes("\xEF\xBB\xBF" + text));
+  }
+
+  void StartHost(const HostSettings& settings) {
+    WriteText(Path("packit.ini"),
+              "[FOLDERS]\r\nDFLW=" + game_folder->path() + "\r\n[launcher]\r\nPATH=" + folder.path() +
+                  "\r\nCHECKLWPATH=False\r\nFIRSTRUN=False\r\nDFVERSION=0\r\nGAMETIMER=" +
+                  std::to_string(settings.game_timer ? 1 : 0) + "\r\nRESETGAMES=" +
+                  std::to_string(settings.reset_games ? 1 : 0) + "\r\nTIMEMIN=" + std::to_string(settings.minutes) +
+                  "\r\nTIMESEC=" + std::to_string(settings.seconds) + "\r\n");
+    host = std::make_unique<HostWindow>(Path("kestrun.exe"), Path("rotation.lst"));
+    ASSERT_TRUE(host->IsThere());
+    ASSERT_EQ(HostWindow::RowCount(), 3);
+  }
+  void StartGame(const std::string& words) {
+    game = std::make_unique<GameProcess>(kBuild, words, game_folder);
+    ASSERT_TRUE(game->IsThere());
+  }
+
+  // The names of the maps that the game has played, in order.
+  [[nodiscard]] std::vector<std::string> PlayedMaps() const {
+    std::vector<std::string> maps;
+    for (const std::string& line : Split(game->Log(), "\r\n")) {
+      if (line.find(" map ") == std::string::npos) continue;
+      const size_t name = line.find('"') + 1;
+      maps.push_back(line.substr(name, line.rfind('"') - name));
+    }
+    return maps;
+  }
+  // The game plays that map in the end, and the window shows its row.
+  void ExpectMap(const std::string& name) {
+    EXPECT_TRUE(WaitFor([&] {
+      const std::vector<std::string> maps = PlayedMaps();
+      return !maps.empty() && maps.back() == name;
+    })) << "the game did not come to play "
+        << name << "\n"
+        << game->Log();
+    EXPECT_EQ(HostWindow::CurrentMap(), name + ".bms");
+    EXPECT_EQ(HostWindow::Box(), nullptr)
+        << "a box that nobody expected: " << FromWide(HostWindow::Box() ? TextOf(HostWindow::Box()) : L"");
+  }
+  // After the map that was there before anybody came, each map of the list is played once, in order.
+  void ExpectRotation() {
+    for (const char* name : {"Alpha", "Bravo", "Charlie"}) ExpectMap(name);
+    EXPECT_THAT(PlayedMaps(), ElementsAre("First", "Alpha", "Bravo", "Charlie"));
+    EXPECT_THAT(game->Log(), Not(HasSubstr("refused")));
+  }
+
+  Win32FileSystem files;
+  TemporaryFolder folder;
+  std::shared_ptr<TemporaryFolder> game_folder = std::make_shared<TemporaryFolder>();
+  std::unique_ptr<GameProcess> game;
+  std::unique_ptr<HostWindow> host;
+};
+
+// Rounds of three seconds. The countdown is far too long to matter.
+TEST_F(HostRoadTest, TheEndOfEachGameBringsTheNextMapAndAfterTheLastTheFirst) {
+  StartHost({});
+  StartGame("-round 60 -speed 20 -pause 3500 -leave 0");
+  ASSERT_TRUE(game->Logs("\"First\""));
+  ASSERT_TRUE(host->Press(L"Start"));
+  ExpectRotation();
+  ExpectMap("Alpha");
+  EXPECT_THAT(game->Log(), Not(HasSubstr("console")));
+}
+
+TEST_F(HostRoadTest, TheEndOfEachGameBringsTheNextMapAndTheResetIsTyped) {
+  HostSettings settings;
+  settings.reset_games = true;
+  StartHost(settings);
+  StartGame("-round 60 -speed 20 -pause 5500 -leave 0");
+  ASSERT_TRUE(game->Logs("\"First\""));
+  ASSERT_TRUE(host->Press(L"Start"));
+  ExpectRotation();
+  EXPECT_THAT(game->Log(), HasSubstr("console resetgames"));
+}
+
+// The clock is seen at 0 while the game still leaves its round.
+TEST_F(HostRoadTest, TheRoundClockBringsTheNextMap) {
+  HostSettings settings;
+  settings.game_timer = true;
+  StartHost(settings);
+  StartGame("-round 60 -speed 20 -pause 3500 -leave 1500");
+  ASSERT_TRUE(game->Logs("\"First\""));
+  ASSERT_TRUE(host->Press(L"Start"));
+  ExpectRotation();
+  EXPECT_THAT(game->Log(), Not(HasSubstr("console")));
+}
+
+TEST_F(HostRoadTest, TheRoundClockBringsTheNextMapAndTheResetIsTyped) {
+  HostSettings settings;
+  settings.game_timer = true;
+  settings.reset_games = true;
+  StartHost(settings);
+  StartGame("-round 60 -speed 20 -pause 5000 -leave 2000");
+  ASSERT_TRUE(game->Logs("\"First\""));
+  ASSERT_TRUE(host->Press(L"Start"));
+  ExpectRotation();
+  EXPECT_THAT(game->Log(), HasSubstr("console resetgames"));
+}
+
+// The rounds last a quarter of an hour: each map comes because the countdown ended the one before.
+TEST_F(HostRoadTest, TheCountdownWithTheResetEndsTheGameForTheNextMap) {
+  HostSettings settings;
+  settings.reset_games = true;
+  settings.minutes = 0;
+  settings.seconds = 6;
+  StartHost(settings);
+  StartGame("-round 900 -pause 3000 -leave 300");
+  ASSERT_TRUE(game->Logs("\"First\""));
+  ASSERT_TRUE(host->Press(L"Start"));
+  ExpectRotation();
+  EXPECT_THAT(game->Log(), HasSubstr("end of round 1: resetgames"));
+  EXPECT_THAT(game->Log(), Not(HasSubstr("the clock ran out")));
+}
+
+// Nobody ends the round: the file is replaced under the running game, which plays it in its next round.
+TEST_F(HostRoadTest, TheCountdownWithoutTheResetLeavesTheRoundAndIsPlayedInTheNext) {
+  HostSettings settings;
+  settings.minutes = 0;
+  settings.seconds = 3;
+  StartHost(settings);
+  StartGame("-round 60 -speed 5 -pause 20000 -leave 0");
+  ASSERT_TRUE(game->Logs("\"First\""));
+  ASSERT_TRUE(host->Press(L"Start"));
+  EXPECT_TRUE(WaitFor([] { return HostWindow::CurrentMap() == "Alpha.bms"; }));
+  EXPECT_TRUE(WaitFor([&] { return files.ReadAll(game->Path("D08M03.BMS")) == MissionNamed("Alpha"); }));
+  EXPECT_THAT(PlayedMaps(), ElementsAre("First"));
+  EXPECT_THAT(game->Log(), Not(HasSubstr("end of round")));
+  ASSERT_TRUE(host->Press(L"Pause"));
+  ASSERT_TRUE(game->Logs("end of round 1: the clock ran out"));
+}
+
+TEST_F(HostRoadTest, AGameThatIsKilledStopsNothingAndIsServedAgainOnceTheRunIsStartedAnew) {
+  StartHost({});
+  StartGame("-round 60 -speed 6 -pause 2500 -leave 0 -kill 6000");
+  ASSERT_TRUE(game->Logs("\"First\""));
+  ASSERT_TRUE(host->Press(L"Start"));
+  ASSERT_TRUE(WaitFor([this] { return game->HasEnded(); }));
+  EXPECT_THAT(game->Log(), HasSubstr("killed in the middle"));
+  // The running byte fell with the process: one map goes in, and no more.
+  EXPECT_TRUE(WaitFor([] { return HostWindow::CurrentMap() == "Alpha.bms"; }));
+  ::Sleep(3500);
+  EXPECT_EQ(HostWindow::CurrentMap(), "Alpha.bms");
+  EXPECT_EQ(HostWindow::Box(), nullptr);
+
+  game.reset();
+  StartGame("-round 60 -speed 20 -pause 3500 -leave 0");
+  ExpectMap("Alpha");
+  ASSERT_TRUE(host->Press(L"Reset"));
+  ASSERT_TRUE(host->Press(L"START!"));
+  ExpectMap("Bravo");
+  ExpectMap("Charlie");
+}
+
+}  // namespace
+}  // namespace kestrun
