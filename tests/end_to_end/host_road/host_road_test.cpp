@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "desktop/win32/game_process.h"
+#include "desktop/win32/system/win32_game_memory.h"
+#include "game/builds.h"
 
 namespace kestrun {
 namespace {
@@ -57,15 +59,12 @@ class HostWindow {
   [[nodiscard]] bool IsThere() const { return is_there_; }
   [[nodiscard]] static HWND window() { return FindWindowW(nullptr, kHostTitle); }
 
+  [[nodiscard]] static bool HasButton(std::wstring_view caption) { return FindButton(caption) != nullptr; }
   // Presses the button with that caption, once there is one and it is enabled.
-  [[nodiscard]] bool Press(std::wstring_view caption) const {
-    return WaitFor([&] {
-      for (const HWND child : ChildrenOf(window())) {
-        if (TextOf(child) != caption || !IsWindowEnabled(child)) continue;
-        PostMessageW(child, BM_CLICK, 0, 0);
-        return true;
-      }
-      return false;
+  [[nodiscard]] static bool Press(std::wstring_view caption) {
+    return WaitFor([caption] {
+      const HWND button = FindButton(caption);
+      return button && IsWindowEnabled(button) && PostMessageW(button, BM_CLICK, 0, 0);
     });
   }
 
@@ -82,6 +81,11 @@ class HostWindow {
   [[nodiscard]] static HWND Box() { return FindWindowW(L"#32770", nullptr); }
 
  private:
+  static HWND FindButton(std::wstring_view caption) {
+    const std::vector<HWND> children = ChildrenOf(window());
+    const auto found = std::ranges::find_if(children, [caption](HWND child) { return TextOf(child) == caption; });
+    return found == children.end() ? nullptr : *found;
+  }
   static std::wstring RowText(HWND list, LRESULT row) {
     std::wstring text(static_cast<size_t>(SendMessageW(list, LB_GETTEXTLEN, static_cast<WPARAM>(row), 0)) + 1, L'\0');
     SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text.data()));
@@ -149,6 +153,18 @@ class HostRoadTest : public testing::Test {
     ASSERT_TRUE(game->IsThere());
   }
 
+  // As an administrator does in the game's own console.
+  void EndRoundAtTheServer() {
+    const HostBuild& build = HostBuildOf(static_cast<int>(kBuild));
+    const std::unique_ptr<GameMemory> console = Win32Games().MakeMemory({});
+    ASSERT_TRUE(console->AttachToWindow(build.window_title));
+    ASSERT_TRUE(WaitFor([&] { return console->ReadByteAt(build.GameEndAddr) == 1; }));
+    console->PressKey(192);
+    ::Sleep(300);
+    console->WriteTextAt(build.MemoryAdress, "resetgames");
+    console->PressKey(13);
+  }
+
   // The names of the maps that the game has played, in order.
   [[nodiscard]] std::vector<std::string> PlayedMaps() const {
     std::vector<std::string> maps;
@@ -185,24 +201,31 @@ class HostRoadTest : public testing::Test {
   std::unique_ptr<HostWindow> host;
 };
 
-// Rounds of three seconds. The countdown is far too long to matter.
+// Somebody at the server ends each of the long rounds, whose clock never gets to 0.
 TEST_F(HostRoadTest, TheEndOfEachGameBringsTheNextMapAndAfterTheLastTheFirst) {
-  StartHost({});
-  StartGame("-round 60 -speed 20 -pause 3500 -leave 0");
+  HostSettings settings;
+  settings.game_timer = true;
+  StartHost(settings);
+  StartGame("-round 900 -pause 3500 -leave 0");
   ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(host->Press(L"Start"));
-  ExpectRotation();
-  ExpectMap("Alpha");
-  EXPECT_THAT(game->Log(), Not(HasSubstr("console")));
+  ASSERT_TRUE(HostWindow::Press(L"Start"));
+  ASSERT_TRUE(WaitFor([] { return HostWindow::HasButton(L"Reset"); }));
+  for (const char* name : {"Alpha", "Bravo", "Charlie", "Alpha"}) {
+    EndRoundAtTheServer();
+    ExpectMap(name);
+  }
+  EXPECT_THAT(PlayedMaps(), ElementsAre("First", "Alpha", "Bravo", "Charlie", "Alpha"));
+  EXPECT_THAT(game->Log(), Not(HasSubstr("the clock ran out")));
 }
 
+// Rounds of three seconds, and a countdown that is far too long to matter.
 TEST_F(HostRoadTest, TheEndOfEachGameBringsTheNextMapAndTheResetIsTyped) {
   HostSettings settings;
   settings.reset_games = true;
   StartHost(settings);
   StartGame("-round 60 -speed 20 -pause 5500 -leave 0");
   ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(host->Press(L"Start"));
+  ASSERT_TRUE(HostWindow::Press(L"Start"));
   ExpectRotation();
   EXPECT_THAT(game->Log(), HasSubstr("console resetgames"));
 }
@@ -214,7 +237,7 @@ TEST_F(HostRoadTest, TheRoundClockBringsTheNextMap) {
   StartHost(settings);
   StartGame("-round 60 -speed 20 -pause 3500 -leave 1500");
   ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(host->Press(L"Start"));
+  ASSERT_TRUE(HostWindow::Press(L"Start"));
   ExpectRotation();
   EXPECT_THAT(game->Log(), Not(HasSubstr("console")));
 }
@@ -226,7 +249,7 @@ TEST_F(HostRoadTest, TheRoundClockBringsTheNextMapAndTheResetIsTyped) {
   StartHost(settings);
   StartGame("-round 60 -speed 20 -pause 5000 -leave 2000");
   ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(host->Press(L"Start"));
+  ASSERT_TRUE(HostWindow::Press(L"Start"));
   ExpectRotation();
   EXPECT_THAT(game->Log(), HasSubstr("console resetgames"));
 }
@@ -240,7 +263,7 @@ TEST_F(HostRoadTest, TheCountdownWithTheResetEndsTheGameForTheNextMap) {
   StartHost(settings);
   StartGame("-round 900 -pause 3000 -leave 300");
   ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(host->Press(L"Start"));
+  ASSERT_TRUE(HostWindow::Press(L"Start"));
   ExpectRotation();
   EXPECT_THAT(game->Log(), HasSubstr("end of round 1: resetgames"));
   EXPECT_THAT(game->Log(), Not(HasSubstr("the clock ran out")));
@@ -254,23 +277,25 @@ TEST_F(HostRoadTest, TheCountdownWithoutTheResetLeavesTheRoundAndIsPlayedInTheNe
   StartHost(settings);
   StartGame("-round 60 -speed 5 -pause 20000 -leave 0");
   ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(host->Press(L"Start"));
+  ASSERT_TRUE(HostWindow::Press(L"Start"));
   EXPECT_TRUE(WaitFor([] { return HostWindow::CurrentMap() == "Alpha.bms"; }));
   EXPECT_TRUE(WaitFor([&] { return files.ReadAll(game->Path("D08M03.BMS")) == MissionNamed("Alpha"); }));
   EXPECT_THAT(PlayedMaps(), ElementsAre("First"));
   EXPECT_THAT(game->Log(), Not(HasSubstr("end of round")));
-  ASSERT_TRUE(host->Press(L"Pause"));
+  ASSERT_TRUE(HostWindow::Press(L"Pause"));
   ASSERT_TRUE(game->Logs("end of round 1: the clock ran out"));
 }
 
 TEST_F(HostRoadTest, AGameThatIsKilledStopsNothingAndIsServedAgainOnceTheRunIsStartedAnew) {
-  StartHost({});
+  HostSettings settings;
+  settings.game_timer = true;
+  StartHost(settings);
   StartGame("-round 60 -speed 6 -pause 2500 -leave 0 -kill 6000");
   ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(host->Press(L"Start"));
+  ASSERT_TRUE(HostWindow::Press(L"Start"));
   ASSERT_TRUE(WaitFor([this] { return game->HasEnded(); }));
   EXPECT_THAT(game->Log(), HasSubstr("killed in the middle"));
-  // The running byte fell with the process: one map goes in, and no more.
+  // Its clock and its byte fell with the process: one map goes in, and no more.
   EXPECT_TRUE(WaitFor([] { return HostWindow::CurrentMap() == "Alpha.bms"; }));
   ::Sleep(3500);
   EXPECT_EQ(HostWindow::CurrentMap(), "Alpha.bms");
@@ -279,8 +304,8 @@ TEST_F(HostRoadTest, AGameThatIsKilledStopsNothingAndIsServedAgainOnceTheRunIsSt
   game.reset();
   StartGame("-round 60 -speed 20 -pause 3500 -leave 0");
   ExpectMap("Alpha");
-  ASSERT_TRUE(host->Press(L"Reset"));
-  ASSERT_TRUE(host->Press(L"START!"));
+  ASSERT_TRUE(HostWindow::Press(L"Reset"));
+  ASSERT_TRUE(HostWindow::Press(L"START!"));
   ExpectMap("Bravo");
   ExpectMap("Charlie");
 }
