@@ -115,6 +115,17 @@ TEST_F(PutMapTest, TheQuestionOpensWithTheFocusOnItsDefaultButton) {
   EXPECT_FALSE(Put("D08M03.BMS"));
 }
 
+// They took the size of their pictures, and stood over the names and the warning.
+TEST_F(PutMapTest, TheIconsOfTheQuestionStandBesideTheirNames) {
+  const FrmOverWrite& window = Window<FrmOverWrite>();
+  const auto right = [](const Image& image) { return image.Left + image.Width; };
+  EXPECT_TRUE(window.imgPFF.Picture.get());
+  EXPECT_TRUE(window.imgBMS.Picture.get());
+  EXPECT_LE(right(window.imgPFF), window.LblPFF.Left.get());
+  EXPECT_LE(right(window.imgBMS), window.LblBMS.Left.get());
+  EXPECT_LE(window.imgPFF.Top + window.imgPFF.Height, window.lblWarn.Top.get());
+}
+
 TEST_F(PutMapTest, TheQuestionPutsAnActiveStyleOnOnceAfterFiftyMilliseconds) {
   int applied = 0;
   InstallStyleRuntime({[] { return true; }, [](const std::string&) {}, [&](Form&) { ++applied; }});
@@ -250,12 +261,22 @@ TEST_F(PutMapTest, YesToAMissingArchiveGoesOnAndTheMapLiesBesideIt) {
                               BoxAnswer::kYes);
   EXPECT_TRUE(Put("NEW.BMS"));
   EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), map);
+  EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), map);
 }
 
 TEST_F(PutMapTest, WithoutWarningsAMissingArchiveIsPassedOverSilently) {
   native_files.Delete(Archive());
   EXPECT_TRUE(Put("NEW.BMS", kPutInArchive, false));
   EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), map);
+  EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), map);
+}
+
+TEST_F(PutMapTest, AnArchiveThatAPutHasMadeTakesTheNextMap) {
+  native_files.Delete(Archive());
+  EXPECT_TRUE(Put("NEW.BMS", kPutInArchive, false));
+  EXPECT_TRUE(Put("D08M03.BMS", kPutInArchive, false));
+  EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), map);
+  EXPECT_EQ(EntryOf(Archive(), "D08M03.BMS"), map);
 }
 
 TEST_F(PutMapTest, BehindAMissingArchiveTheGameFolderCanBeChangedAtOnce) {

@@ -65,6 +65,8 @@ class ControlPeer {
     static_cast<void>(paint);
   }
   virtual void HidePopup() {}
+  // The form's window is no longer the active one.
+  virtual void FormDeactivated() {}
   // A turn of the wheel; true when it is done with.
   virtual bool TakeWheel(WPARAM first) {
     static_cast<void>(first);
@@ -119,6 +121,7 @@ class WindowedPeer : public ControlPeer {
   void Repaint() override;
   void FollowContainer() override;
   void ShowToolTip() override;
+  void TellAccessibility(AccessibleEvent event, int child) override;
   [[nodiscard]] HBRUSH PrepareColors(HDC target) override;
   // Below the control; below the current row of a list.
   [[nodiscard]] POINT MenuPlace() const override;
