@@ -1,5 +1,7 @@
 #include "base/variant.h"
 
+#include <new>
+
 #include "base/object.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
