@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <winternl.h>
 
-#include <optional>
-
 #include "desktop/win32/game_process.h"
 #include "desktop/win32/window_fixture.h"
 #include "game/builds.h"
@@ -14,8 +12,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 const HostBuild& kDemo = HostBuildOf(0);
 // The first byte of the game's own code, behind its block of memory.
@@ -167,6 +163,61 @@ TEST_F(GameMemoryTest, InputGoesToTheWindowInFrontWhenTheSettingSaysSo) {
     return !heard.empty();
   }));
   EXPECT_THAT(heard, ElementsAre(84));
+}
+
+// One posted message of a key: what it is, its key or character, and its data.
+struct KeyMessage {
+  UINT message;
+  WPARAM code;
+  LPARAM data;
+  friend bool operator==(const KeyMessage&, const KeyMessage&) = default;
+};
+
+void PrintTo(const KeyMessage& key, std::ostream* out) {
+  *out << std::hex << key.message << " " << key.code << " " << static_cast<uint32_t>(key.data);
+}
+
+std::vector<KeyMessage> WaitingKeys(HWND window) {
+  std::vector<KeyMessage> keys;
+  MSG message{};
+  while (PeekMessageW(&message, window, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE)) {
+    keys.push_back({message.message, message.wParam, static_cast<LPARAM>(static_cast<uint32_t>(message.lParam))});
+  }
+  return keys;
+}
+
+// A window of this process stands for the game's: what is posted to it can be looked at.
+TEST_F(GameMemoryTest, KeyMessagesCarryRepeatCountScanCodeAndTransition) {
+  const Ref<Form> form = MakeRef<Form>("posted");
+  form->Caption = "A window that gets keys";
+  form->Show();
+  Pump();
+  memory = MakeMemory(KeyDelivery::kPost);
+  ASSERT_TRUE(memory->AttachToWindow("A window that gets keys"));
+  const HWND window = HandleOf(*form);
+  const LPARAM scan = static_cast<LPARAM>(MapVirtualKeyW(84, MAPVK_VK_TO_VSC)) << 16;
+  memory->PressKey(84);
+  EXPECT_THAT(WaitingKeys(window), ElementsAre(KeyMessage{WM_KEYDOWN, 84, scan | 1}, KeyMessage{WM_CHAR, 't', scan | 1},
+                                               KeyMessage{WM_KEYUP, 84, scan | 0xC0000001}));
+  const LPARAM enter = static_cast<LPARAM>(MapVirtualKeyW(VK_RETURN, MAPVK_VK_TO_VSC)) << 16;
+  memory->PressKey(13);
+  EXPECT_THAT(WaitingKeys(window),
+              ElementsAre(KeyMessage{WM_KEYDOWN, VK_RETURN, enter | 1}, KeyMessage{WM_CHAR, '\r', enter | 1},
+                          KeyMessage{WM_KEYUP, VK_RETURN, enter | 0xC0000001}));
+}
+
+TEST_F(GameMemoryTest, AKeyWithoutACharacterPostsNoneAndAnExtendedKeySaysSo) {
+  const Ref<Form> form = MakeRef<Form>("posted");
+  form->Caption = "A window that gets keys";
+  form->Show();
+  Pump();
+  memory = MakeMemory(KeyDelivery::kPost);
+  ASSERT_TRUE(memory->AttachToWindow("A window that gets keys"));
+  constexpr LPARAM kExtended = 1 << 24;
+  const LPARAM scan = static_cast<LPARAM>(MapVirtualKeyW(VK_DOWN, MAPVK_VK_TO_VSC) & 0xFF) << 16;
+  memory->PressKey(VK_DOWN);
+  EXPECT_THAT(WaitingKeys(HandleOf(*form)), ElementsAre(KeyMessage{WM_KEYDOWN, VK_DOWN, scan | kExtended | 1},
+                                                        KeyMessage{WM_KEYUP, VK_DOWN, scan | kExtended | 0xC0000001}));
 }
 
 TEST_F(GameMemoryTest, ATextOverMemoryThatMayNotBeWrittenIsNotWritten) {
