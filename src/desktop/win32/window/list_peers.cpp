@@ -1,4 +1,6 @@
 // List boxes on the system's own control.
+#include <utility>
+
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/control_peer.h"
 #include "desktop/win32/window/peer_kinds.h"
@@ -16,14 +18,17 @@ class ListPeer : public WindowedPeer {
   using WindowedPeer::WindowedPeer;
 
   void Create() override {
-    CreateWindowOf(L"LISTBOX", L"", WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | ChoiceStyle());
+    const DWORD several = Model().MultiSelect == 1 ? LBS_MULTIPLESEL : Model().MultiSelect == 2 ? LBS_EXTENDEDSEL : 0;
+    CreateWindowOf(L"LISTBOX", L"",
+                   WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | several | MoreStyle());
     Fill();
   }
 
   void Update(PropertyId property) override {
     switch (property) {
       case PropertyId::kListIndex:
-      case PropertyId::kSelection: ShowChoice(); break;
+      case PropertyId::kSelection: ChoiceChanged(); break;
+      case PropertyId::kMultiSelect: CreateAgain(); break;
       case PropertyId::kPattern: ListChanged(); break;
       case PropertyId::kVisible:
         if (stale_) Fill();
@@ -36,14 +41,8 @@ class ListPeer : public WindowedPeer {
   // Rows often change many at a time: the system's list is filled once, in the next pass of the message loop. A list
   // that nobody sees is filled when it is shown.
   void ListChanged() override {
-    if (stale_) return;
-    stale_ = true;
-    platform().clock().Post(
-        [keep = std::weak_ptr<FormWindow>(form().shared_from_this()), control = Ref<Control>(&control())] {
-          const auto form = keep.lock();
-          ControlPeer* peer = form && form->is_open() ? form->PeerOf(*control) : nullptr;
-          if (peer) static_cast<ListPeer*>(peer)->Fill();
-        });
+    if (std::exchange(stale_, true)) return;
+    Later([](ListPeer& peer) { peer.Fill(); });
   }
 
   void Notify(int code) override {
@@ -61,11 +60,57 @@ class ListPeer : public WindowedPeer {
  protected:
   [[nodiscard]] EdgeKind Edge() const override { return EdgeOf(1, Model().Appearance); }
   [[nodiscard]] List& Model() const { return static_cast<List&>(control()); }
-  [[nodiscard]] virtual DWORD ChoiceStyle() const { return 0; }
-  virtual void ShowChoice() { SendMessageW(window(), LB_SETCURSEL, static_cast<WPARAM>(Model().ListIndex.get()), 0); }
-  virtual void TakeMarks() {}
+  [[nodiscard]] virtual DWORD MoreStyle() const { return 0; }
 
  private:
+  // In the next pass of the message loop, if the control is still there.
+  void Later(void (*action)(ListPeer& peer)) {
+    platform().clock().Post(
+        [keep = std::weak_ptr<FormWindow>(form().shared_from_this()), control = Ref<Control>(&control()), action] {
+          const auto form = keep.lock();
+          ControlPeer* peer = form && form->is_open() ? form->PeerOf(*control) : nullptr;
+          if (peer) action(static_cast<ListPeer&>(*peer));
+        });
+  }
+
+  // A choice of several rows is shown at once for all rows that it changes.
+  void ChoiceChanged() {
+    if (Model().MultiSelect == 0) {
+      ShowChoice();
+    } else if (!std::exchange(choice_stale_, true)) {
+      Later([](ListPeer& peer) { peer.ShowChoice(); });
+    }
+  }
+
+  void ShowChoice() {
+    choice_stale_ = false;
+    const int current = Model().ListIndex;
+    if (Model().MultiSelect == 0) {
+      SendMessageW(window(), LB_SETCURSEL, static_cast<WPARAM>(current), 0);
+      return;
+    }
+    const auto top = static_cast<WPARAM>(SendMessageW(window(), LB_GETTOPINDEX, 0, 0));
+    for (int row = 0; row < Model().ListCount(); ++row) {
+      if (IsMarked(row) != Model().Selected(row)) SendMessageW(window(), LB_SETSEL, Model().Selected(row), row);
+    }
+    if (SendMessageW(window(), LB_GETTOPINDEX, 0, 0) != static_cast<LRESULT>(top)) {
+      SendMessageW(window(), LB_SETTOPINDEX, top, 0);
+    }
+    const bool has_moved = current >= 0 && SendMessageW(window(), LB_GETCARETINDEX, 0, 0) != current;
+    if (has_moved) SendMessageW(window(), LB_SETCARETINDEX, static_cast<WPARAM>(current), FALSE);
+  }
+
+  [[nodiscard]] bool IsMarked(int row) const {
+    return SendMessageW(window(), LB_GETSEL, static_cast<WPARAM>(row), 0) > 0;
+  }
+
+  void TakeMarks() {
+    if (Model().MultiSelect == 0) return;
+    for (int row = 0; row < Model().ListCount(); ++row) {
+      if (const bool marked = IsMarked(row); marked != Model().Selected(row)) Model().SetSelected(row, marked);
+    }
+  }
+
   void Fill() {
     stale_ = !Model().Visible;
     if (stale_) return;
@@ -95,6 +140,7 @@ class ListPeer : public WindowedPeer {
   }
 
   bool stale_ = false;
+  bool choice_stale_ = false;
 };
 
 class PlainListPeer final : public ListPeer<ListBox> {
@@ -107,34 +153,18 @@ class PlainListPeer final : public ListPeer<ListBox> {
   }
 
   void Update(PropertyId property) override {
-    switch (property) {
-      case PropertyId::kScrollBars: ShowExtent(); break;
-      case PropertyId::kMultiSelect: CreateAgain(); break;
-      default: ListPeer::Update(property);
+    if (property == PropertyId::kScrollBars) {
+      ShowExtent();
+    } else {
+      ListPeer::Update(property);
     }
   }
 
  protected:
   // The scroll bar below shows only while the extent is wider than the list.
-  [[nodiscard]] DWORD ChoiceStyle() const override {
-    return WS_HSCROLL | (Model().MultiSelect == 1 ? LBS_MULTIPLESEL : Model().MultiSelect == 2 ? LBS_EXTENDEDSEL : 0);
-  }
-  void ShowChoice() override {
-    if (Model().MultiSelect == 0) {
-      ListPeer::ShowChoice();
-      return;
-    }
-    for (int row = 0; row < Model().ListCount(); ++row) SendMessageW(window(), LB_SETSEL, Model().Selected(row), row);
-  }
+  [[nodiscard]] DWORD MoreStyle() const override { return WS_HSCROLL; }
   void ShowExtent() {
     SendMessageW(window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(Model().HorizontalExtent.get()), 0);
-  }
-  void TakeMarks() override {
-    if (Model().MultiSelect == 0) return;
-    for (int row = 0; row < Model().ListCount(); ++row) {
-      const bool marked = SendMessageW(window(), LB_GETSEL, static_cast<WPARAM>(row), 0) > 0;
-      if (marked != Model().Selected(row)) Model().SetSelected(row, marked);
-    }
   }
 };
 
