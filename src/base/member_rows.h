@@ -18,6 +18,12 @@ template <class T>
 struct VariantTraits;
 
 template <>
+struct VariantTraits<uint8_t> {
+  static constexpr std::string_view kTypeName = "Byte";
+  static Variant To(uint8_t value) { return value; }
+  static uint8_t From(const Variant& value) { return ToByte(value); }
+};
+template <>
 struct VariantTraits<int16_t> {
   static constexpr std::string_view kTypeName = "Integer";
   static Variant To(int16_t value) { return value; }

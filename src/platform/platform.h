@@ -5,6 +5,7 @@
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
+#include "platform/game_memory.h"
 #include "platform/pictures.h"
 #include "platform/program.h"
 #include "platform/settings.h"
@@ -28,6 +29,7 @@ class Platform {
   [[nodiscard]] virtual Pictures& pictures() = 0;
   [[nodiscard]] virtual Clock& clock() = 0;
   [[nodiscard]] virtual Windowing& windowing() = 0;
+  [[nodiscard]] virtual RunningGames& running_games() = 0;
 };
 
 // The installed platform. Calling it before one is installed ends the process with a message.

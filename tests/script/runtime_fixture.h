@@ -58,6 +58,7 @@ class TestPlatform final : public Platform, public Clock, public Dialogs {
   Pictures& pictures() override { throw std::logic_error("pictures"); }
   Clock& clock() override { return *this; }
   Windowing& windowing() override { throw std::logic_error("windowing"); }
+  RunningGames& running_games() override { throw std::logic_error("games"); }
 
   uint64_t NowMs() override { return 0; }
   double LocalDateTime() override { return now; }

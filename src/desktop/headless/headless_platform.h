@@ -8,6 +8,7 @@
 
 #include "desktop/headless/headless_clock.h"
 #include "desktop/headless/headless_dialogs.h"
+#include "desktop/headless/headless_game.h"
 #include "desktop/headless/headless_pictures.h"
 #include "desktop/headless/headless_settings.h"
 #include "desktop/headless/headless_shell.h"
@@ -62,6 +63,7 @@ class HeadlessPlatform final : public Platform {
   [[nodiscard]] HeadlessPictures& pictures() override { return pictures_; }
   [[nodiscard]] HeadlessClock& clock() override { return clock_; }
   [[nodiscard]] HeadlessWindowing& windowing() override { return windowing_; }
+  [[nodiscard]] HeadlessGames& running_games() override { return running_games_; }
 
  private:
   LocatedFiles files_;
@@ -76,6 +78,7 @@ class HeadlessPlatform final : public Platform {
   HeadlessPictures pictures_;
   HeadlessClock clock_;
   HeadlessWindowing windowing_{clock_};
+  HeadlessGames running_games_;
 };
 
 }  // namespace kestrun

@@ -5,6 +5,7 @@
 #include "desktop/win32/system/win32_clock.h"
 #include "desktop/win32/system/win32_dialogs.h"
 #include "desktop/win32/system/win32_files.h"
+#include "desktop/win32/system/win32_game_memory.h"
 #include "desktop/win32/system/win32_services.h"
 #include "desktop/win32/window/win32_windowing.h"
 #include "platform/located_files.h"
@@ -30,6 +31,7 @@ class Win32Platform final : public Platform {
   [[nodiscard]] Pictures& pictures() override { return pictures_; }
   [[nodiscard]] Clock& clock() override { return clock_; }
   [[nodiscard]] Windowing& windowing() override { return windowing_; }
+  [[nodiscard]] RunningGames& running_games() override { return running_games_; }
 
  private:
   SystemCodePage code_page_;
@@ -46,6 +48,7 @@ class Win32Platform final : public Platform {
   Win32Pictures pictures_;
   Win32Clock clock_;
   Win32Windowing windowing_;
+  Win32Games running_games_;
 };
 
 }  // namespace kestrun
