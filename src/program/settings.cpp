@@ -47,8 +47,8 @@ std::vector<std::string> GetNumberedIniValues(const std::string& File, const std
   return values;
 }
 
-void SetIniValues(const std::string& File, const std::vector<ProfileValue>& values) {
-  static_cast<void>(WriteProfileValues(File, values));
+bool SetIniValues(const std::string& File, const std::vector<ProfileValue>& values) {
+  return WriteProfileValues(File, values);
 }
 
 std::string AppFile(const std::string& Name) { return platform().program().Folder() + "\\" + Name; }

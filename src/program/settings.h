@@ -21,10 +21,10 @@ namespace kestrun {
 void SetIniValue(const std::string& File, const std::string& Section, const std::string& Key, std::string& Value);
 
 // Numbered keys of one section, and any values of one file, at once: results and bytes are those of the two calls above
-// made for one key after the other, but the file is read and written once.
+// made for one key after the other, but the file is read and written once. False when the values could not be stored.
 [[nodiscard]] std::vector<std::string> GetNumberedIniValues(const std::string& File, const std::string& Section,
                                                             const NumberedKeys& keys, const std::string& Default);
-void SetIniValues(const std::string& File, const std::vector<ProfileValue>& values);
+bool SetIniValues(const std::string& File, const std::vector<ProfileValue>& values);
 
 // The program's folder + "\" + Name.
 [[nodiscard]] std::string AppFile(const std::string& Name);

@@ -9,12 +9,12 @@
 #include "maps/map_picture.h"
 #include "platform/platform.h"
 #include "program/folders.h"
+#include "program/menu_pictures.h"
 #include "program/program_pictures.h"
 #include "program/settings.h"
 #include "program/window_kit/open_window.h"
 #include "program/window_kit/run_command.h"
 #include "windows/main/frmain.h"
-#include "windows/main/frmain_pictures.h"
 
 namespace kestrun {
 namespace {
