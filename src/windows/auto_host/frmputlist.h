@@ -154,16 +154,14 @@ class frmputlist final : public Form, private RunWindow {
   void Cmdremove_Click();
   void Cmdremoveall_Click();
   void Command2_Click();
-  void Command3_Click() { run.InsertNow(); }
+  void Command3_Click();
   void Command4_Click() { run.Pause(); }
   void Command5_Click() { run.Continue(); }
   void Command7_Click();
   void StartList() { run.StartList(); }
   void StopList() { run.StopList(); }
-  void Insert_Map_List(bool random) { run.InsertNext(random); }
-  void Writemessage(const std::string& Message, int32_t KeyAscii, int32_t MemoryAdress) {
-    run.WriteMessage(Message, KeyAscii, MemoryAdress);
-  }
+  void Insert_Map_List(bool random);
+  void Writemessage(const std::string& Message, int32_t KeyAscii, int32_t MemoryAdress);
   void ResetTime() { run.ResetTime(); }
   void LoadMenuIcons();
 

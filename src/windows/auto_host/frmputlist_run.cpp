@@ -122,6 +122,22 @@ void frmputlist::Command2_Click() {
   }
 }
 
+// These let events through: the window may be closed meanwhile, and lives until they are over.
+void frmputlist::Command3_Click() {
+  const Ref<Form> keep(this);
+  run.InsertNow();
+}
+
+void frmputlist::Insert_Map_List(bool random) {
+  const Ref<Form> keep(this);
+  run.InsertNext(random);
+}
+
+void frmputlist::Writemessage(const std::string& Message, int32_t KeyAscii, int32_t MemoryAdress) {
+  const Ref<Form> keep(this);
+  run.WriteMessage(Message, KeyAscii, MemoryAdress);
+}
+
 void frmputlist::Follow(RunStep step) {
   const bool runs_on = step == RunStep::kStart || step == RunStep::kContinue;
   TmrInsert.Enabled = runs_on;
