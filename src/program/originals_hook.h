@@ -16,8 +16,7 @@ namespace kestrun {
 class OriginalsKeeper {
  public:
   virtual ~OriginalsKeeper() = default;
-  // Before `content` is packed into the loaded archive under a name. A name that the archive does not hold replaces
-  // nothing.
+  // Before `content` is packed into the loaded archive under a name, which the archive need not hold.
   virtual void KeepEntry(ClsPFF& archive, const std::string& name, ByteView content, const std::string& source) = 0;
   // Before `content` becomes the loose file at the path, which need not exist.
   virtual void KeepFile(const std::string& path, ByteView content, const std::string& source) = 0;

@@ -69,6 +69,14 @@ TEST_F(PackCommandTest, AMissingArchiveIsStillLogged) {
   EXPECT_EQ(Log(), "%APPDIR%\\extra.bin --> %GAMEDIR%\\none.pff:A.BMS ~>OK\r\n");
 }
 
+TEST_F(PackCommandTest, APackWhereNoArchiveIsMakesOneThatCanBeLoaded) {
+  Pack("%GAMEDIR%\\none.pff", "A.BMS", "%APPDIR%\\extra.bin");
+  Pack("%GAMEDIR%\\none.pff", "B.BMS", "%APPDIR%\\extra.bin");
+  const std::string extra = ReadFile(ProgramPath("extra.bin"));
+  EXPECT_EQ(EntryOf(GamePath("none.pff"), "A.BMS"), extra);
+  EXPECT_EQ(EntryOf(GamePath("none.pff"), "B.BMS"), extra);
+}
+
 TEST_F(PackCommandTest, AnArchiveThatIsNoneIsReportedAndStillLogged) {
   WriteFile(GamePath("none.pff"), "no archive");
   desktop.dialogs().ExpectBox("Error: packfile 321\r\nThe archive '" + GamePath("none.pff") +

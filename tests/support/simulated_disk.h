@@ -1,7 +1,8 @@
 // Files on a simulated disk that keeps apart what programs see and what a power cut leaves, and that lets a failure, a
 // kill of the process or a power cut happen at the n-th call. A disk writes whole blocks of 512 bytes.
 //
-// Not modelled: folders (names are flat), times, and bytes that a disk forgets after it has been told to keep them.
+// Not modelled: times, and bytes that a disk forgets after it has been told to keep them. Names are flat; a folder that
+// was made takes what is in it along when its own name is lost.
 #pragma once
 
 #include <algorithm>
@@ -88,7 +89,7 @@ class SimulatedDisk final : public FileSystem {
     return std::make_unique<SimulatedFile>(*this, found->second);
   }
   bool Exists(std::string_view path) override { return names_.contains(std::string(path)); }
-  bool IsFolder(std::string_view) override { return false; }
+  bool IsFolder(std::string_view path) override { return folders_.contains(std::string(path)); }
   void Copy(std::string_view, std::string_view) override { Raise(error::kPermissionDenied); }
   void Delete(std::string_view path) override {
     Count();
@@ -107,16 +108,25 @@ class SimulatedDisk final : public FileSystem {
     pending_names_.push_back({std::string(from), nullptr});
     pending_names_.push_back({std::string(to), node});
   }
-  void MakeFolder(std::string_view) override { Raise(error::kPermissionDenied); }
+  void MakeFolder(std::string_view path) override {
+    Count();
+    const auto node = std::make_shared<Node>();
+    names_[std::string(path)] = node;
+    folders_.insert(std::string(path));
+    made_folders_.insert(std::string(path));
+    pending_names_.push_back({std::string(path), node});
+  }
   void RemoveFolder(std::string_view) override { Raise(error::kPermissionDenied); }
   std::vector<FolderEntry> List(std::string_view) override { return {}; }
   void SetWriteTime(std::string_view, uint64_t) override {}
   void SetLocalTimes(std::string_view, const LocalFileTimes&) override {}
   std::string CurrentFolder() override { return "C:\\"; }
-  void FlushFolder(std::string_view) override {
+  void FlushFolder(std::string_view folder) override {
     if (fault_ != Fault::kFailure) Count();  // it never raises
-    for (const auto& [name, node] : pending_names_) SetDurable(name, node);
-    pending_names_.clear();
+    for (const auto& [name, node] : pending_names_) {
+      if (FolderPart(name) == folder) SetDurable(name, node);
+    }
+    std::erase_if(pending_names_, [&](const NameStep& step) { return FolderPart(step.name) == folder; });
   }
   std::string TruePath(std::string_view path) override { return std::string(path); }
   std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view) override {
@@ -246,12 +256,19 @@ class SimulatedDisk final : public FileSystem {
       if (Toss()) SetDurable(name, node);
     }
     names_ = durable_names_;
+    std::erase_if(folders_, [&](const std::string& folder) { return !names_.contains(folder); });
+    std::erase_if(names_, [&](const auto& row) { return IsInLostFolder(row.first); });
     for (const auto& [name, node] : names_) {
       for (const Step& step : node->pending) {
         if (Toss()) step.ApplyTo(node->durable);
       }
       node->live = node->durable;
     }
+  }
+
+  [[nodiscard]] bool IsInLostFolder(const std::string& name) const {
+    const std::string folder(FolderPart(name));
+    return made_folders_.contains(folder) && !folders_.contains(folder);
   }
 
   void Restart() {
@@ -270,6 +287,8 @@ class SimulatedDisk final : public FileSystem {
   std::map<std::string, std::shared_ptr<Node>> names_;
   std::map<std::string, std::shared_ptr<Node>> durable_names_;
   std::vector<NameStep> pending_names_;
+  std::set<std::string> folders_;       // those that are there
+  std::set<std::string> made_folders_;  // those that ever were
   std::set<std::string> turns_;
   Fault fault_ = Fault::kNone;
   int left_ = -1;

@@ -27,6 +27,10 @@ constexpr size_t kReadPieceBytes = size_t{4} << 20;
 // What the entries may always take in memory. A larger table has to be justified by the file's own size.
 constexpr uint64_t kAllowedTableBytes = uint64_t{4} << 20;
 
+// What the header of an archive without entries says.
+constexpr Header kNewHeader{static_cast<int32_t>(pff::kHeaderBytes), pff::kSignature, 0,
+                            static_cast<int32_t>(pff::kEntryBytes), static_cast<int32_t>(pff::kHeaderBytes)};
+
 struct OwnError {
   int32_t number;
   const char* text;
@@ -307,9 +311,7 @@ void ClsPFF::NewPffFile(const std::string& path) {
   Progress(1);
   Reset(path);
   entries_.resize(1);
-  saved_ = {static_cast<int32_t>(pff::kHeaderBytes), pff::kSignature, 0, static_cast<int32_t>(pff::kEntryBytes),
-            static_cast<int32_t>(pff::kHeaderBytes)};
-  working_ = saved_;
+  StartHeaders();
   Progress(50);
   item_info_size_ = kItemInfoBytes;
   edited_ = true;
@@ -327,6 +329,7 @@ bool ClsPFF::LoadPff(const std::string& path) {
     TellRecovery(path);
     on_disk_.is_there = platform().files().Exists(path);
     if (on_disk_.is_there) readable_ = Readable::kNo;
+    if (!on_disk_.is_there && working_.table_offset == 0) StartHeaders();
     saved_ = ReadHeader(path);
     on_disk_.header = saved_;
     Progress(20);
@@ -345,6 +348,13 @@ bool ClsPFF::LoadPff(const std::string& path) {
     Progress(0);
     return false;
   }
+}
+
+// What is packed where no archive is makes one that can be read: with headers of zeros its first file would lie over
+// them.
+void ClsPFF::StartHeaders() {
+  saved_ = kNewHeader;
+  working_ = saved_;
 }
 
 void ClsPFF::ReadTable(const std::string& path) {

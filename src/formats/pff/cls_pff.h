@@ -84,7 +84,7 @@ class ClsPFF final : public TableObject {
   // Starts an empty archive in memory: "PFF3", 36-byte records. No file is touched.
   void NewPffFile(const std::string& path);
   // Reads header and table, after an earlier save that was cut short has been undone. False, with the event PFFError,
-  // for any failure; nothing is raised.
+  // for any failure; nothing is raised. Where no file is, what is packed then makes a new archive.
   [[nodiscard]] bool LoadPff(const std::string& path);
   // Writes header, staged data, table and trailer in place; what else is in the file stays. The file changes whole and
   // durably or not at all, whatever ends the save (docs/formats/pff_journal.md). Error 70 when another process has
@@ -130,6 +130,7 @@ class ClsPFF final : public TableObject {
   void RequirePath() const;
   void RequireReadable() const;
   [[nodiscard]] std::string RequireName(const std::string& name) const;
+  void StartHeaders();
   void ReadTable(const std::string& path);
   void TellRecovery(const std::string& path) const;
   [[nodiscard]] bool IsAsLastSeen() const;

@@ -31,10 +31,7 @@ class FolderContents {
   [[nodiscard]] std::optional<Content> Read(const Place& record_place) {
     const Place place = Here(record_place);
     if (place.entry.empty()) return ReadLooseFile(place.Path());
-    ClsPFF& archive = Archive(place.Path());
-    int32_t number = -1;
-    if (!archive.PFFFileExists(place.entry, number)) return std::nullopt;
-    return ReadEntry(archive, number);
+    return ReadEntry(Archive(place.Path()), place.entry);
   }
   [[nodiscard]] Place Here(const Place& place) const { return {folder_, place.file, place.entry}; }
 
@@ -59,9 +56,18 @@ std::string HashOf(const std::optional<Content>& content) {
   return content ? Sha256Hex(content->bytes) : std::string();
 }
 
-// Nothing when the place is as it was.
-std::optional<Difference> Compare(const Record& record, FolderContents& contents) {
-  Difference difference{contents.Here(record.place), record.versions.front(), {}, 0, {}, {}, {}, {}, {}};
+std::vector<KeptVersion> FurtherVersions(const Record& record) {
+  std::vector<KeptVersion> further;
+  std::copy_if(record.versions.begin() + 1, record.versions.end(), std::back_inserter(further),
+               [](const KeptVersion& version) { return !version.IsAbsence(); });
+  return further;
+}
+
+Difference Compare(const Record& record, FolderContents& contents) {
+  Difference difference;
+  difference.place = contents.Here(record.place);
+  difference.original = record.versions.front();
+  difference.further = FurtherVersions(record);
   std::optional<Content> present;
   try {
     present = contents.Read(record.place);
@@ -71,16 +77,17 @@ std::optional<Difference> Compare(const Record& record, FolderContents& contents
     return difference;
   }
   const std::string hash = HashOf(present);
-  if (hash == difference.original.sha256) return std::nullopt;
   difference.present_sha256 = hash;
   if (!present) {
-    difference.present = Present::kGone;
+    difference.present = difference.IsAddition() ? Present::kOriginal : Present::kGone;
     return difference;
   }
   difference.length = present->bytes.size();
   difference.mission = MissionName(present->bytes);
-  if (!record.IsOurs(hash)) {
-    difference.present = Present::kForeign;
+  if (hash == difference.original.sha256) {
+    difference.present = Present::kOriginal;
+  } else if (!record.IsOurs(hash)) {
+    difference.present = record.Find(hash) ? Present::kKept : Present::kForeign;
   } else if (hash == record.put->sha256) {
     difference.source = record.put->source;
     difference.since = record.put->when;
@@ -134,6 +141,15 @@ void PutEntryBack(const Place& place, const Bytes& original, const KeptVersion& 
   archive.SavePffFile();
 }
 
+void RemoveEntry(const Place& place) {
+  ClsPFF archive;
+  LoadArchive(archive, place.Path());
+  int32_t number = -1;
+  if (!archive.PFFFileExists(place.entry, number) || archive.FileDeleted(number)) return;
+  archive.SetFileDeleted(number, true);
+  archive.SavePffFile();
+}
+
 void RemoveLooseFile(const std::string& path) {
   FileSystem& files = platform().files();
   if (!files.Exists(path)) return;
@@ -141,8 +157,16 @@ void RemoveLooseFile(const std::string& path) {
   files.Delete(path);
 }
 
-void CheckRestored(const Place& place, const KeptVersion& original) {
-  if (HashOf(ReadPlace(place)) == original.sha256) return;
+void Remove(const Place& place) {
+  if (place.entry.empty()) {
+    RemoveLooseFile(place.Path());
+  } else {
+    RemoveEntry(place);
+  }
+}
+
+void CheckRestored(const Place& place, const KeptVersion& version) {
+  if (HashOf(ReadPlace(place)) == version.sha256) return;
   Raise(error::kDeviceIo,
         "What was put back as \"" + place.Name() + "\" in '" + place.folder + "' reads back as something else.");
 }
@@ -156,40 +180,57 @@ std::vector<std::string> LedgerFolders() {
     if (!record.versions.empty()) folders.emplace(ToLower(record.place.folder), record.place.folder);
   }
   std::vector<std::string> names;
+  names.reserve(folders.size());
   for (const auto& [key, folder] : folders) names.push_back(folder);
   return names;
 }
 
-std::vector<Difference> FindDifferences(const std::string& folder) {
+std::vector<Difference> FindRestorable(const std::string& folder) {
   const Index index = ReadIndex();
   // The folder as the ledger writes it: the place of any file in it says how.
   FolderContents contents(PlaceOf(folder + "\\.file").folder);
   std::vector<Difference> differences;
   for (const Record* record : RecordsFor(index, contents.Here({}).folder, contents)) {
-    if (std::optional<Difference> difference = Compare(*record, contents))
-      differences.push_back(std::move(*difference));
+    Difference difference = Compare(*record, contents);
+    const bool is_back = difference.present == Present::kOriginal && difference.further.empty();
+    if (!is_back) differences.push_back(std::move(difference));
   }
   return differences;
 }
 
+std::vector<Difference> FindDifferences(const std::string& folder) {
+  std::vector<Difference> differences = FindRestorable(folder);
+  std::erase_if(differences, [](const Difference& each) { return each.present == Present::kOriginal; });
+  return differences;
+}
+
+std::string MissionOf(const KeptVersion& version) {
+  std::string name;
+  Attempt([&] { name = MissionName(ReadContent(version.sha256)); });
+  return name;
+}
+
 void RestoreOriginal(const Difference& difference, bool keep_present) {
+  RestoreVersion(difference, difference.original, keep_present);
+}
+
+void RestoreVersion(const Difference& difference, const KeptVersion& version, bool keep_present) {
   const Place& place = difference.place;
-  const KeptVersion& original = difference.original;
-  const Bytes bytes = difference.IsAddition() ? Bytes() : ReadContent(original.sha256);
+  const Bytes bytes = version.IsAbsence() ? Bytes() : ReadContent(version.sha256);
   Ledger ledger;
   const std::optional<Content> present = ReadPlace(place);
   if (HashOf(present) != difference.present_sha256) {
     Raise(error::kPermissionDenied, "\"" + place.Name() + "\" in '" + place.folder + "' has changed meanwhile.");
   }
-  if (keep_present && present) ledger.KeepForeign(place, original, *present);
-  if (difference.IsAddition()) {
-    RemoveLooseFile(place.Path());
+  if (keep_present && present) ledger.KeepForeign(place, difference.original, *present);
+  if (version.IsAbsence()) {
+    Remove(place);
   } else if (place.entry.empty()) {
     platform().files().WriteAllDurably(place.Path(), bytes);
   } else {
-    PutEntryBack(place, bytes, original);
+    PutEntryBack(place, bytes, version);
   }
-  CheckRestored(place, original);
+  CheckRestored(place, version);
 }
 
 }  // namespace kestrun::originals

@@ -16,19 +16,19 @@ namespace {
 class LedgerKeeper final : public OriginalsKeeper {
  public:
   void KeepEntry(ClsPFF& archive, const std::string& name, ByteView content, const std::string& source) override {
-    int32_t number = -1;
-    if (!archive.PFFFileExists(name, number)) return;
-    Open().Keep(PlaceOf(archive.OpenFileName(), EntryName(name)), ReadEntry(archive, number), Put(content, source));
+    Keep(PlaceOf(archive.OpenFileName(), EntryName(name)), ReadEntry(archive, name), Put(content, source));
   }
 
   void KeepFile(const std::string& path, ByteView content, const std::string& source) override {
-    const std::optional<Content> present = ReadLooseFile(path);
-    const auto keep = [&] { Open().Keep(PlaceOf(path), present, Put(content, source)); };
-    if (present) return keep();
-    Attempt(keep);  // where no file is, none can be lost
+    Keep(PlaceOf(path), ReadLooseFile(path), Put(content, source));
   }
 
  private:
+  void Keep(const Place& place, const std::optional<Content>& present, LastPut put) {
+    const auto keep = [&] { Open().Keep(place, present, std::move(put)); };
+    if (present) return keep();
+    Attempt(keep);  // where nothing is, nothing can be lost
+  }
   static std::string EntryName(const std::string& name) {
     const std::string trimmed = ClsPFF::ZTrim(name);
     return trimmed.empty() ? " " : trimmed;  // a place without an entry's name is a loose file

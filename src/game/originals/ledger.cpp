@@ -115,7 +115,10 @@ const Record* FindRecord(const Index& index, const Place& place, const std::stri
 
 Ledger::Ledger() : folder_(LedgerFolder()) {
   FileSystem& files = platform().files();
-  if (!files.Exists(folder_)) files.MakeFolder(folder_);
+  if (!files.Exists(folder_)) {
+    files.MakeFolder(folder_);
+    files.FlushFolder(FolderPart(folder_));
+  }
   turn_ = TakeTurn(folder_ + "\\ledger");
   const Bytes text = ReadIndexText();
   index_bytes_ = text.size();
@@ -234,7 +237,9 @@ void Ledger::WriteNotes(bool durable) {
   file->WriteAt(end, AsBytes(notes_));
   if (durable) file->Flush();
   file->Close();
-  if (durable && index_bytes_ == 0) platform().files().FlushFolder(folder_);
+  // The file may have been made by a line that nobody waited for.
+  if (durable && !has_flushed_name_) platform().files().FlushFolder(folder_);
+  has_flushed_name_ |= durable;
   index_bytes_ = end + notes_.size();
   notes_.clear();
 }

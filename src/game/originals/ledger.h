@@ -67,7 +67,8 @@ class Ledger {
   Index index_;
   std::string notes_;
   uint64_t index_bytes_ = 0;
-  bool knows_all_ = true;  // of what the file holds
+  bool knows_all_ = true;          // of what the file holds
+  bool has_flushed_name_ = false;  // the index's own name is on the disk
 };
 
 }  // namespace kestrun::originals

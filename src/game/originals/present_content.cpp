@@ -5,7 +5,9 @@
 
 namespace kestrun::originals {
 
-Content ReadEntry(ClsPFF& archive, int32_t number) {
+std::optional<Content> ReadEntry(ClsPFF& archive, const std::string& name) {
+  int32_t number = -1;
+  if (!archive.PFFFileExists(name, number) || archive.FileDeleted(number)) return std::nullopt;
   Content content{{}, archive.FilePackDate(number), archive.FileInfo(number)};
   // An entry without data is refused by ExtractFile.
   if (archive.FileLength(number) != 0) static_cast<void>(archive.ExtractFile(number, content.bytes, ""));
@@ -32,9 +34,7 @@ std::optional<Content> ReadPlace(const Place& place) {
   if (place.entry.empty()) return ReadLooseFile(place.Path());
   ClsPFF archive;
   LoadArchive(archive, place.Path());
-  int32_t number = -1;
-  if (!archive.PFFFileExists(place.entry, number)) return std::nullopt;
-  return ReadEntry(archive, number);
+  return ReadEntry(archive, place.entry);
 }
 
 }  // namespace kestrun::originals

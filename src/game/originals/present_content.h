@@ -8,8 +8,9 @@
 
 namespace kestrun::originals {
 
-// An entry of a loaded archive by its number. Raises when its data cannot be read.
-[[nodiscard]] Content ReadEntry(ClsPFF& archive, int32_t number);
+// The live entry of that name in a loaded archive; nothing when there is none, or when it is marked as deleted. Raises
+// when its data cannot be read.
+[[nodiscard]] std::optional<Content> ReadEntry(ClsPFF& archive, const std::string& name);
 // Nothing when there is no such file.
 [[nodiscard]] std::optional<Content> ReadLooseFile(const std::string& path);
 // The archive at the path; raises what keeps it from being read.

@@ -53,11 +53,19 @@ bool IsKnown(const Wanted& wanted) {
 }
 
 void Restore(const Wanted& wanted) {
+  // Nobody can be asked here: only what was named is removed.
+  const auto stays = [&](const Difference& difference) {
+    return difference.IsAddition() && !difference.place.entry.empty() && wanted.place.entry.empty();
+  };
   bool found = false;
   for (const Difference& difference : FindDifferences(wanted.place.folder)) {
     if (!wanted.Covers(difference.place)) continue;
     found = true;
-    RestoreOne(wanted, difference);
+    if (stays(difference)) {
+      Log(wanted, difference.place, "it was not there before and stays: its name behind the archive's removes it");
+    } else {
+      RestoreOne(wanted, difference);
+    }
   }
   if (found) return;
   const bool is_known = IsKnown(wanted);

@@ -27,24 +27,17 @@ const WindowRegistration registration(frmrestore::kName, [] { return MakeRef<frm
 
 constexpr int kA = 'A';
 
-// Puts back one original; a failure is shown, and the next one gets its turn.
-bool RestoreOne(const Difference& difference, bool keep_present) {
+// Puts back one version; a failure is shown, and the next one gets its turn.
+bool RestoreOne(const Difference& difference, const originals::KeptVersion& version, bool keep_present) {
   bool restored = false;
   RunCommand([&] {
-    originals::RestoreOriginal(difference, keep_present);
+    originals::RestoreVersion(difference, version, keep_present);
     restored = true;
   });
   return restored;
 }
 
-std::vector<Difference> Only(const std::vector<Difference>& differences, bool (*is_wanted)(const Difference&)) {
-  std::vector<Difference> chosen;
-  std::copy_if(differences.begin(), differences.end(), std::back_inserter(chosen), is_wanted);
-  return chosen;
-}
-
 bool IsForeign(const Difference& difference) { return difference.present == Present::kForeign; }
-bool IsAddition(const Difference& difference) { return difference.IsAddition(); }
 
 // Whether what another program put there is kept as well. Cancel ends the command.
 BoxAnswer AskToKeep(const std::vector<Difference>& foreign) {
@@ -56,7 +49,7 @@ BoxAnswer AskToKeep(const std::vector<Difference>& foreign) {
 
 bool AskToRemove(const std::vector<Difference>& additions) {
   const bool is_one = additions.size() == 1;
-  return AskYesNo(QuotedNames(additions) + (is_one ? " was" : " were") + " not in the game folder before. Remove " +
+  return AskYesNo(AdditionsText(additions) + (is_one ? " was" : " were") + " not in the game before. Remove " +
                       (is_one ? "it?" : "them?"),
                   BoxIcon::kQuestion);
 }
@@ -74,14 +67,12 @@ void frmrestore::Connect() {
   SetCommand({&LstMissions.SelChange}, [this] { ShowDetails(); });
   SetCommand({&LstMissions.DbClick, &CmdMapInfo.Click}, [this] { ShowMapInfo(); });
   SetCommand({&CmdBrowse.Click}, [this] { BrowseFolder(); });
-  SetCommand({&CmdRestore.Click}, [this] {
-    if (Differences wanted = SelectedDifferences(); !wanted.empty()) {
-      Restore(std::move(wanted));
-    } else if (!differences_.empty()) {
-      MsgBox("Select what to restore!");
-    }
+  SetCommand({&CboVersion.Click}, [this] {
+    const int row = LstMissions.ListIndex();
+    if (CurrentDifference() && CboVersion.ListIndex >= 0) chosen_[static_cast<size_t>(row)] = CboVersion.ListIndex;
   });
-  SetCommand({&CmdRestoreAll.Click}, [this] { Restore(differences_); });
+  SetCommand({&CmdRestore.Click}, [this] { RestoreSelected(); });
+  SetCommand({&CmdRestoreAll.Click}, [this] { Restore(AllOriginals()); });
   SetCommand({&CmdRefresh.Click}, [this] { RefreshAll(); });
   SetCommand({&CmdClose.Click}, [this] { Unload(); });
   Timer1.Tick = [this] {
@@ -151,18 +142,17 @@ void frmrestore::FillMissions() {
   const std::string folder = CurrentFolder();
   std::string state = "Kestrun has not replaced anything yet.";
   if (!folder.empty()) {
-    differences_ = originals::FindDifferences(folder);
+    differences_ = originals::FindRestorable(folder);
+    chosen_.assign(differences_.size(), 0);
     for (const Difference& difference : differences_) LstMissions.AddItem(RowText(difference));
-    const size_t count = differences_.size();
-    state = count == 0   ? "Nothing in this folder differs from its originals."
-            : count == 1 ? "1 thing in this folder differs from its original."
-                         : std::to_string(count) + " things in this folder differ from their originals.";
+    state = CountText(differences_);
     if (!FileExists(folder)) state = "This folder is not there any more. Browse for the place that it was moved to.";
     const auto fault = originals::FindArchiveFault(folder + "\\" + ReadSetting(setting::kArchiveName));
     if (fault) state = *fault;
   }
   LblState.Caption = state;
-  for (CommandButton* button : {&CmdRestore, &CmdRestoreAll, &CmdMapInfo}) button->Enabled = !differences_.empty();
+  for (CommandButton* button : {&CmdRestore, &CmdMapInfo}) button->Enabled = !differences_.empty();
+  CmdRestoreAll.Enabled = !AllOriginals().empty();
   LstMissions.Refresh();
   if (!differences_.empty()) LstMissions.SetListIndex(0);
   ShowDetails();
@@ -179,40 +169,84 @@ void frmrestore::ShowDetails() {
   TxtNow.Text = difference ? PresentText(*difference) : "";
   TxtSince.Text = difference ? SinceText(*difference) : "";
   TxtSize.Text = difference ? SizeText(*difference) : "";
+  ShowVersions(difference);
 }
 
-std::vector<Difference> frmrestore::SelectedDifferences() const {
-  Differences selected;
+void frmrestore::ShowVersions(const Difference* difference) {
+  CboVersion.Clear();
+  CboVersion.Enabled = difference && !difference->further.empty();
+  if (!difference) return;
+  const int chosen = chosen_[static_cast<size_t>(LstMissions.ListIndex())];
+  CboVersion.AddItem(OriginalText(*difference));
+  for (const originals::KeptVersion& version : difference->further) CboVersion.AddItem(FurtherText(version));
+  CboVersion.ListIndex = chosen;
+}
+
+std::vector<frmrestore::Wanted> frmrestore::SelectedRows() const {
+  std::vector<Wanted> selected;
   for (int item = 0; item < LstMissions.SelCount(); ++item) {
     const auto row = static_cast<size_t>(LstMissions.SelItem(item));
-    if (row < differences_.size()) selected.push_back(differences_[row]);
+    if (row >= differences_.size()) continue;
+    const Difference& difference = differences_[row];
+    const auto chosen = static_cast<size_t>(chosen_[row]);
+    selected.push_back({difference, chosen == 0 ? difference.original : difference.further[chosen - 1]});
   }
   return selected;
 }
 
+std::vector<frmrestore::Wanted> frmrestore::AllOriginals() const {
+  std::vector<Wanted> all;
+  for (const Difference& difference : differences_) {
+    if (difference.present != Present::kOriginal) all.push_back({difference, difference.original});
+  }
+  return all;
+}
+
 // ---- commands ------------------------------------------------------------------------------------------------------
 
-void frmrestore::Restore(Differences wanted) {
+void frmrestore::RestoreSelected() {
+  std::vector<Wanted> wanted = SelectedRows();
+  const bool is_none = wanted.empty();
+  std::erase_if(wanted, [](const Wanted& each) { return each.IsThere(); });
+  if (!wanted.empty()) {
+    Restore(std::move(wanted));
+  } else if (!is_none) {
+    MsgBox("That is there already. Choose a further version to put back another one.");
+  } else if (!differences_.empty()) {
+    MsgBox("Select what to restore!");
+  }
+}
+
+void frmrestore::Restore(std::vector<Wanted> wanted) {
+  const auto is_removal = [](const Wanted& each) { return each.version.IsAbsence(); };
+  Differences foreign;
+  Differences additions;
+  for (const Wanted& each : wanted) {
+    if (IsForeign(each.difference)) foreign.push_back(each.difference);
+    if (is_removal(each)) additions.push_back(each.difference);
+  }
   bool keep_foreign = false;
-  if (const Differences foreign = Only(wanted, &IsForeign); !foreign.empty()) {
+  if (!foreign.empty()) {
     const BoxAnswer answer = AskToKeep(foreign);
     if (answer == BoxAnswer::kCancel) return;
     keep_foreign = answer == BoxAnswer::kYes;
   }
-  const Differences additions = Only(wanted, &IsAddition);
-  if (!additions.empty() && !AskToRemove(additions)) std::erase_if(wanted, &IsAddition);
-  int restored = 0;
-  for (const Difference& difference : wanted) {
-    if (RestoreOne(difference, keep_foreign && IsForeign(difference))) ++restored;
+  if (!additions.empty() && !AskToRemove(additions)) std::erase_if(wanted, is_removal);
+  Restored restored;
+  for (const auto& [difference, version] : wanted) {
+    if (RestoreOne(difference, version, keep_foreign && IsForeign(difference))) ++restored.Of(difference, version);
   }
   RefreshAll();
-  if (restored == 1) MsgBox("1 original is back.");
-  if (restored > 1) MsgBox(std::to_string(restored) + " originals are back.");
+  if (const std::string text = RestoredText(restored); !text.empty()) MsgBox(text);
 }
 
 void frmrestore::ShowMapInfo() {
   const Difference* difference = CurrentDifference();
   if (!difference) return;
+  if (difference->present_sha256.empty() && difference->present != Present::kUnknown) {
+    MsgBox("Nothing is there now.");
+    return;
+  }
   std::string path = difference->place.Path();
   if (!difference->place.entry.empty()) {
     const std::string& name = difference->place.entry;

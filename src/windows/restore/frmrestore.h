@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "controls/list_box/mc_list_box.h"
+#include "forms/combo_box.h"
 #include "forms/command_button.h"
 #include "forms/form.h"
 #include "forms/frame.h"
@@ -39,6 +40,9 @@ class frmrestore final : public Form {
   TextBox& TxtSince = Add<TextBox>("TxtSince");
   Label& LblSize = Add<Label>("LblSize");
   TextBox& TxtSize = Add<TextBox>("TxtSize");
+  Label& LblVersion = Add<Label>("LblVersion");
+  // What CmdRestore puts back in the current row: the original, or a further version.
+  ComboBox& CboVersion = Add<ComboBox>("CboVersion");
   CommandButton& CmdRestore = Add<CommandButton>("CmdRestore");
   CommandButton& CmdRestoreAll = Add<CommandButton>("CmdRestoreAll");
   CommandButton& CmdMapInfo = Add<CommandButton>("CmdMapInfo");
@@ -68,14 +72,25 @@ class frmrestore final : public Form {
   void BrowseFolder();
   void FillMissions();
   void ShowDetails();
+  void ShowVersions(const Difference* difference);
   [[nodiscard]] std::string CurrentFolder() const { return LstFolders.Text(); }
   [[nodiscard]] const Difference* CurrentDifference() const;
-  [[nodiscard]] Differences SelectedDifferences() const;
+  // A difference, and what is to take its place.
+  struct Wanted {
+    Difference difference;
+    originals::KeptVersion version;
+    // Nothing is to be done where the version is there already.
+    [[nodiscard]] bool IsThere() const { return difference.IsThere(version); }
+  };
+  [[nodiscard]] std::vector<Wanted> SelectedRows() const;
+  [[nodiscard]] std::vector<Wanted> AllOriginals() const;
 
-  void Restore(Differences wanted);
+  void RestoreSelected();
+  void Restore(std::vector<Wanted> wanted);
   void ShowMapInfo();
 
   Differences differences_;  // one for each row of LstMissions
+  std::vector<int> chosen_;  // for each row, the row of CboVersion
 };
 
 }  // namespace kestrun

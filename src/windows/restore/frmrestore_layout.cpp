@@ -26,7 +26,7 @@ constexpr int kFirstRow = 330;
 constexpr int kRow = 405;
 constexpr int kBoxHeight = 315;
 constexpr int kBoxLeft = 1500;
-constexpr int kDetailsHeight = kFirstRow + 3 * kRow + kBoxHeight + kMargin;
+constexpr int kDetailsHeight = kFirstRow + 4 * kRow + kBoxHeight + kMargin;
 constexpr int kButtonsTop = kDetailsTop + kDetailsHeight + kMargin;
 
 struct Field {
@@ -97,6 +97,13 @@ void frmrestore::LayOutDetails() {
     field.box.ToolTipText = field.tip;
     top += kRow;
   }
+  LblVersion.SetContainer(FrmDetails);
+  LblVersion.Caption = "&Put back:";
+  LblVersion.Move(kMargin, top + 45, kBoxLeft - kMargin - 60, kLabelHeight);
+  CboVersion.SetContainer(FrmDetails);
+  CboVersion.Style = static_cast<int>(ComboStyle::kList);
+  CboVersion.ToolTipText = "The original, or another program's content that was kept.";
+  CboVersion.Move(kBoxLeft, top, kInside - kBoxLeft - kMargin, kBoxHeight);
 }
 
 void frmrestore::LayOutButtons() {
@@ -108,7 +115,8 @@ void frmrestore::LayOutButtons() {
   };
   int left = kMargin;
   for (const Button& each :
-       {Button{CmdRestore, "&Restore selected", "Put back the originals of what is selected.", 1860},
+       {Button{CmdRestore, "&Restore selected",
+               "Put back what is chosen for each selected row, which is its original as a rule.", 1860},
         Button{CmdRestoreAll, "Restore &all", "Put back all originals of this folder.", 1500},
         Button{CmdMapInfo, "Map &info", "Show what is there now.", 1260},
         Button{CmdRefresh, "R&efresh", "Look again. F5", 1260}}) {

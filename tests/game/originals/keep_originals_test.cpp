@@ -77,9 +77,22 @@ TEST_F(KeepOriginalsTest, WhatAnotherProgramPutThereIsAFurtherVersion) {
   EXPECT_EQ(record->versions[0].sha256, Sha256Hex(AsBytes(stock)));
 }
 
-TEST_F(KeepOriginalsTest, AnEntryThatIsNewReplacesNothing) {
+TEST_F(KeepOriginalsTest, AnEntryThatIsNewIsNotedAsSuch) {
   Pack("NEW.BMS", "Oasis.bms");
-  EXPECT_FALSE(FileIsThere(ProgramPath("originals")));
+  const Index index = ReadIndex();
+  const Record* record = RecordOf(index, "dflw.pff", "NEW.BMS");
+  ASSERT_NE(record, nullptr);
+  EXPECT_TRUE(record->versions.front().IsAbsence());
+  EXPECT_EQ(native_files.List(ProgramPath("originals")).size(), 1U);  // the index alone
+}
+
+TEST_F(KeepOriginalsTest, AnEntryThatIsMarkedAsDeletedWasNotThere) {
+  ClsPFF archive;
+  ASSERT_TRUE(archive.LoadPff(Archive()));
+  ASSERT_EQ(archive.WritePFFInfo(0, 0, kMission, "0", true), 0);
+  archive.SavePffFile();
+  Pack(kMission, "Oasis.bms");
+  EXPECT_TRUE(RecordOf(ReadIndex(), "dflw.pff", kMission)->versions.front().IsAbsence());
 }
 
 TEST_F(KeepOriginalsTest, PuttingTheSameContentAgainReplacesNothing) {

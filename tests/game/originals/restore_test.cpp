@@ -104,6 +104,52 @@ TEST_F(RestoreTest, AFileThatIsGoneComesBack) {
   EXPECT_EQ(ReadFile(GamePath(kMission)), "the player's own");
 }
 
+TEST_F(RestoreTest, AnEntryThatWasNotThereIsMarkedAsDeletedAndCanBePutInAgain) {
+  EXPECT_TRUE(Put("Oasis.bms", "NEW.BMS"));
+  EXPECT_EQ(Names(), "dflw.pff:NEW.BMS|NEW.BMS|");
+  RestoreAll();
+  EXPECT_EQ(Names(), "");
+  ClsPFF archive;
+  ASSERT_TRUE(archive.LoadPff(Archive()));
+  EXPECT_TRUE(archive.FileDeleted(3));
+  EXPECT_EQ(EntryOf(Archive(), kMission), stock);
+  EXPECT_TRUE(Put("Harbour.bms", "NEW.BMS"));
+  EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), harbour);
+  RestoreAll();
+  EXPECT_EQ(Names(), "");
+}
+
+TEST_F(RestoreTest, AnEntryThatAnotherProgramMarkedAsDeletedIsGoneAndComesBack) {
+  EXPECT_TRUE(Put("Oasis.bms", kMission));
+  {
+    ClsPFF archive;
+    ASSERT_TRUE(archive.LoadPff(Archive()));
+    ASSERT_EQ(archive.WritePFFInfo(0, 0, kMission, "0", true), 0);
+    archive.SavePffFile();
+  }
+  EXPECT_EQ(Differences()[1].present, Present::kGone);
+  RestoreAll();
+  EXPECT_EQ(EntryOf(Archive(), kMission), stock);
+  EXPECT_EQ(Names(), "");
+}
+
+TEST_F(RestoreTest, AFurtherVersionComesBackAndIsKnownAsOne) {
+  EXPECT_TRUE(Put("Oasis.bms", kMission));
+  PackByHand("foreign", kMission);
+  RestoreOriginal(Differences()[1], true);
+  const std::vector<Difference> restorable = FindRestorable(Path("game"));
+  ASSERT_EQ(restorable.size(), 2U);
+  EXPECT_EQ(restorable[1].present, Present::kOriginal);
+  ASSERT_EQ(restorable[1].further.size(), 1U);
+  RestoreVersion(restorable[1], restorable[1].further[0], false);
+  EXPECT_EQ(EntryOf(Archive(), kMission), "foreign");
+  EXPECT_EQ(Differences()[1].present, Present::kKept);
+  EXPECT_TRUE(Put("Harbour.bms", kMission));
+  RestoreAll();
+  EXPECT_EQ(EntryOf(Archive(), kMission), stock);
+  EXPECT_EQ(FindRestorable(Path("game")).front().further.size(), 1U);
+}
+
 TEST_F(RestoreTest, ADamagedKeptContentIsNotPutBack) {
   EXPECT_TRUE(Put("Oasis.bms", kMission));
   WriteFile(LedgerPath(Sha256Hex(AsBytes(stock))), std::string(stock.size(), 'x'));
@@ -191,6 +237,18 @@ TEST_F(RestoreTest, WithoutANameTheCommandRestoresTheWholeArchive) {
   EXPECT_EQ(Log(),
             "originals --> %GAMEDIR%\\dflw.pff:D08M03.BMS ~>OK\r\n"
             "originals --> %GAMEDIR%\\dflw.pff:D08M04.BMS ~>OK\r\n");
+}
+
+TEST_F(RestoreTest, WhatWasNotThereStaysUnlessTheCommandNamesIt) {
+  EXPECT_TRUE(Put("Oasis.bms", "NEW.BMS"));
+  static_cast<void>(ProcessCommand("-restore \"%GAMEDIR%\\dflw.pff\""));
+  EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), oasis);
+  static_cast<void>(ProcessCommand("-restore \"%GAMEDIR%\\dflw.pff\" \"NEW.BMS\""));
+  EXPECT_EQ(Names(), "NEW.BMS|");
+  EXPECT_EQ(Log(),
+            "originals --> %GAMEDIR%\\dflw.pff:NEW.BMS ~>it was not there before and stays: its name behind the "
+            "archive's removes it\r\n"
+            "originals --> %GAMEDIR%\\dflw.pff:NEW.BMS ~>OK\r\n");
 }
 
 TEST_F(RestoreTest, TheCommandRestoresALooseFileByItsPath) {

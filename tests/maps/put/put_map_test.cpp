@@ -250,12 +250,22 @@ TEST_F(PutMapTest, YesToAMissingArchiveGoesOnAndTheMapLiesBesideIt) {
                               BoxAnswer::kYes);
   EXPECT_TRUE(Put("NEW.BMS"));
   EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), map);
+  EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), map);
 }
 
 TEST_F(PutMapTest, WithoutWarningsAMissingArchiveIsPassedOverSilently) {
   native_files.Delete(Archive());
   EXPECT_TRUE(Put("NEW.BMS", kPutInArchive, false));
   EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), map);
+  EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), map);
+}
+
+TEST_F(PutMapTest, AnArchiveThatAPutHasMadeTakesTheNextMap) {
+  native_files.Delete(Archive());
+  EXPECT_TRUE(Put("NEW.BMS", kPutInArchive, false));
+  EXPECT_TRUE(Put("D08M03.BMS", kPutInArchive, false));
+  EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), map);
+  EXPECT_EQ(EntryOf(Archive(), "D08M03.BMS"), map);
 }
 
 TEST_F(PutMapTest, BehindAMissingArchiveTheGameFolderCanBeChangedAtOnce) {

@@ -28,7 +28,7 @@ class RestoreWindowTest : public originals::OriginalsTest {
   }
   void ExpectRemoval(BoxAnswer answer) {
     desktop.dialogs()
-        .ExpectBox("\"D08M03.BMS\", \"D08M04.BMS\" were not in the game folder before. Remove them?", answer)
+        .ExpectBox("The loose files \"D08M03.BMS\", \"D08M04.BMS\" were not in the game before. Remove them?", answer)
         .WithButtons(BoxButtons::kYesNo);
   }
   // Selects the row with this text at its start, and no other.
@@ -76,7 +76,7 @@ TEST_F(RestoreWindowTest, RestoreAllPutsEverythingBackAfterOneQuestion) {
   PutBoth();
   frmrestore& window = Open();
   ExpectRemoval(BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("4 originals are back.");
+  desktop.dialogs().ExpectBox("2 originals are back. 2 added files are removed.");
   window.CmdRestoreAll.Press();
   EXPECT_EQ(EntryOf(Archive(), kMission), stock);
   EXPECT_EQ(EntryOf(Archive(), "D08M04.BMS"), stock_deathmatch);
@@ -158,13 +158,50 @@ TEST_F(ForeignContentTest, CancelRestoresNothing) {
   EXPECT_EQ(EntryOf(Archive(), kMission), "foreign");
 }
 
+TEST_F(ForeignContentTest, AFurtherVersionIsPutBackInTheOriginalsPlace) {
+  frmrestore& window = OpenOnForeign(BoxAnswer::kYes);
+  EXPECT_FALSE(window.CboVersion.Enabled);
+  desktop.dialogs().ExpectBox("1 original is back.");
+  window.CmdRestore.Press();
+  EXPECT_EQ(window.LblState.Caption.get(),
+            "1 thing in this folder differs from its original. Of 1 more there are further versions.");
+  Select(window, "D08M03.BMS in dflw.pff:  Desert prison - the original");
+  ASSERT_TRUE(window.CboVersion.Enabled);
+  ASSERT_EQ(window.CboVersion.ListCount(), 2);
+  EXPECT_EQ(window.CboVersion.List(0), "The original, 436 bytes");
+  EXPECT_TRUE(StartsWith(window.CboVersion.List(1), "kept 20"));
+  desktop.dialogs().ExpectBox("That is there already. Choose a further version to put back another one.");
+  window.CmdRestore.Press();
+  window.CboVersion.ListIndex = 1;
+  desktop.dialogs().ExpectBox("1 further version is back.");
+  window.CmdRestore.Press();
+  EXPECT_EQ(EntryOf(Archive(), kMission), "foreign");
+  Select(window, "D08M03.BMS in dflw.pff:  a further version that is kept");
+  desktop.dialogs().ExpectBox("1 original is back.");
+  window.CmdRestore.Press();
+  EXPECT_EQ(EntryOf(Archive(), kMission), stock);
+}
+
+TEST_F(RestoreWindowTest, AnEntryThatWasNotThereIsRemovedAfterTheQuestion) {
+  EXPECT_TRUE(Put("Oasis.bms", "NEW.BMS"));
+  frmrestore& window = Open();
+  EXPECT_EQ(Rows(window.LstMissions),
+            "NEW.BMS in dflw.pff:  Oasis.bms (Oasis)|NEW.BMS, loose file:  Oasis.bms (Oasis)|");
+  desktop.dialogs().ExpectBox(
+      "The loose file \"NEW.BMS\" and the entry \"NEW.BMS\" were not in the game before. Remove them?",
+      BoxAnswer::kYes);
+  desktop.dialogs().ExpectBox("2 added files are removed.");
+  window.CmdRestoreAll.Press();
+  EXPECT_EQ(window.LblState.Caption.get(), "Nothing in this folder differs from its originals.");
+}
+
 TEST_F(RestoreWindowTest, AFailureIsShownAndTheOthersAreRestored) {
   PutBoth();
   native_files.Delete(LedgerPath(Sha256Hex(AsBytes(stock))));
   frmrestore& window = Open();
   ExpectRemoval(BoxAnswer::kYes);
   desktop.dialogs().ExpectFileFailure("Error: 53\r\nFile not found", LedgerPath(Sha256Hex(AsBytes(stock))));
-  desktop.dialogs().ExpectBox("3 originals are back.");
+  desktop.dialogs().ExpectBox("1 original is back. 2 added files are removed.");
   window.CmdRestoreAll.Press();
   EXPECT_EQ(EntryOf(Archive(), "D08M04.BMS"), stock_deathmatch);
   EXPECT_EQ(window.LstMissions.ListCount(), 1);
@@ -197,7 +234,7 @@ TEST_F(RestoreWindowTest, AGameThatWasMovedIsFoundByBrowsing) {
   window.CmdBrowse.Press();
   EXPECT_EQ(window.LstMissions.ListCount(), 4);
   ExpectRemoval(BoxAnswer::kYes);
-  desktop.dialogs().ExpectBox("4 originals are back.");
+  desktop.dialogs().ExpectBox("2 originals are back. 2 added files are removed.");
   window.CmdRestoreAll.Press();
   EXPECT_EQ(EntryOf(Path("elsewhere\\dflw.pff"), kMission), stock);
 }
@@ -231,7 +268,7 @@ TEST_F(RestoreWindowTest, NoAccessKeyIsThereTwice) {
   for (const std::string& caption :
        {window.LblFolders.Caption.get(), window.CmdBrowse.Caption.get(), window.LblMissions.Caption.get(),
         window.CmdRestore.Caption.get(), window.CmdRestoreAll.Caption.get(), window.CmdMapInfo.Caption.get(),
-        window.CmdRefresh.Caption.get()}) {
+        window.CmdRefresh.Caption.get(), window.LblVersion.Caption.get()}) {
     const size_t at = caption.find('&');
     ASSERT_NE(at, std::string::npos) << caption;
     const std::string key = ToLower(caption.substr(at + 1, 1));

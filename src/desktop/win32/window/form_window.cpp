@@ -288,6 +288,16 @@ void FormWindow::NoteState(WPARAM state) {
   if (state != SIZE_MINIMIZED) NoteSize();
 }
 
+// A border that cannot be dragged holds the form's own size. A window manager that redraws the frame a moment after the
+// border has changed asks for the size before, and the form would drift.
+void FormWindow::KeepSize(WINDOWPOS& place) const {
+  if (form_->BorderStyle == static_cast<int>(FormBorder::kSizable) || !form_->IsShown()) return;
+  if ((place.flags & SWP_NOSIZE) != 0 || IsIconic(window()) || IsZoomed(window())) return;
+  const SIZE outer = OuterSizeOfModel();
+  place.cx = outer.cx;
+  place.cy = outer.cy;
+}
+
 // Never more than the screen: there the form has to do with less.
 void FormWindow::LimitSize(MINMAXINFO& limits) const {
   if (form_->LeastScaleWidth() == 0 || form_->BorderStyle != static_cast<int>(FormBorder::kSizable)) return;
@@ -533,6 +543,7 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
   switch (message) {
     case WM_CLOSE: DispatchEvent(form_.get(), [this] { form_->Unload(); }); return true;
     case WM_SIZE: NoteState(first); return false;
+    case WM_WINDOWPOSCHANGING: KeepSize(*reinterpret_cast<WINDOWPOS*>(second)); return false;
     case WM_GETMINMAXINFO: LimitSize(*reinterpret_cast<MINMAXINFO*>(second)); return true;
     case WM_TIMER:
       if (first != kPointerTimer) return false;

@@ -105,6 +105,7 @@ class FormWindow final : public FormPeer, public std::enable_shared_from_this<Fo
   void NotePlace();
   void NoteSize();
   // Tells how small the user may make the window.
+  void KeepSize(WINDOWPOS& place) const;
   void LimitSize(MINMAXINFO& limits) const;
   // Sees to it that the form hears when the mouse has left the window.
   void WatchPointer();

@@ -1,0 +1,58 @@
+#include "game/simulated/stock_mission.h"
+
+#include "base/code_page.h"
+#include "base/crc32.h"
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "formats/bms/mission_layout.h"
+#include "formats/pff/cls_pff.h"
+
+namespace kestrun {
+namespace {
+
+std::string MissionName(ByteView mission) {
+  if (mission.size() < bms::kMissionName + bms::kTextBytes) return {};
+  const std::string_view field = AsChars(mission).substr(bms::kMissionName, bms::kTextBytes);
+  return DecodeText(TrimBlanks(field.substr(0, field.find('\0'))));
+}
+
+// Empty for bytes that the game can play.
+std::string RefusalOf(ByteView mission, bool plays_anything) {
+  if (mission.empty()) return "it is empty";
+  if (plays_anything) return {};
+  if (mission.size() < bms::kKnownBytes) return "it is cut off";
+  return StartsWith(AsChars(mission), bms::kSignature) ? "" : "it is no mission";
+}
+
+Bytes ArchiveEntry(const std::string& path, const std::string& name) {
+  ClsPFF archive;
+  archive.Recovered = [](const std::string&) {};
+  int32_t index = -1;
+  if (!archive.LoadPff(path)) Raise(error::kFileNotFound, "the archive cannot be read");
+  if (!archive.PFFFileExists(name, index)) Raise(error::kFileNotFound, "it is not in the archive");
+  Bytes bytes;
+  static_cast<void>(archive.ExtractFile(index, bytes, ""));
+  return bytes;
+}
+
+}  // namespace
+
+LoadedMission LoadStockMission(FileSystem& files, const GameOptions& options) {
+  LoadedMission mission;
+  try {
+    const std::string loose = options.folder + "\\" + options.mission;
+    const bool is_loose = files.Exists(loose);
+    mission.source = is_loose ? "loose file" : "archive";
+    const Bytes bytes =
+        is_loose ? files.ReadAll(loose) : ArchiveEntry(options.folder + "\\" + options.archive, options.mission);
+    mission.refusal = RefusalOf(bytes, options.plays_anything);
+    mission.name = MissionName(bytes);
+    mission.crc = ~crc32::Update(crc32::kStart, bytes);
+    mission.bytes = bytes.size();
+  } catch (const RuntimeError& failure) {
+    mission.refusal = failure.description();
+  }
+  return mission;
+}
+
+}  // namespace kestrun
