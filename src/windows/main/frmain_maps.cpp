@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "formats/profile/profile_file.h"
 #include "forms/keys.h"
+#include "forms/picture_loading.h"
 #include "maps/file_tools.h"
 #include "maps/map_picture.h"
 #include "platform/platform.h"

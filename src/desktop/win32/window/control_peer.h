@@ -65,6 +65,8 @@ class ControlPeer {
     static_cast<void>(paint);
   }
   virtual void HidePopup() {}
+  // The form's window is no longer the active one.
+  virtual void FormDeactivated() {}
   // A turn of the wheel; true when it is done with.
   virtual bool TakeWheel(WPARAM first) {
     static_cast<void>(first);

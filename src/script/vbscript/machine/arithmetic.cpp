@@ -87,9 +87,9 @@ void Machine::SlowCompare(const Instruction& at, int comparison, Variant& result
   const auto wanted = static_cast<Comparison>(comparison);
   if (objects) {
     const Variant plain_left = PlainCopy(left);
-    At(at.a) = CompareValues(plain_left, PlainCopy(right), wanted, at.n);
+    At(at.a) = CompareValues(plain_left, PlainCopy(right), wanted, at.n & kSidesMask);
   } else {
-    result = CompareValues(left, right, wanted, at.n);
+    result = CompareValues(left, right, wanted, at.n & kSidesMask);
   }
 }
 
@@ -100,7 +100,8 @@ bool Machine::SlowTest(const Instruction& at, int comparison) {
   const Variant right = At(at.c);
   try {
     const Variant plain_left = PlainCopy(left);
-    const Variant truth = CompareValues(plain_left, PlainCopy(right), static_cast<Comparison>(comparison), at.n);
+    const Variant truth =
+        CompareValues(plain_left, PlainCopy(right), static_cast<Comparison>(comparison), at.n & kSidesMask);
     return truth.Is(VarType::kBoolean) && truth.boolean();
   } catch (const RuntimeError& error) {
     if (!is_case || error.number() != error::kTypeMismatch || left.Is(VarType::kObject)) throw;
@@ -175,13 +176,6 @@ void Machine::ChargeReading(const Variant& value) { vbs::ChargeReading(engine_, 
 void Machine::ChargeReading(const Variant& left, const Variant& right) {
   ChargeReading(left);
   ChargeReading(right);
-}
-
-void Machine::ChargeArguments(const Builtin& builtin, Arguments arguments) {
-  for (size_t at = 0; at < arguments.size(); ++at) {
-    const bool within = at < 8 ? (builtin.charged_within >> at & 1) != 0 : builtin.charged_within == kEvery;
-    if (!within) ChargeReading(arguments[at]);
-  }
 }
 
 }  // namespace kestrun::vbs
