@@ -35,6 +35,14 @@ constexpr Member FieldRow(std::string_view name) {
       VariantTraits<Value>::kTypeName};
 }
 
+// The second argument takes the stored address.
+Variant CallGetPicturePath(Object&, Arguments arguments) {
+  std::string url;
+  const std::string path = GetMapPath(ToText(arguments[0]), &url);
+  arguments[1] = url;
+  return path;
+}
+
 constexpr Member kRows[]{
     FieldRow<&RunFields::Random>("Random"),
     FieldRow<&RunFields::Rename>("Rename"),
@@ -48,6 +56,10 @@ constexpr Member kRows[]{
     FieldRow<&RunFields::LTime>("LTime"),
     {"Edited", MemberKind::kReadWrite, 0, 0, [](Object& object, Arguments) -> Variant { return Self(object).Edited; },
      [](Object& object, Arguments, const Variant& value) { Self(object).Edited = ToBoolean(value); }, "Boolean"},
+    MethodRow<&frmputlist::GetAddin>("GetAddin"),
+    MethodRow<&frmputlist::GetForm>("GetForm"),
+    MethodRow<&frmputlist::GetFormIndex>("GetFormIndex"),
+    RawMethodRow("GetPicturePath", 2, 2, &CallGetPicturePath),
     MethodRow<&frmputlist::Cmddown_Click>("Cmddown_Click"),
     MethodRow<&frmputlist::Cmdremove_Click>("Cmdremove_Click"),
     MethodRow<&frmputlist::Cmdremoveall_Click>("Cmdremoveall_Click"),
@@ -62,6 +74,7 @@ constexpr Member kRows[]{
     MethodRow<&frmputlist::Writemessage>("Writemessage"),
     MethodRow<&frmputlist::Command7_Click>("Command7_Click"),
     MethodRow<&frmputlist::LoadMenuIcons>("LoadMenuIcons"),
+    MethodRow<&frmputlist::LoadAddins>("LoadAddins"),
     MethodRow<&frmputlist::mnu_back_Click>("mnu_back_Click"),
     MethodRow<&frmputlist::mnu_loadlist_Click>("mnu_loadlist_Click"),
     MethodRow<&frmputlist::LoadList>("LoadList"),
@@ -119,6 +132,7 @@ void frmputlist::Load() {
     ShowCounts();
     TakeRename();
     LoadMenuIcons();
+    LoadAddins();
     Edited = false;
   });
   ShowGlance();
@@ -155,6 +169,7 @@ void frmputlist::AskBeforeUnload(bool& cancel) {
     }
   }
   WriteStoredSettings();
+  ReleaseAddins();
 }
 
 }  // namespace kestrun

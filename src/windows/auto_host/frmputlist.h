@@ -1,4 +1,4 @@
-// The auto host: the play list of a server that runs on this machine, and the run that changes its maps.
+// The auto host: the play list of a server that runs on this machine, the run that changes its maps, and its add-ins.
 #pragma once
 
 #include <string>
@@ -164,6 +164,13 @@ class frmputlist final : public Form, private RunWindow {
   void Writemessage(const std::string& Message, int32_t KeyAscii, int32_t MemoryAdress);
   void ResetTime() { run.ResetTime(); }
   void LoadMenuIcons();
+  // Makes the menu of add-ins anew; all add-ins are off afterwards.
+  void LoadAddins();
+  // The add-in of a menu item, Nothing while it is off; error 9 for an index that none has.
+  [[nodiscard]] Variant GetAddin(int Index) const;
+  // The open windows by their place among them, and the place of one by its name, -1 for none.
+  [[nodiscard]] Variant GetForm(int Index);
+  [[nodiscard]] int GetFormIndex(const std::string& Name);
 
   [[nodiscard]] const MemberTable& Members() const override;
 
@@ -227,6 +234,11 @@ class frmputlist final : public Form, private RunWindow {
   void TakeDropped(const std::vector<std::string>& paths);
   void TakeDroppedPath(const std::string& path);
 
+  // ---- add-ins ----
+  [[nodiscard]] MenuItem* AddinItem(int number) const;
+  void ClickAddin(int number);
+  void ReleaseAddins();
+
   // ---- the run ----
   [[nodiscard]] RunSurroundings MakeSurroundings();
   void ClickResetGames();
@@ -267,6 +279,8 @@ class frmputlist final : public Form, private RunWindow {
   std::string list_file_;
   // What was put last, as the list named it; empty before that.
   std::string plays_now_;
+  // By the number of the menu item less one; empty while an add-in is off.
+  std::vector<Ref<Object>> addins_;
 };
 
 }  // namespace kestrun

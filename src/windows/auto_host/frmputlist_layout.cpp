@@ -26,7 +26,7 @@ constexpr int kFolderTop = 165;
 constexpr int kHeadingTop = 570;
 constexpr int kListTop = 825;
 constexpr int kListHeight = 2700;
-constexpr int kBetweenStep = 420;
+constexpr int kBetweenStep = 400;
 constexpr int kBetweenSpace = 210;
 
 // The selected map, the frames, the state.
@@ -220,7 +220,7 @@ void frmputlist::PlaceLists() {
   const int list_top = kFolderTop + 30 + kLabelHeight + 15;
   lstmaps.Move(right, list_top, width, kListTop + kListHeight - list_top + down);
 
-  int top = list_top + 120;
+  int top = list_top;
   for (CommandButton* button : {&cmdadd, &cmdaddall, &cmdremove, &cmdremoveall, &Command6, &cmdup, &cmddown}) {
     if (button == &cmdremove || button == &Command6 || button == &cmdup) top += kBetweenSpace / 2;
     button->Move(between_left, top, kBetween, kButton - 15);
@@ -229,8 +229,8 @@ void frmputlist::PlaceLists() {
 
   const int selected_top = kSelectedTop + down;
   const int inserts_left = std::max(ScaleWidth(), kClientWidth) - kMargin - 1500;
-  lblselected.Move(kMargin, selected_top, 1200, kLabelHeight);
-  lblpath.Move(kMargin + 1230, selected_top, inserts_left - kGap - kMargin - 1230, kLabelHeight);
+  lblselected.Move(kMargin, selected_top, 1290, kLabelHeight);
+  lblpath.Move(kMargin + 1320, selected_top, inserts_left - kGap - kMargin - 1320, kLabelHeight);
   lblinsertcount.Move(inserts_left, selected_top, 840, kLabelHeight);
   lblinserts.Move(inserts_left + 870, selected_top, 630, kLabelHeight);
 }
@@ -284,7 +284,7 @@ void frmputlist::PlacePreview() {
 void frmputlist::PlaceState() {
   const int down = std::max(ScaleHeight() - kClientHeight, 0);
   const int width = std::max(ScaleWidth(), kClientWidth) - 2 * kMargin;
-  constexpr int kWordWidth = 1080;
+  constexpr int kWordWidth = 1200;
   const int second_button = width - kPad - kRunButton;
   const int first_button = second_button - kGap - kRunButton;
   Frame4.Move(kMargin, kStateTop + down, width, kStateHeight);
