@@ -57,7 +57,7 @@ void FormPlacement::Place(HWND owner) {
   SIZE outer = OuterSizeOfModel();
   const RECT work = WorkAreaOf(owner ? owner : window());
   if (form().BorderStyle == static_cast<int>(FormBorder::kSizable)) {
-    // The form sees to it that a window smaller than its layout still serves.
+    // On a screen that is too small the form arranges its controls for less room.
     outer.cx = std::min(outer.cx, work.right - work.left);
     outer.cy = std::min(outer.cy, work.bottom - work.top);
   }

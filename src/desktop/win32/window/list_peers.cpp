@@ -1,9 +1,12 @@
 // List boxes on the system's own control.
+#include <array>
 #include <utility>
 
+#include "desktop/win32/drawing/graphics.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/control_peer.h"
 #include "desktop/win32/window/peer_kinds.h"
+#include "desktop/win32/window/reader_name.h"
 #include "forms/file_list_box.h"
 #include "forms/list_box.h"
 #include "platform/platform.h"
@@ -58,9 +61,12 @@ class ListPeer : public WindowedPeer {
   }
 
  protected:
+  [[nodiscard]] bool HasOwnName() const override { return false; }
   [[nodiscard]] EdgeKind Edge() const override { return EdgeOf(1, Model().Appearance); }
   [[nodiscard]] List& Model() const { return static_cast<List&>(control()); }
   [[nodiscard]] virtual DWORD MoreStyle() const { return 0; }
+  // The system's list has the model's rows.
+  virtual void Filled() {}
 
  private:
   // In the next pass of the message loop, if the control is still there.
@@ -125,6 +131,7 @@ class ListPeer : public WindowedPeer {
     ShowChoice();
     SendMessageW(window(), WM_SETREDRAW, TRUE, 0);
     Repaint();
+    Filled();
   }
 
   void TakeChoice() {
@@ -143,29 +150,113 @@ class ListPeer : public WindowedPeer {
   bool choice_stale_ = false;
 };
 
+// A list whose rows can be marked is drawn by the program: the mark stands in a margin in front of the rows, in the
+// colour of their text, so that it can be seen in every colour scheme.
 class PlainListPeer final : public ListPeer<ListBox> {
  public:
   using ListPeer::ListPeer;
 
   void Create() override {
     ListPeer::Create();
+    FitRows();
     ShowExtent();
   }
 
   void Update(PropertyId property) override {
-    if (property == PropertyId::kScrollBars) {
-      ShowExtent();
-    } else {
-      ListPeer::Update(property);
+    switch (property) {
+      case PropertyId::kScrollBars: ShowExtent(); break;
+      case PropertyId::kStyle:
+        TellMark();
+        Repaint();
+        break;
+      case PropertyId::kFont:
+        ListPeer::Update(property);
+        FitRows();
+        break;
+      default: ListPeer::Update(property);
     }
+  }
+
+  bool DrawItem(const DRAWITEMSTRUCT& item) override {
+    const bool is_chosen = (item.itemState & ODS_SELECTED) != 0;
+    FillRect(item.hDC, &item.rcItem,
+             is_chosen ? GetSysColorBrush(COLOR_HIGHLIGHT) : form().BrushFor(Model().BackColor));
+    const int row = static_cast<int>(item.itemID);
+    if (row >= 0 && row < Model().ListCount()) DrawRow(item, row, TextColor(is_chosen));
+    if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
+    return true;
   }
 
  protected:
   // The scroll bar below shows only while the extent is wider than the list.
-  [[nodiscard]] DWORD MoreStyle() const override { return WS_HSCROLL; }
-  void ShowExtent() {
-    SendMessageW(window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(Model().HorizontalExtent.get()), 0);
+  [[nodiscard]] DWORD MoreStyle() const override {
+    return WS_HSCROLL | (HasMarks() ? LBS_OWNERDRAWFIXED | LBS_HASSTRINGS : 0);
   }
+  void Filled() override { TellMark(); }
+
+ private:
+  [[nodiscard]] bool HasMarks() const { return !Model().MarkMeaning.get().empty(); }
+  [[nodiscard]] int Margin() const { return HasMarks() ? RowHeight() : 0; }
+  [[nodiscard]] int RowHeight() const { return static_cast<int>(SendMessageW(window(), LB_GETITEMHEIGHT, 0, 0)); }
+
+  [[nodiscard]] COLORREF TextColor(bool is_chosen) const {
+    if (!Model().Enabled) return GetSysColor(COLOR_GRAYTEXT);
+    return is_chosen ? GetSysColor(COLOR_HIGHLIGHTTEXT) : ToColorRef(Model().ForeColor);
+  }
+
+  void DrawRow(const DRAWITEMSTRUCT& item, int row, COLORREF color) {
+    RECT place = item.rcItem;
+    const int margin = Margin();
+    if (row == Model().MarkedRow()) DrawMark(item.hDC, place, margin, color);
+    place.left += margin;
+    const std::wstring text = ToWide(Model().List(row));
+    const int state = SaveDC(item.hDC);
+    SelectObject(item.hDC, form().FontFor(Model().Font));
+    SetBkMode(item.hDC, TRANSPARENT);
+    SetTextColor(item.hDC, color);
+    DrawTextW(item.hDC, text.data(), static_cast<int>(text.size()), &place,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_NOCLIP);
+    RestoreDC(item.hDC, state);
+  }
+
+  // A triangle that points at the row.
+  static void DrawMark(HDC target, const RECT& place, int margin, COLORREF color) {
+    const int state = SaveDC(target);
+    SelectObject(target, GetStockObject(DC_BRUSH));
+    SelectObject(target, GetStockObject(DC_PEN));
+    SetDCBrushColor(target, color);
+    SetDCPenColor(target, color);
+    const int middle = (place.top + place.bottom) / 2;
+    const int half = margin / 4;
+    const std::array<POINT, 3> points{{{place.left + half, middle - half},
+                                       {place.left + 2 * half + half / 2, middle},
+                                       {place.left + half, middle + half}}};
+    Polygon(target, points.data(), static_cast<int>(points.size()));
+    RestoreDC(target, state);
+  }
+
+  // To screen readers.
+  void TellMark() {
+    const int marked = Model().MarkedRow();
+    if (marked == told_row_) return;
+    if (told_row_ >= 0) TellReadersRowNote(window(), told_row_, "");
+    if (marked >= 0) TellReadersRowNote(window(), marked, Model().MarkMeaning);
+    told_row_ = marked;
+  }
+
+  // The system asks for the height of a row before the list is there to tell its font.
+  void FitRows() {
+    if (!HasMarks()) return;
+    const int height = platform().windowing().MeasureText("Ay", Model().Font, form().Dpi()).height;
+    SendMessageW(window(), LB_SETITEMHEIGHT, 0, height);
+  }
+
+  void ShowExtent() {
+    const int extent = Model().HorizontalExtent;
+    SendMessageW(window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent > 0 ? extent + Margin() : 0), 0);
+  }
+
+  int told_row_ = -1;  // whose mark screen readers were told of
 };
 
 class FileListPeer final : public ListPeer<FileListBox> {
