@@ -1,6 +1,11 @@
-// Putting a 60 KB map into a 200 MB archive, beside the bare reading, writing and flushing of the same bytes, without a
-// journal, and beside rewriting the archive. The put, after which map and archive have reached the disk and before
-// which no byte can be lost, has to take at most two and a half times the bare time. Each round puts another map in.
+// Putting a 60 KB map into a 200 MB archive as -pack does: with a turn, with the ledger of originals, which has kept
+// the entry's original before, and with the journal. It is measured beside the bare reading, writing and flushing of
+// the same bytes without any of them, and beside rewriting the archive, flushed too: the put has to take at most two
+// and a half times the bare time. Each round puts another map in.
+//
+// How many times less a put takes than rewriting is the disk's answer: both end when it has been told to keep the
+// bytes, a put after three such waits, and rewriting after 200 MB and one. The bound is what an ordinary disk gives:
+// 200 MB take it about half a second, a flush 5 ms at most.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -15,6 +20,8 @@
 #include "desktop/headless/headless_platform.h"
 #include "desktop/headless/posix_files.h"
 #include "formats/pff/cls_pff.h"
+#include "platform/turn.h"
+#include "program/originals_hook.h"
 
 namespace kestrun {
 namespace {
@@ -23,7 +30,7 @@ constexpr size_t kDataBytes = size_t{200} << 20;
 constexpr size_t kMapBytes = 60000;
 constexpr int kRounds = 15;
 constexpr double kMostOfBare = 2.5;
-constexpr double kLeastOfRewriting = 1000.0;
+constexpr double kLeastOfRewriting = 10.0;
 
 template <class Work>
 double Seconds(Work&& work) {
@@ -64,9 +71,12 @@ std::string MakeArchive(const std::string& folder, int32_t entries) {
   return path;
 }
 
-void Put(const std::string& path, const Bytes& map) {
+// With the ledger, or with the journal alone.
+void Put(const std::string& path, const Bytes& map, bool with_ledger) {
+  const auto turn = TakeTurn(path);
   ClsPFF archive;
   if (!archive.LoadPff(path)) std::abort();
+  if (with_ledger) KeepOriginals()->KeepEntry(archive, "D08M03.BMS", map, "map.bms");
   archive.PackFile(map, "D08M03.BMS");
   archive.SavePffFile();
 }
@@ -113,21 +123,31 @@ bool Report(const char* what, double value, double limit, bool at_most) {
 bool Run(const std::string& folder, int32_t entries) {
   const std::string path = MakeArchive(folder, entries);
   Bytes map(kMapBytes, 'm');
-  Put(path, map);
+  Put(path, map, true);
   // In turns, as a disk's pace changes from one moment to the next.
   std::vector<double> puts;
+  std::vector<double> journal_puts;
   std::vector<double> bare_puts;
+  int maps = 0;
+  const auto next_map = [&] { std::fill(map.begin(), map.end(), static_cast<uint8_t>(++maps)); };
   for (int round = 0; round < kRounds; ++round) {
-    std::fill(map.begin(), map.end(), static_cast<uint8_t>(2 * round));
-    puts.push_back(Seconds([&] { Put(path, map); }));
-    std::fill(map.begin(), map.end(), static_cast<uint8_t>(2 * round + 1));
+    next_map();
+    puts.push_back(Seconds([&] { Put(path, map, true); }));
+    // What goes in without the ledger would be another program's to it: the same map again leaves nothing to keep.
+    const Bytes same = map;
+    next_map();
+    journal_puts.push_back(Seconds([&] { Put(path, map, false); }));
+    next_map();
     bare_puts.push_back(Seconds([&] { BarePut(path, map, entries); }));
+    Put(path, same, false);
   }
   const double put = Median(puts);
   const double bare = Median(bare_puts);
   const double rewriting = Seconds([&] { Rewrite(path); });
-  std::printf("a 60 KB map into 200 MB with %d entries: %.3f ms (bare %.3f ms, rewriting %.0f ms)\n", entries,
-              put * 1e3, bare * 1e3, rewriting * 1e3);
+  std::printf(
+      "a 60 KB map into 200 MB with %d entries: %.3f ms (without the ledger %.3f ms, bare %.3f ms, rewriting "
+      "%.0f ms)\n",
+      entries, put * 1e3, Median(journal_puts) * 1e3, bare * 1e3, rewriting * 1e3);
   const bool beside_bare = Report("times the bare durable calls", put / bare, kMostOfBare, true);
   const bool beside_rewriting = Report("times less than rewriting", rewriting / put, kLeastOfRewriting, false);
   // What no put can pass that reads and writes the table once.
