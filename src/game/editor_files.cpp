@@ -4,8 +4,8 @@
 #include "base/runtime_error.h"
 #include "platform/platform.h"
 #include "program/path_text.h"
-#include "program/show_error.h"
 #include "program/window_kit/ask.h"
+#include "program/window_kit/run_command.h"
 
 namespace kestrun {
 namespace {
@@ -35,17 +35,14 @@ void WriteWhole(const std::string& path, const Bytes& content) {
 }  // namespace
 
 bool ExtractEditorFiles(const std::string& Folder) {
-  try {
+  const auto extract = [&] {
     for (const EditorFile& file : kEditorFiles) {
       const std::string path = Folder + "\\" + file.name;
       if (FileExists(path) || !AskYesNo(file.question)) continue;
       WriteWhole(path, platform().program().Resource("FILE", file.resource));
     }
-    return true;
-  } catch (const std::exception&) {
-    ShowError("Extracting editor files");
-    return false;
-  }
+  };
+  return RunCommand(extract, "Extracting editor files");
 }
 
 }  // namespace kestrun

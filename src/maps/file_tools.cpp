@@ -10,7 +10,7 @@
 #include "platform/platform.h"
 #include "program/folders.h"
 #include "program/program_pictures.h"
-#include "program/show_error.h"
+#include "program/window_kit/run_command.h"
 
 namespace kestrun {
 namespace {
@@ -106,15 +106,14 @@ bool DeleteFolder(const std::string& Path) {
 
 Ref<Picture> GetIcon(const std::string& Extension, int32_t Size) {
   if (Extension.empty()) return {};
-  try {
+  Ref<Picture> picture;
+  const auto ask = [&] {
     const ScratchFile scratch(kScratchName + Extension);
     auto icon = platform().pictures().FileIcon(scratch.path(), static_cast<uint32_t>(Size));
-    if (!icon) return MapPicture();
-    return MakeRef<Picture>(icon->width, icon->height, std::move(icon->pixels));
-  } catch (const std::exception&) {
-    ShowError("GetIcon()");
-    return {};
-  }
+    picture = icon ? MakeRef<Picture>(icon->width, icon->height, std::move(icon->pixels)) : MapPicture();
+  };
+  RunCommand(ask, "GetIcon()");
+  return picture;
 }
 
 void FitListWidth(const Form& Form, ListBox& List) {

@@ -9,17 +9,6 @@
 namespace kestrun {
 namespace {
 
-constexpr bool kListIsFine = false;
-constexpr bool kRebuildList = true;
-
-// Runs one command; a failure is reported without a context and leaves the lists as they are.
-template <class Command>
-bool RunListCommand(Command&& command) {
-  bool rebuild = kListIsFine;
-  RunCommand([&] { rebuild = command(); });
-  return rebuild;
-}
-
 bool NothingIsSelected(const FileListBox& maps, const char* request) {
   if (maps.ListIndex >= 0) return false;
   MsgBox(request);
@@ -55,26 +44,25 @@ void TellThatNameIsTaken() {
 
 }  // namespace
 
-bool CopyMapTo(FileListBox& maps, CommonDialog& dlgcopyto) {
-  return RunListCommand([&] {
-    if (NothingIsSelected(maps, "Select a map")) return kListIsFine;
+void CopyMapTo(FileListBox& maps, CommonDialog& dlgcopyto) {
+  RunCommand([&] {
+    if (NothingIsSelected(maps, "Select a map")) return;
     const SelectedMap map(maps);
     dlgcopyto.DialogTitle = "Select folder and filename to copy map to";
     dlgcopyto.Filter = "BMS files (*.bms)|*.bms|All files (*.*)|*.*|";
     dlgcopyto.FileName = map.name;
     dlgcopyto.CancelError = false;
-    if (!dlgcopyto.ShowSave()) return kListIsFine;
+    if (!dlgcopyto.ShowSave()) return;
     const std::string target = dlgcopyto.FileName;
-    if (FileExists(target) && !AskYesNo("This file already exists do you want to overwrite it?")) return kListIsFine;
+    if (FileExists(target) && !AskYesNo("This file already exists do you want to overwrite it?")) return;
     platform().files().Copy(map.Path(), target);
     ReloadAndSelect(maps, map.name);
-    return kListIsFine;
   });
 }
 
-bool RenameMap(FileListBox& maps) {
-  return RunListCommand([&] {
-    if (NothingIsSelected(maps, "Select map!")) return kListIsFine;
+void RenameMap(FileListBox& maps) {
+  RunCommand([&] {
+    if (NothingIsSelected(maps, "Select map!")) return;
     const SelectedMap map(maps);
     const std::string answer =
         platform()
@@ -85,31 +73,31 @@ bool RenameMap(FileListBox& maps) {
     // Without a name the path is that of the folder: no map stands in the way, and the copy fails.
     if (!answer.empty() && FileExists(new_path)) {
       TellThatNameIsTaken();
-      return kListIsFine;
+      return;
     }
-    if (EqualsNoCase(map.Path(), new_path)) return kListIsFine;
+    if (EqualsNoCase(map.Path(), new_path)) return;
     platform().files().Copy(map.Path(), new_path);
     platform().files().Delete(map.Path());
     ReloadAndSelect(maps, answer);
-    return kListIsFine;
   });
 }
 
 bool DeleteMap(FileListBox& maps) {
-  return RunListCommand([&] {
-    if (NothingIsSelected(maps, "Select map!")) return kListIsFine;
+  bool is_deleted = false;
+  RunCommand([&] {
+    if (NothingIsSelected(maps, "Select map!")) return;
     const SelectedMap map(maps);
-    if (!AskYesNo("Are you sure you want to delete " + map.name + "?", BoxIcon::kWarning)) return kListIsFine;
+    if (!AskYesNo("Are you sure you want to delete " + map.name + "?", BoxIcon::kWarning)) return;
     platform().files().Delete(map.Path());
-    return kRebuildList;
+    is_deleted = true;
   });
+  return is_deleted;
 }
 
-bool CopyMapName(FileListBox& maps) {
-  return RunListCommand([&] {
-    if (NothingIsSelected(maps, "Please select map!")) return kListIsFine;
+void CopyMapName(FileListBox& maps) {
+  RunCommand([&] {
+    if (NothingIsSelected(maps, "Please select map!")) return;
     platform().clipboard().SetText(maps.FileName());
-    return kListIsFine;
   });
 }
 

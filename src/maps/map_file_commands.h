@@ -9,16 +9,16 @@
 namespace kestrun {
 
 // Copies the map to where the save dialogue says, replacing an existing file after a question.
-bool CopyMapTo(FileListBox& maps, CommonDialog& dlgcopyto);
+void CopyMapTo(FileListBox& maps, CommonDialog& dlgcopyto);
 
 // Gives the map another name in its folder. An existing file of that name is never replaced, whatever the answer to
 // the question: the user has to delete it first. A change of capitals only is no change.
-bool RenameMap(FileListBox& maps);
+void RenameMap(FileListBox& maps);
 
-// Deletes the map after a question.
+// Deletes the map after a question. True when it is gone: the list that the user sees is then to be made anew.
 bool DeleteMap(FileListBox& maps);
 
 // Puts the map's file name, without its folder, on the clipboard.
-bool CopyMapName(FileListBox& maps);
+void CopyMapName(FileListBox& maps);
 
 }  // namespace kestrun

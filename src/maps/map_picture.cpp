@@ -10,7 +10,7 @@
 #include "program/folders.h"
 #include "program/path_text.h"
 #include "program/settings.h"
-#include "program/show_error.h"
+#include "program/window_kit/run_command.h"
 #include "web/download_file.h"
 #include "web/web_paths.h"
 
@@ -43,15 +43,15 @@ std::string Fetched(const std::string& address) {
 }  // namespace
 
 std::string GetMapPath(std::string Map, std::string* Url) {
-  try {
+  std::string path;
+  const auto find = [&] {
     std::string value = StoredPicture(AsUnzipped(Map));
     if (Url) *Url = value;
     if (IsUrl(value)) value = Fetched(value);
-    return !value.empty() && FileExists(value) ? value : std::string();
-  } catch (const std::exception&) {
-    ShowError("GetMapPath()");
-    return {};
-  }
+    if (!value.empty() && FileExists(value)) path = value;
+  };
+  RunCommand(find, "GetMapPath()");
+  return path;
 }
 
 int32_t ImageKind(const std::string& Path) {

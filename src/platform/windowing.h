@@ -20,7 +20,7 @@ class MenuItem;
 enum class PropertyId : uint8_t;
 
 // What screen readers are told of a control that paints itself.
-enum class AccessibleEvent { kFocus, kSelection, kName, kChildren };
+enum class AccessibleEvent { kFocus, kSelection, kName, kValue, kChildren };
 
 // What stands on the screen for one shown form with all its controls.
 class FormPeer {

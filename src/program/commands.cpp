@@ -11,9 +11,9 @@
 #include "program/pack_command.h"
 #include "program/path_text.h"
 #include "program/settings.h"
-#include "program/show_error.h"
 #include "program/style_hook.h"
 #include "program/window_kit/open_window.h"
+#include "program/window_kit/run_command.h"
 
 namespace kestrun {
 namespace {
@@ -171,11 +171,9 @@ std::string PageEnd(int page) {
 
 int ProcessCommand(const std::string& command) {
   int result = kCommandIsFileName;
-  try {
+  RunCommand([&] {
     if (const Command* row = FindCommand(command)) result = row->run(*row, command);
-  } catch (const std::exception&) {
-    ShowError("");
-  }
+  });
   return result;
 }
 

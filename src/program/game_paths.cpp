@@ -13,9 +13,9 @@
 #include "program/folders.h"
 #include "program/path_text.h"
 #include "program/settings.h"
-#include "program/show_error.h"
 #include "program/window_kit/ask.h"
 #include "program/window_kit/open_window.h"
+#include "program/window_kit/run_command.h"
 
 namespace kestrun {
 namespace {
@@ -30,16 +30,26 @@ bool HoldsGame(const std::string& folder) {
          FileExists(folder + "\\" + ReadSetting(setting::kArchiveName));
 }
 
+// Why this folder cannot be the game's, and what to do; empty for one that can.
+std::string RefusalOf(const std::string& folder) {
+  const size_t bytes = EncodeText(folder).size();
+  if (bytes <= kProfileValueBytes) return {};
+  return "The path of this folder is too long to be kept in the settings: it has " + std::to_string(bytes) +
+         " characters, and " + std::to_string(kProfileValueBytes) +
+         " are possible. Move the game to a folder with a shorter path, or choose a shorter path that leads to it, "
+         "such "
+         "as a link or a drive letter.";
+}
+
 // Why this folder may not be the right one; empty for one that is.
 std::string DoubtAbout(const std::string& folder) {
-  const size_t bytes = EncodeText(folder).size();
-  if (bytes > kProfileValueBytes) {
-    return "The path of this folder is too long to be kept in the settings: it has " + std::to_string(bytes) +
-           " characters, and 254 are possible.";
-  }
   if (HoldsGame(folder)) return {};
   return "The game is not in the folder " + folder + ": there is neither " + ReadSetting(setting::kGameProgram) +
          " nor " + ReadSetting(setting::kArchiveName) + " in it.";
+}
+
+bool WantsAnotherFolder(const std::string& reason) {
+  return AskYesNo(reason + std::string(kCrLf) + "Do you want to choose another folder?", BoxIcon::kWarning);
 }
 
 bool is_asking_off = false;
@@ -79,9 +89,12 @@ std::string GameFolder() {
 std::string PickGameFolder(const std::string& prompt, int32_t root, const std::string& start) {
   for (;;) {
     std::string folder = PickFolder(prompt, root, start);
+    if (const std::string refusal = RefusalOf(folder); !refusal.empty()) {
+      if (!WantsAnotherFolder(refusal)) Raise(error::kInvalidProcedureCall);  // as after a cancelled dialogue
+      continue;
+    }
     const std::string doubt = DoubtAbout(folder);
-    if (doubt.empty() ||
-        !AskYesNo(doubt + std::string(kCrLf) + "Do you want to choose another folder?", BoxIcon::kWarning)) {
+    if (doubt.empty() || !WantsAnotherFolder(doubt)) {
       WriteSetting(setting::kGameFolder, folder);
       return folder;
     }
@@ -111,11 +124,7 @@ std::string GamePathFromRegistry() {
 std::string MapFolder() { return ReadSetting(setting::kMapFolder); }
 
 bool launchDFLW() {
-  try {
-    StartGame();
-  } catch (const std::exception&) {
-    ShowError("launchDFLW");
-  }
+  RunCommand(StartGame, "launchDFLW");
   return false;
 }
 

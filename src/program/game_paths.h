@@ -13,8 +13,9 @@ namespace kestrun {
 [[nodiscard]] std::string GameFolder();
 
 // Lets the user pick the game folder, stores it without its last separator, and gives it. About a folder without the
-// game's program or archive, or one whose path is too long for the settings, the user is asked: to pick again, or to
-// keep it. Error 5, and nothing stored, when the dialogue is cancelled. Prompt, root and start are BrowseForFolder's.
+// game's program or archive the user is asked: to pick again, or to keep it; one whose path is too long for the
+// settings is refused. Error 5, and nothing stored, when the user gives up. Prompt, root and start are
+// BrowseForFolder's.
 std::string PickGameFolder(const std::string& prompt, int32_t root, const std::string& start);
 
 // Behind a message that the game was not found there: lets the user change the game folder, as long as there is no

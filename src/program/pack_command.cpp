@@ -200,14 +200,15 @@ std::string JoinCommandWords(const std::vector<std::string>& words) {
     return joined;
   }
   std::string command = words[0];
+  const auto quoted = [](const std::string& word) { return " \"" + word + "\""; };
   for (size_t at = 1; at < words.size(); ++at) {
     const bool is_last = at > 1 && at + 1 == words.size();
     if (is_last && ToLower(words[at]) == kZipFlag) {
-      command += " " + words[at];
+      command.append(" ").append(words[at]);
     } else if (is_last && EndsInZipFlag(words[at])) {
-      command += " \"" + words[at].substr(0, words[at].size() - kZipFlag.size()) + "\"" + std::string(kZipFlag);
+      command.append(quoted(words[at].substr(0, words[at].size() - kZipFlag.size()))).append(kZipFlag);
     } else {
-      command += " \"" + words[at] + "\"";
+      command += quoted(words[at]);
     }
   }
   return command;

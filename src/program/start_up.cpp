@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "base/convert.h"
@@ -19,6 +20,7 @@
 #include "program/style_hook.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/open_window.h"
+#include "program/window_kit/run_command.h"
 #include "web/web_paths.h"
 
 namespace kestrun {
@@ -107,20 +109,10 @@ void AskFirstRun() {
   if (answer == BoxAnswer::kYes && shell_integration().associate_bms) shell_integration().associate_bms();
 }
 
-// Shows the failure in flight; start-up then goes on with its next statement.
-void ReportAndGoOn() {
-  const RuntimeError failure = CurrentError();
-  MsgBox("Error: " + std::to_string(failure.number()) + std::string(kCrLf) + failure.description(), BoxButtons::kOk,
-         BoxIcon::kCritical);
-}
-
-template <class Statement>
-void Try(Statement&& statement) {
-  try {
-    statement();
-  } catch (const std::exception&) {
-    ReportAndGoOn();
-  }
+// A step whose failure is told; start-up then goes on with its next one.
+template <class Step>
+void RunStep(Step&& step) {
+  RunCommand(std::forward<Step>(step), "", BoxIcon::kCritical);
 }
 
 std::string WithoutQuotes(const std::string& text) {
@@ -130,13 +122,13 @@ std::string WithoutQuotes(const std::string& text) {
 
 // An address that could not be handed over does not keep the window away.
 void OpenAddressFrom(Form& splash, const std::string& address) {
-  Try([&] { SetOpenMapAddress(address); });
-  Try([&] { ShowWindow(window_name::kOpenMap); });
+  RunStep([&] { SetOpenMapAddress(address); });
+  RunStep([&] { ShowWindow(window_name::kOpenMap); });
   splash.Unload();
 }
 
 void OpenListFrom(Form& splash, const std::string& path) {
-  Try([&] { LoadMapList(path); });
+  RunStep([&] { LoadMapList(path); });
   splash.Unload();
 }
 
@@ -149,7 +141,7 @@ void OpenMapFrom(Form& splash, const std::string& path) {
 bool OpenFile(Form& splash, const std::string& command) {
   const std::string text = WithoutQuotes(command);
   bool is_url = false;
-  Try([&] { is_url = IsUrl(text); });
+  RunStep([&] { is_url = IsUrl(text); });
   const std::string ending = text.size() < 4 ? std::string() : ToLower(std::string_view(text).substr(text.size() - 4));
   if (is_url) {
     OpenAddressFrom(splash, text);
@@ -160,7 +152,7 @@ bool OpenFile(Form& splash, const std::string& command) {
     return true;
   }
   if (ending == ".stl") {
-    Try([&] {
+    RunStep([&] {
       if (ProcessCommand("-style " + text) == kCommandStyleLoaded) ApplyStyle(splash);
     });
     return false;
@@ -170,7 +162,7 @@ bool OpenFile(Form& splash, const std::string& command) {
 }
 
 // Gives true when start-up ends with the command.
-bool RunCommand(Form& splash, const std::string& command) {
+bool CarryOut(Form& splash, const std::string& command) {
   if (command.empty()) return false;
   switch (ProcessCommand(command)) {
     case kCommandCarriedOut: splash.Unload(); return true;
@@ -181,9 +173,9 @@ bool RunCommand(Form& splash, const std::string& command) {
 
 void OpenMainWindow(Form& splash) {
   Form* main_window = nullptr;
-  Try([&] { main_window = &WindowByName(window_name::kMain); });
+  RunStep([&] { main_window = &WindowByName(window_name::kMain); });
   RunPendingEvents();
-  Try([&] {
+  RunStep([&] {
     if (main_window) main_window->Show();
   });
   RunPendingEvents();
@@ -204,7 +196,7 @@ void RunStartUp(Form& splash, Label& version, const std::string& raw_command_lin
   const std::string command = WithoutProtocol(raw_command_line);
   if (raw_command_line == "-safe") {
     SetSafeMode(true);
-    Try([&] { ShowWindow(window_name::kMain); });
+    RunStep([&] { ShowWindow(window_name::kMain); });
     splash.Unload();
     CloseWhatNobodySees();
     return;
@@ -222,7 +214,7 @@ void RunStartUp(Form& splash, Label& version, const std::string& raw_command_lin
   Attempt([&] { NoteDefaultCopy(); });
   Attempt([&] { AskFirstRun(); });
   Attempt([&] { WriteSetting(setting::kFirstRun, "False"); });
-  if (!RunCommand(splash, command)) OpenMainWindow(splash);
+  if (!CarryOut(splash, command)) OpenMainWindow(splash);
   CloseWhatNobodySees();
   EndWithLastShownWindow();
 }

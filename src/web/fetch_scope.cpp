@@ -23,6 +23,18 @@ std::string PageOf(const std::string& url) {
   return slashes != std::string::npos && name <= slashes + 2 ? std::string() : path.substr(name);
 }
 
+// A long name loses its middle: the amount behind it and the way to cancel have to be seen.
+std::string Shortened(const std::string& text) {
+  constexpr size_t kMostBytes = 40;
+  if (text.size() <= kMostBytes) return text;
+  const auto is_inside_a_character = [&](size_t at) { return (static_cast<uint8_t>(text[at]) & 0xC0) == 0x80; };
+  size_t head = kMostBytes / 2;
+  while (is_inside_a_character(head)) --head;
+  size_t tail = text.size() - kMostBytes / 2;
+  while (tail < text.size() && is_inside_a_character(tail)) ++tail;
+  return text.substr(0, head) + "..." + text.substr(tail);
+}
+
 std::string InKilobytes(uint64_t bytes) {
   constexpr uint64_t kKilobyte = 1024;
   return std::to_string((bytes + kKilobyte - 1) / kKilobyte) + " KB";
@@ -41,8 +53,8 @@ std::string AmountOf(const FetchState& state) {
 std::string DescribeFetch(const FetchState& state) {
   const std::string page = PageOf(state.url);
   const std::string host = HostOf(state.url);
-  std::string line = "Fetching " + (page.empty() ? state.url : page);
-  if (!page.empty() && !host.empty()) line += " from " + host;
+  std::string line = "Fetching " + Shortened(page.empty() ? state.url : page);
+  if (!page.empty() && !host.empty()) line += " from " + Shortened(host);
   return line + ": " + AmountOf(state) + ". Esc cancels.";
 }
 

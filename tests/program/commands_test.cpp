@@ -55,6 +55,7 @@ constexpr WordRow kWords[]{
     {"-frmdfversion", "Frmdfversion"},
     {"-frmhelp", "frmhelp"},
     {"-frmlargeprev", "frmLargeprev"},
+    {"-frmmapinfo", "frmmapinfo"},
     {"-frmmapupd", "frmmapupd"},
     {"-frmname", "frmname"},
     {"-frmopenmap", "frmopenmap"},
@@ -62,6 +63,8 @@ constexpr WordRow kWords[]{
     {"-frmoverwrite", "FrmOverWrite"},
     {"-frmpicture", "frmpicture"},
     {"-frmputlist", "frmputlist"},
+    {"-frmrestore", "frmrestore"},
+    {"-frmsplash", "frmsplash"},
     {"-frmupdate", "FrmUpdate"},
     {"-frmzip", "frmzip"},
     {"-frmcenter", "FrmCenter"},
@@ -125,6 +128,17 @@ TEST_F(CommandsTest, HelpShowsItsTwoPages) {
         "     Page 2 of 2\r\n");
     EXPECT_EQ(ProcessCommand(word), kCommandCarriedOut);
   }
+}
+
+TEST_F(CommandsTest, MapInfoHandsEverythingBehindItsBlankToTheWindowAndShowsIt) {
+  const StandInWindow<FileWindow> map_info("frmmapinfo");
+  EXPECT_EQ(ProcessCommand("-mapinfo C:\\My maps\\Oasis.bms"), kCommandCarriedOut);
+  Form* window = LoadedWindow("frmmapinfo");
+  ASSERT_NE(window, nullptr);
+  EXPECT_TRUE(window->IsShown());
+  EXPECT_EQ(static_cast<FileWindow*>(window)->file, "C:\\My maps\\Oasis.bms");
+  EXPECT_EQ(ProcessCommand("-mapinfo"), kCommandCarriedOut);
+  EXPECT_EQ(static_cast<FileWindow*>(LoadedWindow("frmmapinfo"))->file, "");
 }
 
 TEST_F(CommandsTest, MapInfoInCapitalsDoesNotMatchItsRow) {

@@ -101,15 +101,18 @@ TEST_F(GamePathsTest, ACancelBehindADoubtStoresNothing) {
   EXPECT_FALSE(IniIsThere());
 }
 
-TEST_F(GamePathsTest, AFolderThatTheSettingsCannotHoldIsDoubtedWithItsLength) {
+TEST_F(GamePathsTest, AFolderThatTheSettingsCannotHoldIsRefusedWithItsLengthAndAWayOut) {
   const std::string folder = "C:\\" + std::string(300, 'x');
   desktop.dialogs().ExpectBox(kPrompt);
-  desktop.dialogs().ExpectFolder(kBrowse, folder + "\\");
-  desktop.dialogs().ExpectBox(
-      "The path of this folder is too long to be kept in the settings: it has 303 characters, and 254 are possible.\r\n"
-      "Do you want to choose another folder?",
-      BoxAnswer::kYes);
-  desktop.dialogs().ExpectFolder(kBrowse, std::nullopt);
+  for (const BoxAnswer answer : {BoxAnswer::kYes, BoxAnswer::kNo}) {
+    desktop.dialogs().ExpectFolder(kBrowse, folder + "\\");
+    desktop.dialogs().ExpectBox(
+        "The path of this folder is too long to be kept in the settings: it has 303 characters, and 254 are possible. "
+        "Move the game to a folder with a shorter path, or choose a shorter path that leads to it, such as a link or a "
+        "drive letter.\r\n"
+        "Do you want to choose another folder?",
+        answer);
+  }
   EXPECT_EQ(ErrorNumberOf([] { return GameFolder(); }), 5);
   EXPECT_FALSE(IniIsThere());
 }

@@ -23,15 +23,13 @@ constexpr const char* kFirstRunQuestion =
     "'YES'!";
 constexpr const char* kGamePrompt =
     "Kestrun was unable to find your dflw game folder. Please select your game folder (directory where you installed "
-    "the "
-    "dflw game).";
+    "the dflw game).";
 constexpr const char* kGameBrowse =
     "Select your game folder (game installation directory 'C:\\program files\\novalogic\\delta force land "
     "warrior...').";
 constexpr const char* kStartBrowse =
     "Select the folder where you installed your game. By default this is C:\\program files\\novalogic\\delta force "
-    "land "
-    "warrior demo";
+    "land warrior demo";
 
 class StartUpTest : public FrameTest {
  protected:
@@ -50,6 +48,18 @@ class StartUpTest : public FrameTest {
     static_cast<void>(WindowByName("frmsplash"));
   }
   [[nodiscard]] bool IsOpen(const char* window) { return LoadedWindow(window) && LoadedWindow(window)->IsShown(); }
+  void ForgetGame() {
+    desktop.registry().DeleteKey(RegistryRoot::kLocalMachine,
+                                 "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe");
+  }
+  // What a start without a game asks: the first folder dialogue is cancelled, the second answered so.
+  void ExpectGameQuestions(std::optional<std::string> second_answer) {
+    desktop.dialogs().ExpectBox(kGamePrompt);
+    desktop.dialogs().ExpectFolder(kGameBrowse, std::nullopt);
+    desktop.dialogs().ExpectBox("Kestrun was unable to find your dflw game folder!");
+    desktop.dialogs().ExpectBox("Please select it yourself.");
+    desktop.dialogs().ExpectFolder(kStartBrowse, std::move(second_answer));
+  }
   const StandInWindow<LoadMapWindow> load_map{"frmopenmap"};
   [[nodiscard]] std::string Address() {
     return static_cast<TextBox*>(LoadedWindow("frmopenmap")->FindControl("TxtFile"))->Text;
@@ -175,14 +185,9 @@ TEST_F(StartUpTest, YesToTheFirstRunQuestionAssociatesMaps) {
 }
 
 TEST_F(StartUpTest, AFirstRunWithNoGameAsksTwiceAndThenNeverAgain) {
-  desktop.registry().DeleteKey(RegistryRoot::kLocalMachine,
-                               "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe");
+  ForgetGame();
   WriteIni("[launcher]\r\nFIRSTRUN=False\r\nPATH=" + std::string("C:\\") + "\r\n");
-  desktop.dialogs().ExpectBox(kGamePrompt);
-  desktop.dialogs().ExpectFolder(kGameBrowse, std::nullopt);
-  desktop.dialogs().ExpectBox("Kestrun was unable to find your dflw game folder!");
-  desktop.dialogs().ExpectBox("Please select it yourself.");
-  desktop.dialogs().ExpectFolder(kStartBrowse, std::nullopt);
+  ExpectGameQuestions(std::nullopt);
   Start("-frmopenmap");
   EXPECT_EQ(Ini("launcher", "CHECKLWPATH"), "False");
   CloseAllWindows();
@@ -191,13 +196,8 @@ TEST_F(StartUpTest, AFirstRunWithNoGameAsksTwiceAndThenNeverAgain) {
 
 // A third question came with the main window, whose maps lie in the game folder, and an error box behind it.
 TEST_F(StartUpTest, AFirstStartWithoutAGameOpensTheMainWindowWithoutAThirdQuestion) {
-  desktop.registry().DeleteKey(RegistryRoot::kLocalMachine,
-                               "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe");
-  desktop.dialogs().ExpectBox(kGamePrompt);
-  desktop.dialogs().ExpectFolder(kGameBrowse, std::nullopt);
-  desktop.dialogs().ExpectBox("Kestrun was unable to find your dflw game folder!");
-  desktop.dialogs().ExpectBox("Please select it yourself.");
-  desktop.dialogs().ExpectFolder(kStartBrowse, std::nullopt);
+  ForgetGame();
+  ExpectGameQuestions(std::nullopt);
   Start("");
   EXPECT_TRUE(IsOpen("frmain"));
   // The next use asks again.
@@ -213,8 +213,7 @@ TEST_F(StartUpTest, TheStepsRunInTheirOrder) {
   WriteFile(ProgramPath("default.stl"), "style");
   WriteFile(ProgramPath("other.stl"), "style");
   WriteIni("");
-  desktop.registry().DeleteKey(RegistryRoot::kLocalMachine,
-                               "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe");
+  ForgetGame();
   InstallStyleRuntime({[] { return true; },
                        [&](const std::string& path) { note("load " + path.substr(path.rfind('\\') + 1)); },
                        [&](Form& form) { note("style of " + form.Name()); }});
@@ -237,11 +236,7 @@ TEST_F(StartUpTest, TheStepsRunInTheirOrder) {
     return note("associate"), true;
   };
   InstallShellIntegration(shell);
-  desktop.dialogs().ExpectBox(kGamePrompt);
-  desktop.dialogs().ExpectFolder(kGameBrowse, std::nullopt);
-  desktop.dialogs().ExpectBox("Kestrun was unable to find your dflw game folder!");
-  desktop.dialogs().ExpectBox("Please select it yourself.");
-  desktop.dialogs().ExpectFolder(kStartBrowse, std::nullopt);
+  ExpectGameQuestions(std::nullopt);
   desktop.dialogs().ExpectBox(kFirstRunQuestion, BoxAnswer::kYes);
   desktop.dialogs().ExpectBox("Do you want to set this style file as default style?", BoxAnswer::kNo);
   Start("-style " + ProgramPath("other.stl"));
@@ -254,17 +249,11 @@ TEST_F(StartUpTest, TheStepsRunInTheirOrder) {
 }
 
 TEST_F(StartUpTest, AGameFolderPickedAtTheStartIsStoredWithoutItsSeparator) {
-  desktop.registry().DeleteKey(RegistryRoot::kLocalMachine,
-                               "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe");
-  desktop.dialogs().ExpectBox(kGamePrompt);
-  desktop.dialogs().ExpectFolder(kGameBrowse, std::nullopt);
-  desktop.dialogs().ExpectBox("Kestrun was unable to find your dflw game folder!");
-  desktop.dialogs().ExpectBox("Please select it yourself.");
-  desktop.dialogs().ExpectFolder(kStartBrowse, "C:\\games\\dflw\\");
+  ForgetGame();
+  ExpectGameQuestions("C:\\games\\dflw\\");
   desktop.dialogs().ExpectBox(
       "The game is not in the folder C:\\games\\dflw: there is neither DFLWDEM.EXE nor dflw.pff in it.\r\nDo you want "
-      "to "
-      "choose another folder?",
+      "to choose another folder?",
       BoxAnswer::kNo);
   Start("-frmopenmap");
   EXPECT_EQ(Ini("FOLDERS", "DFLW"), "C:\\games\\dflw");

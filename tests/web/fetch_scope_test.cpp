@@ -63,6 +63,19 @@ TEST_F(FetchScopeTest, AnAddressIsNamedByItsPageAndItsServerWithoutAPassword) {
             "Fetching http://maps.example: waiting for the server. Esc cancels.");
 }
 
+TEST_F(FetchScopeTest, OfALongNameBothEndsAreShownSoThatTheAmountIsSeen) {
+  EXPECT_EQ(DescribeFetch({"http://maps.example/A very long name of a map that goes on and on until it ends.bms", 0,
+                           std::nullopt}),
+            "Fetching A very long name of ...on until it ends.bms from maps.example: waiting for the server. Esc "
+            "cancels.");
+  std::string accents = "a";
+  for (int letter = 0; letter < 30; ++letter) accents += "\u00E9";
+  EXPECT_EQ(DescribeFetch({"http://x/" + accents, 0, std::nullopt}),
+            "Fetching a\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9..."
+            "\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9 from x: waiting for the server. Esc "
+            "cancels.");
+}
+
 TEST_F(FetchScopeTest, EscEndsTheFetchLeavesTheFileAndEveryLaterRequestOfTheCommandFails) {
   WriteFile(Path("temp\\a.bms"), "an older map");
   desktop.internet().leave_after_bytes = 2048;

@@ -26,6 +26,12 @@ class MultipartBodyTest : public HeadlessTest {
   ClsHTTP http;
 };
 
+// One parameter as it stands in the body, all bytes of it.
+std::string Part(const std::string& name, const std::string& type, size_t length, const std::string& value) {
+  return "--Xu02=$\r\nContent-Disposition: form-data; name=\"" + name + "\"\r\nContent-type: " + type +
+         "\r\nContent-Length: " + std::to_string(length) + "\r\n\r\n" + value + "\r\n--Xu02=$--\r\n";
+}
+
 TEST_F(MultipartBodyTest, WithoutParametersThePlainRequestHasNoBodyAndNoContentType) {
   const SentRequest sent = Posted();
   EXPECT_EQ(sent.method, "POST");
@@ -50,34 +56,13 @@ TEST_F(MultipartBodyTest, OneParameterIsOneClosedPart) {
 
 TEST_F(MultipartBodyTest, TheEncodeFlagCountsTheEncodedCharacters) {
   http.AddParameter("map", "foob", true, "application/zip");
-  EXPECT_EQ(Posted().body,
-            "--Xu02=$\r\n"
-            "Content-Disposition: form-data; name=\"map\"\r\n"
-            "Content-type: application/zip\r\n"
-            "Content-Length: 6\r\n"
-            "\r\n"
-            "Zm9vYg\r\n"
-            "--Xu02=$--\r\n");
+  EXPECT_EQ(Posted().body, Part("map", "application/zip", 6, "Zm9vYg"));
 }
 
 TEST_F(MultipartBodyTest, TwoParametersHoldTheClosingDelimiterTwice) {
   http.AddParameter("a", "1", false, "text/plain");
   http.AddParameter("b", "", false, "text/html");
-  EXPECT_EQ(Posted().body,
-            "--Xu02=$\r\n"
-            "Content-Disposition: form-data; name=\"a\"\r\n"
-            "Content-type: text/plain\r\n"
-            "Content-Length: 1\r\n"
-            "\r\n"
-            "1\r\n"
-            "--Xu02=$--\r\n"
-            "--Xu02=$\r\n"
-            "Content-Disposition: form-data; name=\"b\"\r\n"
-            "Content-type: text/html\r\n"
-            "Content-Length: 0\r\n"
-            "\r\n"
-            "\r\n"
-            "--Xu02=$--\r\n");
+  EXPECT_EQ(Posted().body, Part("a", "text/plain", 1, "1") + Part("b", "text/html", 0, ""));
 }
 
 TEST_F(MultipartBodyTest, AnEmptyEncodedValueIsEmpty) {
@@ -87,14 +72,7 @@ TEST_F(MultipartBodyTest, AnEmptyEncodedValueIsEmpty) {
 
 TEST_F(MultipartBodyTest, CharactersAreOneByteEachAndCountedAsSuch) {
   http.AddParameter("näme", "é€", false, "text/plain");
-  EXPECT_EQ(Posted().body,
-            "--Xu02=$\r\n"
-            "Content-Disposition: form-data; name=\"n\xE4me\"\r\n"
-            "Content-type: text/plain\r\n"
-            "Content-Length: 2\r\n"
-            "\r\n"
-            "\xE9\x80\r\n"
-            "--Xu02=$--\r\n");
+  EXPECT_EQ(Posted().body, Part("n\xE4me", "text/plain", 2, "\xE9\x80"));
 }
 
 TEST_F(MultipartBodyTest, ACharacterThatThePageLacksIsAQuestionMark) {

@@ -76,7 +76,9 @@ void ProgressBar::Resized() {
 
 double ProgressBar::Share() const { return static_cast<double>(Value) / (Max == 0 ? kDefaultMax : Max.get()); }
 
-std::string ProgressBar::AccessibleValue() const { return std::string(TrimBlanks(PercentText(Share()))); }
+std::string ProgressBar::AccessibleValue() const {
+  return TellsValue ? std::string(TrimBlanks(PercentText(Share()))) : std::string();
+}
 
 void ProgressBar::Draw() {
   if (Max == 0) Max.StoreQuietly(kDefaultMax);
@@ -86,6 +88,7 @@ void ProgressBar::Draw() {
   lbl.BackColor = Progresscolor.get();
   lbl.Visible = Value != 0;
   if (ShowPercent) LblPercent.Caption = PercentText(share);
+  if (FormPeer* shown = peer()) shown->TellAccessibility(*this, AccessibleEvent::kValue, -1);
 }
 
 void ProgressBar::ApplyProgressColor() {

@@ -21,6 +21,9 @@ class ProgressBar final : public CompositeControl, public StoredControl, public 
   // Shows at the next drawing, which takes 0 as 100.
   LetProperty<int> Max{100, [this] { MarkChanged("Max"); }};
   LetProperty<bool> ShowPercent{true, [this] { ApplyShowPercent(); }};
+  // Whether Value is how far something is. False while the bar only moves, since nobody knows the whole: screen readers
+  // then get no share.
+  bool TellsValue = true;
   // The frame; the control's BorderStyle under the name that callers know it by.
   Property<int>& BroderStyle = BorderStyle;
 
@@ -34,7 +37,7 @@ class ProgressBar final : public CompositeControl, public StoredControl, public 
 
   [[nodiscard]] Role AccessibleRole() const override { return Role::kProgressBar; }
   [[nodiscard]] std::string AccessibleName() const override { return ToolTipText; }
-  // Without the blanks that stand around it in the bar, whether it is shown there or not.
+  // Without the blanks that stand around it in the bar, whether it is shown there or not; empty unless TellsValue.
   [[nodiscard]] std::string AccessibleValue() const override;
 
   [[nodiscard]] std::string TypeName() const override { return "ProgressBar"; }

@@ -114,7 +114,7 @@ std::string TellArchiveFault(const std::string& fault, const std::string& path) 
 std::string KnownGameFolder() {
   std::string folder;
   Attempt([&] { folder = ReadSetting(setting::kGameFolder); });
-  const std::string beside = platform().program().Folder();
+  std::string beside = platform().program().Folder();
   if (folder.empty() && FileExists(beside + "\\dflwdem.exe")) return beside;
   return folder;
 }

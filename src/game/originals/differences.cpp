@@ -181,6 +181,7 @@ std::vector<std::string> LedgerFolders() {
     if (!record.versions.empty()) folders.emplace(ToLower(record.place.folder), record.place.folder);
   }
   std::vector<std::string> names;
+  names.reserve(folders.size());
   for (const auto& [key, folder] : folders) names.push_back(folder);
   return names;
 }

@@ -10,7 +10,7 @@
 #include "platform/platform.h"
 #include "program/folders.h"
 #include "program/path_text.h"
-#include "program/show_error.h"
+#include "program/window_kit/run_command.h"
 #include "web/download_file.h"
 #include "web/fetch_scope.h"
 #include "web/web_paths.h"
@@ -103,27 +103,28 @@ int32_t MapFileKind(const std::string& Path) {
 
 std::string FetchMap(const std::string& Path) {
   std::string local = Path;
-  try {
+  RunCommand([&] {
     const std::optional<int32_t> kind = FetchToLocal(Path, local);
-    if (!kind) return {};
-    if (*kind == map_file_kind::kZip) local = GetFileFromZip(local);
-  } catch (const std::exception&) {
-    ShowError("");
-  }
+    if (!kind) {
+      local.clear();
+    } else if (*kind == map_file_kind::kZip) {
+      local = GetFileFromZip(local);
+    }
+  });
   return local;
 }
 
 std::string GetFileFromZip(const std::string& Path) {
-  try {
+  std::string map;
+  const auto ask = [&] {
     switch (MsgBox(kQuestion, BoxButtons::kYesNoCancel, BoxIcon::kQuestion)) {
-      case BoxAnswer::kYes: return FileExists(Path) ? UnzipChosenMap(Path) : std::string();
-      case BoxAnswer::kNo: return Path;
-      default: return {};
+      case BoxAnswer::kYes: map = FileExists(Path) ? UnzipChosenMap(Path) : std::string(); break;
+      case BoxAnswer::kNo: map = Path; break;
+      default: break;
     }
-  } catch (const std::exception&) {
-    ShowError("GetFileFromZip()");
-    return {};
-  }
+  };
+  RunCommand(ask, "GetFileFromZip()");
+  return map;
 }
 
 }  // namespace kestrun

@@ -15,7 +15,7 @@
 #include "program/load_archive.h"
 #include "program/path_text.h"
 #include "program/settings.h"
-#include "program/show_error.h"
+#include "program/window_kit/run_command.h"
 
 namespace kestrun {
 namespace {
@@ -112,21 +112,27 @@ bool PutBeside(const std::string& map_path, const std::string& name, const std::
                          game_folder, warn);
 }
 
+bool PutByMode(const std::string& map_path, std::string& name, int32_t mode, bool warn) {
+  if (warn && !FileExists(map_path) &&
+      !AskToContinue("Map not found!", "The file: " + map_path + " does not exists.")) {
+    return false;
+  }
+  const std::string game_folder = GameFolder();
+  if (mode == kPutInArchive) return PutInArchive(map_path, name, game_folder, warn);
+  return mode == kPutBesideOnly && PutBeside(map_path, name, game_folder, warn);
+}
+
 }  // namespace
 
 bool PutMap(const std::string& MapPath, std::string& Name, int32_t Mode, bool Warn) {
-  try {
-    if (Warn && !FileExists(MapPath) &&
-        !AskToContinue("Map not found!", "The file: " + MapPath + " does not exists.")) {
-      return false;
-    }
-    const std::string game_folder = GameFolder();
-    if (Mode == kPutInArchive) return PutInArchive(MapPath, Name, game_folder, Warn);
-    if (Mode == kPutBesideOnly) return PutBeside(MapPath, Name, game_folder, Warn);
-  } catch (const std::exception&) {
-    if (Warn) ShowError("");
+  bool is_put = false;
+  const auto put = [&] { is_put = PutByMode(MapPath, Name, Mode, Warn); };
+  if (Warn) {
+    RunCommand(put);
+  } else {
+    Attempt(put);
   }
-  return false;
+  return is_put;
 }
 
 bool ConfirmOverwrite(const std::string& ArchivePath, const std::string& Name) {

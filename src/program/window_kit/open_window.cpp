@@ -23,10 +23,14 @@ void Show(Form& window, ShowWay way) {
 }
 
 // Hands a file to a window by one of its procedures and shows it.
-void OpenWithFile(std::string_view name, std::string_view procedure, const std::string& file, ShowWay way) {
+void OpenWithFile(std::string_view name, std::string_view procedure, const std::string& file, ShowWay way,
+                  FetchDisplay* display = nullptr) {
   if (!IsWindowRegistered(name)) return;
   const Ref<Form> window(&WindowByName(name));
-  CallMember(*window, procedure, {file});
+  {
+    const FetchScope fetch(display);
+    CallMember(*window, procedure, {file});
+  }
   Show(*window, way);
 }
 
@@ -61,7 +65,9 @@ void OpenAddress(const std::string& address) {
   ShowWindow(window_name::kOpenMap);
 }
 
-void OpenMapInfo(const std::string& path, ShowWay way) { OpenWithFile(window_name::kMapInfo, "LoadMap", path, way); }
+void OpenMapInfo(const std::string& path, ShowWay way, FetchDisplay* display) {
+  OpenWithFile(window_name::kMapInfo, "LoadMap", path, way, display);
+}
 
 void AddToMapList(const std::string& map) {
   if (!IsWindowRegistered(window_name::kMapList)) return;

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "forms/form.h"
+#include "web/fetch_scope.h"
 
 namespace kestrun {
 
@@ -40,8 +41,9 @@ void SetOpenMapAddress(const std::string& address);
 // The same, and shows it.
 void OpenAddress(const std::string& address);
 
-// What a mission file holds.
-void OpenMapInfo(const std::string& path, ShowWay way = ShowWay::kShow);
+// What a mission file holds. Its picture may have to be fetched before the window can be seen: that shows in the
+// display, if one is given.
+void OpenMapInfo(const std::string& path, ShowWay way = ShowWay::kShow, FetchDisplay* display = nullptr);
 
 // Appends a map to the auto host's list and shows that window.
 void AddToMapList(const std::string& map);

@@ -1,4 +1,5 @@
-// How the commands of the map windows end when they fail: reported, and the window goes on.
+// What becomes of a failure. Attempt (base/runtime_error.h) skips it; RunCommand tells it, with a context where the
+// user would not know otherwise what has failed. Either way the program goes on.
 #pragma once
 
 #include <exception>
@@ -8,17 +9,19 @@
 #include <utility>
 
 #include "forms/property.h"
-#include "program/show_error.h"
+#include "platform/failure_box.h"
 
 namespace kestrun {
 
-// The context is ShowError's.
+// Gives true when the command ran through. Context and icon are those of the failure box.
 template <class Command>
-void RunCommand(Command&& command, const std::string& context = "") {
+bool RunCommand(Command&& command, const std::string& context = "", BoxIcon icon = BoxIcon::kNone) {
   try {
     std::forward<Command>(command)();
+    return true;
   } catch (const std::exception&) {
-    ShowError(context);
+    ShowFailureBox(context, icon);
+    return false;
   }
 }
 

@@ -1,6 +1,9 @@
 // Loading and unloading of the main window, and what scripts can call.
 #include "windows/main/frmain.h"
 
+#include <functional>
+#include <initializer_list>
+
 #include "base/convert.h"
 #include "forms/member_rows.h"
 #include "game/editor_files.h"
@@ -26,8 +29,7 @@ BannerService& banner_service() {
   return service;
 }
 
-// One step of loading: reported under its context when it fails, the next step runs all the same.
-void LoadStep(const std::function<void()>& step) { RunCommand(step, "Loading Kestrun "); }
+constexpr const char* kLoading = "Loading Kestrun ";
 
 frmain& Self(Object& object) { return static_cast<frmain&>(object); }
 
@@ -80,20 +82,24 @@ void frmain::Load() {
     LoadSafely();
     return;
   }
-  LoadStep([this] { LoadBanner(); });
-  LoadStep([this] { Load_Programs(); });
-  LoadStep([this] { LoadMenuIcons(); });
-  LoadStep([] { WriteSetting(setting::kApp, platform().program().ExeName() + ".exe"); });
-  LoadStep([this] { txtoutput.Text = ReadSetting(setting::kOutputText); });
-  LoadStep([this] { Text1.Text = MapFolder(); });
-  LoadStep([this] {
-    if (!FileExists(Text1.Text)) ShowFolderInstead(platform().program().Folder());
-  });
-  LoadStep([this] { FileMaps.SetPath(Text1.Text.get()); });
-  LoadStep([this] { ShowStatusLine(TextToBoolean(ReadSetting(setting::kStatusLine))); });
-  LoadStep([this] { LoadIcons(); });
-  ApplyStyleAtOnce(*this, "applystyle ");
-  LoadStep([this] { LoadQuickLinks(); });
+  // Each step stands for itself: when one fails the next runs all the same.
+  const std::initializer_list<std::function<void()>> steps{
+      [this] { LoadBanner(); },
+      [this] { Load_Programs(); },
+      [this] { LoadMenuIcons(); },
+      [] { WriteSetting(setting::kApp, platform().program().ExeName() + ".exe"); },
+      [this] { txtoutput.Text = ReadSetting(setting::kOutputText); },
+      [this] { ShowStoredFolder(); },
+      [this] {
+        if (!FileExists(Text1.Text)) ShowFolderInstead(platform().program().Folder());
+      },
+      [this] { FileMaps.SetPath(Text1.Text.get()); },
+      [this] { ShowStatusLine(TextToBoolean(ReadSetting(setting::kStatusLine))); },
+      [this] { LoadIcons(); },
+      [this] { ApplyStyleAtOnce(*this, "applystyle "); },
+      [this] { LoadQuickLinks(); },
+  };
+  for (const auto& step : steps) RunCommand(step, kLoading);
 }
 
 // The plain list stands in for the painted one; no setting is read.
@@ -105,8 +111,8 @@ void frmain::LoadSafely() {
 
 void frmain::Shown() {
   if (SafeMode()) return;
-  LoadStep([this] { AskForZipIcon(); });
-  LoadStep([] { CheckGameArchive(); });
+  RunCommand([this] { AskForZipIcon(); }, kLoading);
+  RunCommand([] { CheckGameArchive(); }, kLoading);
 }
 
 void frmain::Unloading() {

@@ -8,6 +8,7 @@
 
 #include "controls/image_list/image_list.h"
 #include "controls/list_box/mc_list_box.h"
+#include "controls/progress_bar/progress_bar.h"
 #include "controls/quick_link/quick_link.h"
 #include "forms/command_button.h"
 #include "forms/common_dialog.h"
@@ -23,6 +24,7 @@
 #include "forms/timer.h"
 #include "forms/window_registry.h"
 #include "program/window_kit/open_window.h"
+#include "program/window_kit/status_line.h"
 
 namespace kestrun {
 
@@ -60,6 +62,7 @@ class frmain final : public Form {
   CommandButton& Command5 = Add<CommandButton>("Command5");
   PictureBox& Picture2 = Add<PictureBox>("Picture2");
   TextBox& txtstatusbar = Add<TextBox>("txtstatusbar");
+  ProgressBar& prgfetch = Add<ProgressBar>("prgfetch");
   // The notice of an update, in the place of the status line until it is closed.
   PictureBox& PctUpdate = Add<PictureBox>("PctUpdate");
   Label& lblupdate = Add<Label>("lblupdate");
@@ -205,14 +208,12 @@ class frmain final : public Form {
   // Maps.
   void ConnectMaps();
   void FolderTextChanged();
+  void ShowStoredFolder();
   // Shows a folder in the place of the stored one, which stays stored: it may be there again at the next start.
   void ShowFolderInstead(const std::string& folder);
   void TakeTypedFolder();
   void BrowseFolder();
   void RefreshList();
-  void ShowRowsAnew(bool needed) {
-    if (needed) RefreshList();
-  }
   void TakeDropped(const std::vector<std::string>& paths);
   void FillListBox();
   void MirrorSelection();
@@ -242,7 +243,6 @@ class frmain final : public Form {
 
   // Status line and guide.
   void ConnectStatusLine();
-  void ShowStatus(const std::string& text);
   void ShowStatusLine(bool visible);
   void ConnectGuide();
   void LoadQuickLinks();
@@ -253,6 +253,7 @@ class frmain final : public Form {
   void CloseQuickLinks();
   void MarkStartup(bool stays_closed);
 
+  StatusLine status_line_{Picture2, txtstatusbar, prgfetch};
   std::vector<std::string> program_paths_;
   bool stays_closed_at_startup_ = false;
   bool has_banner_place_ = false;

@@ -33,10 +33,12 @@ void frmain::ConnectCommands() {
   SetCommand({&mnu_OpenFolder.Click}, [this] { ShellOpen("open", FileMaps.Path(), "", FileMaps.Path(), kShowNormal); });
   SetCommand({&mnu_exit.Click}, [this] { Unload(); });
   SetCommand({&ImgPreview.Click}, [this] { HandMapToPreviewManager(PreviewTask::kChoose); });
-  SetCommand({&mnu_copymapto.Click}, [this] { ShowRowsAnew(CopyMapTo(FileMaps, dlgcopyto)); });
-  SetCommand({&mnu_renamemap.Click}, [this] { ShowRowsAnew(RenameMap(FileMaps)); });
-  SetCommand({&mnu_deletemap.Click}, [this] { ShowRowsAnew(DeleteMap(FileMaps)); });
-  SetCommand({&mnu_mapname.Click}, [this] { ShowRowsAnew(CopyMapName(FileMaps)); });
+  SetCommand({&mnu_copymapto.Click}, [this] { CopyMapTo(FileMaps, dlgcopyto); });
+  SetCommand({&mnu_renamemap.Click}, [this] { RenameMap(FileMaps); });
+  SetCommand({&mnu_deletemap.Click}, [this] {
+    if (DeleteMap(FileMaps)) RefreshList();
+  });
+  SetCommand({&mnu_mapname.Click}, [this] { CopyMapName(FileMaps); });
   SetCommand({&mnu_bmstomis.Click}, [] {
     StartTool(ReadSetting(setting::kConverter),
               "can't find the file 'DF3BMStoMIS.exe' please select it in the options window.");
@@ -102,7 +104,7 @@ void frmain::StartTool(const std::string& program, const std::string& missing) {
 
 void frmain::ShowMapInfo() {
   const std::string map = SelectedMap();
-  if (!map.empty()) OpenMapInfo(map, ShowWay::kShowModal);
+  if (!map.empty()) OpenMapInfo(map, ShowWay::kShowModal, &status_line_);
 }
 
 void frmain::HandMapToPreviewManager(PreviewTask task) {

@@ -11,7 +11,6 @@
 namespace kestrun {
 namespace {
 
-constexpr const char* kOwnStatus = "Select a map and click 'Put map in DFLW'.";
 constexpr const char* kTick = "\xE2\x9C\x93 ";
 constexpr const char* kShowAtStartup = "Show at startup";
 constexpr int kFlips = 11;
@@ -47,7 +46,7 @@ constexpr GuideLink kLinks[]{
 // line has its own text.
 void frmain::ConnectStatusLine() {
   const auto show = [this](Control& control, std::string text) {
-    control.MouseMove = [this, text = std::move(text)](int, int, int, int) { ShowStatus(text); };
+    control.MouseMove = [this, text = std::move(text)](int, int, int, int) { status_line_.Say(text); };
   };
   for (const Ref<Control>& control : controls()) {
     if (!control->ToolTipText->empty()) show(*control, control->ToolTipText);
@@ -57,22 +56,16 @@ void frmain::ConnectStatusLine() {
   show(Text1, "The current folder you are looking for *.bms (maps) files");
   for (Control* silent : std::initializer_list<Control*>{this, &Frame1, &Picture2, &txtstatusbar, &lblfolder, &lblmaps,
                                                          &lblpreview, &lblnopreview, &lblnamelength}) {
-    show(*silent, kOwnStatus);
+    silent->MouseMove = [this](int, int, int, int) { status_line_.SayOwnWords(); };
   }
-  MouseLeave = [this] { ShowStatus(kOwnStatus); };
-  ShowStatus(kOwnStatus);
+  MouseLeave = [this] { status_line_.SayOwnWords(); };
   mnu_status.Click = [this] { ShowStatusLine(!txtstatusbar.Visible); };
   mnu_status.Checked = true;
 }
 
-void frmain::ShowStatus(const std::string& text) {
-  if (txtstatusbar.Text.get() != text) txtstatusbar.Text = text;
-}
-
 void frmain::ShowStatusLine(bool visible) {
-  txtstatusbar.Visible = visible;
+  status_line_.Switch(visible);
   mnu_status.Checked = visible;
-  PlaceStatusLine();
 }
 
 // ---- flashing arrow ------------------------------------------------------------------------------------------------

@@ -31,7 +31,6 @@ constexpr int kPlainListMore = 100;   // the plain list is higher than the paint
 constexpr int kPreviewHeight = 2640;  // that of the open panel of links as well
 constexpr int kPreviewGives = 1290;   // how much of it a low screen may take
 constexpr int kFrameTop = 3660;
-constexpr int kStatusHeight = 330;
 constexpr int kArrow = 360;
 // Window heights without and with the place for the banner.
 constexpr int kHeightWithoutBanner = 7665;
@@ -123,13 +122,7 @@ void frmain::LayOutChoices() {
 }
 
 void frmain::LayOutStatusLine() {
-  Picture2.BorderStyle = 0;
-  Picture2.TabStop = false;
-  txtstatusbar.SetContainer(Picture2);
-  txtstatusbar.BorderStyle = 0;
-  txtstatusbar.BackColor = color::kButtonFace;
-  txtstatusbar.Locked = true;
-  txtstatusbar.TabStop = false;
+  status_line_.LayOut("Select a map and click 'Put map in DFLW'.");
 
   PctUpdate.BorderStyle = 0;
   PctUpdate.Visible = false;
@@ -229,10 +222,8 @@ void frmain::PlacePreview() {
 }
 
 void frmain::PlaceStatusLine() {
-  const int top = ScaleHeight() - kStatusHeight;
-  Picture2.Move(0, txtstatusbar.Visible ? top : ScaleHeight(), ScaleWidth(), kStatusHeight);
-  txtstatusbar.Move(kMargin, 60, ScaleWidth() - 2 * kMargin, 240);
-  PctUpdate.Move(0, top, ScaleWidth(), kStatusHeight);
+  status_line_.Place(ScaleWidth(), ScaleHeight());
+  PctUpdate.Move(0, ScaleHeight() - kStatusLineHeight, ScaleWidth(), kStatusLineHeight);
   lblupdate.Move(kMargin, 60, ScaleWidth() - 2 * kMargin - 900, 240);
   lblCloseUpdate.Move(ScaleWidth() - kMargin - 600, 60, 600, 240);
 }

@@ -9,10 +9,13 @@
 #include "maps/map_picture.h"
 #include "platform/platform.h"
 #include "program/folders.h"
+#include "program/game_paths.h"
+#include "program/path_text.h"
 #include "program/program_pictures.h"
 #include "program/settings.h"
 #include "program/window_kit/open_window.h"
 #include "program/window_kit/run_command.h"
+#include "web/fetch_scope.h"
 #include "windows/main/frmain.h"
 #include "windows/main/frmain_pictures.h"
 
@@ -24,8 +27,12 @@ constexpr int kZipIcon = 0;  // of ImageList
 // For a folder that was chosen and not only begun to be typed.
 void TellWhenNotRemembered(const std::string& folder) {
   if (EncodeText(folder).size() <= kProfileValueBytes) return;
-  MsgBox("Kestrun works with this folder now but cannot remember it for the next start: its path has more than " +
-         std::to_string(kProfileValueBytes) + " characters." + std::string(kCrLf) + folder);
+  MsgBox(
+      "Kestrun works with this folder now but cannot remember it for the next start: its path has more than " +
+      std::to_string(kProfileValueBytes) +
+      " characters. Move your maps to a folder with a shorter path, or type a shorter path that leads to it, such as "
+      "a link or a drive letter." +
+      std::string(kCrLf) + folder);
 }
 
 }  // namespace
@@ -78,6 +85,16 @@ void frmain::FolderTextChanged() {
   if (!Attempt([this] { FileMaps.SetPath(Text1.Text.get()); })) return;
   FillListBox();
   Timer1.Enabled = true;
+}
+
+// One that is not there may be a stored path that was cut to what a setting can be: it is not stored in its place.
+void frmain::ShowStoredFolder() {
+  const std::string folder = MapFolder();
+  if (FileExists(folder)) {
+    Text1.Text = folder;
+  } else {
+    ShowFolderInstead(folder);
+  }
 }
 
 void frmain::ShowFolderInstead(const std::string& folder) {
@@ -157,6 +174,7 @@ void frmain::MirrorSelection() {
 }
 
 void frmain::ShowPreviewOfSelection() {
+  const FetchScope fetch(&status_line_);
   ShowPicture(FileMaps.ListIndex < 0 ? Ref<kestrun::Picture>() : LoadMapPicture(SelectedPath()));
 }
 

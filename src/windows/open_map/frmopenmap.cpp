@@ -19,6 +19,7 @@
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/ask.h"
 #include "program/window_kit/run_command.h"
+#include "web/fetch_scope.h"
 #include "web/web_paths.h"
 
 namespace kestrun {
@@ -119,23 +120,26 @@ void frmopenmap::Browse() {
 
 void frmopenmap::PutAndPlay(int32_t mode) {
   FetchTurn turn;
-  const std::string local = FetchAddress();
+  const std::optional<std::string> local = FetchAddress();
+  if (!local) return;
   std::string name = ChosenMission({options1, options0, options3, txtrename});
-  if (local.empty()) return;
-  const bool packed = PutMap(local, name, mode, true);
+  if (local->empty()) return;
+  const bool packed = PutMap(*local, name, mode, true);
   turn.End();
   MsgBox(packed ? "Successfully packed map" : "Failed to pack map");
 }
 
-std::string frmopenmap::FetchAddress() {
-  const FetchScope fetch(&fetch_line_);
+std::optional<std::string> frmopenmap::FetchAddress() {
+  const FetchScope fetch(&status_line_);
   const std::string address = TxtFile.Text;
   std::string local = FetchMap(address);
+  if (fetch.IsCancelled()) return std::nullopt;
   if (!local.empty() && local != address && !ImgPreview.Picture.get()) ShowPictureOf(local);
   return local;
 }
 
 void frmopenmap::ShowPictureOf(const std::string& map) {
+  const FetchScope fetch(&status_line_);
   ImgPreview.Picture = LoadMapPicture(map);
   FitPreview();
 }
@@ -149,6 +153,7 @@ void frmopenmap::LaunchGame() {
   }
   MsgBox("Game file 'dflwdem.exe' not found! Please select your game folder in the options window!", BoxButtons::kOk,
          BoxIcon::kCritical);
+  OfferGameFolder();
 }
 
 void frmopenmap::ShowPreview() {

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "controls/progress_bar/progress_bar.h"
 #include "forms/command_button.h"
 #include "forms/common_dialog.h"
 #include "forms/form.h"
@@ -17,8 +19,8 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/window_registry.h"
-#include "program/fetch_line.h"
 #include "program/window_kit/open_window.h"
+#include "program/window_kit/status_line.h"
 
 namespace kestrun {
 
@@ -52,6 +54,9 @@ class frmopenmap final : public Form {
   PictureBox& PctPreview = Add<PictureBox>("PctPreview");
   Label& lblnopreview = Add<Label>("lblnopreview");
   Image& ImgPreview = Add<Image>("ImgPreview");
+  PictureBox& PctStatus = Add<PictureBox>("PctStatus");
+  TextBox& txtstatus = Add<TextBox>("txtstatus");
+  ProgressBar& prgfetch = Add<ProgressBar>("prgfetch");
   CommonDialog& dlgopen = Add<CommonDialog>("dlgopen");
   // Applies the style once.
   Timer& Timer1 = Add<Timer>("Timer1");
@@ -78,8 +83,10 @@ class frmopenmap final : public Form {
   void RestoreChoices();
   void EnableWhatIsThere();
   void Browse();
-  // The local map of the address. One out of a zip brings its own picture along when the address has none.
-  [[nodiscard]] std::string FetchAddress();
+  // The local map of the address, empty where there is none; nothing when the user has ended the fetch. One out of a
+  // zip brings its own picture along when the address has none.
+  [[nodiscard]] std::optional<std::string> FetchAddress();
+  // A picture on the web is fetched first.
   void ShowPictureOf(const std::string& map);
   void PutAndPlay(int32_t mode);
   void LaunchGame();
@@ -90,9 +97,7 @@ class frmopenmap final : public Form {
   bool AddressIsMissing(const char* request);
 
   bool choices_restored_ = false;
-
-  // Its caption is the window's line of words while it fetches.
-  FetchLine fetch_line_{nullptr, [this](const std::string& words) { Caption = words; }, [this] { Caption = kCaption; }};
+  StatusLine status_line_{PctStatus, txtstatus, prgfetch};
 };
 
 }  // namespace kestrun

@@ -32,7 +32,7 @@ void PlaceText(TextBox& box, int left, int top, int width, const char* tip) {
 void frmopenmap::LayOut() {
   LayOutFixedWindow(*this, kCaption, StartPosition::kCenterScreen);
   KeyPreview = true;
-  SetClientSize(kClientWidth, kColumnsBottom + kMargin);
+  SetClientSize(kClientWidth, kColumnsBottom + kMargin + kStatusLineHeight);
 
   Label1.Caption = "Please enter a &file name or url (http://)";
   Label1.Move(kMargin, 150, kClientWidth - 2 * kMargin, kLabelHeight);
@@ -47,13 +47,14 @@ void frmopenmap::LayOut() {
               "Insert as deathmatch");
   PlaceOption(options1, Frame1, kMargin, 705, kChoiceWidth - 2 * kMargin, "&Capture the flag (Desert Prison)",
               "Insert as capture the flag.");
-  PlaceOption(options3, Frame1, kMargin, 1095, kChoiceWidth - 2 * kMargin, "&Rename:", "Insert using other name.");
+  constexpr int kCountWidth = 660;
+  PlaceOption(options3, Frame1, kMargin, 1095, kChoiceWidth - 2 * kMargin - kCountWidth,
+              "&Rename:", "Insert using other name.");
   txtrename.SetContainer(Frame1);
   PlaceText(txtrename, 450, 1440, kChoiceWidth - 450 - kMargin,
             "The name under which the map is stored in the game. The archive holds its first 16 characters.");
   txtrename.Change = [this] { lblnamelength.Caption = MissionNameLength(txtrename.Text); };
   txtrename.Change();
-  constexpr int kCountWidth = 660;
   lblnamelength.SetContainer(Frame1);
   lblnamelength.Move(kChoiceWidth - kMargin - kCountWidth, 1125, kCountWidth, kLabelHeight);
   lblnamelength.Alignment = static_cast<int>(TextAlignment::kRight);
@@ -81,6 +82,8 @@ void frmopenmap::LayOut() {
   ImgPreview.ToolTipText = "Map preview";
   ImgPreview.Stretch = true;
   FitPreview();
+  status_line_.LayOut("Enter a file name or a web address and choose what to do with the map.");
+  status_line_.Place(ScaleWidth(), ScaleHeight());
 
   SetUpStyleTimer(*this, Timer1, 55, "Apply style ");
 }

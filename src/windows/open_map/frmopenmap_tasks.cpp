@@ -72,7 +72,7 @@ void frmopenmap::SaveMapAs() {
     if (AddressIsMissing("Enter path!")) return;
     if (!AskYesNo("This will download or copy the map to the default map folder continue?")) return;
     const FetchTurn turn;
-    const std::string local = FetchAddress();
+    const std::string local = FetchAddress().value_or("");
     if (local.empty() || !FileExists(local)) return;
     const std::string target = InMapFolder(local);
     if (!EqualsNoCase(local, target)) platform().files().Copy(local, target);
@@ -85,7 +85,7 @@ void frmopenmap::AddAutoHost() {
     const FetchTurn turn;
     std::string target = TxtFile.Text;
     if (!FileExists(target) || MapFileKind(target) != map_file_kind::kMap) {
-      const std::string local = FetchAddress();
+      const std::string local = FetchAddress().value_or("");
       if (local.empty()) return;
       target = InMapFolder(local);
       const bool is_there_already = EqualsNoCase(local, target);
@@ -103,8 +103,8 @@ void frmopenmap::ShowMapInfo() {
   RunCommand([this] {
     if (AddressIsMissing("Enter Path!")) return;
     const FetchTurn turn;
-    const std::string local = FetchAddress();
-    if (!local.empty() && FileExists(local)) OpenMapInfo(local);
+    const std::string local = FetchAddress().value_or("");
+    if (!local.empty() && FileExists(local)) OpenMapInfo(local, ShowWay::kShow, &status_line_);
   });
 }
 

@@ -236,6 +236,20 @@ TEST_F(CompositeControlsTest, LinksShowAnotherBackgroundOfTheirPanel) {
   EXPECT_EQ(PixelOf(links().LblLink(0), links().LblLink(0).Width - 60, 60), 0x00FF00U);
 }
 
+int value_changes = 0;
+void CALLBACK CountValueChanges(HWINEVENTHOOK, DWORD, HWND, LONG, LONG, DWORD, DWORD) { ++value_changes; }
+
+TEST_F(CompositeControlsTest, AScreenReaderIsToldWhenABarMoves) {
+  const HWINEVENTHOOK hook = SetWinEventHook(EVENT_OBJECT_VALUECHANGE, EVENT_OBJECT_VALUECHANGE, nullptr,
+                                             &CountValueChanges, GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+  ASSERT_NE(hook, nullptr);
+  value_changes = 0;
+  bar().Value = 40;
+  Pump();
+  EXPECT_EQ(value_changes, 1);
+  UnhookWinEvent(hook);
+}
+
 TEST_F(CompositeControlsTest, AScreenReaderHearsHowFarABarIs) {
   CoInitialize(nullptr);
   bar().ToolTipText = "Download";

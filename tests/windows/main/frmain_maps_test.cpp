@@ -341,6 +341,34 @@ TEST_F(MainWindowTest, ARowThatTheFileListNoLongerHasSelectsNothing) {
   Main().Command2.Press();
 }
 
+TEST_F(MainWindowTest, APictureFromTheWebIsShownComing) {
+  GiveMapPicture("Desert.bms", 40, 30);
+  MainOnMaps();
+  std::vector<std::string> words;
+  bool had_bar = false;
+  Main().txtstatusbar.Change = [&] {
+    words.push_back(Main().txtstatusbar.Text);
+    had_bar = had_bar || Main().prgfetch.Visible;
+  };
+  ClickRow(0);
+  ASSERT_FALSE(words.empty());
+  EXPECT_EQ(words.front(), "Fetching Desert.bms.jpg from maps.example: waiting for the server. Esc cancels.");
+  EXPECT_EQ(words.back(), "Select a map and click 'Put map in DFLW'.");
+  EXPECT_TRUE(had_bar);
+  EXPECT_FALSE(Main().prgfetch.Visible);
+  EXPECT_TRUE(Main().ImgPreview.Picture.get());
+}
+
+TEST_F(MainWindowTest, EscEndsTheFetchOfAPictureAndTheMapStaysSelected) {
+  GiveMapPicture("Desert.bms", 40, 30);
+  MainOnMaps();
+  desktop.internet().leave_after_bytes = 0;
+  ClickRow(0);
+  EXPECT_FALSE(Main().ImgPreview.Picture.get());
+  EXPECT_EQ(Main().FileMaps.FileName(), "Desert.bms");
+  EXPECT_EQ(Main().txtstatusbar.Text.get(), "Select a map and click 'Put map in DFLW'.");
+}
+
 TEST_F(MainWindowTest, DeletingTheLastMapLeavesAnEmptyListAndThePictureStays) {
   native_files.Delete(MapPath("Oasis.bms"));
   GiveMapPicture("Desert.bms", 40, 30);
@@ -469,12 +497,23 @@ TEST_F(LongFolderTest, ItsMapsAreDescribedCopiedRenamedAndDeleted) {
   EXPECT_EQ(Rows(), "Copy.bms|");
 }
 
+// Reading a setting cuts it: neither the part of the path nor the folder that is shown instead may replace it.
+TEST_F(LongFolderTest, AStoredOneThatIsTooLongToBeReadStaysStored) {
+  CloseAllWindows();
+  WriteIni("[launcher]\r\nPATH=C:\\" + std::string(300, 'x') + "\r\nSHOWQUICKLINKS=1\r\n");
+  Main().Show();
+  EXPECT_EQ(Main().Text1.Text.get(), Path("program"));
+  EXPECT_NE(ReadFile(Path("program\\packit.ini")).find("PATH=C:\\" + std::string(300, 'x') + "\r\n"),
+            std::string::npos);
+}
+
 TEST_F(LongFolderTest, ChoosingItSaysThatItIsNotRemembered) {
   Main().Text1.Text = Path("maps");
   desktop.dialogs().ExpectFolder("Select the folder where you want to load maps from.", folder);
   desktop.dialogs().ExpectBox(
       "Kestrun works with this folder now but cannot remember it for the next start: its path has more than 254 "
-      "characters.\r\n" +
+      "characters. Move your maps to a folder with a shorter path, or type a shorter path that leads to it, such as a "
+      "link or a drive letter.\r\n" +
       folder);
   Main().Command1.Press();
   EXPECT_EQ(Rows(), "Far.bms|");

@@ -77,6 +77,18 @@ TEST_F(MainWindowTest, RenameStoresTheTypedName) {
   EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "MINE.BMS"), "BMS desert");
 }
 
+TEST_F(MainWindowTest, WithNoOptionOnTheNameIsEmptyWhateverIsTyped) {
+  MainOnMaps();
+  ClickRow(0);
+  for (OptionButton* option : {&Main().opcapflag, &Main().opdeath, &Main().oprename}) option->Value = false;
+  Main().txtoutput.Text = std::string("MINE.BMS");
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", GamePath(""));
+  desktop.dialogs().ExpectBox("Failed to pack map: Desert.bms");
+  Main().Command7.Press();
+  EXPECT_EQ(Main().txtoutput.Text.get(), "MINE.BMS");
+  EXPECT_FALSE(FileIsThere(GamePath("MINE.BMS")));
+}
+
 TEST_F(MainWindowTest, TheNameBoxShowsHowMuchOfTheArchivesNameFieldIsUsed) {
   Main().Show();
   Main().txtoutput.Text = std::string("SEVENTEEN_LET.BMS");

@@ -1,4 +1,5 @@
 // What the load-map window does with its address: put, launch, and the tasks.
+#include "program/game_paths.h"
 #include "support/zip_builder.h"
 #include "windows/map_info/frmmapinfo.h"
 #include "windows/open_map/frmopenmap.h"
@@ -63,17 +64,24 @@ class NotingSession final : public HttpSession {
   std::function<void()> note_;
 };
 
-TEST_F(LoadMapTasksTest, WhileAMapIsFetchedTheCaptionSaysSo) {
+TEST_F(LoadMapTasksTest, WhileAMapIsFetchedTheStatusLineSaysSoAndABarMoves) {
   OpenWith(kUrl);
-  std::string caption;
+  const std::string own_words = Open().txtstatus.Text;
+  std::string words;
+  bool has_bar = false;
   desktop.internet().transport = [&]() -> std::unique_ptr<HttpSession> {
-    return std::make_unique<NotingSession>([&] { caption = Open().Caption; });
+    return std::make_unique<NotingSession>([&] {
+      words = Open().txtstatus.Text;
+      has_bar = Open().prgfetch.Visible;
+    });
   };
   desktop.dialogs().ExpectBox(std::string("Can't download: ") + kUrl);
   Open().cmdputin.Press();
-  EXPECT_TRUE(StartsWith(caption, "Fetching ")) << caption;
-  EXPECT_TRUE(caption.ends_with(": waiting for the server. Esc cancels.")) << caption;
-  EXPECT_EQ(Open().Caption.get(), "Kestrun - Open Map");
+  EXPECT_TRUE(StartsWith(words, "Fetching ")) << words;
+  EXPECT_TRUE(words.ends_with(": waiting for the server. Esc cancels.")) << words;
+  EXPECT_TRUE(has_bar);
+  EXPECT_EQ(Open().txtstatus.Text.get(), own_words);
+  EXPECT_FALSE(Open().prgfetch.Visible);
 }
 
 TEST_F(LoadMapTasksTest, EscDuringAFetchEndsTheCommandWithoutAWord) {
@@ -83,7 +91,8 @@ TEST_F(LoadMapTasksTest, EscDuringAFetchEndsTheCommandWithoutAWord) {
   OpenWith(kUrl);
   Open().cmdputin.Press();
   EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
-  EXPECT_EQ(Open().Caption.get(), "Kestrun - Open Map");
+  EXPECT_FALSE(Open().prgfetch.Visible);
+  EXPECT_EQ(Open().txtrename.Text.get(), "");
 }
 
 TEST_F(LoadMapTasksTest, WithNoOptionSelectedTheMapIsPutInUnderAnEmptyName) {
@@ -199,14 +208,19 @@ TEST_F(LoadMapTasksTest, LaunchStartsTheGameWithTheTextZeroForItsParameters) {
             (std::vector<ShellOpening>{{"open", GamePath("DFLWDEM.EXE"), "0", Path("game"), 1}}));
 }
 
-TEST_F(LoadMapTasksTest, AMissingGameIsToldAndNoOtherWindowOpens) {
+TEST_F(LoadMapTasksTest, AMissingGameIsToldAndItsFolderCanBeChangedWithoutAnotherWindow) {
+  WriteFile(Path("temp\\DFLWDEM.EXE"), "game");
   desktop.dialogs()
       .ExpectBox("Game file 'dflwdem.exe' not found! Please select your game folder in the options window!")
       .WithButtons(BoxButtons::kOk)
       .WithIcon(BoxIcon::kCritical);
+  ExpectQuestion("The game folder is " + Path("game") + ".\r\nDo you want to choose another one?", BoxAnswer::kYes,
+                 BoxIcon::kQuestion);
+  desktop.dialogs().ExpectFolder("Select the folder where you installed your game.", Path("temp\\"));
   Open().Show();
   Open().Command1.Press();
   EXPECT_EQ(LoadedWindows().size(), 1U);
+  EXPECT_EQ(GameFolder(), Path("temp"));
 }
 
 // ---- download this map ---------------------------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/code_page.h"
 #include "maps/fetch/frmzip.h"
 #include "program/commands.h"
 #include "program/start_up.h"
@@ -213,6 +214,18 @@ TEST_F(LoadMapWindowTest, AZipShowsThePictureOfTheMapOfItsName) {
   EXPECT_TRUE(Open().ImgPreview.Picture.get());
 }
 
+TEST_F(LoadMapWindowTest, APictureFromTheWebIsShownComingAndEscLeavesTheWindowWithoutIt) {
+  GivePicture("Oasis.bms");
+  desktop.internet().leave_after_bytes = 0;
+  std::vector<std::string> words;
+  Open().txtstatus.Change = [&] { words.push_back(Open().txtstatus.Text); };
+  OpenWith(MapPath("Oasis.bms"));
+  ASSERT_FALSE(words.empty());
+  EXPECT_EQ(words.front(), "Fetching oasis.bmp from pictures.example: waiting for the server. Esc cancels.");
+  EXPECT_FALSE(Open().ImgPreview.Picture.get());
+  EXPECT_FALSE(Open().prgfetch.Visible);
+}
+
 TEST_F(LoadMapWindowTest, AMapOutOfAZipBringsItsPictureAlong) {
   GivePicture("Oasis.bms");
   WriteFile(MapPath("Pack.zip"), BuildZip({{"Oasis.bms", "BMS oasis"}}));
@@ -362,6 +375,48 @@ TEST_F(LoadMapWindowTest, WithoutAPictureAndWithoutAFileAClickDoesNothing) {
   Open().TxtFile.Text = std::string();
   Open().ImgPreview.Click();
   EXPECT_EQ(LoadedWindow("frmpicture"), nullptr);
+}
+
+// ---- long paths ----------------------------------------------------------------------------------------------------
+
+class LongAddressTest : public LoadMapWindowTest {
+ protected:
+  LongAddressTest() {
+    while (EncodeText(folder).size() < 300) {
+      folder += "\\a folder inside a folder inside a folder";
+      native_files.MakeFolder(folder);
+    }
+    WriteFile(folder + "\\Far.bms", "BMS far");
+    WriteFile(folder + "\\Far.zip", BuildZip({{"Far.bms", "BMS far"}}));
+  }
+
+  std::string folder = Path("maps");
+};
+
+TEST_F(LongAddressTest, ItsMapIsPutInDownloadedAndDescribed) {
+  OpenWith(folder + "\\Far.bms");
+  desktop.dialogs().ExpectBox("Successfully packed map");
+  Open().cmdputin.Press();
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "D08M03.BMS"), "BMS far");
+  desktop.dialogs().ExpectBox("This will download or copy the map to the default map folder continue?",
+                              BoxAnswer::kYes);
+  Open().SaveMapAs();
+  EXPECT_EQ(ReadFile(DefaultMapPath("Far.bms")), "BMS far");
+  Open().ShowMapInfo();
+  EXPECT_EQ(LoadedWindow("frmmapinfo")->Caption.get(), "Map info Far.bms");
+}
+
+TEST_F(LongAddressTest, ItsZipIsOpened) {
+  OpenWith(folder + "\\Far.zip");
+  ExpectZipQuestion(BoxAnswer::kYes);
+  desktop.windowing().ExpectModal("frmzip", [](Form& form) {
+    auto& choice = static_cast<frmzip&>(form);
+    choice.LstZip.SetListIndex(0);
+    choice.Command1.Press();
+  });
+  desktop.dialogs().ExpectBox("Successfully packed map");
+  Open().cmdputin.Press();
+  EXPECT_EQ(EntryOf(GamePath("dflw.pff"), "D08M03.BMS"), "BMS far");
 }
 
 }  // namespace

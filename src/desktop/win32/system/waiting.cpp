@@ -26,13 +26,16 @@ bool Waiting::PaintAndListen() {
   Listen(WM_MOUSEFIRST, WM_MOUSELAST);
   // The system asks a window under a moving mouse for its own cursor.
   SetCursor(hourglass_);
-  MSG message{};
+  Paint(kPaintSoon);
+  Paint(WM_PAINT);
+  return escape_pressed_;
+}
+
+void Waiting::Paint(UINT kind) {
   // As many windows as can be seen at once: one that asks to be painted for ever must not hold up the rest.
   constexpr int kMostPaints = 200;
-  for (int paints = 0; paints < kMostPaints && TakeMessage(message, WM_PAINT, WM_PAINT); ++paints) {
-    DispatchMessageW(&message);
-  }
-  return escape_pressed_;
+  MSG message{};
+  for (int paints = 0; paints < kMostPaints && TakeMessage(message, kind, kind); ++paints) DispatchMessageW(&message);
 }
 
 void Waiting::Listen(UINT first, UINT last) {

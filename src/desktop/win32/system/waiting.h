@@ -5,6 +5,9 @@
 
 namespace kestrun {
 
+// Posted to itself by a window that paints with its next message.
+inline constexpr UINT kPaintSoon = WM_APP + 1;
+
 // While it lives the mouse shows an hourglass, and what the user presses goes nowhere, neither now nor afterwards: it
 // would answer the question that comes next, before anybody has seen it.
 class Waiting {
@@ -18,6 +21,7 @@ class Waiting {
   [[nodiscard]] bool PaintAndListen();
 
  private:
+  static void Paint(UINT kind);
   void Listen(UINT first, UINT last);
 
   HCURSOR before_;

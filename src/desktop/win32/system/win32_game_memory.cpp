@@ -38,19 +38,21 @@ bool HasTitle(HWND window, std::wstring_view title) {
   return std::wstring_view(text).substr(0, static_cast<size_t>(length)) == title;
 }
 
+struct TitleSearch {
+  std::wstring_view title;
+  std::vector<HWND> found;
+};
+
+BOOL CALLBACK AddIfTitled(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<TitleSearch*>(parameter);
+  if (HasTitle(window, search.title)) search.found.push_back(window);
+  return TRUE;
+}
+
 // The top windows with that title, from front to back.
 std::vector<HWND> WindowsWithTitle(std::wstring_view title) {
-  struct Search {
-    std::wstring_view title;
-    std::vector<HWND> found;
-  } search{title, {}};
-  EnumWindows(
-      [](HWND window, LPARAM parameter) -> BOOL {
-        auto& asked = *reinterpret_cast<Search*>(parameter);
-        if (HasTitle(window, asked.title)) asked.found.push_back(window);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&search));
+  TitleSearch search{title, {}};
+  EnumWindows(AddIfTitled, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
 

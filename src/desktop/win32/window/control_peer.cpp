@@ -24,6 +24,17 @@ MouseMessage KindOf(UINT message) {
   }
 }
 
+DWORD SystemEvent(AccessibleEvent event) {
+  switch (event) {
+    case AccessibleEvent::kFocus: return EVENT_OBJECT_FOCUS;
+    case AccessibleEvent::kSelection: return EVENT_OBJECT_SELECTION;
+    case AccessibleEvent::kName: return EVENT_OBJECT_NAMECHANGE;
+    case AccessibleEvent::kValue: return EVENT_OBJECT_VALUECHANGE;
+    case AccessibleEvent::kChildren: break;
+  }
+  return EVENT_OBJECT_REORDER;
+}
+
 DWORD EdgeStyle(EdgeKind edge) { return edge == EdgeKind::kLine ? WS_BORDER : 0; }
 DWORD EdgeExtendedStyle(EdgeKind edge) { return edge == EdgeKind::kSunken ? WS_EX_CLIENTEDGE : 0; }
 
@@ -177,6 +188,10 @@ void WindowedPeer::ShowPointerNow() {
 }
 
 void WindowedPeer::Repaint() { InvalidateRect(window(), nullptr, TRUE); }
+
+void WindowedPeer::TellAccessibility(AccessibleEvent event, int child) {
+  NotifyWinEvent(SystemEvent(event), window(), OBJID_CLIENT, child < 0 ? CHILDID_SELF : child + 1);
+}
 
 HBRUSH WindowedPeer::PrepareColors(HDC target) {
   SetTextColor(target, ToColorRef(control().ForeColor));

@@ -119,6 +119,7 @@ class WindowedPeer : public ControlPeer {
   void Repaint() override;
   void FollowContainer() override;
   void ShowToolTip() override;
+  void TellAccessibility(AccessibleEvent event, int child) override;
   [[nodiscard]] HBRUSH PrepareColors(HDC target) override;
   // Below the control; below the current row of a list.
   [[nodiscard]] POINT MenuPlace() const override;

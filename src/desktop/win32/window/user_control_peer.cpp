@@ -2,13 +2,13 @@
 
 #include <utility>
 
+#include "desktop/win32/system/waiting.h"
 #include "desktop/win32/window/window_class.h"
 
 namespace kestrun {
 namespace {
 
 constexpr const wchar_t* kControlClass = L"KestrunControl";
-constexpr UINT kPaintSoon = WM_APP + 1;
 constexpr UINT_PTR kLeaveTimer = 0x4C54;
 constexpr UINT kLeaveTimerMs = 50;
 
@@ -59,14 +59,6 @@ void UserControlPeer::ShowPopup(const PixelRect& screen_area, std::function<void
 }
 
 void UserControlPeer::HidePopup() { popup_->Hide(); }
-
-void UserControlPeer::TellAccessibility(AccessibleEvent event, int child) {
-  const DWORD id = event == AccessibleEvent::kFocus       ? EVENT_OBJECT_FOCUS
-                   : event == AccessibleEvent::kSelection ? EVENT_OBJECT_SELECTION
-                   : event == AccessibleEvent::kName      ? EVENT_OBJECT_NAMECHANGE
-                                                          : EVENT_OBJECT_REORDER;
-  NotifyWinEvent(id, window(), OBJID_CLIENT, child < 0 ? CHILDID_SELF : child + 1);
-}
 
 void UserControlPeer::NoteClient() {
   RECT client{};
