@@ -105,6 +105,10 @@ std::string Win32Program::ExeName() {
 
 std::string Win32Program::CommandLine() { return FromWide(WithoutProgramName(GetCommandLineW())); }
 
+int32_t Win32Program::InstanceNumber() {
+  return static_cast<int32_t>(reinterpret_cast<intptr_t>(GetModuleHandleW(nullptr)));
+}
+
 Bytes Win32Program::Resource(std::string_view type, int number) {
   const HRSRC found = FindResourceW(nullptr, MAKEINTRESOURCEW(number), ToWide(type).c_str());
   const HGLOBAL loaded = found ? LoadResource(nullptr, found) : nullptr;
