@@ -103,10 +103,12 @@ TEST_F(DarkFormTest, TheBarShowsItsColoursAndNoLightLine) {
   ClientToScreen(Handle(), &corner);
   const COLORREF below =
       GetPixel(target, corner.x - window.left + ClientOf(Handle()).cx / 2, corner.y - window.top - 1);
+  const COLORREF at_end = GetPixel(target, place.rcBar.right - window.left - 3, place.rcBar.top - window.top + 3);
   ReleaseDC(Handle(), target);
   EXPECT_GT(dark, 100);
   EXPECT_GT(ink, 5);
   EXPECT_EQ(below, kDark);
+  EXPECT_EQ(at_end, kDark);
 }
 
 TEST_F(DarkFormTest, CommandsOfADrawnMenuAreChosen) {

@@ -146,7 +146,8 @@ TEST_F(RestoreOnScreenTest, TheSelectedRowAloneIsRestoredByTheKeyboard) {
   Pump();
   EXPECT_EQ(window.TxtWhere.Text.get(), "\"D08M03.BMS\" in " + Archive());
   Answers() = {IDOK};
-  PostMessageW(HandleOf(window.LstMissions), WM_KEYDOWN, VK_RETURN, 1);
+  SetFocus(HandleOf(window.CmdRestore));
+  PostMessageW(HandleOf(window.CmdRestore), WM_KEYDOWN, VK_RETURN, 1);
   for (int round = 0; round < 200 && !Answers().empty(); ++round) Pump(), Sleep(10);
   Pump();
   EXPECT_EQ(Said(), std::vector<std::wstring>{L"1 original is back."});

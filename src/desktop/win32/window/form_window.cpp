@@ -419,7 +419,7 @@ void FormWindow::ShowFrameColors() {
 bool FormWindow::ShowOwnFrame(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
   if (!menu_.colors() || !form_->HasMenu()) return false;
   result = DefWindowProcW(window(), message, first, second);
-  PaintLineBelowMenu(window(), menu_.colors()->background);
+  PaintAroundMenu(window(), menu_.colors()->background);
   return true;
 }
 

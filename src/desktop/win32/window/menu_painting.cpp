@@ -168,7 +168,7 @@ void DrawMenuItem(const MenuItem* item, bool is_in_bar, const MenuColors& colors
   if (!is_in_bar && !item->Items().empty()) DrawArrow(draw, color);
 }
 
-void PaintLineBelowMenu(HWND window, COLORREF color) {
+void PaintAroundMenu(HWND window, COLORREF color) {
   RECT client{};
   RECT outer{};
   GetClientRect(window, &client);
@@ -177,6 +177,11 @@ void PaintLineBelowMenu(HWND window, COLORREF color) {
   const HDC target = GetWindowDC(window);
   const int top = client.top - outer.top;
   FillColor(target, {client.left - outer.left, top - 1, client.right - outer.left, top}, color);
+  const HMENU menu = GetMenu(window);
+  RECT last{};
+  if (GetMenuItemRect(window, menu, static_cast<UINT>(GetMenuItemCount(menu) - 1), &last)) {
+    FillColor(target, {last.right - outer.left, last.top - outer.top, client.right - outer.left, top}, color);
+  }
   ReleaseDC(window, target);
 }
 

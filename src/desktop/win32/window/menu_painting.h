@@ -25,8 +25,9 @@ struct MenuColors {
 // Room for an item; null for a line.
 void MeasureMenuItem(const MenuItem* item, MEASUREITEMSTRUCT& room);
 void DrawMenuItem(const MenuItem* item, bool is_in_bar, const MenuColors& colors, const DRAWITEMSTRUCT& draw);
-// The line that the system draws in its own colour between a window's menu bar and its client area.
-void PaintLineBelowMenu(HWND window, COLORREF color);
+// What the system draws in its own colour around the items of a window's menu bar: the rest of the bar, and the line
+// between it and the client area.
+void PaintAroundMenu(HWND window, COLORREF color);
 // Lets the title bar follow a dark form, where the system can.
 void ShowDarkTitle(HWND window, bool is_dark);
 
