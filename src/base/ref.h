@@ -63,6 +63,9 @@ class Ref {
     if (T* old = std::exchange(target_, nullptr)) old->Release();
   }
 
+  // Hands the reference over to somebody who counts by hand.
+  [[nodiscard]] T* Detach() noexcept { return std::exchange(target_, nullptr); }
+
   [[nodiscard]] T* get() const noexcept { return target_; }
   T& operator*() const noexcept { return *target_; }
   T* operator->() const noexcept { return target_; }

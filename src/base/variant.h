@@ -51,6 +51,10 @@ class TextBody final : public RefCounted {
     constexpr size_t kInObject = 7;
     return capacity <= kInObject ? 0 : LiveBytes::Block((capacity + 1) * sizeof(char16_t));
   }
+  // Texts come and go all the time: some of the memory of those that have gone is kept for the next.
+  static void* operator new(size_t size);
+  static void operator delete(void* block, size_t size) noexcept;
+
   std::u16string text;
   // The last unit holds a single byte, its low one: scripts also keep bytes in texts, and any number of them.
   bool half_unit = false;
@@ -63,19 +67,21 @@ class ArrayBody;
 
 class Variant {
  public:
-  Variant() noexcept : type_(VarType::kEmpty), owns_(0) {}
-  Variant(bool value) noexcept : type_(VarType::kBoolean), owns_(0) { payload_.boolean = value; }
-  Variant(int16_t value) noexcept : type_(VarType::kInteger), owns_(0) { payload_.whole = value; }
-  Variant(int32_t value) noexcept : type_(VarType::kLong), owns_(0) { payload_.whole = value; }
-  Variant(uint8_t value) noexcept : type_(VarType::kByte), owns_(0) { payload_.whole = value; }
-  Variant(float value) noexcept : type_(VarType::kSingle), owns_(0) { payload_.real = static_cast<double>(value); }
-  Variant(double value) noexcept : type_(VarType::kDouble), owns_(0) { payload_.real = value; }
+  Variant() noexcept : tag_{} {}
+  Variant(bool value) noexcept : tag_{VarType::kBoolean} { payload_.boolean = value; }
+  Variant(int16_t value) noexcept : tag_{VarType::kInteger} { payload_.whole = value; }
+  Variant(int32_t value) noexcept : tag_{VarType::kLong} { payload_.whole = value; }
+  Variant(uint8_t value) noexcept : tag_{VarType::kByte} { payload_.whole = value; }
+  Variant(float value) noexcept : tag_{VarType::kSingle} { payload_.real = static_cast<double>(value); }
+  Variant(double value) noexcept : tag_{VarType::kDouble} { payload_.real = value; }
   // UTF-8 text.
   Variant(std::string_view utf8);
   Variant(const std::string& utf8) : Variant(std::string_view(utf8)) {}
   Variant(const char* utf8) : Variant(std::string_view(utf8)) {}
   explicit Variant(std::u16string text);
-  explicit Variant(Ref<TextBody> text) noexcept;
+  explicit Variant(Ref<TextBody> text) noexcept : tag_{VarType::kString, 0, kCounted} {
+    payload_.shared = text.Detach();
+  }
   // A reference; an empty Ref is Nothing.
   template <class T>
   requires std::is_base_of_v<Object, T> Variant(const Ref<T>& object)
@@ -94,79 +100,77 @@ class Variant {
   }
   [[nodiscard]] static Variant Date(double days) noexcept {
     Variant value(days);
-    value.type_ = VarType::kDate;
+    value.tag_.type = VarType::kDate;
     return value;
   }
 
-  Variant(const Variant& other) noexcept : type_(other.type_), owns_(other.owns_), payload_(other.payload_) {
-    if (owns_) payload_.shared->Retain();
+  Variant(const Variant& other) noexcept : tag_(other.tag_), payload_(other.payload_) {
+    if (owns()) payload_.shared->Retain();
   }
-  Variant(Variant&& other) noexcept : type_(other.type_), owns_(other.owns_), payload_(other.payload_) {
-    other.type_ = VarType::kEmpty;
-    other.owns_ = 0;
-  }
+  Variant(Variant&& other) noexcept : tag_(other.tag_), payload_(other.payload_) { other.tag_ = Tag{}; }
   ~Variant() {
-    if (owns_) payload_.shared->Release();
+    if (owns()) payload_.shared->Release();
   }
   // The old content is let go last: its end may run a script that sees this value again.
   Variant& operator=(const Variant& other) noexcept {
-    if (other.owns_) other.payload_.shared->Retain();
-    Replace(other.type_, other.owns_, other.payload_);
+    if (other.owns()) other.payload_.shared->Retain();
+    Replace(other.tag_, other.payload_);
     return *this;
   }
   Variant& operator=(Variant&& other) noexcept {
     const Payload payload = other.payload_;
-    const VarType type = other.type_;
-    const uint32_t owns = other.owns_;
-    other.type_ = VarType::kEmpty;
-    other.owns_ = 0;
-    Replace(type, owns, payload);
+    const Tag tag = other.tag_;
+    other.tag_ = Tag{};
+    Replace(tag, payload);
     return *this;
   }
   void Swap(Variant& other) noexcept {
-    std::swap(type_, other.type_);
-    std::swap(owns_, other.owns_);
+    std::swap(tag_, other.tag_);
     std::swap(payload_, other.payload_);
   }
 
-  // In-place forms of the commonest assignments. The type is one that holds such a payload.
-  void SetWhole(VarType type, int32_t value) noexcept {
-    Payload payload;
-    payload.whole = value;
-    Replace(type, 0, payload);
-  }
-  void SetReal(VarType type, double value) noexcept {
-    Payload payload;
-    payload.real = value;
-    Replace(type, 0, payload);
-  }
   void SetBoolean(bool value) noexcept {
     Payload payload;
     payload.boolean = value;
-    Replace(VarType::kBoolean, 0, payload);
+    Replace({VarType::kBoolean}, payload);
+  }
+  // For a value that is plain: nothing has to be let go, and no other variable is meant.
+  [[nodiscard]] bool IsPlain() const noexcept { return tag_.special == 0; }
+  void OverwritePlain(const Variant& other) noexcept {
+    tag_ = other.tag_;
+    payload_ = other.payload_;
+  }
+  void OverwriteWhole(VarType type, int32_t value) noexcept {
+    tag_ = {type};
+    payload_.whole = value;
+  }
+  void OverwriteReal(VarType type, double value) noexcept {
+    tag_ = {type};
+    payload_.real = value;
   }
   // True while it holds a counted reference.
-  [[nodiscard]] bool owns() const noexcept { return owns_ != 0; }
+  [[nodiscard]] bool owns() const noexcept { return tag_.special == kCounted; }
   // Back to Empty if it holds a counted reference; otherwise the value may stay.
   void DropReference() noexcept {
-    if (owns_) Clear();
+    if (owns()) Clear();
   }
   // Back to Empty.
-  void Clear() noexcept { Replace(VarType::kEmpty, 0, Payload{}); }
+  void Clear() noexcept { Replace({}, Payload{}); }
 
-  [[nodiscard]] VarType type() const noexcept { return type_; }
-  [[nodiscard]] bool Is(VarType type) const noexcept { return type_ == type; }
+  [[nodiscard]] VarType type() const noexcept { return tag_.type; }
+  [[nodiscard]] bool Is(VarType type) const noexcept { return tag_.type == type; }
   [[nodiscard]] bool IsMissing() const noexcept {
-    return type_ == VarType::kError && payload_.whole == kMissingArgument;
+    return tag_.type == VarType::kError && payload_.whole == kMissingArgument;
   }
 
   // A stand-in for another variable, used inside the script engine for what is passed by reference.
   [[nodiscard]] static Variant ReferenceTo(Variant* target) noexcept {
-    Variant value = Tagged(kReference, 0);
+    Variant value;
+    value.tag_ = {kReference, 0, kStandIn};
     value.payload_.target = target;
     return value;
   }
-  [[nodiscard]] bool IsReference() const noexcept { return type_ == kReference; }
+  [[nodiscard]] bool IsReference() const noexcept { return tag_.type == kReference; }
   [[nodiscard]] Variant* target() const noexcept { return payload_.target; }
 
   // Payloads. The caller knows the type: whole() for Integer, Long, Byte and Error; real() for Single, Double and Date.
@@ -186,10 +190,19 @@ class Variant {
 
  private:
   static constexpr VarType kReference = static_cast<VarType>(0x4000);
+  static constexpr uint32_t kCounted = 1;  // the payload is a counted reference
+  static constexpr uint32_t kStandIn = 2;  // the payload is another variable
+
+  // Eight bytes, which are written and copied at once.
+  struct Tag {
+    VarType type = VarType::kEmpty;
+    uint16_t unused = 0;
+    uint32_t special = 0;  // kCounted, kStandIn, or 0 for what can simply be copied and overwritten
+  };
 
   static Variant Tagged(VarType type, int32_t whole) noexcept {
     Variant value;
-    value.type_ = type;
+    value.tag_.type = type;
     value.payload_.whole = whole;
     return value;
   }
@@ -203,16 +216,14 @@ class Variant {
     Variant* target;
   };
 
-  [[gnu::always_inline]] void Replace(VarType type, uint32_t owns, Payload payload) noexcept {
-    RefCounted* const old = owns_ ? payload_.shared : nullptr;
-    type_ = type;
-    owns_ = owns;
+  [[gnu::always_inline]] void Replace(Tag tag, Payload payload) noexcept {
+    RefCounted* const old = owns() ? payload_.shared : nullptr;
+    tag_ = tag;
     payload_ = payload;
     if (old) old->Release();
   }
 
-  VarType type_;
-  uint32_t owns_;  // 1 while the payload is a counted reference
+  Tag tag_;
   Payload payload_;
 };
 
@@ -241,6 +252,8 @@ class ArrayBody final : public RefCounted {
  private:
   LiveBytes bytes_;
 };
+
+inline const ArrayBody& Variant::array() const noexcept { return *static_cast<const ArrayBody*>(payload_.shared); }
 
 // Names as TypeName gives them for values that are no objects: "Integer", "String", "Variant()" ...
 [[nodiscard]] std::string_view VarTypeName(VarType type);

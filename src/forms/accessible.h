@@ -7,6 +7,15 @@
 
 namespace kestrun {
 
+class Control;
+
+// The words of the label that stands right before the control in the tab order, or of the option whose text the control
+// takes; empty without one.
+[[nodiscard]] std::string WordsBefore(const Control& control);
+// What a screen reader calls a control that has no text of its own, such as a text box: the words before it, else its
+// tip.
+[[nodiscard]] std::string ReadersName(const Control& control);
+
 class Accessible {
  public:
   enum class Role { kPanel, kList, kProgressBar, kLink };

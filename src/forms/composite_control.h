@@ -39,6 +39,9 @@ class CompositeControl : public Control {
     return *made;
   }
 
+  // Takes one out again. References to it keep only a shell.
+  void RemoveConstituent(Control& constituent);
+
   // Runs when the control's size has changed.
   virtual void Resized() {}
   void PropertyChanged(PropertyId id) override;

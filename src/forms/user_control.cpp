@@ -2,9 +2,7 @@
 
 #include <utility>
 
-#include "forms/access_key.h"
 #include "forms/form.h"
-#include "forms/label.h"
 #include "platform/platform.h"
 
 namespace kestrun {
@@ -25,15 +23,7 @@ void UserControl::OnFocus(bool) {}
 void UserControl::OnScroll(int) {}
 
 std::string UserControl::AccessibleName() const {
-  if (!ToolTipText->empty() || !form()) return ToolTipText;
-  for (const Ref<Control>& control : form()->controls()) {
-    const auto* label = dynamic_cast<const Label*>(control.get());
-    if (!label || label->Container() != Container() || label->TabIndex + 1 != TabIndex) continue;
-    std::string name = WithoutAccessKey(label->Caption.get());
-    while (name.ends_with(":") || name.ends_with(" ")) name.pop_back();
-    return name;
-  }
-  return {};
+  return ToolTipText->empty() ? WordsBefore(*this) : ToolTipText.get();
 }
 
 PixelSize UserControl::MeasureText(std::string_view text, const FontDescription& font) const {

@@ -54,7 +54,7 @@ void DeleteForced(const std::string& path) {
   files.Delete(path);
 }
 
-// A drive, the root of all folders and a shared folder of another machine are more than folders.
+// What is never deleted: a drive, the root of all folders, a shared folder of another machine.
 bool IsRoot(std::string_view path) {
   constexpr std::string_view kSeparators = "\\/";
   path = path.substr(0, path.find_last_not_of(kSeparators) + 1);

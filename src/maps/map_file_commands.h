@@ -1,6 +1,5 @@
 // The commands of the main window that work on the files of the map folder: copy, rename, delete, copy the name. Each
-// works on the current row of the folder's file list, reports a failure itself, and gives whether the list that the
-// user sees must be rebuilt. After a failure the lists keep their state.
+// works on the current row of the folder's file list and reports a failure itself; the lists then keep their state.
 #pragma once
 
 #include "forms/common_dialog.h"

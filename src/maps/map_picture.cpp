@@ -6,6 +6,7 @@
 #include "base/bytes.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "forms/picture_loading.h"
 #include "platform/platform.h"
 #include "program/folders.h"
 #include "program/path_text.h"
@@ -16,9 +17,6 @@
 
 namespace kestrun {
 namespace {
-
-// Larger files are no map's picture, and are not read into memory.
-constexpr uint64_t kMostPictureFileBytes = 256 * 1024 * 1024;
 
 // A map keeps its picture whether it is zipped or not.
 std::string AsUnzipped(const std::string& map) {
@@ -63,17 +61,6 @@ int32_t ImageKind(const std::string& Path) {
   if (text == "\x89PN") return image_kind::kPng;
   if (text == "GIF") return image_kind::kGif;
   return text.starts_with("BM") ? image_kind::kBitmap : image_kind::kOther;
-}
-
-Ref<Picture> LoadPictureFile(const std::string& Path) {
-  const std::unique_ptr<File> file = platform().files().Open(Path, OpenMode::kRead);
-  const uint64_t size = file->Size();
-  if (size > kMostPictureFileBytes) Raise(error::kInvalidPicture);
-  Bytes content(static_cast<size_t>(size));
-  content.resize(file->ReadAt(0, content));
-  auto decoded = platform().pictures().Decode(content);
-  if (!decoded) Raise(error::kInvalidPicture);
-  return MakeRef<Picture>(decoded->width, decoded->height, std::move(decoded->pixels));
 }
 
 Ref<Picture> LoadMapPicture(const std::string& Map) {

@@ -24,9 +24,6 @@ inline constexpr int32_t kOther = 255;
 }  // namespace image_kind
 [[nodiscard]] int32_t ImageKind(const std::string& Path);
 
-// The decoded picture of a file: JPEG, GIF, BMP, ICO, CUR, WMF, EMF or PNG. Error 53 when it is missing, 481 when it is
-// no picture.
-[[nodiscard]] Ref<Picture> LoadPictureFile(const std::string& Path);
 // The picture of a map, null when it has none or it cannot be shown.
 [[nodiscard]] Ref<Picture> LoadMapPicture(const std::string& Map);
 

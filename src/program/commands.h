@@ -10,7 +10,7 @@ inline constexpr int kCommandIsFileName = 0;   // no option: the text names a fi
 inline constexpr int kCommandCarriedOut = 1;   // carried out: the splash window closes and no main window opens
 inline constexpr int kCommandStyleLoaded = 2;  // a style was given: start-up goes on to the main window
 
-// Carries out one command text. A failure is reported by ShowError and gives the result so far, 0 when the failing
+// Carries out one command text. A failure is reported and gives the result so far, 0 when the failing
 // branch had not finished.
 int ProcessCommand(const std::string& command);
 

@@ -1,5 +1,5 @@
 // The program's place in the desktop's shell, as start-up asks for it: protocol, App Paths entry, file association.
-// The routines install themselves here; a step whose routine is not installed passes over itself.
+// The routines install themselves here; a step whose routine is not installed is skipped.
 #pragma once
 
 #include <functional>

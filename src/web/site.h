@@ -1,12 +1,12 @@
-// The program's web space. Its address belongs to the deployment.
+// Pages and files of the program's web space.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-namespace kestrun {
+#include "base/site_address.h"
 
-inline constexpr std::string_view kSite = "https://kestrun.example/";
+namespace kestrun {
 
 // The address of a page or file there, such as the settings file "MAPS.INI".
 [[nodiscard]] inline std::string SiteUrl(std::string_view page) { return std::string(kSite) + std::string(page); }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "forms/picture_loading.h"
 #include "program/frame_fixture.h"
 #include "program/path_text.h"
 #include "support/error_number.h"

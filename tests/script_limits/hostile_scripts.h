@@ -26,7 +26,7 @@ inline constexpr HostileScript kHostileScripts[] = {
     {"procedures that are called", "Do\nn = n + 1\nExecuteGlobal \"Sub P : x = x + 1 : z = \"\"abc\"\" : End Sub\"\nP\nLoop"},
     {"classes", "Do\nn = n + 1\nExecuteGlobal \"Class P\" & n & vbLf & \"Public a, b\" & vbLf & \"Function F(x) : F = x : End Function\" & vbLf & \"End Class\"\nLoop"},
     {"variables", "Do\nn = n + 1\nExecute \"v\" & n & \" = 1\"\nLoop"},
-    {"variables of procedures", "Sub R(n)\nFor j = 1 To 500 : Execute \"w\" & j & \" = 1\" : Next\nR n + 1\nEnd Sub\nR 1"},
+    {"variables of procedures", "Sub R(n)\nFor j = 1 To 50 : Execute \"w\" & j & \" = 1\" : Next\nR n + 1\nEnd Sub\nR 1"},
     {"literals", "Do\nn = n + 1\nExecuteGlobal \"Sub P\" & n & \" : z = \"\"\" & String(5000, \"q\") & \"\"\" : End Sub\"\nLoop"},
     {"results of Eval", "ReDim a(300000)\nFor i = 0 To 300000 : a(i) = Eval(\"\"\"abc\" & i & \"\"\"\") : Next"},
     {"one long program", "s = \"x=1:\"\nFor i = 1 To 20 : s = s & s : Next\nExecuteGlobal s"},

@@ -163,15 +163,27 @@ void CheckEachAllocation() {
   std::printf("%zu failing allocations\n", tried);
 }
 
+struct Check {
+  std::string_view name;
+  void (*run)();
+};
+
+constexpr Check kChecks[] = {
+    {"resident", CheckResidentMemory},
+    {"address_space", CheckSmallAddressSpace},
+    {"allocations", CheckEachAllocation},
+};
+
 }  // namespace
 }  // namespace kestrun::vbs
 
-int main() {
+// All checks, or the one that is named.
+int main(int count, char** arguments) {
   using namespace kestrun::vbs;
   std::setvbuf(stdout, nullptr, _IOLBF, 0);
-  CheckResidentMemory();
-  CheckSmallAddressSpace();
-  CheckEachAllocation();
+  for (const Check& check : kChecks) {
+    if (count < 2 || check.name == arguments[1]) check.run();
+  }
   std::printf("%s\n", faults == 0 ? "All limits hold." : "Some limits do not hold.");
   return faults == 0 ? 0 : 1;
 }

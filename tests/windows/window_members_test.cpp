@@ -1,7 +1,11 @@
 // Every window of the program as a script sees it.
 #include <gtest/gtest.h>
 
+#include "forms/accessible.h"
+#include "forms/button.h"
+#include "forms/label.h"
 #include "program/frame_fixture.h"
+#include "windows/main/frmain.h"
 
 namespace kestrun {
 namespace {
@@ -37,6 +41,33 @@ TEST_F(WindowMembersTest, EveryReadablePropertyOfEveryWindowAndControlAnswersByN
   }
   EXPECT_GE(windows, 2);
   EXPECT_GE(controls, 20);
+}
+
+// What a screen reader calls it.
+std::string NameOf(const Control& control) {
+  if (const auto* painted = dynamic_cast<const Accessible*>(&control)) return painted->AccessibleName();
+  if (const auto* button = dynamic_cast<const Button*>(&control)) return button->Caption;
+  if (const auto* link = dynamic_cast<const Label*>(&control)) return link->Caption;
+  return ReadersName(control);
+}
+
+TEST_F(WindowMembersTest, EveryStopOfTheTabKeyHasANameForScreenReaders) {
+  TellGameFolder();
+  SetSafeMode(true);
+  for (const std::string& name : RegisteredWindows()) {
+    if (name == "frmsplash") continue;
+    for (const Control* control : WindowByName(name).TabOrder()) {
+      EXPECT_NE(NameOf(*control), "") << name << "." << control->Name();
+    }
+  }
+}
+
+TEST_F(WindowMembersTest, ATextBoxIsNamedByTheLabelOrTheOptionBeforeItElseByItsTip) {
+  TellGameFolder();
+  auto& main = static_cast<frmain&>(WindowByName("frmain"));
+  EXPECT_EQ(ReadersName(main.Text1), "Folder");
+  EXPECT_EQ(ReadersName(main.txtoutput), "Rename");
+  EXPECT_EQ(ReadersName(main.FileMaps), "All the maps in the selected folder.");
 }
 
 }  // namespace

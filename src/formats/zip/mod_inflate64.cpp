@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/runtime_error.h"
+#include "base/to_size.h"
 #include "formats/zip/block_codes.h"
 #include "formats/zip/fast_loop.h"
 #include "platform/platform.h"
@@ -187,8 +188,10 @@ Expansion ExpandCarefully(ByteView input, MutableByteView output, bool deflate64
 }
 
 Expansion ExpandGrowing(ByteView input, uint64_t most, Bytes& output, bool deflate64) {
-  output.assign(static_cast<size_t>(std::min(most, input.size() * kFirstPerByte + kFirstBytes)), 0);
-  Growth growth{output, static_cast<size_t>(most)};
+  // A cast alone would make a small limit of a large one where sizes have 32 bits.
+  const size_t limit = ToSize(std::min(most, kMostMemoryBytes));
+  output.assign(ToSize(std::min<uint64_t>(limit, input.size() * kFirstPerByte + kFirstBytes)), 0);
+  Growth growth{output, limit};
   const Expansion done = deflate64 ? Inflater<true>(input, growth).Run() : Inflater<false>(input, growth).Run();
   output.resize(done.bytes);
   return done;

@@ -88,8 +88,9 @@ void SimulatedGame::Happen() {
 void SimulatedGame::StartRound() {
   LoadedMission loaded = LoadStockMission(files_, options_);
   const std::string from = options_.mission + " from the " + loaded.source;
-  if (!loaded.refusal.empty()) {
-    Log("refused", from + ": " + loaded.refusal);
+  refusal_ = loaded.refusal.empty() ? "" : from + ": " + loaded.refusal;
+  if (!refusal_.empty()) {
+    Log("refused", refusal_);
     Enter(Phase::kBetweenRounds, options_.pause_ms);
     return;
   }

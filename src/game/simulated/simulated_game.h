@@ -55,6 +55,8 @@ class SimulatedGame {
   [[nodiscard]] int Round() const { return round_; }
   // Of the present round, or of the last one.
   [[nodiscard]] const LoadedMission& Mission() const { return mission_; }
+  // Why the mission of the next round was refused last; empty once a round has begun.
+  [[nodiscard]] const std::string& Refusal() const { return refusal_; }
   // Units that the round clock shows, and the share of the round that is left, from 1 down to 0.
   [[nodiscard]] int32_t ClockUnits() const { return clock_units_; }
   [[nodiscard]] double ShareLeft() const;
@@ -94,6 +96,7 @@ class SimulatedGame {
   uint64_t phase_end_ms_ = 0;
   int round_ = 0;
   LoadedMission mission_;
+  std::string refusal_;
   int32_t clock_units_ = 0;
 
   const LineKind* line_kind_ = nullptr;

@@ -9,6 +9,8 @@ void FrmOverWrite::LayOut() {
   LayOutDialog(*this, "File Exists");
   SetClientSize(6000, 3000);
 
+  // Before they get their pictures, whose sizes they would take.
+  for (Image* image : {&imgPFF, &imgBMS}) image->Stretch = true;
   imgPFF.Move(240, 240, 480, 480);
   imgPFF.Picture = ArchivePicture();
   LblPFF.Caption = "PFF";
@@ -31,7 +33,6 @@ void FrmOverWrite::LayOut() {
   PlaceOkAndCancel(CmdOK, CmdCancel, 5760, 2430);
 
   SetUpStyleTimer(*this, Timer1, 50, "Applystyle");
-  for (Image* image : {&imgPFF, &imgBMS}) image->Stretch = true;
   for (Label* label : {&LblPFF, &LblBMS, &lblWarn}) label->UseMnemonic = false;  // they name files
 }
 

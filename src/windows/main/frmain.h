@@ -52,7 +52,7 @@ class frmain final : public Form {
   OptionButton& opdeath = Add<OptionButton>("opdeath");
   OptionButton& oprename = Add<OptionButton>("oprename");
   TextBox& txtoutput = Add<TextBox>("txtoutput");
-  // How many characters of what the archive holds the name has.
+  // How many of the characters that the archive has room for the name takes.
   Label& lblnamelength = Add<Label>("lblnamelength");
   CommandButton& Command2 = Add<CommandButton>("Command2");
   CommandButton& Command7 = Add<CommandButton>("Command7");

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "formats/profile/profile_file.h"
 #include "forms/keys.h"
+#include "forms/picture_loading.h"
 #include "maps/file_tools.h"
 #include "maps/map_picture.h"
 #include "platform/platform.h"
@@ -63,7 +64,8 @@ void frmain::ConnectMaps() {
 
   ListBox.KeyDown = [this](int& key_code, int) { HandleListKey(key_code); };
   FileMaps.KeyDown = [this](int& key_code, int) { HandleListKey(key_code); };
-  // A list with rows tells of the button when it has selected the row under the mouse.
+  // A list with rows raises this event when it has selected the row under the mouse; one without rows raises only the
+  // event of all controls.
   ListBox.MouseUp = [this](int button, int, int, int) {
     if (button == mouse::kRight) PopupMenu(mnu_file);
   };
@@ -111,7 +113,7 @@ void frmain::TakeTypedFolder() {
   TellWhenNotRemembered(Text1.Text);
 }
 
-// A folder becomes the folder of the list; what else it is the load-map window knows to open.
+// A dropped folder is listed; anything else goes to the load-map window.
 void frmain::TakeDropped(const std::vector<std::string>& paths) {
   if (paths.empty()) return;
   const std::string& path = paths.front();
@@ -178,7 +180,8 @@ void frmain::ShowPreviewOfSelection() {
   ShowPicture(FileMaps.ListIndex < 0 ? Ref<kestrun::Picture>() : LoadMapPicture(SelectedPath()));
 }
 
-// A folder may have a picture of its own, under its path; with a selected name that stands behind the path at once.
+// A picture may be stored under the folder's path. The name of a selected map follows it in the key, without a
+// separator.
 void frmain::ShowPreviewOfFolder() {
   const std::string stored = ReadSetting(setting::kPreviewPicture, FileMaps.Path() + FileMaps.FileName());
   Ref<kestrun::Picture> picture;

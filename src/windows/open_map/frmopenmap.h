@@ -41,7 +41,7 @@ class frmopenmap final : public Form {
   OptionButton& options1 = Add<OptionButton>("options", 1);
   OptionButton& options3 = Add<OptionButton>("options", 3);
   TextBox& txtrename = Add<TextBox>("txtrename");
-  // How many characters of what the archive holds the name has.
+  // How many of the characters that the archive has room for the name takes.
   Label& lblnamelength = Add<Label>("lblnamelength");
   CommandButton& cmdputin = Add<CommandButton>("cmdputin");
   CommandButton& cmdplaying = Add<CommandButton>("cmdplaying");

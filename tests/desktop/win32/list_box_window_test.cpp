@@ -214,6 +214,18 @@ TEST_F(ListBoxWindowTest, ALeaveThatThePopUpItselfCausesKeepsIt) {
   EXPECT_TRUE(PumpUntil([&] { return !IsWindowVisible(popup); })) << "the mouse went without a further leave";
 }
 
+// It stood in front of the other window as long as the mouse did not move.
+TEST_F(ListBoxWindowTest, AnotherActiveWindowTakesThePopUpAway) {
+  list().OnScroll(16);
+  Pump();
+  MoveMouseTo(20);
+  const HWND popup = FindWindowW(L"KestrunPopup", nullptr);
+  ASSERT_TRUE(popup);
+  ASSERT_TRUE(IsWindowVisible(popup));
+  SendMessageW(FormWindow::Find(Handle())->window(), WM_ACTIVATE, WA_INACTIVE, 0);
+  EXPECT_FALSE(IsWindowVisible(popup));
+}
+
 // Under the pop-up a row with a long name could not be clicked.
 TEST_F(ListBoxWindowTest, AClickOnTheRowUnderItsPopUpReachesTheRow) {
   SetActiveWindow(FormWindow::OpenWindows().back()->window());

@@ -30,7 +30,11 @@ class SimulatedGameTest : public FrameTest {
     PackStockMission("Desert prison");
   }
 
-  [[nodiscard]] static Bytes MissionNamed(const std::string& name) { return WriteMission({.mission_name = name}); }
+  [[nodiscard]] static Bytes MissionNamed(const std::string& name) {
+    MissionFields fields;
+    fields.mission_name = name;
+    return WriteMission(fields);
+  }
   [[nodiscard]] static std::string CrcOf(const Bytes& bytes) {
     char digits[9];
     std::snprintf(digits, sizeof digits, "%08X", static_cast<unsigned>(~crc32::Update(crc32::kStart, bytes)));

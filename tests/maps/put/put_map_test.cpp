@@ -115,6 +115,17 @@ TEST_F(PutMapTest, TheQuestionOpensWithTheFocusOnItsDefaultButton) {
   EXPECT_FALSE(Put("D08M03.BMS"));
 }
 
+// They took the size of their pictures, and stood over the names and the warning.
+TEST_F(PutMapTest, TheIconsOfTheQuestionStandBesideTheirNames) {
+  const FrmOverWrite& window = Window<FrmOverWrite>();
+  const auto right = [](const Image& image) { return image.Left + image.Width; };
+  EXPECT_TRUE(window.imgPFF.Picture.get());
+  EXPECT_TRUE(window.imgBMS.Picture.get());
+  EXPECT_LE(right(window.imgPFF), window.LblPFF.Left.get());
+  EXPECT_LE(right(window.imgBMS), window.LblBMS.Left.get());
+  EXPECT_LE(window.imgPFF.Top + window.imgPFF.Height, window.lblWarn.Top.get());
+}
+
 TEST_F(PutMapTest, TheQuestionPutsAnActiveStyleOnOnceAfterFiftyMilliseconds) {
   int applied = 0;
   InstallStyleRuntime({[] { return true; }, [](const std::string&) {}, [&](Form&) { ++applied; }});

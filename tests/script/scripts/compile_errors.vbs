@@ -415,3 +415,12 @@ Call 5 '!! 1010@6
 Set 5 = x '!! 1010@5
 '---- 1010 Erase of a number
 Erase 5 '!! 1010@7
+'---- 1014 Case behind Case Else
+Select Case 1
+Case Else
+Case 1 '!! 1014@1
+'---- 1025 a range in a Case
+Select Case 1
+Case 1 To 3 '!! 1025@8
+'---- 1044 the place behind the list
+strcomp("x", "y") '!! 1044@19

@@ -133,3 +133,9 @@ Dim me_outside
 Execute "Set me_outside = Me"
 me_outside.me_outside = 5
 WScript.Echo me_outside '=> 5
+'---- Words of the library keep their meaning as arguments in executed text
+Sub S
+  Execute "x = Len(vbCrLf) : y = TypeName(Err)"
+  WScript.Echo x, y '=> 2 Object
+End Sub
+S

@@ -28,5 +28,6 @@ WScript.Echo CStr(1.5), CStr(#1/2/2020 15:04:05#), FormatCurrency(-1234.5), CDat
 '---- Literals of the source do not change with the locale
 SetLocale 1031
 WScript.Echo 1.5 + 1 = 2.5, #3/4/2020# = DateSerial(2020, 3, 4), Eval("1.5 = 3 / 2") '=> True True True
+WScript.Echo Eval("#3/4/2020#") = DateSerial(2020, 3, 4) '=> True
 '---- Parentheses enclose the per cent sign
 WScript.Echo FormatPercent(-0.5, 2, , True), FormatPercent(-0.5), FormatPercent(0.5, 0, , True) '=> (50.00%) -50.00% 50%

@@ -3,12 +3,24 @@
 namespace kestrun {
 namespace {
 
+// Of one kind at a time. One that asks to be painted for ever must not hold up the rest.
+constexpr int kMostMessages = 200;
+
 // A message of that kind off the queue; false when there is none. The end of the message loop is left for the loop.
 bool TakeMessage(MSG& message, UINT first, UINT last) {
   if (!PeekMessageW(&message, nullptr, first, last, PM_REMOVE)) return false;
   if (message.message != WM_QUIT) return true;
   PostQuitMessage(static_cast<int>(message.wParam));
   return false;
+}
+
+// The window at which this thread gets its COM calls; null before there can be any.
+HWND FindComWindow() {
+  HWND window = nullptr;
+  do {
+    window = FindWindowExW(HWND_MESSAGE, window, L"OleMainThreadWndClass", nullptr);
+  } while (window && GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId());
+  return window;
 }
 
 }  // namespace
@@ -28,14 +40,22 @@ bool Waiting::PaintAndListen() {
   SetCursor(hourglass_);
   Paint(kPaintSoon);
   Paint(WM_PAINT);
+  AnswerReaders();
   return escape_pressed_;
 }
 
 void Waiting::Paint(UINT kind) {
-  // As many windows as can be seen at once: one that asks to be painted for ever must not hold up the rest.
-  constexpr int kMostPaints = 200;
   MSG message{};
-  for (int paints = 0; paints < kMostPaints && TakeMessage(message, kind, kind); ++paints) DispatchMessageW(&message);
+  for (int at = 0; at < kMostMessages && TakeMessage(message, kind, kind); ++at) DispatchMessageW(&message);
+}
+
+// Readers in other processes ask by way of COM, whose calls come as messages of a window of its own.
+void Waiting::AnswerReaders() {
+  const HWND calls = FindComWindow();
+  MSG message{};
+  for (int at = 0; calls && at < kMostMessages && PeekMessageW(&message, calls, 0, 0, PM_REMOVE); ++at) {
+    DispatchMessageW(&message);
+  }
 }
 
 void Waiting::Listen(UINT first, UINT last) {

@@ -17,11 +17,13 @@ class Waiting {
   Waiting(const Waiting&) = delete;
   Waiting& operator=(const Waiting&) = delete;
 
-  // Paints what has changed on the windows, and throws away what was pressed. True once Esc has been.
+  // Paints what has changed on the windows, answers screen readers, and throws away what was pressed. True once Esc has
+  // been.
   [[nodiscard]] bool PaintAndListen();
 
  private:
   static void Paint(UINT kind);
+  static void AnswerReaders();
   void Listen(UINT first, UINT last);
 
   HCURSOR before_;

@@ -85,7 +85,7 @@ class KeyPressed {
   // False when the system does not let the input through.
   bool Inject() const {
     const bool taken = Send(0);
-    Sleep(kKeyHeldMs);
+    ::Sleep(kKeyHeldMs);
     return Send(KEYEVENTF_KEYUP) && taken;
   }
 

@@ -82,6 +82,7 @@ class ComboBoxPeer final : public WindowedPeer {
   }
 
  protected:
+  [[nodiscard]] bool HasOwnName() const override { return false; }
   bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) override {
     switch (message) {
       case WM_SETFOCUS:

@@ -1,6 +1,8 @@
 #include "desktop/win32/window/control_peer.h"
 
 #include "desktop/win32/system/wide_text.h"
+#include "desktop/win32/window/reader_name.h"
+#include "forms/accessible.h"
 
 namespace kestrun {
 namespace {
@@ -228,6 +230,10 @@ bool WindowedPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, LRES
     return LOWORD(second) == HTCLIENT && form().ShowMousePointer(control());
   }
   if (message >= WM_MOUSEFIRST && message <= WM_MBUTTONDBLCLK) PassMouse(message, first, second);
+  // The system answers for its control; labels have no windows in which it could find the name.
+  if (message == WM_GETOBJECT && static_cast<LONG>(second) == OBJID_CLIENT && !HasOwnName()) {
+    TellReadersName(window(), ReadersName(control()));
+  }
   if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
     const bool gained = message == WM_SETFOCUS;
     if (gained) form().form().SetActiveControl(&control());

@@ -65,6 +65,8 @@ class ControlPeer {
     static_cast<void>(paint);
   }
   virtual void HidePopup() {}
+  // The form's window is no longer the active one.
+  virtual void FormDeactivated() {}
   // A turn of the wheel; true when it is done with.
   virtual bool TakeWheel(WPARAM first) {
     static_cast<void>(first);
@@ -134,6 +136,8 @@ class WindowedPeer : public ControlPeer {
   void ShowEdge();
   // Where the window stands: the control's area, unless its kind needs another.
   [[nodiscard]] virtual RECT WindowArea() const { return Area(); }
+  // Whether screen readers find a name in the window's text.
+  [[nodiscard]] virtual bool HasOwnName() const { return true; }
   // Sees each message before the window does; true when it is done with.
   virtual bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result);
   // Runs what the user set off, with the form kept alive.

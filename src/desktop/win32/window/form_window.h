@@ -9,6 +9,7 @@
 #include "desktop/win32/system/handles.h"
 #include "desktop/win32/window/form_menu.h"
 #include "desktop/win32/window/form_painting.h"
+#include "desktop/win32/window/form_placement.h"
 #include "desktop/win32/window/form_tips.h"
 #include "desktop/win32/window/mouse_pointer.h"
 #include "desktop/win32/window/screen_scale.h"
@@ -81,8 +82,6 @@ class FormWindow final : public FormPeer, public std::enable_shared_from_this<Fo
  private:
   static LRESULT CALLBACK HandleFormMessage(HWND window, UINT message, WPARAM first, LPARAM second);
 
-  [[nodiscard]] DWORD Style() const;
-  [[nodiscard]] DWORD ExtendedStyle() const;
   // The window that a modal form stands in front of; null for others.
   [[nodiscard]] HWND Owner() const;
   void PutOnScreen();
@@ -92,27 +91,17 @@ class FormWindow final : public FormPeer, public std::enable_shared_from_this<Fo
   // Puts what was there before and what is new in the form's order.
   void StackControls();
   void UpdateForm(PropertyId property);
-  [[nodiscard]] SIZE OuterSizeOfModel() const;
-  void PlaceWindow(HWND owner);
-  void MoveToModel();
-  void SizeToModel();
-  void ShowBorder();
   void FocusFirst();
+  void DropPopups();
   void ReplaceLostFocus();
   void ShowFrameColors();
   bool ShowOwnFrame(UINT message, WPARAM first, LPARAM second, LRESULT& result);
   [[nodiscard]] POINT MenuPlace() const;
   void SetIcons();
   void Rescale(ScreenScale scale);
-  void NotePlace();
-  void NoteSize();
-  // Tells how small the user may make the window.
-  void KeepSize(WINDOWPOS& place) const;
-  void LimitSize(MINMAXINFO& limits) const;
   // Sees to it that the form hears when the mouse has left the window.
   void WatchPointer();
   void LookForPointer();
-  void NoteState(WPARAM state);
   bool HandleCommand(WPARAM first, LPARAM second);
   bool HandleNotification(LPARAM second, LRESULT& result);
   bool DrawItem(LPARAM second);
@@ -128,6 +117,7 @@ class FormWindow final : public FormPeer, public std::enable_shared_from_this<Fo
   WindowHandle window_;
   FormMenu menu_;
   FormTips tips_;
+  FormPlacement placement_;
   FormPainting painting_;
   bool is_pointer_watched_ = false;
   MousePointerShape pointer_;

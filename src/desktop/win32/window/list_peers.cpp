@@ -59,6 +59,7 @@ class ListPeer : public WindowedPeer {
   }
 
  protected:
+  [[nodiscard]] bool HasOwnName() const override { return false; }
   [[nodiscard]] EdgeKind Edge() const override { return EdgeOf(1, Model().Appearance); }
   [[nodiscard]] List& Model() const { return static_cast<List&>(control()); }
   [[nodiscard]] virtual DWORD ChoiceStyle() const { return 0; }

@@ -56,6 +56,7 @@ class TextBoxPeer final : public WindowedPeer {
   }
 
  protected:
+  [[nodiscard]] bool HasOwnName() const override { return false; }
   bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) override {
     if (message == WM_KILLFOCUS || message == WM_KEYUP || message == WM_LBUTTONUP) TakeSelection();
     return WindowedPeer::HandleMessage(message, first, second, result);

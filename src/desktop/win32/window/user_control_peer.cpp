@@ -60,6 +60,11 @@ void UserControlPeer::ShowPopup(const PixelRect& screen_area, std::function<void
 
 void UserControlPeer::HidePopup() { popup_->Hide(); }
 
+// It would stay in front of the window that is active now, as long as the mouse rests on it.
+void UserControlPeer::FormDeactivated() {
+  if (popup_->window() && IsWindowVisible(popup_->window())) Dispatch([&] { Model().OnMouseLeave(); });
+}
+
 void UserControlPeer::NoteClient() {
   RECT client{};
   GetClientRect(window(), &client);

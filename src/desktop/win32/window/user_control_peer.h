@@ -23,6 +23,7 @@ class UserControlPeer final : public WindowedPeer {
   void Repaint() override;
   void ShowPopup(const PixelRect& screen_area, std::function<void(Canvas&)> paint) override;
   void HidePopup() override;
+  void FormDeactivated() override;
   bool TakeWheel(WPARAM first) override;
   bool TakeKey(int key, int shift_state) override;
   [[nodiscard]] POINT MenuPlace() const override;

@@ -48,6 +48,12 @@ struct Instruction {
 };
 static_assert(sizeof(Instruction) == 16);
 
+// The number in an instruction that ends in Small.
+[[nodiscard]] constexpr int32_t SmallNumber(const Instruction& at) { return static_cast<int16_t>(at.n) >> kSideBits; }
+
+// A turn of a loop and a call cost one step, and one more for so many instructions of their code.
+inline constexpr int32_t kInstructionsPerStep = 8;
+
 // A place where a member is called by name. Keeps what the name meant for the last object's class.
 struct CallSite {
   NameId name = kNoName;

@@ -33,7 +33,8 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
   Mark(statement.position);
   const size_t head = OpenMark();
   Into(*statement.subject, Register(subject));
-  Emit(Opcode::kLetTemporary, Register(subject), Register(subject));
+  const bool plain = GivesPlainValue(*statement.subject);
+  if (!plain) Emit(Opcode::kLetTemporary, Register(subject), Register(subject));
   Label end;
   for (const CaseBranch& branch : statement.branches) {
     Label body;
@@ -53,7 +54,7 @@ void Compiler::CompileSelect(const SelectStatement& statement) {
   EndMark(head, Here());
   Mark(statement.position);
   const size_t mark = OpenMark();
-  MarkDirty(subject);
+  if (!plain) MarkDirty(subject);
   ClearDirty(subject);
   EndMark(mark, Here());
 }
@@ -64,8 +65,9 @@ void Compiler::CompileCase(const CaseBranch& branch, const Expression& subject_t
     const int saved = next_register_;
     const bool last = value == branch.values.back();
     const Operand operand = Value(*value);
-    EmitJump(last ? next : body, last ? Opcode::kJumpUnlessEqual : Opcode::kJumpIfEqual, Register(subject), operand,
-             LiteralSides(subject_tree, *value) | kCaseComparison);
+    uint32_t sides = LiteralSides(subject_tree, *value) | kCaseComparison;
+    const Opcode jump = SmallForm(last ? Opcode::kJumpUnlessEqual : Opcode::kJumpIfEqual, operand, sides);
+    EmitJump(last ? next : body, jump, Register(subject), operand, sides);
     next_register_ = saved;
   }
 }
@@ -107,7 +109,7 @@ void Compiler::CompileFor(const ForStatement& statement) {
   loops_.pop_back();
   Mark(statement.next_position);
   mark = OpenMark();
-  EmitJump(body, Opcode::kForNext, variable, state);
+  EmitJump(body, statement.step ? Opcode::kForNext : Opcode::kForNextOne, variable, state);
   Place(end);
   EndMark(mark, Here());
 }

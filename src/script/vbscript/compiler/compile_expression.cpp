@@ -164,6 +164,14 @@ bool Compiler::IsElement(const Expression& expression) {
   return Resolve(expression.left->name, NameUse::kCalled).kind == MeaningKind::kVariable;
 }
 
+// A number, a truth value or Null: nothing that has to be let go.
+bool Compiler::GivesPlainValue(const Expression& expression) {
+  const Expression& bare = Bare(expression);
+  if (bare.kind == ExpressionKind::kUnary) return bare.operation != Operator::kPlus;
+  if (bare.kind != ExpressionKind::kBinary) return false;
+  return bare.operation != Operator::kAdd && bare.operation != Operator::kConcatenate;
+}
+
 // False only when evaluating it can run no code of a script or of a host.
 bool Compiler::MayRunCode(const Expression& expression) {
   for (const Expression* at = &expression; at; at = at->left) {
@@ -227,8 +235,9 @@ void Compiler::BinaryInto(const Expression& expression, Operand target) {
     int borrowed = -1;
     if (step + 1 == chain.size()) left = LeftOperand(*node.left, *node.right, borrowed);
     const Operand right = RightOperand(*node.right, borrowed);
-    const uint32_t literals = IsComparison(node.operation) ? LiteralSides(*node.left, *node.right) : 0;
-    Emit(RowOf(node.operation).compute, step == 0 ? target : between, left, right, literals);
+    uint32_t sides = IsComparison(node.operation) ? LiteralSides(*node.left, *node.right) : 0;
+    const Opcode compute = SmallForm(RowOf(node.operation).compute, right, sides);
+    Emit(compute, step == 0 ? target : between, left, right, sides);
     left = between;
     next_register_ = step_saved;
   }
@@ -242,7 +251,9 @@ bool Compiler::JumpOnComparison(const Expression& condition, bool sense, Label& 
   const Operand left = LeftOperand(*condition.left, *condition.right, borrowed);
   const Operand right = RightOperand(*condition.right, borrowed);
   const OperatorRow& row = RowOf(condition.operation);
-  EmitJump(label, sense ? row.jump_if : row.jump_unless, left, right, LiteralSides(*condition.left, *condition.right));
+  uint32_t sides = LiteralSides(*condition.left, *condition.right);
+  const Opcode jump = SmallForm(sense ? row.jump_if : row.jump_unless, right, sides);
+  EmitJump(label, jump, left, right, sides);
   next_register_ = saved;
   return true;
 }

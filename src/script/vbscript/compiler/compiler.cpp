@@ -5,6 +5,38 @@
 #include "base/runtime_error.h"
 
 namespace kestrun::vbs {
+namespace {
+
+struct SmallFormRow {
+  Opcode general;
+  Opcode small;
+  int32_t least;  // number on the right side
+};
+
+#define KESTRUN_SMALL(name, least) \
+  { Opcode::k##name, Opcode::k##name##Small, least }
+constexpr SmallFormRow kSmallForms[] = {
+    KESTRUN_SMALL(Add, kLeastSmallNumber),
+    KESTRUN_SMALL(Subtract, kLeastSmallNumber),
+    KESTRUN_SMALL(Multiply, kLeastSmallNumber),
+    KESTRUN_SMALL(IntegerDivide, 1),
+    KESTRUN_SMALL(Modulo, 1),
+    KESTRUN_SMALL(JumpUnlessEqual, kLeastSmallNumber),
+    KESTRUN_SMALL(JumpUnlessNotEqual, kLeastSmallNumber),
+    KESTRUN_SMALL(JumpUnlessLess, kLeastSmallNumber),
+    KESTRUN_SMALL(JumpUnlessLessEqual, kLeastSmallNumber),
+    KESTRUN_SMALL(JumpUnlessGreater, kLeastSmallNumber),
+    KESTRUN_SMALL(JumpUnlessGreaterEqual, kLeastSmallNumber),
+    KESTRUN_SMALL(JumpIfEqual, kLeastSmallNumber),
+    KESTRUN_SMALL(JumpIfNotEqual, kLeastSmallNumber),
+    KESTRUN_SMALL(JumpIfLess, kLeastSmallNumber),
+    KESTRUN_SMALL(JumpIfLessEqual, kLeastSmallNumber),
+    KESTRUN_SMALL(JumpIfGreater, kLeastSmallNumber),
+    KESTRUN_SMALL(JumpIfGreaterEqual, kLeastSmallNumber),
+};
+#undef KESTRUN_SMALL
+
+}  // namespace
 
 std::unique_ptr<Code> CompileProcedure(const CompileContext& context, const ProcedureTree& procedure) {
   return Compiler(context, &procedure).FinishProcedure();
@@ -84,6 +116,18 @@ Operand Compiler::LiteralOperand(uint32_t literal) {
   return place->second;
 }
 
+// The form of the instruction that has the right operand's number in itself, if there is one and the number fits.
+Opcode Compiler::SmallForm(Opcode opcode, Operand right, uint32_t& n) const {
+  if (SpaceOf(right) != Space::kConstant) return opcode;
+  const Variant& number = code_->constants[IndexOf(right)];
+  const auto row = std::find_if(std::begin(kSmallForms), std::end(kSmallForms),
+                                [&](const SmallFormRow& form) { return form.general == opcode; });
+  if (row == std::end(kSmallForms) || !number.Is(VarType::kInteger)) return opcode;
+  if (number.whole() < row->least || number.whole() > kMostSmallNumber) return opcode;
+  n |= static_cast<uint32_t>(number.whole()) << kSideBits;
+  return row->small;
+}
+
 int32_t Compiler::AddSite(NameId name, Operand object) {
   code_->sites.push_back({name, object});
   return static_cast<int32_t>(code_->sites.size() - 1);
@@ -98,9 +142,12 @@ void Compiler::EmitJump(Label& label, Opcode opcode, int32_t b, int32_t c, uint3
   }
 }
 
-// Jumps hold their distance.
+// Jumps hold their distance; those that go back also what a turn of their loop costs.
 void Compiler::AimJump(size_t jump, size_t target) {
-  code_->instructions[jump].a = static_cast<int32_t>(static_cast<int64_t>(target) - static_cast<int64_t>(jump));
+  Instruction& at = code_->instructions[jump];
+  at.a = static_cast<int32_t>(static_cast<int64_t>(target) - static_cast<int64_t>(jump));
+  const bool turns = at.opcode == Opcode::kLoop || at.opcode == Opcode::kForNext || at.opcode == Opcode::kForNextOne;
+  if (turns) at.n = static_cast<uint16_t>(std::min(1 - at.a / kInstructionsPerStep, int32_t{UINT16_MAX}));
 }
 
 void Compiler::Place(Label& label) {

@@ -32,6 +32,9 @@ struct CompileContext {
 // The value of a Const declaration.
 [[nodiscard]] Variant ConstantValue(const Module& module, const ConstStatement& constant);
 
+// A function, statement or constant that the language brings along. Any case.
+[[nodiscard]] bool IsLibraryName(std::string_view name);
+
 enum class Intrinsic : uint8_t { kErr, kEval, kExecute, kExecuteGlobal, kGetRef };
 
 class Compiler {
@@ -93,6 +96,7 @@ class Compiler {
   [[nodiscard]] size_t Here() const { return code_->instructions.size(); }
   Operand AddConstant(Variant value);
   Operand LiteralOperand(uint32_t literal);
+  [[nodiscard]] Opcode SmallForm(Opcode opcode, Operand right, uint32_t& n) const;
   int32_t AddSite(NameId name, Operand object);
   void EmitJump(Label& label, Opcode opcode, int32_t b = 0, int32_t c = 0, uint32_t n = 0);
   void AimJump(size_t jump, size_t target);
@@ -121,6 +125,7 @@ class Compiler {
   [[nodiscard]] bool FoldSign(const Expression& expression, Variant& value);
   [[nodiscard]] bool IsSimple(const Expression& expression);
   [[nodiscard]] bool IsElement(const Expression& expression);
+  [[nodiscard]] static bool GivesPlainValue(const Expression& expression);
   [[nodiscard]] bool MayRunCode(const Expression& expression);
   void JumpOn(const Expression& condition, bool sense, Label& label);
   bool JumpOnComparison(const Expression& condition, bool sense, Label& label);
@@ -155,6 +160,7 @@ class Compiler {
   void CompileSet(const AssignStatement& statement);
   void AssignName(const Expression& target, const Expression& value);
   bool AppendTo(const Expression& target, Operand operand, const Expression& value);
+  bool AddElementTo(const Expression& target, Operand operand, const Expression& value);
   void AssignVariable(Operand operand, const Expression& value);
   void StoreElement(const Expression& target, const Expression& value, bool set);
   void StoreMember(const Expression& member, ArgumentTrees arguments, const Expression& value, bool set);

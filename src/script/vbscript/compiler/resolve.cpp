@@ -42,6 +42,13 @@ Variant ConstantValue(const Module& module, const ConstStatement& constant) {
   return negative ? Negate(literal) : literal;
 }
 
+bool IsLibraryName(std::string_view name) {
+  const std::string folded = FoldName(name);
+  const bool intrinsic = std::any_of(std::begin(kIntrinsics), std::end(kIntrinsics),
+                                     [&](const IntrinsicRow& row) { return row.name == folded; });
+  return intrinsic || LibraryConstants().contains(folded) || FindBuiltin(folded);
+}
+
 void Compiler::AddLocal(NameId name, Operand operand, bool is_constant) {
   locals_.insert_or_assign(name, Local{operand, is_constant});
 }

@@ -19,7 +19,9 @@ namespace {
 // Short enough to stand in a text's object: telling of it takes no memory.
 constexpr const char* kShortOutOfMemory = "Out of memory";
 
+// Literals have the English (United States) form in every locale.
 double ReadDateLiteral(RuntimeContext& context, std::string_view text) {
+  const LocalFormsScope english(nullptr);
   static const Builtin* const kConversion = FindBuiltin("CDate");
   if (!kConversion) RaiseScript(error::kTypeMismatch);
   Variant argument(text);

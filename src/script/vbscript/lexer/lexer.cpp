@@ -232,10 +232,10 @@ Token Lexer::Next() {
   token.first_on_line = line_start_;
   SkipBlanks();
   token.space_before = at_ > before;
+  token.position = static_cast<uint32_t>(at_);
   if (Peek() == '\'' || (line_start_ && (text_.compare(at_, 4, "<!--") == 0 || text_.compare(at_, 3, "-->") == 0))) {
     SkipComment();
   }
-  token.position = static_cast<uint32_t>(at_);
   if (at_ >= text_.size()) {
     token.kind = TokenKind::kEndOfFile;
   } else if (IsLineEnd(Peek())) {

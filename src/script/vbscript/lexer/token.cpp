@@ -12,7 +12,7 @@ struct WordRow {
   bool reserved;
 };
 
-// In alphabetical order: looked up by bisection.
+// In alphabetical order, as the words are numbered.
 constexpr WordRow kWords[] = {
     {"and", Word::kAnd, true},
     {"byref", Word::kByRef, true},
@@ -79,23 +79,44 @@ constexpr WordRow kWords[] = {
 
 constexpr size_t kLongestWord = 8;
 
+// The first row that begins with a letter or with one behind it.
+constexpr std::array<uint8_t, 27> kRowsByLetter = [] {
+  std::array<uint8_t, 27> rows{};
+  for (size_t letter = 0; letter < rows.size(); ++letter) {
+    while (rows[letter] < std::size(kWords) && kWords[rows[letter]].text[0] < static_cast<char>('a' + letter)) {
+      ++rows[letter];
+    }
+  }
+  return rows;
+}();
+
+constexpr bool RowsFollowTheWords() {
+  for (size_t row = 0; row < std::size(kWords); ++row) {
+    if (static_cast<size_t>(kWords[row].word) != row + 1) return false;
+  }
+  return true;
+}
+static_assert(RowsFollowTheWords());
+
+char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
+
 }  // namespace
 
 Word FindWord(std::string_view text) {
   if (text.size() < 2 || text.size() > kLongestWord) return Word::kNone;
-  std::array<char, kLongestWord> lower{};
-  std::transform(text.begin(), text.end(), lower.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; });
-  const std::string_view folded(lower.data(), text.size());
-  const auto* found = std::lower_bound(std::begin(kWords), std::end(kWords), folded,
-                                       [](const WordRow& row, std::string_view wanted) { return row.text < wanted; });
-  return found != std::end(kWords) && found->text == folded ? found->word : Word::kNone;
+  const char first = Lower(text[0]);
+  if (first < 'a' || first > 'z') return Word::kNone;
+  const auto letter = static_cast<size_t>(first - 'a');
+  for (size_t row = kRowsByLetter[letter]; row < kRowsByLetter[letter + 1]; ++row) {
+    const std::string_view word = kWords[row].text;
+    if (word.size() == text.size() && std::equal(word.begin() + 1, word.end(), text.begin() + 1,
+                                                 [](char wanted, char c) { return wanted == Lower(c); })) {
+      return kWords[row].word;
+    }
+  }
+  return Word::kNone;
 }
 
-bool IsReserved(Word word) {
-  const auto* found =
-      std::find_if(std::begin(kWords), std::end(kWords), [word](const WordRow& row) { return row.word == word; });
-  return found != std::end(kWords) && found->reserved;
-}
+bool IsReserved(Word word) { return word != Word::kNone && kWords[static_cast<size_t>(word) - 1].reserved; }
 
 }  // namespace kestrun::vbs

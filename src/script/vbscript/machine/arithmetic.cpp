@@ -5,6 +5,7 @@
 
 #include "script/vbscript/engine/engine.h"
 #include "script/vbscript/machine/machine.h"
+#include "script/vbscript/machine/numeric.h"
 #include "script/vbscript/runtime/builders.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
@@ -69,6 +70,28 @@ void Machine::SlowAdd(const Instruction& at, BinaryOperator add) {
   return texts ? Concatenate(at) : SlowBinary(at, add);
 }
 
+// The sum is read before the element: what gives that may be an object, whose code changes the sum.
+const Instruction* Machine::SlowAddElement(const Instruction* pc) {
+  const Variant* const quick = QuickElement(At(pc->b), At(pc->c));
+  if (quick && AddNumber(At(pc->a), *quick)) return pc + 1;
+  if (quick && quick->Is(VarType::kString) && At(pc->a).Is(VarType::kString)) {
+    Variant part(*quick);
+    AppendParts(At(pc->a), &part, 1);
+    return pc + 1;
+  }
+  const Variant sum(At(pc->a));
+  Variant index(At(pc->c));
+  const Variant element = IndexedValue(At(pc->b), {&index, 1});
+  const Variant left = PlainCopy(sum);
+  const Variant right = PlainCopy(element);
+  const bool texts = left.Is(VarType::kString) && right.Is(VarType::kString);
+  if (!texts) ChargeReading(left, right);
+  Variant result = texts ? Joined(left, right) : Add(left, right);
+  RequireAssignable(At(pc->a));
+  At(pc->a) = std::move(result);
+  return pc + 1;
+}
+
 Variant Machine::CompareValues(const Variant& left, const Variant& right, Comparison wanted, unsigned literals) {
   if (left.Is(VarType::kString) && right.Is(VarType::kString)) {
     const bool equality = wanted == Comparison::kEqual || wanted == Comparison::kNotEqual;
@@ -87,9 +110,9 @@ void Machine::SlowCompare(const Instruction& at, int comparison, Variant& result
   const auto wanted = static_cast<Comparison>(comparison);
   if (objects) {
     const Variant plain_left = PlainCopy(left);
-    At(at.a) = CompareValues(plain_left, PlainCopy(right), wanted, at.n);
+    At(at.a) = CompareValues(plain_left, PlainCopy(right), wanted, at.n & kSidesMask);
   } else {
-    result = CompareValues(left, right, wanted, at.n);
+    result = CompareValues(left, right, wanted, at.n & kSidesMask);
   }
 }
 
@@ -100,7 +123,8 @@ bool Machine::SlowTest(const Instruction& at, int comparison) {
   const Variant right = At(at.c);
   try {
     const Variant plain_left = PlainCopy(left);
-    const Variant truth = CompareValues(plain_left, PlainCopy(right), static_cast<Comparison>(comparison), at.n);
+    const Variant truth =
+        CompareValues(plain_left, PlainCopy(right), static_cast<Comparison>(comparison), at.n & kSidesMask);
     return truth.Is(VarType::kBoolean) && truth.boolean();
   } catch (const RuntimeError& error) {
     if (!is_case || error.number() != error::kTypeMismatch || left.Is(VarType::kObject)) throw;
@@ -175,13 +199,6 @@ void Machine::ChargeReading(const Variant& value) { vbs::ChargeReading(engine_, 
 void Machine::ChargeReading(const Variant& left, const Variant& right) {
   ChargeReading(left);
   ChargeReading(right);
-}
-
-void Machine::ChargeArguments(const Builtin& builtin, Arguments arguments) {
-  for (size_t at = 0; at < arguments.size(); ++at) {
-    const bool within = at < 8 ? (builtin.charged_within >> at & 1) != 0 : builtin.charged_within == kEvery;
-    if (!within) ChargeReading(arguments[at]);
-  }
 }
 
 }  // namespace kestrun::vbs

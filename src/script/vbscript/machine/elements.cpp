@@ -7,6 +7,7 @@
 #include "script/vbscript/engine/engine.h"
 #include "script/vbscript/machine/iteration.h"
 #include "script/vbscript/machine/machine.h"
+#include "script/vbscript/machine/numeric.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/operators.h"
@@ -74,7 +75,12 @@ Variant Machine::IndexedValue(const Variant& object, Arguments indexes) {
   return target.Get(RequireDefault(target), indexes);
 }
 
+// Also what parameters stand for: the variable of the caller that holds the array or the index.
 const Instruction* Machine::SlowIndex(const Instruction* pc) {
+  if (const Variant* const element = QuickElement(At(pc->b), At(pc->c))) {
+    At(pc->a) = *element;
+    return pc + 1;
+  }
   Variant index(At(pc->c));
   Variant value = IndexedValue(At(pc->b), {&index, 1});
   At(pc->a) = std::move(value);
@@ -83,6 +89,10 @@ const Instruction* Machine::SlowIndex(const Instruction* pc) {
 
 // What runs here may end the array that the left operand has borrowed from: that one becomes a copy first.
 const Instruction* Machine::SlowBorrow(const Instruction* pc) {
+  if (Variant* const element = QuickElement(At(pc->b), At(pc->c))) {
+    Register(pc->a) = Variant::ReferenceTo(element);
+    return pc + 1;
+  }
   if (pc->n) {
     Variant& left = Register(pc->n - 1);
     if (left.IsReference()) left = Variant(*left.target());
@@ -90,6 +100,20 @@ const Instruction* Machine::SlowBorrow(const Instruction* pc) {
   Variant index(At(pc->c));
   Variant value = IndexedValue(At(pc->b), {&index, 1});
   Register(pc->a) = std::move(value);
+  return pc + 1;
+}
+
+const Instruction* Machine::SlowStoreIndex(const Instruction* pc) {
+  Variant& array = At(pc->a);
+  const Variant& value = At(pc->b);
+  if (array.Is(VarType::kArray) && value.type() <= VarType::kString) {
+    OwnArray(array);
+    if (Variant* const element = QuickElement(array, At(pc->c))) {
+      *element = value;
+      return pc + 1;
+    }
+  }
+  StoreIndexed(array, {&At(pc->c), 1}, value, false);
   return pc + 1;
 }
 

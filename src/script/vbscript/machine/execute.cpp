@@ -39,7 +39,8 @@ void Machine::BindOuterNames(Module& module, std::vector<NameId>& names, std::ve
   for (const DeclaredVariable& variable : module.variables) add(variable.name);
   for (const NameId name : module.assigned) {
     const bool member = Top().self && Top().self->definition().FindMember(name) != kNoMember;
-    if (!member && globals_.Entry(name).kind == GlobalKind::kUnbound && !FindBuiltin(engine_.names().Spelling(name))) {
+    if (!member && globals_.Entry(name).kind == GlobalKind::kUnbound &&
+        !IsLibraryName(engine_.names().Spelling(name))) {
       add(name);
     }
   }

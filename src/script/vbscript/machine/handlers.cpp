@@ -109,14 +109,14 @@ const Instruction* Machine::DoEachNext(const Instruction* pc) {
 const Instruction* Machine::DoLoadName(const Instruction* pc) {
   const auto name = static_cast<NameId>(pc->c);
   if (const Variant* extra = ExtraLocal(name)) {
-    GiveResult(pc->a, *extra);
+    GiveResult(pc->a, Variant(*extra));
     return pc + 1;
   }
   const GlobalEntry& entry = globals_.Entry(name);
   switch (entry.kind) {
     case GlobalKind::kVariable:
     case GlobalKind::kConstant:
-    case GlobalKind::kObject: GiveResult(pc->a, globals_.ValueOf(entry)); return pc + 1;
+    case GlobalKind::kObject: GiveResult(pc->a, Variant(globals_.ValueOf(entry))); return pc + 1;
     case GlobalKind::kProcedure: return Enter(*entry.procedure, nullptr, registers_ + IndexOf(pc->a), 0, pc->a, pc + 1);
     case GlobalKind::kClass: RaiseScript(error::kTypeMismatch);
     case GlobalKind::kUnbound: break;

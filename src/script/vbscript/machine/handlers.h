@@ -10,10 +10,6 @@
 
 namespace kestrun::vbs {
 
-// A turn of a loop and a call cost one step, and one more for so many instructions of their code. Jumps back are by a
-// number below zero.
-inline constexpr int32_t kInstructionsPerStep = 8;
-
 // Only these end the loop by giving null.
 template <Opcode kOpcode>
 inline constexpr bool kMayLeave = kOpcode == Opcode::kReturn || kOpcode == Opcode::kEnd;
@@ -22,6 +18,22 @@ inline constexpr bool kMayLeave = kOpcode == Opcode::kReturn || kOpcode == Opcod
 // has a type that no fast path takes, and the slow ones look behind it. They stand in the loop itself, what is slower
 // is called.
 #define KESTRUN_HOT [[gnu::always_inline]] inline
+
+KESTRUN_HOT void Machine::PutWhole(Operand target, unsigned kind, int64_t value) {
+  Variant& place = Place(target);
+  if (place.IsPlain()) [[likely]]
+    return StoreWhole(place, kind, value);
+  Variant result;
+  StoreWhole(result, kind, value);
+  PutElsewhere(target, std::move(result));
+}
+
+KESTRUN_HOT void Machine::PutReal(Operand target, double value) {
+  Variant& place = Place(target);
+  if (place.IsPlain()) [[likely]]
+    return place.OverwriteReal(VarType::kDouble, value);
+  PutElsewhere(target, value);
+}
 
 KESTRUN_HOT const Instruction* Machine::DoMove(const Instruction* pc) {
   At(pc->a) = At(pc->b);
@@ -74,45 +86,38 @@ inline const Instruction* Machine::DoMakeReference(const Instruction* pc) {
 }
 
 KESTRUN_HOT const Instruction* Machine::DoIndex(const Instruction* pc) {
-  const Variant& array = At(pc->b);
-  const Variant& index = At(pc->c);
-  if (array.Is(VarType::kArray) && (index.Is(VarType::kInteger) || index.Is(VarType::kLong))) {
-    const ArrayBody& body = array.array();
-    if (body.sizes.size() == 1 && static_cast<uint32_t>(index.whole()) < body.elements.size()) {
-      At(pc->a) = body.elements[static_cast<uint32_t>(index.whole())];
-      return pc + 1;
-    }
-  }
-  return SlowIndex(pc);
+  const Variant* const element = QuickElement(Place(pc->b), Place(pc->c));
+  if (!element) [[unlikely]]
+    return SlowIndex(pc);
+  At(pc->a) = *element;
+  return pc + 1;
 }
 
 KESTRUN_HOT const Instruction* Machine::DoBorrow(const Instruction* pc) {
-  const Variant& array = At(pc->b);
-  const Variant& index = At(pc->c);
-  if (array.Is(VarType::kArray) && (index.Is(VarType::kInteger) || index.Is(VarType::kLong))) {
-    const ArrayBody& body = array.array();
-    if (body.sizes.size() == 1 && static_cast<uint32_t>(index.whole()) < body.elements.size()) {
-      const Variant& element = body.elements[static_cast<uint32_t>(index.whole())];
-      Register(pc->a) = Variant::ReferenceTo(const_cast<Variant*>(&element));
-      return pc + 1;
-    }
+  Variant* const element = QuickElement(Place(pc->b), Place(pc->c));
+  if (!element) [[unlikely]]
+    return SlowBorrow(pc);
+  Variant& place = Register(pc->a);
+  if (element->IsPlain() && place.IsPlain()) [[likely]] {
+    place.OverwritePlain(*element);
+  } else {
+    place = element->IsPlain() ? *element : Variant::ReferenceTo(element);
   }
-  return SlowBorrow(pc);
+  return pc + 1;
 }
 
 KESTRUN_HOT const Instruction* Machine::DoStoreIndex(const Instruction* pc) {
-  Variant& array = At(pc->a);
-  const Variant& value = At(pc->b);
-  Variant& index = At(pc->c);
-  const bool plain = value.type() <= VarType::kString && (index.Is(VarType::kInteger) || index.Is(VarType::kLong));
-  if (array.Is(VarType::kArray) && plain) {
-    ArrayBody& body = OwnArray(array);
-    if (body.sizes.size() == 1 && static_cast<uint32_t>(index.whole()) < body.elements.size()) {
-      body.elements[static_cast<uint32_t>(index.whole())] = value;
-      return pc + 1;
-    }
+  const Variant& array = Place(pc->a);
+  const Variant& value = Place(pc->b);
+  Variant* const element = QuickElement(array, Place(pc->c));
+  const bool plain = value.type() <= VarType::kString;
+  if (!element || !plain || !array.array().IsUnshared()) [[unlikely]]
+    return SlowStoreIndex(pc);
+  if (value.IsPlain() && element->IsPlain()) {
+    element->OverwritePlain(value);
+  } else {
+    *element = value;
   }
-  StoreIndexed(array, {&index, 1}, value, false);
   return pc + 1;
 }
 
@@ -144,37 +149,52 @@ inline const Instruction* Machine::DoSetIndexMany(const Instruction* pc) {
 }
 
 // name, the operation on whole numbers and on real ones, what is called for all others
-#define KESTRUN_ARITHMETIC(name, sign, slow)                                       \
-  KESTRUN_HOT const Instruction* Machine::Do##name(const Instruction* pc) {        \
-    const Variant* left = &Place(pc->b);                                           \
-    const Variant* right = &Place(pc->c);                                          \
-    double first = 0;                                                              \
-    double second = 0;                                                             \
-    do {                                                                           \
-      if (const unsigned kind = WholeKind(*left, *right); kind <= kWholeNumbers) { \
-        StoreWhole(At(pc->a), kind, int64_t{left->whole()} sign right->whole());   \
-        return pc + 1;                                                             \
-      }                                                                            \
-      const bool reals = AsReal(*left, first) && AsReal(*right, second);           \
-      if (reals && IsFinite(first sign second)) {                                  \
-        At(pc->a).SetReal(VarType::kDouble, first sign second);                    \
-        return pc + 1;                                                             \
-      }                                                                            \
-    } while (LookBehind(left, right));                                             \
-    slow(*pc, name);                                                               \
-    return pc + 1;                                                                 \
+#define KESTRUN_ARITHMETIC(name, sign, slow)                                                  \
+  KESTRUN_HOT const Instruction* Machine::Do##name(const Instruction* pc) {                   \
+    const Variant* left = &Place(pc->b);                                                      \
+    const Variant* right = &Place(pc->c);                                                     \
+    double first = 0;                                                                         \
+    double second = 0;                                                                        \
+    do {                                                                                      \
+      if (const unsigned kind = WholeKind(*left, *right); kind <= kWholeNumbers) [[likely]] { \
+        PutWhole(pc->a, kind, int64_t{left->whole()} sign right->whole());                    \
+        return pc + 1;                                                                        \
+      }                                                                                       \
+      const bool reals = AsReal(*left, first) && AsReal(*right, second);                      \
+      if (reals && IsFinite(first sign second)) {                                             \
+        PutReal(pc->a, first sign second);                                                    \
+        return pc + 1;                                                                        \
+      }                                                                                       \
+    } while (LookBehind(left, right));                                                        \
+    slow(*pc, name);                                                                          \
+    return pc + 1;                                                                            \
+  }                                                                                           \
+  KESTRUN_HOT const Instruction* Machine::Do##name##Small(const Instruction* pc) {            \
+    const Variant& left = Place(pc->b);                                                       \
+    const int64_t right = SmallNumber(*pc);                                                   \
+    const unsigned kind = WholeKind(left);                                                    \
+    if (kind > kWholeNumbers) [[unlikely]]                                                    \
+      return Do##name(pc);                                                                    \
+    PutWhole(pc->a, kind, left.whole() sign right);                                           \
+    return pc + 1;                                                                            \
   }
 KESTRUN_ARITHMETIC(Add, +, SlowAdd)
 KESTRUN_ARITHMETIC(Subtract, -, SlowBinary)
 KESTRUN_ARITHMETIC(Multiply, *, SlowBinary)
 #undef KESTRUN_ARITHMETIC
 
+KESTRUN_HOT const Instruction* Machine::DoAddElement(const Instruction* pc) {
+  const Variant* const element = QuickElement(Place(pc->b), Place(pc->c));
+  const bool added = element && AddNumber(Place(pc->a), *element);
+  return added ? pc + 1 : SlowAddElement(pc);
+}
+
 inline const Instruction* Machine::DoDivide(const Instruction* pc) {
   double first = 0;
   double second = 0;
   const bool reals = AsReal(At(pc->b), first) && AsReal(At(pc->c), second) && second != 0;
   if (reals && IsFinite(first / second)) {
-    At(pc->a).SetReal(VarType::kDouble, first / second);
+    PutReal(pc->a, first / second);
   } else {
     SlowBinary(*pc, Divide);
   }
@@ -182,19 +202,27 @@ inline const Instruction* Machine::DoDivide(const Instruction* pc) {
 }
 
 // name, the operation on whole numbers with a positive divisor
-#define KESTRUN_WHOLE_DIVISION(name, sign)                                  \
-  KESTRUN_HOT const Instruction* Machine::Do##name(const Instruction* pc) { \
-    const Variant* left = &Place(pc->b);                                    \
-    const Variant* right = &Place(pc->c);                                   \
-    do {                                                                    \
-      const unsigned kind = WholeKind(*left, *right);                       \
-      if (kind <= kWholeNumbers && right->whole() > 0) {                    \
-        StoreWhole(At(pc->a), kind, left->whole() sign right->whole());     \
-        return pc + 1;                                                      \
-      }                                                                     \
-    } while (LookBehind(left, right));                                      \
-    SlowBinary(*pc, name);                                                  \
-    return pc + 1;                                                          \
+#define KESTRUN_WHOLE_DIVISION(name, sign)                                         \
+  KESTRUN_HOT const Instruction* Machine::Do##name(const Instruction* pc) {        \
+    const Variant* left = &Place(pc->b);                                           \
+    const Variant* right = &Place(pc->c);                                          \
+    do {                                                                           \
+      const unsigned kind = WholeKind(*left, *right);                              \
+      if (kind <= kWholeNumbers && right->whole() > 0) {                           \
+        PutWhole(pc->a, kind, left->whole() sign right->whole());                  \
+        return pc + 1;                                                             \
+      }                                                                            \
+    } while (LookBehind(left, right));                                             \
+    SlowBinary(*pc, name);                                                         \
+    return pc + 1;                                                                 \
+  }                                                                                \
+  KESTRUN_HOT const Instruction* Machine::Do##name##Small(const Instruction* pc) { \
+    const Variant& left = Place(pc->b);                                            \
+    const unsigned kind = WholeKind(left);                                         \
+    if (kind > kWholeNumbers) [[unlikely]]                                         \
+      return Do##name(pc);                                                         \
+    PutWhole(pc->a, kind, left.whole() sign SmallNumber(*pc));                     \
+    return pc + 1;                                                                 \
   }
 KESTRUN_WHOLE_DIVISION(IntegerDivide, /)
 KESTRUN_WHOLE_DIVISION(Modulo, %)
@@ -219,7 +247,7 @@ inline const Instruction* Machine::DoConcatenate(const Instruction* pc) {
     if (left.Is(VarType::kBoolean) && right.Is(VarType::kBoolean)) {                                          \
       At(pc->a).SetBoolean((static_cast<int>(left.boolean()) symbol static_cast<int>(right.boolean())) != 0); \
     } else if (kind <= kWholeNumbers) {                                                                       \
-      StoreWhole(At(pc->a), kind, left.whole() symbol right.whole());                                         \
+      PutWhole(pc->a, kind, left.whole() symbol right.whole());                                               \
     } else {                                                                                                  \
       SlowBinary(*pc, name);                                                                                  \
     }                                                                                                         \
@@ -248,7 +276,7 @@ inline const Instruction* Machine::DoIs(const Instruction* pc) {
 inline const Instruction* Machine::DoNegate(const Instruction* pc) {
   const Variant& value = At(pc->b);
   if (const unsigned kind = WholeKind(value, value); kind <= kWholeNumbers) {
-    StoreWhole(At(pc->a), kind, -int64_t{value.whole()});
+    PutWhole(pc->a, kind, -int64_t{value.whole()});
   } else {
     SlowUnary(*pc, Negate);
   }
@@ -306,6 +334,18 @@ inline const Instruction* Machine::DoNot(const Instruction* pc) {
   }                                                                                            \
   KESTRUN_HOT const Instruction* Machine::DoJumpIf##name(const Instruction* pc) {              \
     return Holds##name(pc) ? pc + pc->a : pc + 1;                                              \
+  }                                                                                            \
+  KESTRUN_HOT bool Machine::Holds##name##Small(const Instruction* pc) {                        \
+    const Variant& left = Place(pc->b);                                                        \
+    if (WholeKind(left) > kWholeNumbers) [[unlikely]]                                          \
+      return Holds##name(pc);                                                                  \
+    return left.whole() sign SmallNumber(*pc);                                                 \
+  }                                                                                            \
+  KESTRUN_HOT const Instruction* Machine::DoJumpUnless##name##Small(const Instruction* pc) {   \
+    return Holds##name##Small(pc) ? pc + 1 : pc + pc->a;                                       \
+  }                                                                                            \
+  KESTRUN_HOT const Instruction* Machine::DoJumpIf##name##Small(const Instruction* pc) {       \
+    return Holds##name##Small(pc) ? pc + pc->a : pc + 1;                                       \
   }
 KESTRUN_COMPARISONS(KESTRUN_COMPARISON)
 #undef KESTRUN_COMPARISON
@@ -318,7 +358,7 @@ inline const Instruction* Machine::DoAppend(const Instruction* pc) {
 KESTRUN_HOT const Instruction* Machine::DoJump(const Instruction* pc) { return pc + pc->a; }
 
 KESTRUN_HOT const Instruction* Machine::DoLoop(const Instruction* pc) {
-  fuel_ += pc->a / kInstructionsPerStep - 1;
+  fuel_ -= pc->n;
   if (fuel_ < 0) Refuel();
   return pc + pc->a;
 }
@@ -336,7 +376,7 @@ inline const Instruction* Machine::DoJumpTrue(const Instruction* pc) {
 }
 
 KESTRUN_HOT const Instruction* Machine::DoForNext(const Instruction* pc) {
-  fuel_ += pc->a / kInstructionsPerStep - 1;
+  fuel_ -= pc->n;
   if (fuel_ < 0) Refuel();
   Variant& variable = Place(pc->b);
   const Variant& last = Register(pc->c + 1);
@@ -349,6 +389,18 @@ KESTRUN_HOT const Instruction* Machine::DoForNext(const Instruction* pc) {
     return goes_on ? pc + pc->a : pc + 1;
   }
   return SlowForNext(pc);
+}
+
+KESTRUN_HOT const Instruction* Machine::DoForNextOne(const Instruction* pc) {
+  fuel_ -= pc->n;
+  if (fuel_ < 0) Refuel();
+  Variant& variable = Place(pc->b);
+  const Variant& last = Register(pc->c + 1);
+  if (WholeKind(variable, last) > kWholeNumbers) [[unlikely]]
+    return SlowForNext(pc);
+  const bool goes_on = variable.whole() < last.whole();
+  StoreWhole(variable, WholeKind(variable), int64_t{variable.whole()} + 1);
+  return goes_on ? pc + pc->a : pc + 1;
 }
 
 KESTRUN_HOT const Instruction* Machine::DoReturn(const Instruction*) {
@@ -373,6 +425,13 @@ KESTRUN_HOT const Instruction* Machine::DoCallProcedure(const Instruction* pc) {
   const GlobalEntry& entry = globals_.Entry(static_cast<NameId>(pc->c));
   if (entry.kind != GlobalKind::kProcedure) return CallGlobalName(pc);
   return EnterNow(*entry.procedure, nullptr, registers_ + pc->b, pc->n, pc->a, pc + 1);
+}
+
+// Texts among the arguments are paid for by their length, unless the builtin does that itself.
+KESTRUN_HOT void Machine::ChargeArguments(const Builtin& builtin, Arguments arguments) {
+  for (size_t at = 0; at < arguments.size(); ++at) {
+    if (arguments[at].Is(VarType::kString) && !builtin.ChargesFor(at)) ChargeReading(arguments[at]);
+  }
 }
 
 inline const Instruction* Machine::DoCallBuiltin(const Instruction* pc) {

@@ -95,11 +95,17 @@ class Machine {
 #undef KESTRUN_HANDLER
 
   bool HoldsEqual(const Instruction* pc);
+  bool HoldsEqualSmall(const Instruction* pc);
   bool HoldsNotEqual(const Instruction* pc);
+  bool HoldsNotEqualSmall(const Instruction* pc);
   bool HoldsLess(const Instruction* pc);
+  bool HoldsLessSmall(const Instruction* pc);
   bool HoldsLessEqual(const Instruction* pc);
+  bool HoldsLessEqualSmall(const Instruction* pc);
   bool HoldsGreater(const Instruction* pc);
+  bool HoldsGreaterSmall(const Instruction* pc);
   bool HoldsGreaterEqual(const Instruction* pc);
+  bool HoldsGreaterEqualSmall(const Instruction* pc);
 
   // Where the operand stands; for a parameter this may be a stand-in for the caller's variable. The bases are moved
   // back by the number of their space, which the operand holds in its low bits.
@@ -111,6 +117,10 @@ class Machine {
     Variant& value = Place(operand);
     return SpaceOf(operand) == Space::kIndirect && value.IsReference() ? *value.target() : value;
   }
+  // Results of the fast paths, which mostly overwrite something plain.
+  void PutWhole(Operand target, unsigned kind, int64_t value);
+  void PutReal(Operand target, double value);
+  void PutElsewhere(Operand target, Variant value);
   void SetBase(Space space, const void* base) {
     bases_[static_cast<size_t>(space)] = reinterpret_cast<uintptr_t>(base) - static_cast<uintptr_t>(space);
   }
@@ -176,6 +186,8 @@ class Machine {
   void StoreIndexed(Variant& object, Arguments indexes, const Variant& value, bool set);
   const Instruction* SlowIndex(const Instruction* pc);
   const Instruction* SlowBorrow(const Instruction* pc);
+  const Instruction* SlowAddElement(const Instruction* pc);
+  const Instruction* SlowStoreIndex(const Instruction* pc);
   void ReDimArray(Variant& target, Arguments bounds, bool preserve);
   void EraseArray(Variant& target);
   Variant NewArray(const std::vector<int32_t>& bounds);
@@ -202,7 +214,9 @@ class Machine {
   const Instruction* CallGlobalName(const Instruction* pc);
   static Arguments ValuesOf(Arguments arguments);
   void ChargeMaking(const Variant& result);
-  void GiveResult(Operand result, Variant value);
+  void GiveResult(Operand result, Variant&& value) {
+    if (result != kNoResult) At(result) = std::move(value);
+  }
   void StoreByName(const Instruction& at, bool set);
   Variant LoopNumber(const Variant& value);
   const Instruction* SlowForNext(const Instruction* pc);

@@ -50,9 +50,8 @@ void Machine::ObjectOrNothing(const Variant& value) {
   if (!value.Is(VarType::kObject)) RaiseScript(error::kObjectRequired);
 }
 
-void Machine::GiveResult(Operand result, Variant value) {
-  if (result != kNoResult) At(result) = std::move(value);
-}
+// Over something that is let go, or into the variable that a parameter stands for.
+void Machine::PutElsewhere(Operand target, Variant value) { At(target) = std::move(value); }
 
 bool Machine::SlowTruth(const Variant& value) {
   const Variant plain = PlainCopy(value);

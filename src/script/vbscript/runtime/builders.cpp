@@ -11,12 +11,14 @@ TextBuilder::TextBuilder(RuntimeContext& context, size_t expected_units)
   MakeRoom(expected_units);
 }
 
-// Doubles the room while the budget holds that, so that a text that grows is moved seldom.
+// Doubles the room, so that a text that grows is moved seldom. Near the end of the budget it takes half of what the
+// text can still grow by.
 void TextBuilder::Grow(size_t units) {
   const size_t most = context_.most_text_units();
   if (units > most) RaiseScript(error::kOutOfStringSpace);
   size_t wanted = std::min(std::max(units, 2 * body_->text.capacity()), most);
-  if (TextBody::BytesOf(wanted) > context_.memory_left()) wanted = units;
+  const size_t left = context_.memory_left() / sizeof(char16_t);
+  if (wanted > left) wanted = units < left ? units + (left - units) / 2 : units;
   context_.ChargeMemory(TextBody::BytesOf(wanted));
   context_.Charge(body_->text.size() / kUnitsPerStep);
   std::u16string larger;  // a text that reserves more for itself may take twice what it is asked to

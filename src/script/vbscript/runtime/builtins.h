@@ -18,6 +18,11 @@ enum class BuiltinUse : uint8_t {
   kStatement,  // an expression that wants a result gets error 13
 };
 
+inline constexpr uint8_t kFirst = 1;
+inline constexpr uint8_t kSecond = 2;
+inline constexpr uint8_t kThird = 4;
+inline constexpr uint8_t kEvery = 0xFF;
+
 struct Builtin {
   std::string_view name;
   // The caller checks the count and raises error 450. An argument that is left out in the middle comes as
@@ -29,12 +34,12 @@ struct Builtin {
   // charges for every other text by its length, because reading it as a number or a date takes as long as it is.
   uint8_t charged_within = 0;
   BuiltinUse use = BuiltinUse::kAnywhere;
-};
 
-inline constexpr uint8_t kFirst = 1;
-inline constexpr uint8_t kSecond = 2;
-inline constexpr uint8_t kThird = 4;
-inline constexpr uint8_t kEvery = 0xFF;
+  [[nodiscard]] bool ChargesFor(size_t argument) const {
+    constexpr size_t kBits = 8;
+    return argument < kBits ? (charged_within >> argument & 1) != 0 : charged_within == kEvery;
+  }
+};
 
 inline constexpr int kAnyArgumentCount = 255;
 

@@ -4,10 +4,6 @@
 
 namespace kestrun::vbs {
 
-void ChargeReading(RuntimeContext& context, const Variant& value) {
-  if (value.Is(VarType::kString)) context.Charge(value.text().size() * kReadingPasses / kUnitsPerStep);
-}
-
 void ChargeText(RuntimeContext& context, size_t units) {
   if (units > context.most_text_units()) RaiseScript(error::kOutOfStringSpace);
   context.ChargeMemory(units * sizeof(char16_t));

@@ -71,7 +71,9 @@ inline constexpr size_t kPieceElements = size_t{1} << 14;
 // Charges for reading a text as a number or a date, which takes about as long as copying it kReadingPasses times.
 // Nothing for a value of another type.
 inline constexpr size_t kReadingPasses = 8;
-void ChargeReading(RuntimeContext& context, const Variant& value);
+inline void ChargeReading(RuntimeContext& context, const Variant& value) {
+  if (value.Is(VarType::kString)) context.Charge(value.text().size() * kReadingPasses / kUnitsPerStep);
+}
 
 // Asked before a text of this length is built: error 14 beyond the longest text, else as ChargeMemory.
 void ChargeText(RuntimeContext& context, size_t units);

@@ -23,18 +23,25 @@ void AppendText(std::u16string& text, const Variant& value);
 // The value as a String that may share its body with `value`. Error 94 for Null.
 [[nodiscard]] Variant ToTextValue(const Variant& value);
 
-// A text argument: keeps whatever holds the characters alive for as long as the view is used.
+// A value as a text for as long as the value stands: characters that stand in it are not copied.
 class TextArgument {
  public:
   // Error 94 for Null, 13 for what has no text.
-  explicit TextArgument(const Variant& value) : holder_(ToTextValue(value)) {}
-  [[nodiscard]] std::u16string_view view() const { return holder_.text(); }
-  [[nodiscard]] size_t size() const { return holder_.text().size(); }
+  explicit TextArgument(const Variant& value)
+      : made_(value.Is(VarType::kString) ? Variant() : ToTextValue(value)),
+        value_(value.Is(VarType::kString) ? value : made_) {}
+  explicit TextArgument(const Variant&& value) : made_(ToTextValue(value)), value_(made_) {}
+  TextArgument(const TextArgument&) = delete;
+  TextArgument& operator=(const TextArgument&) = delete;
+
+  [[nodiscard]] std::u16string_view view() const { return value_.text(); }
+  [[nodiscard]] size_t size() const { return value_.text().size(); }
   // The String itself, sharing its characters.
-  [[nodiscard]] const Variant& value() const { return holder_; }
+  [[nodiscard]] const Variant& value() const { return value_; }
 
  private:
-  Variant holder_;
+  Variant made_;
+  const Variant& value_;
 };
 
 // A text that ends in half a unit, as only the byte functions make them.

@@ -20,7 +20,12 @@ constexpr size_t kLargeText = 1 << 10;
 bool IsNullArgument(const Variant& argument) { return argument.Is(VarType::kNull); }
 
 Variant TextOf(RuntimeContext& context, std::u16string_view text) {
-  if (text.size() <= kLargeText) return Variant(std::u16string(text));
+  if (text.size() <= kLargeText) {
+    Ref<TextBody> body = MakeRef<TextBody>();
+    body->text.assign(text);
+    body->CountBytes();
+    return Variant(std::move(body));
+  }
   TextBuilder builder(context, text.size());
   builder.Append(text);
   return builder.Take();
@@ -70,12 +75,21 @@ char16_t UnitOfByte(uint8_t byte) {
   return decoded.empty() ? u'?' : decoded[0];
 }
 
-template <char16_t (*Map)(char16_t)>
-Variant MapUnits(RuntimeContext& context, const Variant& argument) {
+// Every unit through `map`.
+template <class Map>
+Variant MapUnits(RuntimeContext& context, const Variant& argument, Map map) {
   if (IsNullArgument(argument)) return argument;
   const TextArgument text(argument);
-  TextBuilder mapped(context, text.size());
-  mapped.AppendMapped(text.view(), Map);
+  const std::u16string_view view = text.view();
+  if (view.size() <= kLargeText) {
+    Ref<TextBody> mapped = MakeRef<TextBody>();
+    mapped->text.assign(view);
+    for (char16_t& unit : mapped->text) unit = map(unit);
+    mapped->CountBytes();
+    return Variant(std::move(mapped));
+  }
+  TextBuilder mapped(context, view.size());
+  mapped.AppendMapped(view, map);
   return mapped.Take();
 }
 
@@ -154,8 +168,13 @@ Variant InStrRev(RuntimeContext& context, Arguments arguments) {
   return Position(TextFinder(context, text.view(), wanted.view(), ignore_case).FindLast(end));
 }
 
-Variant LCase(RuntimeContext& context, Arguments arguments) { return MapUnits<LowerUnit>(context, arguments[0]); }
-Variant UCase(RuntimeContext& context, Arguments arguments) { return MapUnits<UpperUnit>(context, arguments[0]); }
+Variant LCase(RuntimeContext& context, Arguments arguments) {
+  return MapUnits(context, arguments[0], [](char16_t unit) { return LowerUnit(unit); });
+}
+
+Variant UCase(RuntimeContext& context, Arguments arguments) {
+  return MapUnits(context, arguments[0], [](char16_t unit) { return UpperUnit(unit); });
+}
 
 // Len(text): in UTF-16 units.
 Variant Len(RuntimeContext&, Arguments arguments) {

@@ -87,7 +87,11 @@ void Parser::ParseSelect(Statements& out) {
   SkipSeparators();
   const BlockScope scope(*this, BlockKind::kOther);
   std::vector<CaseBranch> branches;
-  while (AtWord(Word::kCase)) branches.push_back(ParseCase());
+  bool has_else = false;
+  while (AtWord(Word::kCase) && !has_else) {
+    branches.push_back(ParseCase());
+    has_else = branches.back().values.empty();
+  }
   if (!AtWord(Word::kEnd)) Fail(branches.empty() ? compile_error::kExpectedCase : compile_error::kExpectedEnd);
   Advance();
   ExpectWord(Word::kSelect, compile_error::kExpectedSelect);
@@ -103,6 +107,7 @@ CaseBranch Parser::ParseCase() {
     do values.push_back(ParseExpression());
     while (Accept(TokenKind::kComma));
     branch.values = module_.arena.Keep(values);
+    if (AtWord(Word::kTo)) Fail(compile_error::kExpectedEndOfStatement);
   }
   branch.body = ParseBlock();
   return branch;
