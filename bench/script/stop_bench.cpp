@@ -1,7 +1,9 @@
 // How long after its time limit a script is stopped, whatever it does: each function and operator over large values, in
 // a loop without an end. Prints the time of each, and PASS when it is at most 1.2 times the limit and 50 ms.
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <span>
 #include <string>
 
@@ -12,7 +14,7 @@
 namespace kestrun::vbs {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Time = std::chrono::steady_clock::time_point;
 
 constexpr int kLimit = 100;
 constexpr double kMost = 1.2 * kLimit + 50;
@@ -20,16 +22,22 @@ constexpr size_t kUnits = size_t{8} * 1024 * 1024;
 
 int slow = 0;
 
-double Milliseconds(Clock::duration duration) { return std::chrono::duration<double, std::milli>(duration).count(); }
+Time ProcessTime() {
+  static_assert(CLOCKS_PER_SEC == 1000000);
+  return Time(std::chrono::microseconds(std::clock()));
+}
+
+double Milliseconds(Time::duration duration) { return std::chrono::duration<double, std::milli>(duration).count(); }
 
 void Stop(const std::string& statement) {
   Engine engine;
+  engine.limits().now = ProcessTime;
   if (engine.Report([&] { engine.Load(engine.Parse(LargeValues(kUnits))); }).number != 0) return;
   engine.limits().timeout_ms = kLimit;
   const std::string script = "On Error Resume Next\nDo\nturn = turn + 1\n" + statement + "\nLoop\n";
-  const auto start = Clock::now();
+  const auto start = ProcessTime();
   const int number = engine.Report([&] { engine.Load(engine.Parse(script)); }).number;
-  const double time = Milliseconds(Clock::now() - start);
+  const double time = Milliseconds(ProcessTime() - start);
   const bool passed = number == kTimeLimitNumber && time <= kMost;
   if (!passed) ++slow;
   std::string line = statement;

@@ -1,5 +1,6 @@
 #include "base/convert.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -85,7 +86,10 @@ class NumberReader {
   }
 
   bool ReadDigits() {
-    bool digits = false;
+    const size_t first = at_;
+    at_ = std::min(text_.find_first_not_of('0', at_), text_.size());  // zeros in front add nothing but a digit
+    bool digits = at_ != first;
+    if (digits) plain_.push_back('0');
     bool point = false;
     for (; at_ < text_.size(); ++at_) {
       const char character = text_[at_];
@@ -142,11 +146,9 @@ bool ParseNumber(std::string_view text, double& value) {
 
 // Numbers are written in ASCII; false when the text holds anything else.
 bool Narrow(std::u16string_view text, std::string& narrow) {
-  narrow.reserve(text.size());
-  for (const char16_t unit : text) {
-    if (unit > 0x7E) return false;
-    narrow.push_back(static_cast<char>(unit));
-  }
+  if (std::any_of(text.begin(), text.end(), [](char16_t unit) { return unit > 0x7E; })) return false;
+  narrow.resize(text.size());
+  std::transform(text.begin(), text.end(), narrow.begin(), [](char16_t unit) { return static_cast<char>(unit); });
   return true;
 }
 

@@ -213,9 +213,12 @@ std::u16string ToUtf16(std::string_view utf8) {
 }
 
 std::string ToUtf8(std::u16string_view utf16) {
+  const auto other = std::find_if(utf16.begin(), utf16.end(), [](char16_t unit) { return unit >= 0x80; });
   std::string result;
   result.reserve(utf16.size());
-  for (size_t at = 0; at < utf16.size(); ++at) {
+  result.resize(static_cast<size_t>(other - utf16.begin()));
+  std::transform(utf16.begin(), other, result.begin(), [](char16_t unit) { return static_cast<char>(unit); });
+  for (size_t at = result.size(); at < utf16.size(); ++at) {
     const char32_t unit = utf16[at];
     const bool pair = unit >= 0xD800 && unit < 0xDC00 && at + 1 < utf16.size() && (utf16[at + 1] & 0xFC00) == 0xDC00;
     if (pair) {

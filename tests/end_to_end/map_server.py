@@ -36,10 +36,13 @@ class Handler(http.server.BaseHTTPRequestHandler):
         elif path == "slow.bms":
             body = (folder / "Oasis.bms").read_bytes()
             self.send_head(200, len(body))
-            for start in range(0, len(body), len(body) // 4 + 1):
-                self.wfile.write(body[start:start + len(body) // 4 + 1])
-                self.wfile.flush()
-                time.sleep(0.5)
+            try:
+                for start in range(0, len(body), len(body) // 4 + 1):
+                    self.wfile.write(body[start:start + len(body) // 4 + 1])
+                    self.wfile.flush()
+                    time.sleep(0.5)
+            except OSError:
+                pass  # the client has left
         elif path == "cut.bms":
             body = (folder / "Oasis.bms").read_bytes()
             self.send_head(200, len(body))

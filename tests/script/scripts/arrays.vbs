@@ -190,3 +190,38 @@ WScript.Echo a(0)(1), a(0)(0) '=> 2 1
 '---- An array is too large to be had
 Dim a()
 ReDim a(2147483646) '!! 7
+'---- Sums of elements
+Dim a(5)
+a(0) = 32767 : a(1) = 1 : a(2) = "y" : a(3) = Null : a(4) = 0.5
+s = 0 : s = s + a(0) : WScript.Echo s, TypeName(s) '=> 32767 Integer
+s = s + a(1) : WScript.Echo s, TypeName(s) '=> 32768 Long
+s = s + a(4) : WScript.Echo s, TypeName(s) '=> 32768.5 Double
+s = "5" : s = s + a(1) : WScript.Echo s, TypeName(s) '=> 6 Double
+s = "x" : t = s : s = s + a(2) : s = s + a(2) : WScript.Echo s, t '=> xyy x
+s = 1 : s = s + a(3) : WScript.Echo IsNull(s) '=> True
+s = 1 : s = s + a("0") : WScript.Echo s '=> 32768
+'---- Sums of elements through parameters
+Sub AddAll(list, sum)
+  For i = 0 To UBound(list) : sum = sum + list(i) : Next
+End Sub
+n = 0
+AddAll Array(1, 2, 3), n
+m = "a"
+AddAll Array("b", "c"), m
+WScript.Echo n, m '=> 6 abc
+'---- A sum is read before the element
+Class Meddler
+  Public Default Property Get P : s = 100 : P = 5 : End Property
+End Class
+Dim a(0)
+Set a(0) = New Meddler
+s = 1
+s = s + a(0)
+WScript.Echo s '=> 6
+'---- A sum past the end of the array
+Dim a(1)
+s = 1
+s = s + a(2) '!! 9
+'---- A sum into an array of fixed size
+Dim a(1), f(1)
+f = f + a(0) '!! 13

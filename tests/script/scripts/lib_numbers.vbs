@@ -60,3 +60,6 @@ WScript.Echo FormatCurrency(1234.5), FormatCurrency(-2), FormatPercent(0.256), F
 x = FormatNumber("abc") '!! 13
 '---- A format with too many digits
 x = FormatNumber(1, 300) '!! 5
+'---- Zeros in front of a number
+WScript.Echo CDbl("000.5"), CDbl("-0012"), CLng("0"), CDbl("00,012.50"), CDbl("0e5"), CDbl(" 007 ") '=> 0.5 -12 0 12.5 0 7
+WScript.Echo IsNumeric("0."), IsNumeric("."), IsNumeric("00"), IsNumeric("0x") '=> True False True False

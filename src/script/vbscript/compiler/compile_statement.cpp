@@ -76,7 +76,8 @@ void Compiler::AssignName(const Expression& target, const Expression& value) {
   const Meaning meaning = Resolve(target.name, NameUse::kAssigned);
   switch (meaning.kind) {
     case MeaningKind::kVariable:
-      if (!AppendTo(target, meaning.operand, value)) AssignVariable(meaning.operand, value);
+      if (AppendTo(target, meaning.operand, value) || AddElementTo(target, meaning.operand, value)) return;
+      AssignVariable(meaning.operand, value);
       return;
     case MeaningKind::kOwnMember: return StoreOwn(meaning.member, {}, value, false);
     case MeaningKind::kUnresolved: Emit(Opcode::kStoreName, 0, Value(value), static_cast<int32_t>(target.name)); return;
@@ -99,6 +100,16 @@ bool Compiler::AppendTo(const Expression& target, Operand operand, const Express
     next_register_ = saved;
   }
   Emit(Opcode::kAppend, operand, first, 0, static_cast<uint32_t>(parts.size()));
+  return true;
+}
+
+// s = s + a(i), which sums an array up.
+bool Compiler::AddElementTo(const Expression& target, Operand operand, const Expression& value) {
+  if (value.kind != ExpressionKind::kBinary || value.operation != Operator::kAdd) return false;
+  if (value.left->kind != ExpressionKind::kName || value.left->name != target.name) return false;
+  if (!IsElement(*value.right) || !IsSimple(*value.right->arguments[0])) return false;
+  const Operand array = Resolve(value.right->left->name, NameUse::kCalled).operand;
+  Emit(Opcode::kAddElement, operand, array, Value(*value.right->arguments[0]));
   return true;
 }
 

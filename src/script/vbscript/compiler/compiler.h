@@ -160,6 +160,7 @@ class Compiler {
   void CompileSet(const AssignStatement& statement);
   void AssignName(const Expression& target, const Expression& value);
   bool AppendTo(const Expression& target, Operand operand, const Expression& value);
+  bool AddElementTo(const Expression& target, Operand operand, const Expression& value);
   void AssignVariable(Operand operand, const Expression& value);
   void StoreElement(const Expression& target, const Expression& value, bool set);
   void StoreMember(const Expression& member, ArgumentTrees arguments, const Expression& value, bool set);

@@ -15,6 +15,7 @@
 //                                  text that is no number just differs from a number
 //   ...Small                       as without it, where c is an Integer that n holds as well (SmallNumber)
 //   Append                         a &= the n values from register b on
+//   AddElement                     a becomes the sum of a and element c of b
 //   jumps                          by a instructions; Loop goes back and costs n steps of time
 //   CountFailure                   jumps by a while the condition of a loop has not failed too often: count in b
 //   For..., Each...                state in registers from c on, variable b; by a to where the body begins or ends;
@@ -37,7 +38,7 @@ namespace kestrun::vbs {
   X(Add) X(Subtract) X(Multiply) X(Divide) X(IntegerDivide) X(Modulo) X(Power) X(Concatenate)    \
   X(And) X(Or) X(Xor) X(Eqv) X(Imp) X(Is) X(Negate) X(Plus) X(Not)                               \
   X(Equal) X(NotEqual) X(Less) X(LessEqual) X(Greater) X(GreaterEqual)                           \
-  X(Append)                                                                                      \
+  X(Append) X(AddElement)                                                                        \
   X(Jump) X(Loop) X(CountFailure) X(JumpFalse) X(JumpTrue)                                       \
   X(JumpUnlessEqual) X(JumpUnlessNotEqual) X(JumpUnlessLess) X(JumpUnlessLessEqual)              \
   X(JumpUnlessGreater) X(JumpUnlessGreaterEqual)                                                 \

@@ -5,6 +5,7 @@
 
 #include "script/vbscript/engine/engine.h"
 #include "script/vbscript/machine/machine.h"
+#include "script/vbscript/machine/numeric.h"
 #include "script/vbscript/runtime/builders.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/errors.h"
@@ -67,6 +68,28 @@ void Machine::SlowBinary(const Instruction& at, BinaryOperator operation) {
 void Machine::SlowAdd(const Instruction& at, BinaryOperator add) {
   const bool texts = At(at.b).Is(VarType::kString) && At(at.c).Is(VarType::kString);
   return texts ? Concatenate(at) : SlowBinary(at, add);
+}
+
+// The sum is read before the element: what gives that may be an object, whose code changes the sum.
+const Instruction* Machine::SlowAddElement(const Instruction* pc) {
+  const Variant* const quick = QuickElement(At(pc->b), At(pc->c));
+  if (quick && AddNumber(At(pc->a), *quick)) return pc + 1;
+  if (quick && quick->Is(VarType::kString) && At(pc->a).Is(VarType::kString)) {
+    Variant part(*quick);
+    AppendParts(At(pc->a), &part, 1);
+    return pc + 1;
+  }
+  const Variant sum(At(pc->a));
+  Variant index(At(pc->c));
+  const Variant element = IndexedValue(At(pc->b), {&index, 1});
+  const Variant left = PlainCopy(sum);
+  const Variant right = PlainCopy(element);
+  const bool texts = left.Is(VarType::kString) && right.Is(VarType::kString);
+  if (!texts) ChargeReading(left, right);
+  Variant result = texts ? Joined(left, right) : Add(left, right);
+  RequireAssignable(At(pc->a));
+  At(pc->a) = std::move(result);
+  return pc + 1;
 }
 
 Variant Machine::CompareValues(const Variant& left, const Variant& right, Comparison wanted, unsigned literals) {

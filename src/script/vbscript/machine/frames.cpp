@@ -16,6 +16,8 @@ constexpr size_t kStackValues = size_t{1} << 19;
 constexpr size_t kMostFrames = 20000;
 constexpr int kMostNestedRuns = 100;
 constexpr int64_t kFuelPerCheck = 20000;
+// An error takes as long as many turns of a loop.
+constexpr int64_t kStepsPerError = 50;
 
 }  // namespace
 
@@ -101,6 +103,7 @@ ErrorPlace Machine::PlaceOf(const Code& code, const StatementMark* mark) {
 
 // Finds the frame that goes on after an error: this one or a caller's, as far down as the native code that called.
 const Instruction* Machine::Recover(const RuntimeError& error, const Instruction* pc) {
+  fuel_ -= kStepsPerError;
   const auto* placed = dynamic_cast<const PlacedError*>(&error);
   const StatementMark* mark = MarkAt(*Top().code, pc);
   const auto* named = dynamic_cast<const NamedError*>(&error);

@@ -97,7 +97,12 @@ KESTRUN_HOT const Instruction* Machine::DoBorrow(const Instruction* pc) {
   Variant* const element = QuickElement(Place(pc->b), Place(pc->c));
   if (!element) [[unlikely]]
     return SlowBorrow(pc);
-  Register(pc->a) = Variant::ReferenceTo(element);
+  Variant& place = Register(pc->a);
+  if (element->IsPlain() && place.IsPlain()) [[likely]] {
+    place.OverwritePlain(*element);
+  } else {
+    place = element->IsPlain() ? *element : Variant::ReferenceTo(element);
+  }
   return pc + 1;
 }
 
@@ -177,6 +182,12 @@ KESTRUN_ARITHMETIC(Add, +, SlowAdd)
 KESTRUN_ARITHMETIC(Subtract, -, SlowBinary)
 KESTRUN_ARITHMETIC(Multiply, *, SlowBinary)
 #undef KESTRUN_ARITHMETIC
+
+KESTRUN_HOT const Instruction* Machine::DoAddElement(const Instruction* pc) {
+  const Variant* const element = QuickElement(Place(pc->b), Place(pc->c));
+  const bool added = element && AddNumber(Place(pc->a), *element);
+  return added ? pc + 1 : SlowAddElement(pc);
+}
 
 inline const Instruction* Machine::DoDivide(const Instruction* pc) {
   double first = 0;

@@ -186,6 +186,7 @@ class Machine {
   void StoreIndexed(Variant& object, Arguments indexes, const Variant& value, bool set);
   const Instruction* SlowIndex(const Instruction* pc);
   const Instruction* SlowBorrow(const Instruction* pc);
+  const Instruction* SlowAddElement(const Instruction* pc);
   const Instruction* SlowStoreIndex(const Instruction* pc);
   void ReDimArray(Variant& target, Arguments bounds, bool preserve);
   void EraseArray(Variant& target);

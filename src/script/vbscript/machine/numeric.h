@@ -56,4 +56,17 @@ inline constexpr unsigned kWholeNumbers = 1;
   return const_cast<Variant*>(&body.elements[place]);
 }
 
+// Adds a number to another in place; false when one of them is none of the fast path's, or the sum is too large.
+[[nodiscard, gnu::always_inline]] inline bool AddNumber(Variant& sum, const Variant& number) {
+  if (const unsigned kind = WholeKind(sum, number); kind <= kWholeNumbers) {
+    StoreWhole(sum, kind, int64_t{sum.whole()} + number.whole());
+    return true;
+  }
+  double first = 0;
+  double second = 0;
+  if (!AsReal(sum, first) || !AsReal(number, second) || !IsFinite(first + second)) return false;
+  sum.OverwriteReal(VarType::kDouble, first + second);
+  return true;
+}
+
 }  // namespace kestrun::vbs
