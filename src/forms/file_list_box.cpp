@@ -32,6 +32,14 @@ constexpr Member kRows[]{
     ReadOnlyRow<&FileListBox::ListCount>("ListCount"),
     {"List", MemberKind::kReadOnly, 1, 1,
      [](Object& object, Arguments at) -> Variant { return Self(object).List(ToLong(at[0])); }, nullptr, "String"},
+    PropertyRow<&FileListBox::MultiSelect>("MultiSelect"),
+    ReadOnlyRow<&FileListBox::SelCount>("SelCount"),
+    {"Selected", MemberKind::kReadWrite, 1, 1,
+     [](Object& object, Arguments at) -> Variant { return Self(object).Selected(ToLong(at[0])); },
+     [](Object& object, Arguments at, const Variant& value) {
+       Self(object).SetSelected(ToLong(at[0]), ToBoolean(value));
+     },
+     "Boolean"},
     MethodRow<&FileListBox::Reload>("Refresh"),
 };
 const MemberTable kTable{&Control::kWindowedMembers, kRows};
@@ -65,6 +73,27 @@ int FileListBox::ListCount() const {
 std::string FileListBox::List(int row) const {
   EnsureListed();
   return row < 0 || row >= ListCount() ? std::string() : names_[static_cast<size_t>(row)];
+}
+
+bool FileListBox::Selected(int row) const {
+  if (row < 0 || row >= ListCount()) Raise(error::kInvalidProcedureCall);
+  return MultiSelect == 0 ? row == ListIndex : selected_[static_cast<size_t>(row)];
+}
+
+void FileListBox::SetSelected(int row, bool selected) {
+  if (row < 0 || row >= ListCount()) Raise(error::kInvalidProcedureCall);
+  if (MultiSelect == 0) {
+    ListIndex = selected ? row : -1;
+    return;
+  }
+  selected_[static_cast<size_t>(row)] = selected;
+  if (FormPeer* shown = peer()) shown->Update(*this, PropertyId::kSelection);
+}
+
+int FileListBox::SelCount() const {
+  if (MultiSelect == 0) return ListIndex < 0 ? 0 : 1;
+  EnsureListed();
+  return static_cast<int>(std::count(selected_.begin(), selected_.end(), true));
 }
 
 void FileListBox::SetFileName(std::string_view name) {
@@ -101,6 +130,7 @@ void FileListBox::EnsureListed() const {
 void FileListBox::ListFolder() const {
   listed_ = true;
   names_.clear();
+  selected_.clear();
   if (path_.empty()) path_ = platform().files().CurrentFolder();
   const std::vector<std::string> patterns = Split(Pattern.get(), ";");
   Attempt([&] {
@@ -112,6 +142,7 @@ void FileListBox::ListFolder() const {
       if (wanted) names_.push_back(entry.name);
     }
   });
+  selected_.resize(names_.size());
 }
 
 }  // namespace kestrun

@@ -18,6 +18,9 @@ class FileListBox final : public Control {
   Property<int> Appearance{*this, PropertyId::kAppearance, 1};
   Property<int> ListIndex{*this, PropertyId::kListIndex, -1};
 
+  // 0 one row, 1 several by click, 2 several with Ctrl and Shift.
+  Property<int> MultiSelect{*this, PropertyId::kMultiSelect};
+
   // The folder without a trailing separator (a drive's root has one). Assigning lists the new folder and fires
   // PathChange; error 76, with nothing changed, when the folder does not exist. Empty at first: the process's current
   // folder is listed on first use.
@@ -30,7 +33,11 @@ class FileListBox final : public Control {
   // The current file's name, empty when none. Assigning a listed name makes it the current one; error 53 otherwise.
   [[nodiscard]] std::string FileName() const { return List(ListIndex); }
   void SetFileName(std::string_view name);
-  // Lists the folder again; the current row goes. A folder that has vanished gives an empty list.
+  // Error 5 for a row that does not exist.
+  [[nodiscard]] bool Selected(int row) const;
+  void SetSelected(int row, bool selected);
+  [[nodiscard]] int SelCount() const;
+  // Lists the folder again; the current row and the selection go. A folder that has vanished gives an empty list.
   void Reload();
 
   Event<> PathChange;
@@ -49,6 +56,7 @@ class FileListBox final : public Control {
 
   mutable std::string path_;
   mutable std::vector<std::string> names_;
+  mutable std::vector<bool> selected_;  // by row, of a list with several
   mutable bool listed_ = false;
 };
 

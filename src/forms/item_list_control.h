@@ -41,6 +41,7 @@ class ItemListControl : public Control {
     std::string text;
     int data = 0;
     bool selected = false;
+    bool marked = false;
   };
   [[nodiscard]] const std::vector<Row>& rows() const { return rows_; }
   // Error 5 for a row that does not exist.

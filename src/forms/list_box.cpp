@@ -47,4 +47,17 @@ int ListBox::SelCount() const {
   return static_cast<int>(std::count_if(rows().begin(), rows().end(), [](const Row& row) { return row.selected; }));
 }
 
+int ListBox::MarkedRow() const {
+  const auto found = std::find_if(rows().begin(), rows().end(), [](const Row& row) { return row.marked; });
+  return found == rows().end() ? -1 : static_cast<int>(found - rows().begin());
+}
+
+void ListBox::MarkRow(int row) {
+  const int before = MarkedRow();
+  if (before == row) return;
+  if (row >= 0) RowAt(row).marked = true;
+  if (before >= 0) RowAt(before).marked = false;
+  if (FormPeer* shown = peer()) shown->Update(*this, PropertyId::kStyle);
+}
+
 }  // namespace kestrun

@@ -14,10 +14,17 @@ class ListBox final : public ItemListControl {
   // Width in pixels that can be scrolled to; at most the list's own width shows no scroll bar.
   Property<int> HorizontalExtent{*this, PropertyId::kScrollBars};
 
+  // What the marked row is, such as "plays now": shown in front of the row by a sign, and told to screen readers. Empty
+  // for a list whose rows are never marked.
+  Property<std::string> MarkMeaning{*this, PropertyId::kStyle};
+
   // Error 5 for a row that does not exist.
   [[nodiscard]] bool Selected(int row) const;
   void SetSelected(int row, bool selected);
   [[nodiscard]] int SelCount() const;
+  // The one row with the mark, -1 for none. The mark moves with the row and goes with it.
+  [[nodiscard]] int MarkedRow() const;
+  void MarkRow(int row);
   // The current row's text, empty when there is none.
   [[nodiscard]] std::string Text() const { return List(ListIndex); }
 

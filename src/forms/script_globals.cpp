@@ -1,8 +1,12 @@
 #include "forms/script_globals.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "forms/active_form.h"
 #include "forms/member_rows.h"
+#include "forms/picture.h"
+#include "forms/script_system.h"
 #include "forms/window_registry.h"
 #include "platform/platform.h"
 
@@ -97,11 +101,25 @@ constexpr Member kAppRows[]{
     Reading(
         "Revision", [](Object&, Arguments) -> Variant { return platform().program().ProgramVersion().revision; },
         "Long"),
+    Reading(
+        "hInstance", [](Object&, Arguments) -> Variant { return InstalledScriptSystem().instance; }, "Long"),
+    ReadOnlyRow<&AppObject::HasPreviousInstance>("PrevInstance"),
 };
 constexpr MemberTable kAppTable{nullptr, kAppRows};
 
-// Of the formats that have numbers, the clipboard's plain text.
+// The numbers of the formats: text, and a picture under either of its two names.
 constexpr int kTextFormat = 1;
+constexpr int kBitmapFormat = 2;
+constexpr int kDibFormat = 8;
+constexpr int kInvalidFormat = 460;
+
+bool IsPictureFormat(int format) { return format == kBitmapFormat || format == kDibFormat; }
+
+// 0 and none at all leave the choice to the data.
+void RequirePictureFormat(Arguments given, size_t at) {
+  const int format = given.size() > at ? ToLong(given[at]) : 0;
+  if (format != 0 && !IsPictureFormat(format)) Raise(kInvalidFormat, "Invalid Clipboard format");
+}
 
 Variant CallSetText(Object&, Arguments given) {
   platform().clipboard().SetText(ToText(given[0]));
@@ -111,19 +129,35 @@ Variant CallSetText(Object&, Arguments given) {
 Variant CallGetText(Object&, Arguments) { return platform().clipboard().Text(); }
 
 Variant CallGetFormat(Object&, Arguments which) {
-  return ToLong(which[0]) == kTextFormat && !platform().clipboard().Text().empty();
+  const int format = ToLong(which[0]);
+  if (IsPictureFormat(format)) return InstalledScriptSystem().clipboard_picture().has_value();
+  return format == kTextFormat && !platform().clipboard().Text().empty();
+}
+
+Variant CallGetData(Object&, Arguments given) {
+  RequirePictureFormat(given, 0);
+  std::optional<DecodedPicture> there = InstalledScriptSystem().clipboard_picture();
+  if (!there) return Variant::Nothing();
+  return MakeRef<Picture>(there->width, there->height, std::move(there->pixels));
+}
+
+Variant CallSetData(Object&, Arguments given) {
+  RequirePictureFormat(given, 1);
+  const auto* picture = given[0].Is(VarType::kObject) ? dynamic_cast<const Picture*>(given[0].object()) : nullptr;
+  if (!picture) Raise(error::kTypeMismatch);
+  InstalledScriptSystem().set_clipboard_picture({picture->width_pixels(), picture->height_pixels(), picture->pixels()});
+  return {};
 }
 
 Variant CallClear(Object&, Arguments) {
-  platform().clipboard().SetText("");
+  InstalledScriptSystem().clear_clipboard();
   return {};
 }
 
 constexpr Member kClipboardRows[]{
-    RawMethodRow("Clear", 0, 0, &CallClear),
-    RawMethodRow("GetText", 0, 1, &CallGetText),
-    RawMethodRow("SetText", 1, 2, &CallSetText),
-    RawMethodRow("GetFormat", 1, 1, &CallGetFormat),
+    RawMethodRow("Clear", 0, 0, &CallClear),     RawMethodRow("GetText", 0, 1, &CallGetText),
+    RawMethodRow("SetText", 1, 2, &CallSetText), RawMethodRow("GetFormat", 1, 1, &CallGetFormat),
+    RawMethodRow("GetData", 0, 1, &CallGetData), RawMethodRow("SetData", 1, 2, &CallSetData),
 };
 constexpr MemberTable kClipboardTable{nullptr, kClipboardRows};
 
@@ -151,6 +185,16 @@ const MemberTable& AppObject::Members() const { return kAppTable; }
 const MemberTable& ClipboardObject::Members() const { return kClipboardTable; }
 
 std::unique_ptr<Enumeration> FormCollection::Enumerate() { return std::make_unique<FormEnumeration>(); }
+
+bool AppObject::HasPreviousInstance() {
+  if (!has_previous_) {
+    const std::string own = platform().program().ExeName() + ".exe";
+    const std::vector<std::string> names = platform().processes().RunningNames();
+    has_previous_ =
+        std::count_if(names.begin(), names.end(), [&](const std::string& name) { return EqualsNoCase(name, own); }) > 1;
+  }
+  return *has_previous_;
+}
 
 std::string AppObject::Title() const { return title_.empty() ? platform().program().ExeName() : title_; }
 

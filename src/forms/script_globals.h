@@ -1,6 +1,7 @@
 // The objects that scripts find beside the windows: Screen, App and Clipboard.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "base/object.h"
@@ -29,15 +30,18 @@ class AppObject final : public TableObject {
   // The program's name until something else is assigned.
   [[nodiscard]] std::string Title() const;
   void SetTitle(std::string_view title) { title_ = title; }
+  // Whether another process of this program was there when it was first asked.
+  [[nodiscard]] bool HasPreviousInstance();
 
   [[nodiscard]] std::string TypeName() const override { return "App"; }
   [[nodiscard]] const MemberTable& Members() const override;
 
  private:
   std::string title_;
+  std::optional<bool> has_previous_;
 };
 
-// The system's clipboard; it holds text.
+// The system's clipboard; it holds text or a picture.
 class ClipboardObject final : public TableObject {
  public:
   [[nodiscard]] std::string TypeName() const override { return "Clipboard"; }

@@ -37,6 +37,20 @@ void SetIniValue(const std::string& File, const std::string& Section, const std:
   static_cast<void>(WriteProfileValue(File, Section, Key, copy));
 }
 
+std::vector<std::string> GetNumberedIniValues(const std::string& File, const std::string& Section,
+                                              const NumberedKeys& keys, const std::string& Default) {
+  std::vector<std::string> values;
+  values.reserve(keys.count);
+  for (std::optional<std::string>& value : ReadNumberedProfileValues(File, Section, keys)) {
+    values.push_back(value ? std::move(*value) : ShapeProfileDefault(Default));
+  }
+  return values;
+}
+
+bool SetIniValues(const std::string& File, const std::vector<ProfileValue>& values) {
+  return WriteProfileValues(File, values);
+}
+
 std::string AppFile(const std::string& Name) { return platform().program().Folder() + "\\" + Name; }
 
 std::string ReadSetting(const Setting& row, std::string_view open_part) {

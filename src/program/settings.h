@@ -4,7 +4,9 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "formats/profile/profile_file.h"
 #include "program/setting_table.h"
 
 namespace kestrun {
@@ -17,6 +19,12 @@ namespace kestrun {
 // Writes one value, creating file and section when needed; a failure is ignored. The value goes into the file with its
 // line breaks, and the caller's own string has blanks in their place afterwards.
 void SetIniValue(const std::string& File, const std::string& Section, const std::string& Key, std::string& Value);
+
+// Numbered keys of one section, and any values of one file, at once: results and bytes are those of the two calls above
+// made for one key after the other, but the file is read and written once. False when the values could not be stored.
+[[nodiscard]] std::vector<std::string> GetNumberedIniValues(const std::string& File, const std::string& Section,
+                                                            const NumberedKeys& keys, const std::string& Default);
+bool SetIniValues(const std::string& File, const std::vector<ProfileValue>& values);
 
 // The program's folder + "\" + Name.
 [[nodiscard]] std::string AppFile(const std::string& Name);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/convert.h"
+#include "forms/picture.h"
 #include "forms/text_box.h"
 #include "forms/window_registry.h"
 #include "support/error_number.h"
@@ -66,6 +67,38 @@ TEST_F(ScriptGlobalsTest, TheAppTellsItsPlaceAndVersion) {
   PutMember(*app, "Title", "Mine");
   EXPECT_EQ(ToText(GetMember(*app, "Title")), "Mine");
   EXPECT_EQ(ErrorOf([&] { PutMember(*app, "Path", "x"); }), "383: Property is read-only");
+}
+
+TEST_F(ScriptGlobalsTest, TheAppTellsItsNumberAndWhetherItWasRunningAlready) {
+  EXPECT_NE(ToLong(GetMember(*app, "hInstance")), 0);
+  desktop.processes().names = {"explorer.exe", "kestrun.exe"};
+  EXPECT_FALSE(ToBoolean(GetMember(*app, "PrevInstance")));
+  desktop.processes().names.emplace_back("KESTRUN.EXE");
+  EXPECT_FALSE(ToBoolean(GetMember(*app, "PrevInstance")));  // that one came later
+  EXPECT_TRUE(ToBoolean(GetMember(*MakeRef<AppObject>(), "PrevInstance")));
+}
+
+TEST_F(ScriptGlobalsTest, APictureGoesThroughTheClipboard) {
+  constexpr uint32_t kRed = 0xFFFF0000;
+  const Ref<Picture> picture = MakeRef<Picture>(2, 1, std::vector<uint32_t>{kRed, 0});
+  EXPECT_EQ(CallMember(*clipboard, "GetData").object(), nullptr);
+  CallMember(*clipboard, "SetText", {"text"});
+  CallMember(*clipboard, "SetData", {picture});
+  EXPECT_EQ(ToText(CallMember(*clipboard, "GetText")), "");
+  for (const int format : {2, 8}) EXPECT_TRUE(ToBoolean(CallMember(*clipboard, "GetFormat", {format})));
+  EXPECT_FALSE(ToBoolean(CallMember(*clipboard, "GetFormat", {1})));
+  const Variant back = CallMember(*clipboard, "GetData", {2});
+  ASSERT_NE(dynamic_cast<Picture*>(back.object()), nullptr);
+  EXPECT_EQ(dynamic_cast<Picture*>(back.object())->pixels(), picture->pixels());
+  CallMember(*clipboard, "Clear");
+  EXPECT_FALSE(ToBoolean(CallMember(*clipboard, "GetFormat", {2})));
+}
+
+TEST_F(ScriptGlobalsTest, WhatIsNoPictureAndFormatsThatAreNoneAreRefused) {
+  const Ref<Picture> picture = MakeRef<Picture>(1, 1, std::vector<uint32_t>{0});
+  EXPECT_EQ(ErrorOf([&] { CallMember(*clipboard, "SetData", {"text"}); }), "13: Type mismatch");
+  EXPECT_EQ(ErrorOf([&] { CallMember(*clipboard, "SetData", {picture, 99}); }), "460: Invalid Clipboard format");
+  EXPECT_EQ(ErrorOf([&] { CallMember(*clipboard, "GetData", {1}); }), "460: Invalid Clipboard format");
 }
 
 TEST_F(ScriptGlobalsTest, TextGoesThroughTheClipboard) {

@@ -86,6 +86,19 @@ TEST_F(PackCommandTest, AnArchiveThatIsNoneIsReportedAndStillLogged) {
   EXPECT_EQ(Log(), "%APPDIR%\\extra.bin --> %GAMEDIR%\\none.pff:A.BMS ~>OK\r\n");
 }
 
+// A file of that length takes no room on the disk: nothing of it was written.
+TEST_F(PackCommandTest, ASourceOverTwoGigabytesIsRefusedWithItsLengthBeforeAnyWork) {
+  constexpr uint64_t kBytes = 0x80000000;
+  native_files.Open(MapPath("Huge.bms"), OpenMode::kCreate)->Truncate(kBytes);
+  const std::string before = ReadFile(GamePath("dflw.pff"));
+  const std::string sentence =
+      "The file '" + MapPath("Huge.bms") + "' has 2147483648 bytes. Files over 2 GB are refused.";
+  desktop.dialogs().ExpectBox("Error: packfile 6\r\n" + sentence);
+  Pack("%GAMEDIR%\\dflw.pff", "A.BMS", MapPath("Huge.bms"));
+  EXPECT_EQ(ReadFile(GamePath("dflw.pff")), before);
+  native_files.Delete(MapPath("Huge.bms"));
+}
+
 TEST_F(PackCommandTest, AnEmptySourceIsReportedAndTheEntryKept) {
   WriteFile(MapPath("Empty.bms"), "");
   const std::string before = ReadFile(GamePath("dflw.pff"));

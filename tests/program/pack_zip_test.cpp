@@ -172,6 +172,29 @@ TEST_F(PackZipTest, AMemberWithAWrongChecksumIsToldAndPackedAllTheSame) {
   EXPECT_EQ(EntryOf(archive, "OASIS.BMS"), "BMS oasis");
 }
 
+// The member's data is a hole in the file: it takes no room on the disk.
+TEST_F(PackZipTest, AMemberOverTwoGigabytesIsRefusedWithItsLengthBeforeAnythingIsUnpacked) {
+  constexpr uint32_t kBytes = 0x80000000;
+  ZipMember huge{"HUGE.BMS", ""};
+  huge.compressed_size = kBytes;
+  huge.uncompressed_size = kBytes;
+  const std::string local = BuildZip({huge}).substr(0, 30 + huge.name.size());
+  const std::string rest = BuildZip({huge}, {.directory_offset = static_cast<uint32_t>(local.size()) + kBytes});
+  const std::string path = MapPath("maps.zip");
+  {
+    const auto file = native_files.Open(path, OpenMode::kCreate);
+    file->WriteAt(0, AsBytes(local));
+    file->WriteAt(local.size() + uint64_t{kBytes}, AsBytes(std::string_view(rest).substr(local.size())));
+  }
+  const std::string before = ReadFile(archive);
+  desktop.dialogs().ExpectBox(
+      "Error: packfile 6\r\nThe zip's member 'HUGE.BMS' has 2147483648 bytes. Files over 2 GB are refused.");
+  PackCommand("-pack \"" + archive + "\" \"NEW.BMS\" \"" + path + "\"/z");
+  EXPECT_EQ(ReadFile(archive), before);
+  EXPECT_FALSE(FileIsThere(Path("temp\\unzipped_NEW.BMS\\HUGE.BMS")));
+  native_files.Delete(path);
+}
+
 TEST_F(PackZipTest, AZipWithoutMembersLeavesTheArchiveReadable) {
   Pack({});
   EXPECT_EQ(EntryOf(archive, "A.BMS"), std::string(100, 'o'));

@@ -31,11 +31,19 @@ NameMatcher::NameMatcher(std::string_view name_bytes) : lower_(&SingleByteLower(
   for (char& byte : wanted_) byte = (*lower_)[static_cast<unsigned char>(byte)];
 }
 
+// Whether a byte differs before anything in the name is dropped or trimmed: nearly every other name does.
+bool NameMatcher::DiffersEarly(const Entry& entry) const {
+  const char* const name = entry.name.data();
+  if (name[0] == ' ') return false;
+  for (size_t at = 0; at < kNameBytes && !IsDropped(name[at]); ++at) {
+    if (at == wanted_.size()) return name[at] != ' ';
+    if ((*lower_)[static_cast<unsigned char>(name[at])] != wanted_[at]) return true;
+  }
+  return false;
+}
+
 bool NameMatcher::Matches(const Entry& entry) const {
-  // Nearly every other name differs in its first byte already.
-  const char first = entry.name[0];
-  const bool plain = !IsDropped(first) && first != ' ';
-  if (plain && (wanted_.empty() || (*lower_)[static_cast<unsigned char>(first)] != wanted_[0])) return false;
+  if (DiffersEarly(entry)) return false;
   std::array<char, kNameBytes> kept{};
   size_t count = 0;
   for (const char byte : entry.name) {

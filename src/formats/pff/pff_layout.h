@@ -65,6 +65,8 @@ class NameMatcher {
   [[nodiscard]] bool Matches(const Entry& entry) const;
 
  private:
+  [[nodiscard]] bool DiffersEarly(const Entry& entry) const;
+
   const std::array<char, 256>* lower_;
   std::string wanted_;
 };

@@ -3,6 +3,7 @@
 #include "base/code_page.h"
 #include "base/runtime_error.h"
 #include "base/to_size.h"
+#include "formats/profile/profile_document.h"
 #include "formats/profile/profile_text.h"
 #include "platform/platform.h"
 
@@ -60,6 +61,22 @@ bool WriteProfileValue(std::string_view path, std::string_view section, std::str
     const Bytes content = InFittingEncoding(ReadForChange(path), section, key, value);
     const std::optional<Bytes> changed = WithProfileValue(content, section, key, value);
     if (changed) ReplaceContent(path, *changed);
+  });
+}
+
+std::vector<std::optional<std::string>> ReadNumberedProfileValues(std::string_view path, std::string_view section,
+                                                                  const NumberedKeys& keys) {
+  std::vector<std::optional<std::string>> values(keys.count);
+  Attempt(
+      [&] { values = FindNumberedProfileValues(platform().files().ReadAll(path), section, keys, kProfileValueBytes); });
+  return values;
+}
+
+bool WriteProfileValues(std::string_view path, const std::vector<ProfileValue>& values) {
+  return Attempt([&] {
+    ProfileDocument document(ReadForChange(path));
+    for (const ProfileValue& one : values) document.Set(one.section, one.key, one.value);
+    if (document.has_changed()) ReplaceContent(path, document.ToBytes());
   });
 }
 

@@ -5,6 +5,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "formats/profile/profile_text.h"
 
 namespace kestrun {
 
@@ -21,5 +24,16 @@ inline constexpr size_t kProfileValueBytes = 254;
 // Creates file and section when needed. The new content is written beside the file, under its name with ".new" behind,
 // and takes its place in one step. False when the value could not be stored.
 bool WriteProfileValue(std::string_view path, std::string_view section, std::string_view key, std::string_view value);
+
+// Many values with one read or one write of the file: what came of the calls above, made for one key after the other.
+[[nodiscard]] std::vector<std::optional<std::string>> ReadNumberedProfileValues(std::string_view path,
+                                                                                std::string_view section,
+                                                                                const NumberedKeys& keys);
+struct ProfileValue {
+  std::string section;
+  std::string key;
+  std::string value;
+};
+bool WriteProfileValues(std::string_view path, const std::vector<ProfileValue>& values);
 
 }  // namespace kestrun

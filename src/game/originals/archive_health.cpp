@@ -79,6 +79,7 @@ std::string KeptNames(const std::string& path) {
     const Place& place = record.place;
     const bool is_here = EqualsNoCase(place.folder, archive.folder) && EqualsNoCase(place.file, archive.file);
     if (!is_here || place.entry.empty() || record.versions.empty()) continue;
+    if (record.versions.front().IsAbsence()) continue;
     names += (names.empty() ? "\"" : ", \"") + place.entry + "\"";
   }
   return names;

@@ -11,6 +11,7 @@
 #include "formats/bms/mission_layout.h"
 #include "game/originals/present_content.h"
 #include "platform/platform.h"
+#include "platform/turn.h"
 #include "program/path_text.h"
 
 namespace kestrun::originals {
@@ -217,6 +218,9 @@ void RestoreOriginal(const Difference& difference, bool keep_present) {
 void RestoreVersion(const Difference& difference, const KeptVersion& version, bool keep_present) {
   const Place& place = difference.place;
   const Bytes bytes = version.IsAbsence() ? Bytes() : ReadContent(version.sha256);
+  // The archive's turn comes before the ledger's, as where something is put in: in the other order two processes would
+  // wait for each other.
+  const auto turn = place.entry.empty() ? nullptr : TakeTurn(place.Path());
   Ledger ledger;
   const std::optional<Content> present = ReadPlace(place);
   if (HashOf(present) != difference.present_sha256) {

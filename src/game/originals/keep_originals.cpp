@@ -15,6 +15,10 @@ namespace {
 
 class LedgerKeeper final : public OriginalsKeeper {
  public:
+  ~LedgerKeeper() override {
+    if (ledger_) ledger_->MakeDurable();
+  }
+
   void KeepEntry(ClsPFF& archive, const std::string& name, ByteView content, const std::string& source) override {
     Keep(PlaceOf(archive.OpenFileName(), EntryName(name)), ReadEntry(archive, name), Put(content, source));
   }

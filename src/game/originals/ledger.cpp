@@ -17,8 +17,8 @@ namespace {
 
 // An index beyond this was not written by the program.
 constexpr uint64_t kMostIndexBytes = uint64_t{64} << 20;
-// Shorter ones are never written anew.
-constexpr uint64_t kCompactFromBytes = uint64_t{256} << 10;
+// Shorter ones are never written anew. Every put reads the index: up to here that takes less than a millisecond.
+constexpr uint64_t kCompactFromBytes = uint64_t{64} << 10;
 constexpr uint64_t kCompactFactor = 4;
 
 std::string LedgerFolder() { return AppFile("originals"); }
@@ -136,8 +136,11 @@ void Ledger::Keep(const Place& place, const std::optional<Content>& present, Las
   const Record* record = index_.Find(place);
   try {
     if (present && !(record && record->IsOurs(sha256))) StoreVersion(place, *present, sha256);
+    const bool keeps = notes_.size() > noted;
     if (!present && !record) Note({EventKind::kNone, place, {}, {}});
-    if (notes_.size() > noted) WriteNotes(true);
+    // Where nothing was, nothing is lost with the line: a zip of many files waits for the disk once, in MakeDurable.
+    awaits_disk_ |= !present && !record;
+    if (keeps) WriteNotes(true);
   } catch (const std::exception&) {
     NotePut(place, std::move(next));
     throw;
@@ -151,6 +154,12 @@ void Ledger::Keep(const Place& place, const std::optional<Content>& present, Las
 void Ledger::NotePut(const Place& place, LastPut put) {
   Note({EventKind::kPut, place, {}, std::move(put)});
   Attempt([&] { WriteNotes(false); });
+}
+
+void Ledger::MakeDurable() {
+  if (!awaits_disk_) return;
+  awaits_disk_ = false;
+  Attempt([this] { WriteNotes(true); });
 }
 
 void Ledger::KeepForeign(const Place& place, const KeptVersion& original, const Content& present) {
@@ -234,7 +243,7 @@ void Ledger::WriteNotes(bool durable) {
     knows_all_ = false;
     notes_.insert(0, kCrLf);
   }
-  file->WriteAt(end, AsBytes(notes_));
+  if (!notes_.empty()) file->WriteAt(end, AsBytes(notes_));
   if (durable) file->Flush();
   file->Close();
   // The file may have been made by a line that nobody waited for.
@@ -245,8 +254,10 @@ void Ledger::WriteNotes(bool durable) {
 }
 
 void Ledger::CompactWhenLong() {
-  if (!knows_all_ || index_bytes_ < kCompactFromBytes) return;
+  if (!knows_all_ || index_bytes_ < std::max(kCompactFromBytes, look_again_from_)) return;
   const std::string compacted = index_.Compacted();
+  // A zip of many files makes many lines at once: they are not put together again for each of them.
+  look_again_from_ = 2 * index_bytes_;
   if (index_bytes_ < kCompactFactor * compacted.size()) return;
   if (Attempt([&] { platform().files().WriteAllDurably(IndexPath(), AsBytes(compacted)); })) {
     index_bytes_ = compacted.size();

@@ -46,6 +46,8 @@ class Ledger {
   // Before something of the game is replaced: keeps what is there unless it is the program's own or kept already, and
   // notes what takes its place. Raises when that cannot be kept.
   void Keep(const Place& place, const std::optional<Content>& present, LastPut next);
+  // Waits until the places that were noted as empty are on the disk.
+  void MakeDurable();
   // Keeps a content that another program put there as a further version, behind the place's original.
   void KeepForeign(const Place& place, const KeptVersion& original, const Content& present);
 
@@ -67,6 +69,8 @@ class Ledger {
   Index index_;
   std::string notes_;
   uint64_t index_bytes_ = 0;
+  bool awaits_disk_ = false;
+  uint64_t look_again_from_ = 0;   // bytes of the index from which writing it anew may be worth it
   bool knows_all_ = true;          // of what the file holds
   bool has_flushed_name_ = false;  // the index's own name is on the disk
 };

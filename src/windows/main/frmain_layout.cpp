@@ -3,12 +3,12 @@
 #include <initializer_list>
 
 #include "maps/put/mission_name.h"
+#include "program/menu_pictures.h"
 #include "program/program_pictures.h"
 #include "program/window_kit/fit_picture.h"
 #include "program/window_kit/list_focus.h"
 #include "program/window_kit/place_controls.h"
 #include "windows/main/frmain.h"
-#include "windows/main/frmain_pictures.h"
 
 namespace kestrun {
 namespace {

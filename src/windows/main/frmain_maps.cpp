@@ -11,6 +11,7 @@
 #include "platform/platform.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
+#include "program/menu_pictures.h"
 #include "program/path_text.h"
 #include "program/program_pictures.h"
 #include "program/settings.h"
@@ -18,7 +19,6 @@
 #include "program/window_kit/run_command.h"
 #include "web/fetch_scope.h"
 #include "windows/main/frmain.h"
-#include "windows/main/frmain_pictures.h"
 
 namespace kestrun {
 namespace {

@@ -1,9 +1,9 @@
 // The menus of the main window: captions and access keys, and the items that do nothing but open a window.
 #include <initializer_list>
 
+#include "program/menu_pictures.h"
 #include "program/window_kit/run_command.h"
 #include "windows/main/frmain.h"
-#include "windows/main/frmain_pictures.h"
 
 namespace kestrun {
 namespace {

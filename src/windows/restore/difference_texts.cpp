@@ -61,7 +61,7 @@ std::string RowText(const Difference& difference) {
 }
 
 std::string SinceText(const Difference& difference) {
-  if (IsBare(difference)) return {};
+  if (IsBare(difference) || difference.present == Present::kOriginal) return {};
   return difference.since.empty() ? "Not known" : difference.since;
 }
 
@@ -69,6 +69,7 @@ std::string SizeText(const Difference& difference) {
   const std::string original =
       difference.IsAddition() ? "it was not there before" : "the original: " + ByteCount(difference.original.length);
   if (IsBare(difference)) return original;
+  if (difference.present == Present::kOriginal) return ByteCount(difference.length);
   return ByteCount(difference.length) + "; " + original;
 }
 
@@ -89,7 +90,10 @@ std::string CountText(const std::vector<Difference>& differences) {
   std::string text = "Nothing in this folder differs from its originals.";
   if (count == 1) text = "1 thing in this folder differs from its original.";
   if (count > 1) text = std::to_string(count) + " things in this folder differ from their originals.";
-  if (back > 0) text += " Of " + std::to_string(back) + " more there are further versions.";
+  if (back > 0) {
+    text += " " + Counted(static_cast<size_t>(back), "unchanged thing has further versions.",
+                          "unchanged things have further versions.");
+  }
   return text;
 }
 

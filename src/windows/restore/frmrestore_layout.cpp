@@ -61,7 +61,7 @@ void frmrestore::LayOutLists() {
   CmdBrowse.Caption = "&Browse";
   CmdBrowse.ToolTipText = "Choose the folder of a game that was moved.";
   CmdBrowse.Move(kClientWidth - kMargin - kBrowseWidth, kFoldersTop, kBrowseWidth, kButtonHeight);
-  LblMissions.Caption = "&Differs from the original:";
+  LblMissions.Caption = "&Differs from the original, or has further versions:";
   LblMissions.Move(kMargin, kMissionsTop - kLabelStep, kInside, kLabelHeight);
   LstMissions.Move(kMargin, kMissionsTop, kInside, kMissionsHeight);
   LstMissions.MultiSelect = true;

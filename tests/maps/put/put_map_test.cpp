@@ -303,6 +303,20 @@ TEST_F(PutMapTest, AnEmptyMapIsAFailureAndLeavesTheArchive) {
   EXPECT_EQ(ReadFile(Archive()), before);
 }
 
+// A file of that length takes no room on the disk: nothing of it was written.
+TEST_F(PutMapTest, AMapOverTwoGigabytesIsRefusedWithItsLength) {
+  native_files.Open(MapPath("Oasis.bms"), OpenMode::kReadWrite)->Truncate(0x80000000);
+  const std::string before = ReadFile(Archive());
+  for (const int32_t mode : {kPutInArchive, kPutBesideOnly}) {
+    desktop.dialogs().ExpectBox("Error: 6\r\nThe file '" + MapPath("Oasis.bms") +
+                                "' has 2147483648 bytes. Files over 2 GB are refused.");
+    EXPECT_FALSE(Put("NEW.BMS", mode));
+  }
+  EXPECT_EQ(ReadFile(Archive()), before);
+  EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS")));
+  native_files.Delete(MapPath("Oasis.bms"));
+}
+
 // The fixture would fail on the window of the question.
 TEST_F(PutMapTest, AnEmptyMapIsRefusedBeforeTheOverwriteQuestion) {
   WriteFile(MapPath("Oasis.bms"), "");

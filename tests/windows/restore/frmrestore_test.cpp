@@ -164,7 +164,7 @@ TEST_F(ForeignContentTest, AFurtherVersionIsPutBackInTheOriginalsPlace) {
   desktop.dialogs().ExpectBox("1 original is back.");
   window.CmdRestore.Press();
   EXPECT_EQ(window.LblState.Caption.get(),
-            "1 thing in this folder differs from its original. Of 1 more there are further versions.");
+            "1 thing in this folder differs from its original. 1 unchanged thing has further versions.");
   Select(window, "D08M03.BMS in dflw.pff:  Desert prison - the original");
   ASSERT_TRUE(window.CboVersion.Enabled);
   ASSERT_EQ(window.CboVersion.ListCount(), 2);

@@ -1,10 +1,12 @@
 #include "desktop/win32/system/win32_services.h"
 
 #include <algorithm>
+#include <cstring>
 #include <functional>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "desktop/win32/system/clipboard_bitmap.h"
 #include "desktop/win32/system/file_holders.h"
 #include "desktop/win32/system/handles.h"
 #include "desktop/win32/system/late_call.h"
@@ -12,6 +14,7 @@
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/system/win32_files.h"
 #include "desktop/win32/system/win32_http.h"
+#include "platform/platform.h"
 // Only here: its types and those of winhttp.h exclude each other.
 #include <wininet.h>
 
@@ -101,6 +104,10 @@ std::string Win32Program::ExeName() {
 }
 
 std::string Win32Program::CommandLine() { return FromWide(WithoutProgramName(GetCommandLineW())); }
+
+int32_t Win32Program::InstanceNumber() {
+  return static_cast<int32_t>(reinterpret_cast<intptr_t>(GetModuleHandleW(nullptr)));
+}
 
 Bytes Win32Program::Resource(std::string_view type, int number) {
   const HRSRC found = FindResourceW(nullptr, MAKEINTRESOURCEW(number), ToWide(type).c_str());
@@ -266,23 +273,60 @@ std::string Win32Clipboard::Text() {
   return text;
 }
 
-void Win32Clipboard::SetText(std::string_view text) {
-  const std::wstring wide = ToWideLines(text);
-  const size_t bytes = (wide.size() + 1) * sizeof(wchar_t);
-  const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
+namespace {
+
+[[noreturn]] void RaiseClipboardNotOpen() {
+  constexpr int kClipboardNotOpen = 521;
+  Raise(kClipboardNotOpen, "Can't open Clipboard");
+}
+
+// Puts the bytes in the place of all that is on the clipboard.
+void StoreOnClipboard(UINT format, const void* bytes, size_t count) {
+  const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, count);
   if (!block) Raise(error::kOutOfMemory);
-  std::copy_n(wide.c_str(), wide.size() + 1, static_cast<wchar_t*>(GlobalLock(block)));
+  std::memcpy(GlobalLock(block), bytes, count);
   GlobalUnlock(block);
   bool stored = false;
   if (OpenTheClipboard()) {
     EmptyClipboard();
-    stored = SetClipboardData(CF_UNICODETEXT, block) != nullptr;
+    stored = SetClipboardData(format, block) != nullptr;
     CloseClipboard();
   }
   if (stored) return;
   GlobalFree(block);
-  constexpr int kClipboardNotOpen = 521;
-  Raise(kClipboardNotOpen, "Can't open Clipboard");
+  RaiseClipboardNotOpen();
+}
+
+}  // namespace
+
+void Win32Clipboard::SetText(std::string_view text) {
+  const std::wstring wide = ToWideLines(text);
+  StoreOnClipboard(CF_UNICODETEXT, wide.c_str(), (wide.size() + 1) * sizeof(wchar_t));
+}
+
+std::optional<DecodedPicture> Win32Clipboard::Picture() {
+  Bytes bitmap;
+  if (!OpenTheClipboard()) return std::nullopt;
+  if (const HANDLE data = GetClipboardData(CF_DIB)) {
+    if (const auto* bytes = static_cast<const uint8_t*>(GlobalLock(data))) {
+      bitmap.assign(bytes, bytes + GlobalSize(data));
+      GlobalUnlock(data);
+    }
+  }
+  CloseClipboard();
+  const std::optional<Bytes> file = BitmapFile(bitmap);
+  return file ? platform().pictures().Decode(*file) : std::nullopt;
+}
+
+void Win32Clipboard::SetPicture(const DecodedPicture& picture) {
+  const Bytes bitmap = ClipboardBitmap(picture);
+  StoreOnClipboard(CF_DIB, bitmap.data(), bitmap.size());
+}
+
+void Win32Clipboard::Clear() {
+  if (!OpenTheClipboard()) RaiseClipboardNotOpen();
+  EmptyClipboard();
+  CloseClipboard();
 }
 
 }  // namespace kestrun

@@ -24,6 +24,7 @@ class Win32Program final : public Program {
   [[nodiscard]] std::string ExeName() override;
   [[nodiscard]] std::string CommandLine() override;
   [[nodiscard]] Version ProgramVersion() override { return {}; }
+  [[nodiscard]] static int32_t InstanceNumber();
   [[nodiscard]] Bytes Resource(std::string_view type, int number) override;
 };
 
@@ -73,8 +74,11 @@ class Win32Internet final : public Internet {
 class Win32Clipboard final : public Clipboard {
  public:
   [[nodiscard]] std::string Text() override;
-  // Error 521 when another program keeps the clipboard to itself.
+  // Error 521 when another program keeps the clipboard to itself, here and below.
   void SetText(std::string_view text) override;
+  [[nodiscard]] static std::optional<DecodedPicture> Picture();
+  static void SetPicture(const DecodedPicture& picture);
+  static void Clear();
 };
 
 }  // namespace kestrun

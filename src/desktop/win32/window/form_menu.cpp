@@ -21,10 +21,27 @@ void FormMenu::Build(HWND window) {
     return;
   }
   MenuHandle built(CreateMenu());
-  AddItems(built.get(), form_.TopMenus());
+  Fill(built.get(), form_.TopMenus());
   SetMenu(window, built.get());
   menu_ = std::move(built);
   if (IsWindowVisible(window)) DrawMenuBar(window);
+}
+
+// With the background of all its submenus.
+void FormMenu::Fill(HMENU menu, const std::vector<MenuItem*>& items) {
+  colors_ = MenuColorsOf(form_);
+  AddItems(menu, items);
+  if (!colors_) return;
+  // The bar goes on using the brush while a menu pops up.
+  if (!background_.IsValid() || background_color_ != colors_->background) {
+    background_.Reset(CreateSolidBrush(colors_->background));
+    background_color_ = colors_->background;
+  }
+  MENUINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = MIM_BACKGROUND | MIM_APPLYTOSUBMENUS;
+  info.hbrBack = background_.get();
+  SetMenuInfo(menu, &info);
 }
 
 void FormMenu::AddItems(HMENU menu, const std::vector<MenuItem*>& items) {
@@ -34,6 +51,7 @@ void FormMenu::AddItems(HMENU menu, const std::vector<MenuItem*>& items) {
     if (!item->Visible) continue;
     if (item->Caption.get() == "-") {
       AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+      DrawByProgram(menu, 0);
     } else {
       AddItem(menu, *item, has_pictures);
     }
@@ -43,7 +61,7 @@ void FormMenu::AddItems(HMENU menu, const std::vector<MenuItem*>& items) {
 void FormMenu::AddItem(HMENU menu, MenuItem& item, bool has_picture_column) {
   std::wstring text = ToWide(item.Caption.get());
   // Wine forgets the column of the others' pictures in the width of an item that has none.
-  if (IsWine() && has_picture_column && !item.Picture.get()) text += L"      ";
+  if (IsWine() && !colors_ && has_picture_column && !item.Picture.get()) text += L"      ";
   const std::string& key = item.Shortcut->empty() ? item.KeyHint.get() : item.Shortcut.get();
   if (!key.empty()) text += L"\t" + ToWide(key);
   const std::vector<MenuItem*> children = item.Items();
@@ -57,7 +75,22 @@ void FormMenu::AddItem(HMENU menu, MenuItem& item, bool has_picture_column) {
     AddItems(submenu, children);
     AppendMenuW(menu, MF_POPUP | state, reinterpret_cast<UINT_PTR>(submenu), text.c_str());
   }
-  if (const Picture* picture = item.Picture.get().get()) AddPicture(menu, *picture);
+  if (colors_) {
+    DrawByProgram(menu, command);
+  } else if (const Picture* picture = item.Picture.get().get()) {
+    AddPicture(menu, *picture);
+  }
+}
+
+// The item that was added last. It keeps its text, for its access key and for screen readers.
+void FormMenu::DrawByProgram(HMENU menu, UINT_PTR command) const {
+  if (!colors_) return;
+  MENUITEMINFOW info{};
+  info.cbSize = sizeof info;
+  info.fMask = MIIM_FTYPE | MIIM_ID;
+  info.fType = MFT_OWNERDRAW | (command == 0 ? MFT_SEPARATOR : 0U);
+  info.wID = static_cast<UINT>(command);
+  SetMenuItemInfoW(menu, static_cast<UINT>(GetMenuItemCount(menu) - 1), TRUE, &info);
 }
 
 // To the item that was added last.
@@ -75,14 +108,16 @@ void FormMenu::AddPicture(HMENU menu, const Picture& picture) {
 
 // Wine lays a menu's bitmaps over its rows as they are, edges and all, and asks for the pictures of these items
 // instead.
-void FormMenu::MeasurePicture(MEASUREITEMSTRUCT& item) const {
+void FormMenu::Measure(MEASUREITEMSTRUCT& item) const {
+  if (colors_) return MeasureMenuItem(ItemOf(static_cast<int>(item.itemID)).get(), item);
   const int size = GetSystemMetrics(SM_CXMENUCHECK);
   item.itemWidth = static_cast<UINT>(size + size / 3);
   item.itemHeight = static_cast<UINT>(size);
 }
 
-void FormMenu::DrawPicture(const DRAWITEMSTRUCT& item) const {
+void FormMenu::Draw(const DRAWITEMSTRUCT& item) const {
   const Ref<MenuItem> of = ItemOf(static_cast<int>(item.itemID));
+  if (colors_) return DrawMenuItem(of.get(), reinterpret_cast<HMENU>(item.hwndItem) == menu_.get(), *colors_, item);
   const Picture* picture = of ? of->Picture.get().get() : nullptr;
   if (!picture) return;
   const int size = GetSystemMetrics(SM_CXMENUCHECK);
@@ -99,7 +134,7 @@ Ref<MenuItem> FormMenu::ItemOf(int command) const {
 Ref<MenuItem> FormMenu::PopUp(MenuItem& item, HWND window, POINT place) {
   Build(window);
   const MenuHandle popup(CreatePopupMenu());
-  AddItems(popup.get(), item.Items());
+  Fill(popup.get(), item.Items());
   const std::vector<Ref<MenuItem>> commands = commands_;  // the menu may be built anew while this one is open
   const int command =
       TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0, window, nullptr);

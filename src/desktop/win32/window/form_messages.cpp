@@ -55,13 +55,15 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
       if (first != kPointerTimer) return false;
       LookForPointer();
       return true;
-    case WM_MEASUREITEM: menu_.MeasurePicture(*reinterpret_cast<MEASUREITEMSTRUCT*>(second)); return true;
+    case WM_MEASUREITEM: menu_.Measure(*reinterpret_cast<MEASUREITEMSTRUCT*>(second)); return true;
     case WM_DRAWITEM: {
       const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(second);
       if (item.CtlType != ODT_MENU) return false;
-      menu_.DrawPicture(item);
+      menu_.Draw(item);
       return true;
     }
+    case WM_NCPAINT:
+    case WM_NCACTIVATE: return ShowOwnFrame(message, first, second, result);
     case WM_MOVE:
       if (form_->IsShown()) placement_.NotePlace();
       return false;

@@ -54,6 +54,8 @@ void FormWindow::Create() {
   SendMessageW(window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
   SetIcons();
   menu_.Build(window());
+  if (const std::optional<MenuColors> colors = MenuColorsOf(*form_))
+    ShowDarkTitle(window(), IsDark(colors->background));
   SetWindowLongPtrW(window(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   MakeControls();
 }
@@ -224,11 +226,29 @@ void FormWindow::UpdateForm(PropertyId property) {
       if (!form_->IsShown()) break;
       ShowWindow(window(), form_->WindowState == 1 ? SW_MINIMIZE : form_->WindowState == 2 ? SW_MAXIMIZE : SW_RESTORE);
       break;
-    case PropertyId::kBackColor:
+    case PropertyId::kBackColor: ShowFrameColors(); [[fallthrough]];
     case PropertyId::kPicture:
     case PropertyId::kDrawing: RepaintWithChildren(window()); break;
+    case PropertyId::kForeColor:
+      ShowFrameColors();
+      InvalidateRect(window(), nullptr, FALSE);
+      break;
     default: InvalidateRect(window(), nullptr, FALSE);
   }
+}
+
+// Menus and title bar follow the form's colours.
+void FormWindow::ShowFrameColors() {
+  const std::optional<MenuColors> colors = MenuColorsOf(*form_);
+  ShowDarkTitle(window(), colors && IsDark(colors->background));
+  if (form_->HasMenu()) MenuChanged();
+}
+
+bool FormWindow::ShowOwnFrame(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
+  if (!menu_.colors() || !form_->HasMenu()) return false;
+  result = DefWindowProcW(window(), message, first, second);
+  PaintAroundMenu(window(), menu_.colors()->background);
+  return true;
 }
 
 void FormWindow::ControlsChanged() {

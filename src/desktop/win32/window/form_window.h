@@ -94,6 +94,8 @@ class FormWindow final : public FormPeer, public std::enable_shared_from_this<Fo
   void FocusFirst();
   void DropPopups();
   void ReplaceLostFocus();
+  void ShowFrameColors();
+  bool ShowOwnFrame(UINT message, WPARAM first, LPARAM second, LRESULT& result);
   [[nodiscard]] POINT MenuPlace() const;
   void SetIcons();
   void Rescale(ScreenScale scale);

@@ -1,7 +1,12 @@
 // List boxes on the system's own control.
+#include <array>
+#include <utility>
+
+#include "desktop/win32/drawing/graphics.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/control_peer.h"
 #include "desktop/win32/window/peer_kinds.h"
+#include "desktop/win32/window/reader_name.h"
 #include "forms/file_list_box.h"
 #include "forms/list_box.h"
 #include "platform/platform.h"
@@ -16,14 +21,17 @@ class ListPeer : public WindowedPeer {
   using WindowedPeer::WindowedPeer;
 
   void Create() override {
-    CreateWindowOf(L"LISTBOX", L"", WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | ChoiceStyle());
+    const DWORD several = Model().MultiSelect == 1 ? LBS_MULTIPLESEL : Model().MultiSelect == 2 ? LBS_EXTENDEDSEL : 0;
+    CreateWindowOf(L"LISTBOX", L"",
+                   WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | several | MoreStyle());
     Fill();
   }
 
   void Update(PropertyId property) override {
     switch (property) {
       case PropertyId::kListIndex:
-      case PropertyId::kSelection: ShowChoice(); break;
+      case PropertyId::kSelection: ChoiceChanged(); break;
+      case PropertyId::kMultiSelect: CreateAgain(); break;
       case PropertyId::kPattern: ListChanged(); break;
       case PropertyId::kVisible:
         if (stale_) Fill();
@@ -36,14 +44,8 @@ class ListPeer : public WindowedPeer {
   // Rows often change many at a time: the system's list is filled once, in the next pass of the message loop. A list
   // that nobody sees is filled when it is shown.
   void ListChanged() override {
-    if (stale_) return;
-    stale_ = true;
-    platform().clock().Post(
-        [keep = std::weak_ptr<FormWindow>(form().shared_from_this()), control = Ref<Control>(&control())] {
-          const auto form = keep.lock();
-          ControlPeer* peer = form && form->is_open() ? form->PeerOf(*control) : nullptr;
-          if (peer) static_cast<ListPeer*>(peer)->Fill();
-        });
+    if (std::exchange(stale_, true)) return;
+    Later([](ListPeer& peer) { peer.Fill(); });
   }
 
   void Notify(int code) override {
@@ -62,11 +64,59 @@ class ListPeer : public WindowedPeer {
   [[nodiscard]] bool HasOwnName() const override { return false; }
   [[nodiscard]] EdgeKind Edge() const override { return EdgeOf(1, Model().Appearance); }
   [[nodiscard]] List& Model() const { return static_cast<List&>(control()); }
-  [[nodiscard]] virtual DWORD ChoiceStyle() const { return 0; }
-  virtual void ShowChoice() { SendMessageW(window(), LB_SETCURSEL, static_cast<WPARAM>(Model().ListIndex.get()), 0); }
-  virtual void TakeMarks() {}
+  [[nodiscard]] virtual DWORD MoreStyle() const { return 0; }
+  // The system's list has the model's rows.
+  virtual void Filled() {}
 
  private:
+  // In the next pass of the message loop, if the control is still there.
+  void Later(void (*action)(ListPeer& peer)) {
+    platform().clock().Post(
+        [keep = std::weak_ptr<FormWindow>(form().shared_from_this()), control = Ref<Control>(&control()), action] {
+          const auto form = keep.lock();
+          ControlPeer* peer = form && form->is_open() ? form->PeerOf(*control) : nullptr;
+          if (peer) action(static_cast<ListPeer&>(*peer));
+        });
+  }
+
+  // A choice of several rows is shown at once for all rows that it changes.
+  void ChoiceChanged() {
+    if (Model().MultiSelect == 0) {
+      ShowChoice();
+    } else if (!std::exchange(choice_stale_, true)) {
+      Later([](ListPeer& peer) { peer.ShowChoice(); });
+    }
+  }
+
+  void ShowChoice() {
+    choice_stale_ = false;
+    const int current = Model().ListIndex;
+    if (Model().MultiSelect == 0) {
+      SendMessageW(window(), LB_SETCURSEL, static_cast<WPARAM>(current), 0);
+      return;
+    }
+    const auto top = static_cast<WPARAM>(SendMessageW(window(), LB_GETTOPINDEX, 0, 0));
+    for (int row = 0; row < Model().ListCount(); ++row) {
+      if (IsMarked(row) != Model().Selected(row)) SendMessageW(window(), LB_SETSEL, Model().Selected(row), row);
+    }
+    if (SendMessageW(window(), LB_GETTOPINDEX, 0, 0) != static_cast<LRESULT>(top)) {
+      SendMessageW(window(), LB_SETTOPINDEX, top, 0);
+    }
+    const bool has_moved = current >= 0 && SendMessageW(window(), LB_GETCARETINDEX, 0, 0) != current;
+    if (has_moved) SendMessageW(window(), LB_SETCARETINDEX, static_cast<WPARAM>(current), FALSE);
+  }
+
+  [[nodiscard]] bool IsMarked(int row) const {
+    return SendMessageW(window(), LB_GETSEL, static_cast<WPARAM>(row), 0) > 0;
+  }
+
+  void TakeMarks() {
+    if (Model().MultiSelect == 0) return;
+    for (int row = 0; row < Model().ListCount(); ++row) {
+      if (const bool marked = IsMarked(row); marked != Model().Selected(row)) Model().SetSelected(row, marked);
+    }
+  }
+
   void Fill() {
     stale_ = !Model().Visible;
     if (stale_) return;
@@ -81,6 +131,7 @@ class ListPeer : public WindowedPeer {
     ShowChoice();
     SendMessageW(window(), WM_SETREDRAW, TRUE, 0);
     Repaint();
+    Filled();
   }
 
   void TakeChoice() {
@@ -96,47 +147,116 @@ class ListPeer : public WindowedPeer {
   }
 
   bool stale_ = false;
+  bool choice_stale_ = false;
 };
 
+// A list whose rows can be marked is drawn by the program: the mark stands in a margin in front of the rows, in the
+// colour of their text, so that it can be seen in every colour scheme.
 class PlainListPeer final : public ListPeer<ListBox> {
  public:
   using ListPeer::ListPeer;
 
   void Create() override {
     ListPeer::Create();
+    FitRows();
     ShowExtent();
   }
 
   void Update(PropertyId property) override {
     switch (property) {
       case PropertyId::kScrollBars: ShowExtent(); break;
-      case PropertyId::kMultiSelect: CreateAgain(); break;
+      case PropertyId::kStyle:
+        TellMark();
+        Repaint();
+        break;
+      case PropertyId::kFont:
+        ListPeer::Update(property);
+        FitRows();
+        break;
       default: ListPeer::Update(property);
     }
   }
 
+  bool DrawItem(const DRAWITEMSTRUCT& item) override {
+    const bool is_chosen = (item.itemState & ODS_SELECTED) != 0;
+    FillRect(item.hDC, &item.rcItem,
+             is_chosen ? GetSysColorBrush(COLOR_HIGHLIGHT) : form().BrushFor(Model().BackColor));
+    const int row = static_cast<int>(item.itemID);
+    if (row >= 0 && row < Model().ListCount()) DrawRow(item, row, TextColor(is_chosen));
+    if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
+    return true;
+  }
+
  protected:
   // The scroll bar below shows only while the extent is wider than the list.
-  [[nodiscard]] DWORD ChoiceStyle() const override {
-    return WS_HSCROLL | (Model().MultiSelect == 1 ? LBS_MULTIPLESEL : Model().MultiSelect == 2 ? LBS_EXTENDEDSEL : 0);
+  [[nodiscard]] DWORD MoreStyle() const override {
+    return WS_HSCROLL | (HasMarks() ? LBS_OWNERDRAWFIXED | LBS_HASSTRINGS : 0);
   }
-  void ShowChoice() override {
-    if (Model().MultiSelect == 0) {
-      ListPeer::ShowChoice();
-      return;
-    }
-    for (int row = 0; row < Model().ListCount(); ++row) SendMessageW(window(), LB_SETSEL, Model().Selected(row), row);
+  void Filled() override { TellMark(); }
+
+ private:
+  [[nodiscard]] bool HasMarks() const { return !Model().MarkMeaning.get().empty(); }
+  [[nodiscard]] int Margin() const { return HasMarks() ? RowHeight() : 0; }
+  [[nodiscard]] int RowHeight() const { return static_cast<int>(SendMessageW(window(), LB_GETITEMHEIGHT, 0, 0)); }
+
+  [[nodiscard]] COLORREF TextColor(bool is_chosen) const {
+    if (!Model().Enabled) return GetSysColor(COLOR_GRAYTEXT);
+    return is_chosen ? GetSysColor(COLOR_HIGHLIGHTTEXT) : ToColorRef(Model().ForeColor);
   }
+
+  void DrawRow(const DRAWITEMSTRUCT& item, int row, COLORREF color) {
+    RECT place = item.rcItem;
+    const int margin = Margin();
+    if (row == Model().MarkedRow()) DrawMark(item.hDC, place, margin, color);
+    place.left += margin;
+    const std::wstring text = ToWide(Model().List(row));
+    const int state = SaveDC(item.hDC);
+    SelectObject(item.hDC, form().FontFor(Model().Font));
+    SetBkMode(item.hDC, TRANSPARENT);
+    SetTextColor(item.hDC, color);
+    DrawTextW(item.hDC, text.data(), static_cast<int>(text.size()), &place,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_NOCLIP);
+    RestoreDC(item.hDC, state);
+  }
+
+  // A triangle that points at the row.
+  static void DrawMark(HDC target, const RECT& place, int margin, COLORREF color) {
+    const int state = SaveDC(target);
+    SelectObject(target, GetStockObject(DC_BRUSH));
+    SelectObject(target, GetStockObject(DC_PEN));
+    SetDCBrushColor(target, color);
+    SetDCPenColor(target, color);
+    const int middle = (place.top + place.bottom) / 2;
+    const int half = margin / 4;
+    const std::array<POINT, 3> points{{{place.left + half, middle - half},
+                                       {place.left + 2 * half + half / 2, middle},
+                                       {place.left + half, middle + half}}};
+    Polygon(target, points.data(), static_cast<int>(points.size()));
+    RestoreDC(target, state);
+  }
+
+  // To screen readers.
+  void TellMark() {
+    const int marked = Model().MarkedRow();
+    if (marked == told_row_) return;
+    if (told_row_ >= 0) TellReadersRowNote(window(), told_row_, "");
+    if (marked >= 0) TellReadersRowNote(window(), marked, Model().MarkMeaning);
+    told_row_ = marked;
+  }
+
+  // The system asks for the height of a row before the list is there to tell its font.
+  void FitRows() {
+    if (!HasMarks()) return;
+    const int height = platform().windowing().MeasureText("Ay", Model().Font, form().Dpi()).height;
+    SendMessageW(window(), LB_SETITEMHEIGHT, 0, height);
+  }
+
   void ShowExtent() {
-    SendMessageW(window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(Model().HorizontalExtent.get()), 0);
+    const int extent = Model().HorizontalExtent;
+    SendMessageW(window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent > 0 ? extent + Margin() : 0), 0);
   }
-  void TakeMarks() override {
-    if (Model().MultiSelect == 0) return;
-    for (int row = 0; row < Model().ListCount(); ++row) {
-      const bool marked = SendMessageW(window(), LB_GETSEL, static_cast<WPARAM>(row), 0) > 0;
-      if (marked != Model().Selected(row)) Model().SetSelected(row, marked);
-    }
-  }
+
+  int told_row_ = -1;  // whose mark screen readers were told of
 };
 
 class FileListPeer final : public ListPeer<FileListBox> {

@@ -1,4 +1,4 @@
-// The pictures of the main window: the arrow that shows a new player where to click, and those of the menu items.
+// The pictures that windows show in their menus, and the arrow that shows a new player where to click.
 #pragma once
 
 #include "forms/picture.h"
@@ -24,8 +24,11 @@ namespace kestrun {
 [[nodiscard]] Ref<Picture> ListPicture();
 [[nodiscard]] Ref<Picture> SpeechPicture();  // a speech bubble
 [[nodiscard]] Ref<Picture> GlobePicture();
-[[nodiscard]] Ref<Picture> DownPicture();      // an arrow onto a line
-[[nodiscard]] Ref<Picture> UpPicture();        // an arrow off a line
+[[nodiscard]] Ref<Picture> DownPicture();  // an arrow onto a line
+[[nodiscard]] Ref<Picture> UpPicture();    // an arrow off a line
+[[nodiscard]] Ref<Picture> DiskPicture();
+[[nodiscard]] Ref<Picture> ReplacePicture();  // two letters, and an arrow from one to the other
+[[nodiscard]] Ref<Picture> DoorPicture();
 [[nodiscard]] Ref<Picture> HelpMarkPicture();  // a question mark on a disc
 
 // A sheet with a zip fastener, for a map inside a zip. 64 by 64 pixels.

@@ -1,4 +1,4 @@
-#include "windows/main/frmain_pictures.h"
+#include "program/menu_pictures.h"
 
 #include "forms/picture_drawing.h"
 
@@ -155,6 +155,33 @@ Ref<Picture> UpPicture() {
   PictureDrawing drawing(kMenuSize);
   drawing.Polygon(kBlue, {{25, 48}, {39, 48}, {39, 28}, {54, 28}, {32, 4}, {10, 28}, {25, 28}});
   drawing.Rectangle(kGrey, 8, 53, 56, 60);
+  return drawing.Finish();
+}
+
+Ref<Picture> DiskPicture() {
+  PictureDrawing drawing(kMenuSize);
+  drawing.Polygon(kBlue, {{4, 4}, {52, 4}, {60, 12}, {60, 60}, {4, 60}});
+  drawing.Rectangle(kPaleBlue, 16, 4, 46, 24);
+  drawing.Rectangle(kGrey, 34, 7, 42, 21);
+  drawing.Rectangle(kWhite, 14, 34, 50, 60);
+  return drawing.Finish();
+}
+
+Ref<Picture> ReplacePicture() {
+  PictureDrawing drawing(kMenuSize);
+  drawing.Rectangle(kGrey, 4, 6, 26, 28);
+  drawing.Rectangle(kBlue, 38, 36, 60, 58);
+  drawing.Polygon(kGreen, {{30, 14}, {46, 14}, {46, 6}, {60, 19}, {46, 32}, {46, 24}, {30, 24}});
+  drawing.Polygon(kGreen, {{34, 40}, {18, 40}, {18, 32}, {4, 45}, {18, 58}, {18, 50}, {34, 50}});
+  return drawing.Finish();
+}
+
+Ref<Picture> DoorPicture() {
+  PictureDrawing drawing(kMenuSize);
+  drawing.Rectangle(kBrown, 8, 4, 40, 60);
+  drawing.Rectangle(kAmber, 12, 8, 36, 60);
+  drawing.Disc(kBrown, {31, 34}, 3);
+  drawing.Polygon(kGreen, {{42, 26}, {50, 26}, {50, 18}, {63, 32}, {50, 46}, {50, 38}, {42, 38}});
   return drawing.Finish();
 }
 

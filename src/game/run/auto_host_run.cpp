@@ -1,0 +1,263 @@
+#include "game/run/auto_host_run.h"
+
+#include <utility>
+
+#include "base/convert.h"
+#include "base/number.h"
+#include "base/runtime_error.h"
+#include "game/builds.h"
+
+namespace kestrun {
+namespace {
+
+constexpr double kUnitsPerSecond = 62.5;
+constexpr uint32_t kLineOpensMs = 900;
+constexpr uint32_t kTextIsTakenMs = 500;
+// The game gets about five seconds to leave its mission.
+constexpr int kWaitRounds = 500;
+constexpr uint32_t kWaitMs = 10;
+constexpr int32_t kMostRetries = 10;
+
+// Runs a command; a failure is reported and ends it.
+template <class Command>
+void Guarded(const RunSurroundings& around, Command&& command) {
+  try {
+    std::forward<Command>(command)();
+  } catch (const std::exception&) {
+    around.report();
+  }
+}
+
+class Flagged {
+ public:
+  explicit Flagged(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Flagged() { flag_ = false; }
+  Flagged(const Flagged&) = delete;
+  Flagged& operator=(const Flagged&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+AutoHostRun::AutoHostRun(RunWindow& window, RunSurroundings surroundings)
+    : window_(window), around_(std::move(surroundings)) {}
+
+// ---- start, stop, pause --------------------------------------------------------------------------------------------
+
+void AutoHostRun::StartList() {
+  Guarded(around_, [this] { Start(); });
+}
+
+void AutoHostRun::Start() {
+  window_.TakeRename();
+  if (window_.RowCount() == 0) {
+    around_.tell("No maps?");
+    return;
+  }
+  if (!CheckNumber(TimeField::kMinutes) || !CheckNumber(TimeField::kSeconds)) return;
+  ResetTime();
+  if (window_.SendsResetGames() || window_.UsesGameTimer()) Attach();
+  fields.NextMap = true;
+  fields.PState = false;
+  window_.HideFailure();
+  window_.Follow(RunStep::kStart);
+}
+
+bool AutoHostRun::HasNumber(TimeField field) { return IsNumeric(window_.LongestTime(field)); }
+
+bool AutoHostRun::CheckNumber(TimeField field) {
+  if (HasNumber(field)) return true;
+  around_.tell("Enter a number for time!");
+  window_.RestoreLongestTime(field);
+  window_.FocusLongestTime(field);
+  return false;
+}
+
+void AutoHostRun::Attach() {
+  const HostBuild& build = HostBuildOf(fields.DfVersion);
+  const bool is_attached = around_.game.AttachToWindow(build.window_title);
+  TellRefusal();
+  if (!is_attached) around_.tell("Dflw game is not open!");
+  fields.MemoryAdress = build.MemoryAdress;
+  fields.GameTimer = build.GameTimer;
+  fields.GameEndAddr = build.GameEndAddr;
+}
+
+void AutoHostRun::TellRefusal() {
+  if (const std::string refusal = around_.game.Refusal(); !refusal.empty()) window_.ShowRefusal(refusal);
+}
+
+void AutoHostRun::StopList() {
+  Guarded(around_, [this] {
+    window_.Follow(RunStep::kStop);
+    fields.Errors = 0;
+    window_.HideFailure();
+    for (int row = 0; row < window_.RowCount(); ++row) window_.SetInsertCount(row, 0);
+  });
+}
+
+void AutoHostRun::Pause() { window_.Follow(RunStep::kPause); }
+
+void AutoHostRun::Continue() { window_.Follow(RunStep::kContinue); }
+
+void AutoHostRun::ResetTime() {
+  for (const TimeField field : {TimeField::kMinutes, TimeField::kSeconds}) {
+    if (!HasNumber(field)) window_.RestoreLongestTime(field);
+  }
+  for (const TimeField field : {TimeField::kMinutes, TimeField::kSeconds}) {
+    window_.ShowTime(field, window_.LongestTime(field));
+  }
+}
+
+// ---- the tick ------------------------------------------------------------------------------------------------------
+
+void AutoHostRun::Tick() {
+  if (is_ticking_) return;
+  const Flagged ticking(is_ticking_);
+  if (window_.UsesGameTimer()) {
+    FollowGameTimer();
+  } else {
+    CountDown();
+  }
+  if (window_.IsOpen()) WatchEndOfGame();
+}
+
+void AutoHostRun::FollowGameTimer() {
+  const int32_t seconds = RoundToInt(around_.game.ReadLongAt(fields.GameTimer) / kUnitsPerSecond);
+  if (seconds == 0 && fields.LTime != 0) {
+    InsertNext(fields.Random);
+    fields.PState = true;
+  }
+  fields.LTime = seconds;
+  const int32_t minutes = seconds / 3600 * 60 + seconds / 60 % 60;
+  Attempt([&] { window_.ShowTime(TimeField::kMinutes, std::to_string(minutes)); });
+  Attempt([&] { window_.ShowTime(TimeField::kSeconds, std::to_string(seconds % 60)); });
+}
+
+void AutoHostRun::CountDown() {
+  Attempt([this] {
+    const double seconds = TextToDouble(window_.ShownTime(TimeField::kSeconds)) - 1;
+    window_.ShowTime(TimeField::kSeconds, DoubleToText(seconds));
+  });
+  Attempt([this] {
+    if (TextToDouble(window_.ShownTime(TimeField::kSeconds)) == 0) CountDownFromZeroSeconds();
+  });
+}
+
+void AutoHostRun::CountDownFromZeroSeconds() {
+  const double minutes = TextToDouble(window_.ShownTime(TimeField::kMinutes));
+  if (minutes > 0) {
+    window_.ShowTime(TimeField::kMinutes, DoubleToText(minutes - 1));
+    window_.ShowTime(TimeField::kSeconds, "59");
+    return;
+  }
+  Attempt([this] { ResetTime(); });
+  fields.PState = true;
+  InsertNext(fields.Random);
+}
+
+void AutoHostRun::WatchEndOfGame() {
+  const bool is_idle = !IsGameRunning();
+  if (is_idle && !fields.PState) {
+    Attempt([this] { ResetTime(); });
+    InsertNext(fields.Random);
+  }
+  fields.PState = is_idle;
+}
+
+bool AutoHostRun::IsGameRunning() { return around_.game.ReadByteAt(fields.GameEndAddr) > 0; }
+
+// ---- the insert ----------------------------------------------------------------------------------------------------
+
+void AutoHostRun::InsertNow() {
+  Guarded(around_, [this] {
+    fields.PState = true;
+    InsertNext(fields.Random);
+    if (!window_.IsOpen()) return;
+    const bool has_time = HasNumber(TimeField::kMinutes) && HasNumber(TimeField::kSeconds);
+    window_.ShowTime(TimeField::kMinutes, has_time ? window_.LongestTime(TimeField::kMinutes) : "10");
+    window_.ShowTime(TimeField::kSeconds, has_time ? window_.LongestTime(TimeField::kSeconds) : "50");
+  });
+}
+
+void AutoHostRun::InsertNext(bool random) {
+  Guarded(around_, [&] { Insert(random); });
+}
+
+void AutoHostRun::Insert(bool random) {
+  const int row = random ? DrawRow() : NextRow();
+  const std::string text = window_.RowText(row);
+  window_.SetInsertCount(row, window_.InsertCount(row) + 1);
+  const std::string map = LocalMap(text);
+  if (window_.SendsResetGames()) TypeMessage("resetgames", kConsoleKey, fields.MemoryAdress);
+  WaitForEndOfGame();
+  if (!window_.IsOpen()) return;
+  if (around_.put_map(map, fields.Rename)) {
+    window_.ShowPut(row);
+  } else {
+    HandleFailedPut(text);
+  }
+}
+
+int AutoHostRun::DrawRow() {
+  const int row = RoundToInt(around_.draw() * (window_.RowCount() - 1));
+  window_.ShowDrawnMap(window_.RowText(row));
+  return row;
+}
+
+int AutoHostRun::NextRow() {
+  const int current = window_.CurrentRow();
+  if (current == window_.RowCount() - 1) {
+    window_.SetCurrentRow(-1);
+    window_.SelectRow(current, false);
+  } else if (current >= 0) {
+    window_.SelectRow(current, false);
+  }
+  const int next = window_.CurrentRow() + 1;
+  window_.SetCurrentRow(next);
+  window_.SelectRow(next, true);
+  return next;
+}
+
+std::string AutoHostRun::LocalMap(const std::string& text) {
+  if (!around_.is_url(text)) return text;
+  around_.download(text, around_.download_path);
+  return around_.download_path;
+}
+
+void AutoHostRun::WaitForEndOfGame() {
+  for (int round = 0; round < kWaitRounds && window_.IsOpen() && IsGameRunning(); ++round) {
+    around_.clock.SleepMs(kWaitMs);
+    around_.clock.RunPendingEvents();
+  }
+}
+
+void AutoHostRun::HandleFailedPut(const std::string& map) {
+  if (fields.Errors >= kMostRetries) {
+    window_.ShowFailure("WARNING ERROR INSERTING LAST 10 MAPS FAILED!!!");
+    return;
+  }
+  window_.ShowFailure("WARNING ERROR INSERTING MAP " + map + " ACTION TAKEN: NEXT MAP INSERTED.");
+  ++fields.Errors;
+  around_.clock.RunPendingEvents();
+  if (window_.IsOpen()) InsertNow();
+  around_.clock.RunPendingEvents();
+}
+
+void AutoHostRun::WriteMessage(const std::string& message, int32_t key, int32_t address) {
+  Guarded(around_, [&] { TypeMessage(message, key, address); });
+}
+
+void AutoHostRun::TypeMessage(const std::string& message, int32_t key, int32_t address) {
+  around_.game.PressKey(key);
+  around_.clock.RunPendingEvents();
+  around_.clock.SleepMs(kLineOpensMs);
+  around_.game.WriteTextAt(address, message);
+  around_.clock.SleepMs(kTextIsTakenMs);
+  around_.game.PressKey(kEnterKey);
+  TellRefusal();
+}
+
+}  // namespace kestrun

@@ -1,0 +1,66 @@
+// The run of the auto host: decides at each tick whether the server needs its next map, and puts it there.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "game/run/run_window.h"
+
+namespace kestrun {
+
+class AutoHostRun {
+ public:
+  // What the surroundings and the window are must outlive the run.
+  AutoHostRun(RunWindow& window, RunSurroundings surroundings);
+
+  // The keys and texts that the game's console knows.
+  static constexpr int32_t kConsoleKey = 192;
+  static constexpr int32_t kEnterKey = 13;
+  static constexpr int kTickMs = 999;
+
+  RunFields fields;
+
+  // Each of these reports its failures and then ends.
+  void StartList();
+  void StopList();
+  void Pause();
+  void Continue();
+  // Every kTickMs while it runs. A failing step is skipped; a tick that comes while one is at work is left out.
+  void Tick();
+  // Inserts the next map at once and starts the running clock anew.
+  void InsertNow();
+  void ResetTime();
+  // Inserts the next map: after a failure the one behind it, but not after the tenth failure.
+  void InsertNext(bool random);
+  // Opens the game's console or a chat line by its key, puts the text there, and sends it.
+  void WriteMessage(const std::string& message, int32_t key, int32_t address);
+
+ private:
+  void Start();
+  [[nodiscard]] bool HasNumber(TimeField field);
+  // False, after the request for a number, when there is none.
+  [[nodiscard]] bool CheckNumber(TimeField field);
+  void Attach();
+
+  void FollowGameTimer();
+  void CountDown();
+  void CountDownFromZeroSeconds();
+  void WatchEndOfGame();
+  [[nodiscard]] bool IsGameRunning();
+
+  void Insert(bool random);
+  [[nodiscard]] int DrawRow();
+  [[nodiscard]] int NextRow();
+  // The local file of a row's text; a web address is fetched, whatever becomes of that.
+  [[nodiscard]] std::string LocalMap(const std::string& text);
+  void WaitForEndOfGame();
+  void HandleFailedPut(const std::string& map);
+  void TypeMessage(const std::string& message, int32_t key, int32_t address);
+  void TellRefusal();
+
+  RunWindow& window_;
+  RunSurroundings around_;
+  bool is_ticking_ = false;
+};
+
+}  // namespace kestrun

@@ -1,0 +1,175 @@
+// Loading and closing of the auto host window, and what scripts and add-ins can call.
+#include "windows/auto_host/frmputlist.h"
+
+#include "base/convert.h"
+#include "forms/member_rows.h"
+#include "maps/map_picture.h"
+#include "platform/platform.h"
+#include "program/game_paths.h"
+#include "program/path_text.h"
+#include "program/settings.h"
+#include "program/style_hook.h"
+#include "program/window_kit/apply_style.h"
+#include "program/window_kit/run_command.h"
+
+namespace kestrun {
+namespace {
+
+const WindowRegistration registration(frmputlist::kName, [] { return MakeRef<frmputlist>(); });
+
+frmputlist& Self(Object& object) { return static_cast<frmputlist&>(object); }
+
+// A public field of the run.
+template <auto kField>
+constexpr Member FieldRow(std::string_view name) {
+  using Value = std::remove_cvref_t<decltype(std::declval<RunFields>().*kField)>;
+  return {
+      name,
+      MemberKind::kReadWrite,
+      0,
+      0,
+      [](Object& object, Arguments) -> Variant { return VariantTraits<Value>::To(Self(object).run.fields.*kField); },
+      [](Object& object, Arguments, const Variant& value) {
+        Self(object).run.fields.*kField = VariantTraits<Value>::From(value);
+      },
+      VariantTraits<Value>::kTypeName};
+}
+
+// The second argument takes the stored address.
+Variant CallGetPicturePath(Object&, Arguments arguments) {
+  std::string url;
+  const std::string path = GetMapPath(ToText(arguments[0]), &url);
+  arguments[1] = url;
+  return path;
+}
+
+constexpr Member kRows[]{
+    FieldRow<&RunFields::Random>("Random"),
+    FieldRow<&RunFields::Rename>("Rename"),
+    FieldRow<&RunFields::NextMap>("NextMap"),
+    FieldRow<&RunFields::Errors>("Errors"),
+    FieldRow<&RunFields::DfVersion>("DfVersion"),
+    FieldRow<&RunFields::MemoryAdress>("MemoryAdress"),
+    FieldRow<&RunFields::GameTimer>("GameTimer"),
+    FieldRow<&RunFields::GameEndAddr>("GameEndAddr"),
+    FieldRow<&RunFields::PState>("PState"),
+    FieldRow<&RunFields::LTime>("LTime"),
+    {"Edited", MemberKind::kReadWrite, 0, 0, [](Object& object, Arguments) -> Variant { return Self(object).Edited; },
+     [](Object& object, Arguments, const Variant& value) { Self(object).Edited = ToBoolean(value); }, "Boolean"},
+    MethodRow<&frmputlist::GetAddin>("GetAddin"),
+    MethodRow<&frmputlist::GetForm>("GetForm"),
+    MethodRow<&frmputlist::GetFormIndex>("GetFormIndex"),
+    RawMethodRow("GetPicturePath", 2, 2, &CallGetPicturePath),
+    MethodRow<&frmputlist::Cmddown_Click>("Cmddown_Click"),
+    MethodRow<&frmputlist::Cmdremove_Click>("Cmdremove_Click"),
+    MethodRow<&frmputlist::Cmdremoveall_Click>("Cmdremoveall_Click"),
+    MethodRow<&frmputlist::cmdup_Click>("cmdup_Click"),
+    MethodRow<&frmputlist::Command2_Click>("Command2_Click"),
+    MethodRow<&frmputlist::StopList>("StopList"),
+    MethodRow<&frmputlist::StartList>("StartList"),
+    MethodRow<&frmputlist::Command3_Click>("Command3_Click"),
+    MethodRow<&frmputlist::Command4_Click>("Command4_Click"),
+    MethodRow<&frmputlist::Command5_Click>("Command5_Click"),
+    MethodRow<&frmputlist::Insert_Map_List>("Insert_Map_List"),
+    MethodRow<&frmputlist::Writemessage>("Writemessage"),
+    MethodRow<&frmputlist::Command7_Click>("Command7_Click"),
+    MethodRow<&frmputlist::LoadMenuIcons>("LoadMenuIcons"),
+    MethodRow<&frmputlist::LoadAddins>("LoadAddins"),
+    MethodRow<&frmputlist::mnu_back_Click>("mnu_back_Click"),
+    MethodRow<&frmputlist::mnu_loadlist_Click>("mnu_loadlist_Click"),
+    MethodRow<&frmputlist::LoadList>("LoadList"),
+    MethodRow<&frmputlist::mnu_refreshlist_Click>("mnu_refreshlist_Click"),
+    MethodRow<&frmputlist::ResetTime>("ResetTime"),
+    MethodRow<&frmputlist::MixTheMaps>("MixTheMaps"),
+};
+const MemberTable kTable{&Form::kFormMembers, kRows};
+
+// A number of the settings that a check box shows: 1 is ticked, anything else clear.
+int StoredTick(const Setting& row) { return ToLong(ReadSetting(row)) == 1 ? 1 : 0; }
+
+}  // namespace
+
+const MemberTable& frmputlist::Members() const { return kTable; }
+
+frmputlist::frmputlist() : Form(kName) {
+  LayOut();
+  Resize = [this] {
+    if (!StyleActive()) Arrange();  // a style has its own places
+  };
+  Connect();
+}
+
+void frmputlist::Connect() {
+  ConnectLists();
+  ConnectListMenus();
+  ConnectRun();
+  QueryUnload = [this](bool& cancel) { AskBeforeUnload(cancel); };
+  SetCommand({&mnu_back.Click}, [this] { mnu_back_Click(); });
+  SetCommand({&mnu_close.Click}, [this] { Unload(); });
+  SetCommand({&mnu_addgametype.Click}, [] { OpenWindow(window_name::kGameTypes, ShowWay::kShowModal); });
+  SetCommand({&mnu_changeDFversion.Click}, [] { OpenWindow(window_name::kGameVersion, ShowWay::kShowModal); });
+  SetCommand({&mnu_addin.Click}, [] { OpenWindow(window_name::kAddInManager, ShowWay::kShowModal); });
+  SetCommand({&mnu_quickhelp.Click}, [] { OpenDocument(AppFile(platform().program().ExeName() + ".chm")); });
+  SetCommand({&mnu_helpAbout.Click}, [] { OpenWindow(window_name::kAbout, ShowWay::kShowModal); });
+}
+
+void frmputlist::EnableWhatIsThere() {
+  mnu_addin.Enabled = IsWindowRegistered(window_name::kAddInManager);
+  mnu_helpAbout.Enabled = IsWindowRegistered(window_name::kAbout);
+  mnu_back.Enabled = IsWindowRegistered(window_name::kMain);
+}
+
+void frmputlist::mnu_back_Click() { OpenWindow(window_name::kMain); }
+
+// The window is on the screen before its settings are read: one of them may open the dialogue of the game's version,
+// which stands in front of it.
+void frmputlist::Load() {
+  EnableWhatIsThere();
+  Show();
+  RunCommand([this] {
+    ApplyStyleAtOnce(*this, "");
+    ReadStoredSettings();
+    ShowCounts();
+    TakeRename();
+    LoadMenuIcons();
+    LoadAddins();
+    Edited = false;
+  });
+  ShowGlance();
+}
+
+void frmputlist::ReadStoredSettings() {
+  txtfolder.Text = ReadSetting(setting::kAutoHostFolder);
+  run.fields.DfVersion = ToInteger(ReadSetting(setting::kAutoHostVersion));
+  Check1.Value = StoredTick(setting::kAutoHostResetGames);
+  txtrename.Text = ReadSetting(setting::kAutoHostRename);
+  TxtTimeSec.Text = ReadSetting(setting::kAutoHostSeconds);
+  TxtTimeMin.Text = ReadSetting(setting::kAutoHostMinutes);
+  ChGameTimer.Value = StoredTick(setting::kAutoHostGameTimer);
+}
+
+void frmputlist::WriteStoredSettings() {
+  WriteSetting(setting::kAutoHostGameTimer, std::to_string(ChGameTimer.Value.get()));
+  WriteSetting(setting::kAutoHostFolder, txtfolder.Text);
+  WriteSetting(setting::kAutoHostVersion, std::to_string(run.fields.DfVersion));
+  WriteSetting(setting::kAutoHostResetGames, std::to_string(Check1.Value.get()));
+  WriteSetting(setting::kAutoHostRename, txtrename.Text);
+  WriteSetting(setting::kAutoHostSeconds, TxtTimeSec.Text);
+  WriteSetting(setting::kAutoHostMinutes, TxtTimeMin.Text);
+}
+
+void frmputlist::AskBeforeUnload(bool& cancel) {
+  if (Edited) {
+    const BoxAnswer answer =
+        MsgBox("Do you want to save the changes to the map list?", BoxButtons::kYesNoCancel, BoxIcon::kQuestion);
+    cancel = answer == BoxAnswer::kCancel;
+    if (answer == BoxAnswer::kYes) {
+      SaveList();
+      cancel = Edited;  // it was not saved after all: nothing is thrown away
+    }
+  }
+  WriteStoredSettings();
+  ReleaseAddins();
+}
+
+}  // namespace kestrun
