@@ -170,7 +170,8 @@ void Ledger::KeepForeign(const Place& place, const KeptVersion& original, const 
 
 // What another folder's record knows of a game that was moved or copied, noted for this folder.
 void Ledger::Adopt(const Place& place, const std::string& present_sha256) {
-  if (index_.Find(place)) return;
+  // Nothing at a place says nothing of where the game was before.
+  if (present_sha256.empty() || index_.Find(place)) return;
   const Record* const found = FindRecord(index_, place, present_sha256);
   if (!found) return;
   const Record record = *found;
