@@ -4,6 +4,7 @@
 #include <tuple>
 #include <utility>
 
+#include "base/flag_scope.h"
 #include "base/text.h"
 #include "forms/control_collections.h"
 #include "forms/member_rows.h"
@@ -39,18 +40,6 @@ Variant CallPopupMenu(Object& object, Arguments given) {
   Self(object).PopupMenu(*menu);
   return {};
 }
-
-// Sets a flag for as long as it lives.
-class Flagged {
- public:
-  explicit Flagged(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Flagged() { flag_ = false; }
-  Flagged(const Flagged&) = delete;
-  Flagged& operator=(const Flagged&) = delete;
-
- private:
-  bool& flag_;
-};
 
 constexpr Member kRows[]{
     PropertyRow<&Form::Caption>("Caption"),
@@ -176,7 +165,7 @@ void Form::ClosePeer() {
 bool Form::Unload() {
   if (!loaded_ || unloading_) return true;
   const Ref<Form> keep(this);
-  const Flagged closing(unloading_);
+  const FlagScope closing(unloading_);
   bool cancel = false;
   QueryUnload(cancel);
   if (cancel) return false;
