@@ -142,4 +142,11 @@ void CutControlToKeyColour(Object& control, int32_t KeyColor) {
   if (is_there) window_effects().SetWindowRegion(window, region);
 }
 
+void CutAllControls(Form& form) {
+  form.Show();
+  RunPendingEvents();
+  const std::vector<Ref<Control>> controls = form.controls();
+  for (const Ref<Control>& control : controls) CutControlToKeyColour(*control, static_cast<int32_t>(TransColor));
+}
+
 }  // namespace kestrun

@@ -6,6 +6,7 @@
 
 #include "base/object.h"
 #include "forms/color.h"
+#include "forms/form.h"
 #include "platform/window_effects.h"
 
 namespace kestrun {
@@ -40,5 +41,9 @@ inline constexpr int32_t kFirstRect = 2;
 
 // Cuts a control to the shape of what it looks like on the screen now. One without a window of its own is left alone.
 void CutControlToKeyColour(Object& control, int32_t KeyColor);
+
+// What the windows' InitTransControls does: shows the form, lets the message loop run once, so that all of it is
+// painted, and cuts each of its controls to TransColor.
+void CutAllControls(Form& form);
 
 }  // namespace kestrun

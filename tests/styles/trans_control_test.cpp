@@ -6,6 +6,8 @@
 
 #include <random>
 
+#include "forms/command_button.h"
+#include "forms/text_box.h"
 #include "styles/style_fixture.h"
 #include "support/recorded_effects.h"
 
@@ -208,6 +210,19 @@ TEST_F(RegionTest, ALabelIsLeftAlone) {
   form->Show();
   CutControlToKeyColour(form->lblone, kBlack);
   EXPECT_TRUE(effects.calls.empty());
+}
+
+TEST_F(RegionTest, AWindowsOwnProcedureShowsItAndCutsEveryControlThatHasAWindow) {
+  TellGameFolder();
+  form->Add<CommandButton>("Command1");
+  form->Add<TextBox>("Text1");
+  effects.bitmaps[RecordedEffects::kWindowBitmap] = Drawn({".a"});
+  CutAllControls(*form);
+  EXPECT_TRUE(form->IsShown());
+  EXPECT_EQ(std::count_if(effects.calls.begin(), effects.calls.end(),
+                          [](const std::string& call) { return call.starts_with("cut "); }),
+            2);
+  EXPECT_NE(WindowByName("frmain").FindMember("InitTransControls"), kNoMember);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kMargin = 180;
 constexpr int kGap = 120;
-constexpr int kClientWidth = 10200;
+constexpr int kClientWidth = 11400;
 constexpr int kInside = kClientWidth - 2 * kMargin;
 constexpr int kLogo = 480;
 constexpr int kLogoLeft = kMargin;
@@ -23,7 +23,7 @@ constexpr int kMarkWidth = 900;
 constexpr int kMarkLeft = kInside - kPad - kMarkWidth;
 constexpr int kBrowseLeft = kMarkLeft - kGap - kBrowseWidth;
 constexpr int kBoxLeft = kPad + kLabelWidth + 60;
-constexpr int kCheckWidth = 4500;
+constexpr int kCheckWidth = 5040;
 constexpr int kProgramLeft = kPad + kCheckWidth + 60;
 constexpr Color kMarkColor = Rgb(0xA0, 0x10, 0x10);
 
@@ -38,7 +38,7 @@ constexpr int kProgramsTop = kGameTop + FrameHeight(kGameRows) + kGap;
 constexpr int kStyleTop = kProgramsTop + FrameHeight(kProgramRows) + kGap;
 constexpr int kShellTop = kStyleTop + FrameHeight(kStyleRows) + kGap;
 constexpr int kButtonsTop = kShellTop + FrameHeight(kShellRows) + kGap;
-constexpr int kShellColumn = 4920;
+constexpr int kShellColumn = 5220;
 
 void PlaceFrame(Frame& frame, int top, int rows, const std::string& caption) {
   frame.Caption = caption;
