@@ -20,6 +20,8 @@ End Sub
 'this sub will be run when a control on a form loads
 'control is the entire usercontrol, form the form object
 Sub Control_Load(Control, Form)
+  'the map info shows the colour of a map's fog with it
+  If Control.Name = "lblfogcolor" Then Exit Sub
   Select Case TypeName(Control)
     Case "Label"
       Paint Control, Ground, LabelInk(Control)

@@ -25,9 +25,12 @@ End Sub
 'this sub will be run when a control on a form loads
 'control is the entire usercontrol, form the form object
 Sub Control_Load(Control, Form)
+  'the map info shows the colour of a map's fog with it
+  If Control.Name = "lblfogcolor" Then Exit Sub
   Select Case TypeName(Control)
     Case "Label"
       Paint Control, Ground, LabelInk(Control)
+      Control.BackStyle = 0
     Case "TextBox", "ListBox", "FileListBox", "ComboBox"
       Paint Control, Field, Ink
     Case "McListBox"

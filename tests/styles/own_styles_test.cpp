@@ -54,7 +54,8 @@ class OwnStylesTest : public StyleTest, public testing::WithParamInterface<const
   static bool HasText(const Control& control) {
     static const std::set<std::string> kinds{"Label", "TextBox",  "ListBox",   "FileListBox",   "ComboBox",
                                              "Frame", "CheckBox", "McListBox", "CommandButton", "OptionButton"};
-    return kinds.contains(control.TypeName());
+    const auto* label = dynamic_cast<const Label*>(&control);
+    return kinds.contains(control.TypeName()) && !(label && label->Caption.get().empty());
   }
 
   RecordedEffects effects;
@@ -74,6 +75,15 @@ TEST_P(OwnStylesTest, EveryTextOfEveryWindowStandsOutFromItsGround) {
           << name << "." << control->Name() << std::hex << " " << control->ForeColor << " on " << GroundOf(*control);
     }
   }
+}
+
+TEST_P(OwnStylesTest, TheColourOfAMapsFogStaysWhatTheMapSays) {
+  auto& window = WindowByName("frmmapinfo");
+  Control& swatch = *window.FindControl("lblfogcolor");
+  swatch.BackColor = Rgb(1, 2, 3);
+  window.Show();
+  desktop.clock().AdvanceMs(2000);
+  EXPECT_EQ(swatch.BackColor, Rgb(1, 2, 3));
 }
 
 INSTANTIATE_TEST_SUITE_P(Styles, OwnStylesTest, testing::Values("night", "sand"),
