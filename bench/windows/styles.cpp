@@ -13,8 +13,10 @@
 #include "desktop/win32/win32_platform.h"
 #include "forms/window_registry.h"
 #include "platform/window_effects.h"
+#include "program/style_hook.h"
 #include "styles/mod_style.h"
 #include "styles/mod_trans_control.h"
+#include "styles/style_active.h"
 
 namespace kestrun {
 namespace {
@@ -101,18 +103,30 @@ double OpenMainWindow() {
   return time;
 }
 
+// The scripts on a window that has loaded without a style, as they find it in the middle of its load.
+double SkinMainWindow() {
+  SetStyleActive(false);
+  Form& window = WindowByName("frmain");
+  SetStyleActive(true);
+  const double time = Milliseconds([&] { ModStyle::FormLoadStyle(window); });
+  CloseAllWindows();
+  RunPendingEvents();
+  return time;
+}
+
 bool MeasureSkinning(const std::string& style) {
   OpenMainWindow();
-  std::vector<double> plain, skinning;
-  for (int round = 0; round < kRounds; ++round) plain.push_back(OpenMainWindow());
   ModStyle::LoadStyleFile(style);
-  // Loaded, with its style on already: what a further round of the scripts costs before the window is shown.
+  if (!StyleActive()) return false;
+  std::vector<double> plain, skinning, skinned;
   for (int round = 0; round < kRounds; ++round) {
-    Form& window = WindowByName("frmain");
-    skinning.push_back(Milliseconds([&] { ModStyle::FormLoadStyle(window); }));
-    CloseAllWindows();
-    RunPendingEvents();
+    SetStyleActive(false);
+    plain.push_back(OpenMainWindow());
+    skinning.push_back(SkinMainWindow());
+    skinned.push_back(OpenMainWindow());
   }
+  std::printf("the main window opens in %.1f ms without the style and in %.1f ms with it\n", Median(plain),
+              Median(skinned));
   return Tell("skinning the main window beside opening it", Median(skinning), Median(plain), 0.25);
 }
 
