@@ -193,7 +193,7 @@ void Form::PopupMenu(MenuItem& item) {
 
 std::vector<Control*> Form::StackingOrder() const {
   std::vector<Control*> order;
-  order.reserve(stops.size());
+  order.reserve(stacking_.size());
   for (Control* control : stacking_) {
     order.push_back(control);
     for (const Ref<Control>& constituent : control->Constituents()) order.push_back(constituent.get());
