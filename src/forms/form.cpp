@@ -193,6 +193,7 @@ void Form::PopupMenu(MenuItem& item) {
 
 std::vector<Control*> Form::StackingOrder() const {
   std::vector<Control*> order;
+  order.reserve(stacking_.size());
   for (Control* control : stacking_) {
     order.push_back(control);
     for (const Ref<Control>& constituent : control->Constituents()) order.push_back(constituent.get());
@@ -242,6 +243,7 @@ std::vector<Control*> Form::TabOrder() const {
     return std::tie(left.index, left.inner_index) < std::tie(right.index, right.inner_index);
   });
   std::vector<Control*> order;
+  order.reserve(stops.size());
   for (const Stop& stop : stops) order.push_back(stop.control);
   return order;
 }

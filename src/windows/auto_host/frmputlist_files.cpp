@@ -64,7 +64,7 @@ void frmputlist::AddMapFile() {
 std::string frmputlist::MapFromArchive(const std::string& chosen) {
   const std::string temporary = FetchMap(chosen);
   if (temporary.empty()) return {};
-  const std::string target = MapFolder() + "\\" + GetFileName(temporary);
+  std::string target = MapFolder() + "\\" + GetFileName(temporary);
   if (FileExists(target) &&
       !AskYesNo("Warning: the file " + target + " already exists overwrite the file?", BoxIcon::kWarning)) {
     return {};
