@@ -1,5 +1,6 @@
 // The Windows program: installs the real platform and loads the splash window, whose load handler starts everything.
 #include "desktop/win32/win32_platform.h"
+#include "formats/pff/pff_recovery.h"
 #include "forms/window_registry.h"
 
 int main() {
@@ -8,5 +9,6 @@ int main() {
   kestrun::DispatchEvent(nullptr, [] { static_cast<void>(kestrun::WindowByName("frmsplash")); });
   if (!kestrun::LoadedWindows().empty()) platform.windowing().RunUntilQuit();
   kestrun::CloseAllWindows();
+  kestrun::pff::RemoveRestingJournals();
   return 0;
 }
