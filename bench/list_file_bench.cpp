@@ -1,7 +1,5 @@
 // A rotation list of 10,000 rows: loading it into a play list beside one read of the file, and saving it beside one
 // write of it. Each may cost at most ten times as much.
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -9,8 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/headless/headless_platform.h"
-#include "desktop/headless/posix_files.h"
+#include "bench_folder.h"
 #include "forms/list_box.h"
 #include "game/lists/map_list_file.h"
 
@@ -81,14 +78,4 @@ bool Measure(FileSystem& files, const std::string& folder) {
 }  // namespace
 }  // namespace kestrun
 
-int main() {
-  using namespace kestrun;
-  PosixFileSystem files;
-  HeadlessPlatform desktop(files);
-  const PlatformInstallation installation(desktop);
-  std::string folder = "/tmp/kestrun-bench-XXXXXX";
-  if (!::mkdtemp(folder.data())) return 1;
-  const bool passes = Measure(files, folder);
-  files.RemoveFolder(folder);
-  return passes ? 0 : 1;
-}
+int main() { return kestrun::RunInBenchFolder(kestrun::Measure); }

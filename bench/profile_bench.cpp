@@ -13,8 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/headless/headless_platform.h"
-#include "desktop/headless/posix_files.h"
+#include "bench_folder.h"
 #include "program/settings.h"
 
 namespace kestrun {
@@ -86,21 +85,16 @@ bool Compare(const std::string& path, const std::string& key) {
   return passes;
 }
 
+// The last key, so that both walk the whole file.
+bool Measure(PosixFileSystem& files, const std::string& folder) {
+  const std::string path = folder + "/packit.ini";
+  files.WriteAll(path, AsBytes(Content()));
+  const bool passes = Compare(path, "key" + std::to_string(kKeyCount - 1));
+  files.Delete(path);
+  return passes;
+}
+
 }  // namespace
 }  // namespace kestrun
 
-int main() {
-  using namespace kestrun;
-  PosixFileSystem files;
-  HeadlessPlatform desktop(files);
-  const PlatformInstallation installation(desktop);
-  std::string folder = "/tmp/kestrun-bench-XXXXXX";
-  if (!::mkdtemp(folder.data())) return 1;
-  const std::string path = folder + "/packit.ini";
-  files.WriteAll(path, AsBytes(Content()));
-  // The last key, so that both walk the whole file.
-  const bool passes = Compare(path, "key" + std::to_string(kKeyCount - 1));
-  files.Delete(path);
-  files.RemoveFolder(folder);
-  return passes ? 0 : 1;
-}
+int main() { return kestrun::RunInBenchFolder(kestrun::Measure); }

@@ -52,10 +52,20 @@ Variant CallPrint(Object& object, Arguments given) {
   return {};
 }
 
+// The picture, x1, y1, width1, height1 of where it goes, x2, y2, width2, height2 of the part of it that is shown, and how
+// it is combined with what is there: it can only be copied.
 Variant CallPaintPicture(Object& object, Arguments given) {
+  constexpr int32_t kCopy = 0xCC0020;
   const Ref<Picture> picture = VariantTraits<Ref<Picture>>::From(given[0]);
   if (!picture) Raise(error::kInvalidPicture);
-  Self(object).PaintPicture(*picture, ToDouble(given[1]), ToDouble(given[2]), NumberAt(given, 3), NumberAt(given, 4));
+  if (IsGiven(given, 9) && ToLong(given[9]) != kCopy) Raise(error::kInvalidProcedureCall);
+  PicturePart part;
+  part.x = NumberAt(given, 5).value_or(0);
+  part.y = NumberAt(given, 6).value_or(0);
+  part.width = NumberAt(given, 7);
+  part.height = NumberAt(given, 8);
+  Self(object).PaintPicture(*picture, ToDouble(given[1]), ToDouble(given[2]), NumberAt(given, 3), NumberAt(given, 4),
+                            part);
   return {};
 }
 
@@ -84,7 +94,7 @@ constexpr Member kRows[]{
     RawMethodRow("Line", 4, 6, &CallLine),
     RawMethodRow("PSet", 2, 3, &CallPSet),
     RawMethodRow("Print", 0, 1, &CallPrint),
-    RawMethodRow("PaintPicture", 3, 5, &CallPaintPicture),
+    RawMethodRow("PaintPicture", 3, 10, &CallPaintPicture),
 };
 
 }  // namespace
@@ -225,13 +235,27 @@ void DrawableControl::Print(std::string_view text) {
   CurrentY = CurrentY + TextHeight(text);
 }
 
+// The whole picture is drawn as large as makes its part fill the place, and only the place is painted.
 void DrawableControl::PaintPicture(const kestrun::Picture& picture, double x, double y, std::optional<double> width,
-                                   std::optional<double> height) {
-  const double shown_width = width.value_or(picture.width_twips() / UnitWidth());
-  const double shown_height = height.value_or(picture.height_twips() / UnitHeight());
+                                   std::optional<double> height, const PicturePart& part) {
+  const double whole_width = picture.width_twips() / UnitWidth();
+  const double whole_height = picture.height_twips() / UnitHeight();
+  const double part_width = part.width.value_or(whole_width - part.x);
+  const double part_height = part.height.value_or(whole_height - part.y);
+  if (part_width <= 0 || part_height <= 0) return;
+  const double across = width.value_or(part_width) / part_width;
+  const double down = height.value_or(part_height) / part_height;
+  const double left = x - part.x * across;
+  const double top = y - part.y * down;
   const PixelPoint from = ToPixels(x, y);
-  const PixelPoint to = ToPixels(x + shown_width, y + shown_height);
-  Draw([&](Canvas& canvas) { canvas.DrawPicture(picture, {from.x, from.y, to.x, to.y}); });
+  const PixelPoint to = ToPixels(x + part_width * across, y + part_height * down);
+  const PixelPoint whole_from = ToPixels(left, top);
+  const PixelPoint whole_to = ToPixels(left + whole_width * across, top + whole_height * down);
+  Draw([&](Canvas& canvas) {
+    canvas.PushClip({from.x, from.y, to.x, to.y});
+    canvas.DrawPicture(picture, {whole_from.x, whole_from.y, whole_to.x, whole_to.y});
+    canvas.PopClip();
+  });
 }
 
 double DrawableControl::TextWidth(std::string_view text) const {

@@ -23,6 +23,14 @@ enum class ScaleUnit {
 };
 enum class LineShape { kLine, kBox, kFilledBox };
 
+// A part of a picture in the units of ScaleMode; without a width or height all that is right of or below its corner.
+struct PicturePart {
+  double x = 0;
+  double y = 0;
+  std::optional<double> width;
+  std::optional<double> height;
+};
+
 class DrawableControl : public Control {
  public:
   using Control::Control;
@@ -54,9 +62,9 @@ class DrawableControl : public Control {
   void PSet(double x, double y, std::optional<Color> drawn = {});
   // One line; the next goes below it.
   void Print(std::string_view text);
-  // The whole picture, at its own size where width and height are not given.
+  // A part of the picture, the whole one at first, at its own size where width and height are not given.
   void PaintPicture(const kestrun::Picture& picture, double x, double y, std::optional<double> width = {},
-                    std::optional<double> height = {});
+                    std::optional<double> height = {}, const PicturePart& part = {});
   [[nodiscard]] double TextWidth(std::string_view text) const;
   [[nodiscard]] double TextHeight(std::string_view text) const;
   // The number of the kept bitmap for the system's drawing calls. What they draw shows in the next pass of the message

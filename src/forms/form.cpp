@@ -4,6 +4,7 @@
 #include <tuple>
 #include <utility>
 
+#include "base/flag_scope.h"
 #include "base/text.h"
 #include "forms/control_collections.h"
 #include "forms/member_rows.h"
@@ -39,18 +40,6 @@ Variant CallPopupMenu(Object& object, Arguments given) {
   Self(object).PopupMenu(*menu);
   return {};
 }
-
-// Sets a flag for as long as it lives.
-class Flagged {
- public:
-  explicit Flagged(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Flagged() { flag_ = false; }
-  Flagged(const Flagged&) = delete;
-  Flagged& operator=(const Flagged&) = delete;
-
- private:
-  bool& flag_;
-};
 
 constexpr Member kRows[]{
     PropertyRow<&Form::Caption>("Caption"),
@@ -176,7 +165,7 @@ void Form::ClosePeer() {
 bool Form::Unload() {
   if (!loaded_ || unloading_) return true;
   const Ref<Form> keep(this);
-  const Flagged closing(unloading_);
+  const FlagScope closing(unloading_);
   bool cancel = false;
   QueryUnload(cancel);
   if (cancel) return false;
@@ -204,6 +193,7 @@ void Form::PopupMenu(MenuItem& item) {
 
 std::vector<Control*> Form::StackingOrder() const {
   std::vector<Control*> order;
+  order.reserve(stacking_.size());
   for (Control* control : stacking_) {
     order.push_back(control);
     for (const Ref<Control>& constituent : control->Constituents()) order.push_back(constituent.get());
@@ -253,6 +243,7 @@ std::vector<Control*> Form::TabOrder() const {
     return std::tie(left.index, left.inner_index) < std::tie(right.index, right.inner_index);
   });
   std::vector<Control*> order;
+  order.reserve(stops.size());
   for (const Stop& stop : stops) order.push_back(stop.control);
   return order;
 }

@@ -75,8 +75,10 @@ FetchScope::~FetchScope() {
   if (has_shown_) display_->EndFetch();
 }
 
+bool FetchScope::IsShown() { return innermost && innermost->display_; }
+
 void FetchScope::Show(const FetchState& state) {
-  if (!innermost || !innermost->display_) return;
+  if (!IsShown()) return;
   innermost->has_shown_ = true;
   innermost->display_->ShowFetch(state);
 }

@@ -45,6 +45,9 @@ class FetchScope {
   // fails at once.
   [[nodiscard]] bool IsCancelled() const { return is_cancelled_; }
 
+  // Whether a window shows the fetches of the commands that run now.
+  [[nodiscard]] static bool IsShown();
+
   // For those who fetch. Without any scope nothing is shown.
   static void Show(const FetchState& state);
   static void Cancel();

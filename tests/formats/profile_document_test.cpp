@@ -7,6 +7,7 @@
 
 #include "base/code_page.h"
 #include "formats/profile/profile_text.h"
+#include "formats/seeded_draw.h"
 
 namespace kestrun {
 namespace {
@@ -57,22 +58,6 @@ TEST(ProfileDocumentTest, AKeyThatCannotBeFoundAgainIsNotSetAndTurnsNothingIntoU
   EXPECT_FALSE(document.has_changed());
 }
 
-// The same numbers in every run.
-class Draw {
- public:
-  uint32_t Below(uint32_t limit) {
-    state_ = state_ * 6364136223846793005u + 1442695040888963407u;
-    return static_cast<uint32_t>(state_ >> 33) % limit;
-  }
-  template <size_t n>
-  std::string One(const std::array<const char*, n>& choices) {
-    return choices[Below(n)];
-  }
-
- private:
-  uint64_t state_ = 20261121;
-};
-
 constexpr std::array kSections{"a", "A", "LIST", "x]y", "", "é", "地", " b "};
 constexpr std::array kKeys{"MAP0", "map0", "MAP1", "k", "[z", "É", "é", "a=b", ";c", "", " q "};
 constexpr std::array kValues{"v",   "",   "two words", "v]", "Ã©",  "é",    "地図", "a\r\nMAP1=b",        "a\n[LIST]",
@@ -80,7 +65,7 @@ constexpr std::array kValues{"v",   "",   "two words", "v]", "Ã©",  "é",    "
 constexpr std::array kLineEnds{"\r\n", "\r\n", "\r\n", "\n", "\r"};
 constexpr std::array kFileBytes{"v", "x y", "\xE9", "\xC3\xA9", "\xE5\x9C\xB0", "v]", "=", ""};
 
-std::string Line(Draw& draw) {
+std::string Line(SeededDraw& draw) {
   switch (draw.Below(8)) {
     case 0: return "[" + draw.One(kSections) + "]";
     case 1: return draw.One(kKeys);
@@ -91,7 +76,7 @@ std::string Line(Draw& draw) {
   }
 }
 
-Bytes File(Draw& draw) {
+Bytes File(SeededDraw& draw) {
   std::string text;
   for (uint32_t left = draw.Below(12); left > 0; --left) {
     text += Line(draw);
@@ -105,7 +90,7 @@ Bytes File(Draw& draw) {
 }
 
 TEST(ProfileDocumentTest, GeneratedFilesGetTheBytesOfOneWriteAfterTheOther) {
-  Draw draw;
+  SeededDraw draw(20261121);
   int turned = 0;
   for (int file = 0; file < 20000; ++file) {
     const Bytes content = File(draw);
@@ -123,7 +108,7 @@ TEST(ProfileDocumentTest, GeneratedFilesGetTheBytesOfOneWriteAfterTheOther) {
 }
 
 TEST(NumberedProfileValuesTest, GeneratedFilesReadAsOneKeyAfterTheOther) {
-  Draw draw;
+  SeededDraw draw(20261121);
   int found = 0;
   for (int file = 0; file < 20000; ++file) {
     std::string text = "[LIST]\r\n";

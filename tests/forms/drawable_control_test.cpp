@@ -96,6 +96,39 @@ TEST_F(DrawableControlTest, APictureIsPaintedAtItsOwnSizeOrAnother) {
   EXPECT_EQ(ErrorNumberOf([&] { CallMember(*form, "PaintPicture", {Variant::Nothing(), 0, 0}); }), 481);
 }
 
+TEST_F(DrawableControlTest, APartOfAPictureIsPaintedAndNothingBesideIt) {
+  // Red and green above, blue and black below.
+  const Ref<Picture> four =
+      MakeRef<Picture>(2, 2, std::vector<uint32_t>{0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFF000000});
+  CallMember(*form, "PaintPicture", {Variant(four), 150, 150, 300, 300, 15, 0, 15, 15});
+  EXPECT_EQ(PixelAt(*form, 10, 10), kGreenPixel);
+  EXPECT_EQ(PixelAt(*form, 29, 29), kGreenPixel);
+  EXPECT_EQ(PixelAt(*form, 9, 20), 0xFFFFFFU);
+  EXPECT_EQ(PixelAt(*form, 20, 30), 0xFFFFFFU);
+}
+
+TEST_F(DrawableControlTest, WithoutASizeThePartReachesToThePicturesEndAtItsOwnSize) {
+  const Ref<Picture> four =
+      MakeRef<Picture>(2, 2, std::vector<uint32_t>{0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFF000000});
+  const Variant missing = Variant::Missing();
+  CallMember(*form, "PaintPicture", {Variant(four), 150, 150, missing, missing, 15});
+  EXPECT_EQ(PixelAt(*form, 10, 10), kGreenPixel);
+  EXPECT_EQ(PixelAt(*form, 10, 11), 0U);
+  EXPECT_EQ(PixelAt(*form, 11, 10), 0xFFFFFFU);
+}
+
+TEST_F(DrawableControlTest, APictureIsOnlyCopiedAndAPartBesideItPaintsNothing) {
+  const Ref<Picture> green = MakeRef<Picture>(2, 2, std::vector<uint32_t>(4, 0xFF00FF00));
+  EXPECT_EQ(ErrorNumberOf([&] {
+              CallMember(*form, "PaintPicture", {Variant(green), 0, 0, 30, 30, 0, 0, 30, 30, 0x660046});
+            }),
+            5);
+  CallMember(*form, "PaintPicture", {Variant(green), 0, 0, 30, 30, 0, 0, 30, 30, 0xCC0020});
+  EXPECT_EQ(PixelAt(*form, 0, 0), kGreenPixel);
+  CallMember(*form, "PaintPicture", {Variant(green), 150, 150, 300, 300, 60, 0});
+  EXPECT_EQ(PixelAt(*form, 10, 10), 0xFFFFFFU);
+}
+
 TEST_F(DrawableControlTest, APictureBoxIsDrawnOnInsideOfItsBorder) {
   EXPECT_EQ(form->Picture1.ScaleWidth(), 900);
   CallMember(form->Picture1, "PSet", {885, 885, 0x0000FF});

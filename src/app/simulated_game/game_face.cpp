@@ -69,9 +69,8 @@ std::string ClockText(int32_t units) {
 }
 
 std::string DetailOf(const LoadedMission& mission) {
-  char crc[16];
-  std::snprintf(crc, sizeof crc, "%08X", static_cast<unsigned>(mission.crc));
-  return "From the " + mission.source + "   CRC " + crc + "   " + std::to_string(mission.bytes) + " bytes";
+  return "From the " + mission.source + "   CRC " + mission.CrcText() + "   " + std::to_string(mission.bytes) +
+         " bytes";
 }
 
 }  // namespace

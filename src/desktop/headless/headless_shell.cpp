@@ -104,9 +104,15 @@ void HeadlessInternet::Answer(std::string url, HttpResponse response) {
 class HeadlessInternet::CannedSession final : public HttpSession {
  public:
   explicit CannedSession(HeadlessInternet& internet) : internet_(internet) {}
-  void Exchange(const HttpRequest& request, HttpReceiver& receiver) override { internet_.Exchange(request, receiver); }
+  void Exchange(const HttpRequest& request, HttpReceiver& receiver) override;
 
  private:
+  // Whether the user presses Esc once so many bytes have arrived.
+  [[nodiscard]] bool UserLeaves(uint64_t received) const {
+    return (internet_.leave_after_requests && internet_.requests.size() > *internet_.leave_after_requests) ||
+           (internet_.leave_after_bytes && received >= *internet_.leave_after_bytes);
+  }
+
   HeadlessInternet& internet_;
 };
 
@@ -115,23 +121,19 @@ std::unique_ptr<HttpSession> HeadlessInternet::OpenSession() {
   return std::make_unique<CannedSession>(*this);
 }
 
-void HeadlessInternet::Exchange(const HttpRequest& request, HttpReceiver& receiver) {
-  requests.push_back({request.method, request.url, request.headers, std::string(AsChars(request.body))});
-  const bool leaves_at_once = leave_after_requests && requests.size() > *leave_after_requests;
-  const auto user_leaves = [this, leaves_at_once](uint64_t received) {
-    return leaves_at_once || (leave_after_bytes && received >= *leave_after_bytes);
-  };
-  receiver.StillWaiting(user_leaves(0));
-  const auto found = answers_.find(request.url);
-  if (found == answers_.end()) Raise(error::kAutomationError, "The server cannot be reached.");
+void HeadlessInternet::CannedSession::Exchange(const HttpRequest& request, HttpReceiver& receiver) {
+  internet_.requests.push_back({request.method, request.url, request.headers, std::string(AsChars(request.body))});
+  receiver.StillWaiting(UserLeaves(0));
+  const auto found = internet_.answers_.find(request.url);
+  if (found == internet_.answers_.end()) Raise(error::kAutomationError, "The server cannot be reached.");
   // A copy: the receiver may lay down other answers.
   const HttpResponse response = found->second;
   if (!receiver.TakeHead(response.status, response.headers)) return;
   for (size_t at = 0; at < response.body.size();) {
-    const size_t count = std::min(piece_bytes, response.body.size() - at);
+    const size_t count = std::min(internet_.piece_bytes, response.body.size() - at);
     if (!receiver.TakePiece(ByteView(response.body).subspan(at, count))) return;
     at += count;
-    receiver.StillWaiting(user_leaves(at));
+    receiver.StillWaiting(UserLeaves(at));
   }
 }
 

@@ -114,7 +114,6 @@ class HeadlessInternet final : public Internet {
   class CannedSession;
   // Error 53 when there is no such file.
   [[nodiscard]] Bytes ContentOf(std::string_view url);
-  void Exchange(const HttpRequest& request, HttpReceiver& receiver);
 
   std::function<FileSystem&()> files_;
   std::map<std::string, CannedReply, std::less<>> replies_;

@@ -64,6 +64,11 @@ void ReadFog(const MissionStart& mission, MissionInfo& info) {
 
 }  // namespace
 
+std::string MissionNameIn(ByteView mission) {
+  const std::string_view all = AsChars(mission);
+  return std::string(TrimBlanks(ShownText(all.substr(std::min(bms::kMissionName, all.size()), bms::kTextBytes))));
+}
+
 std::optional<MissionInfo> ReadMissionInfo(const std::string& path) {
   if (!platform().files().Exists(path) || platform().files().IsFolder(path)) {
     MsgBox("Can't find map on your computer!");

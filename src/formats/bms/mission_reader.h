@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+#include "base/bytes.h"
+
 namespace kestrun {
 
 // A mission as the user reads it. Fields that the file is too short for are empty.
@@ -23,6 +25,9 @@ struct MissionInfo {
   std::optional<uint32_t> fog_color;  // 0x00BBGGRR
   std::string sun;
 };
+
+// The mission's name in the bytes of a mission, up to the first NUL and without blanks around it.
+[[nodiscard]] std::string MissionNameIn(ByteView mission);
 
 // Nothing when the file is missing, after "Can't find map on your computer!", or is no mission.
 [[nodiscard]] std::optional<MissionInfo> ReadMissionInfo(const std::string& path);

@@ -4,11 +4,11 @@
 #include <map>
 #include <set>
 
-#include "base/code_page.h"
 #include "base/runtime_error.h"
 #include "base/sha256.h"
 #include "base/text.h"
 #include "formats/bms/mission_layout.h"
+#include "formats/bms/mission_reader.h"
 #include "game/originals/present_content.h"
 #include "platform/platform.h"
 #include "platform/turn.h"
@@ -18,10 +18,7 @@ namespace kestrun::originals {
 namespace {
 
 std::string MissionName(ByteView bytes) {
-  const std::string_view text = AsChars(bytes.first(std::min(bytes.size(), bms::kKnownBytes)));
-  if (!text.starts_with(bms::kSignature) || text.size() < bms::kMissionName) return {};
-  const std::string_view name = text.substr(bms::kMissionName, bms::kTextBytes);
-  return std::string(TrimBlanks(DecodeText(name.substr(0, name.find('\0')))));
+  return AsChars(bytes).starts_with(bms::kSignature) ? MissionNameIn(bytes) : std::string();
 }
 
 // The places of one folder as they are now. Each archive is loaded once.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/convert.h"
+#include "base/flag_scope.h"
 #include "base/number.h"
 #include "base/runtime_error.h"
 #include "game/builds.h"
@@ -27,17 +28,6 @@ void Guarded(const RunSurroundings& around, Command&& command) {
     around.report();
   }
 }
-
-class Flagged {
- public:
-  explicit Flagged(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Flagged() { flag_ = false; }
-  Flagged(const Flagged&) = delete;
-  Flagged& operator=(const Flagged&) = delete;
-
- private:
-  bool& flag_;
-};
 
 }  // namespace
 
@@ -115,7 +105,7 @@ void AutoHostRun::ResetTime() {
 
 void AutoHostRun::Tick() {
   if (is_ticking_) return;
-  const Flagged ticking(is_ticking_);
+  const FlagScope ticking(is_ticking_);
   if (window_.UsesGameTimer()) {
     FollowGameTimer();
   } else {

@@ -18,12 +18,6 @@ constexpr char16_t kBackspace = 8;
 constexpr char16_t kFirstPrintable = 32;
 constexpr uint64_t kMsPerSecond = 1000;
 
-std::string Hexadecimal(uint32_t value) {
-  char digits[9];
-  std::snprintf(digits, sizeof digits, "%08X", static_cast<unsigned>(value));
-  return digits;
-}
-
 }  // namespace
 
 struct SimulatedGame::LineKind {
@@ -97,7 +91,7 @@ void SimulatedGame::StartRound() {
   mission_ = std::move(loaded);
   ++round_;
   Log("round", std::to_string(round_) + " of " + std::to_string(options_.round_seconds) + " seconds");
-  Log("map", from + ", CRC " + Hexadecimal(mission_.crc) + ", " + std::to_string(mission_.bytes) + " bytes, \"" +
+  Log("map", from + ", CRC " + mission_.CrcText() + ", " + std::to_string(mission_.bytes) + " bytes, \"" +
                  mission_.name + "\"");
   Enter(Phase::kPlaying, options_.round_seconds * kMsPerSecond / options_.speed);
   ShowClock();

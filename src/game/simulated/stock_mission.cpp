@@ -1,20 +1,16 @@
 #include "game/simulated/stock_mission.h"
 
-#include "base/code_page.h"
+#include <cstdio>
+
 #include "base/crc32.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "formats/bms/mission_layout.h"
+#include "formats/bms/mission_reader.h"
 #include "formats/pff/cls_pff.h"
 
 namespace kestrun {
 namespace {
-
-std::string MissionName(ByteView mission) {
-  if (mission.size() < bms::kMissionName + bms::kTextBytes) return {};
-  const std::string_view field = AsChars(mission).substr(bms::kMissionName, bms::kTextBytes);
-  return DecodeText(TrimBlanks(field.substr(0, field.find('\0'))));
-}
 
 // Empty for bytes that the game can play.
 std::string RefusalOf(ByteView mission, bool plays_anything) {
@@ -37,6 +33,12 @@ Bytes ArchiveEntry(const std::string& path, const std::string& name) {
 
 }  // namespace
 
+std::string LoadedMission::CrcText() const {
+  char digits[9];
+  std::snprintf(digits, sizeof digits, "%08X", static_cast<unsigned>(crc));
+  return digits;
+}
+
 LoadedMission LoadStockMission(FileSystem& files, const GameOptions& options) {
   LoadedMission mission;
   try {
@@ -46,7 +48,7 @@ LoadedMission LoadStockMission(FileSystem& files, const GameOptions& options) {
     const Bytes bytes =
         is_loose ? files.ReadAll(loose) : ArchiveEntry(options.folder + "\\" + options.archive, options.mission);
     mission.refusal = RefusalOf(bytes, options.plays_anything);
-    mission.name = MissionName(bytes);
+    mission.name = MissionNameIn(bytes);
     mission.crc = ~crc32::Update(crc32::kStart, bytes);
     mission.bytes = bytes.size();
   } catch (const RuntimeError& failure) {

@@ -17,6 +17,9 @@ struct LoadedMission {
   uint32_t crc = 0;    // CRC-32 of all its bytes
   size_t bytes = 0;
   std::string refusal;  // empty for a mission that is played
+
+  // Eight hexadecimal digits.
+  [[nodiscard]] std::string CrcText() const;
 };
 
 // The loose file of the stock mission's name in the game's folder if there is one, otherwise the archive's entry. A

@@ -27,10 +27,13 @@ void OpenWithFile(std::string_view name, std::string_view procedure, const std::
                   FetchDisplay* display = nullptr) {
   if (!IsWindowRegistered(name)) return;
   const Ref<Form> window(&WindowByName(name));
+  const bool was_shown = window->IsShown();
   {
     const FetchScope fetch(display);
     CallMember(*window, procedure, {file});
   }
+  // It may have come to the screen to show what it fetches.
+  if (way == ShowWay::kShowModal && !was_shown) window->Hide();
   Show(*window, way);
 }
 

@@ -129,7 +129,8 @@ void frmputlist::Load() {
   RunCommand([this] {
     ApplyStyleAtOnce(*this, "");
     ReadStoredSettings();
-    ShowCounts();
+    ShowListCount();
+    ShowFileCount();
     TakeRename();
     LoadMenuIcons();
     LoadAddins();

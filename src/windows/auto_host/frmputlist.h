@@ -191,6 +191,8 @@ class frmputlist final : public Form, private RunWindow {
   void PlacePreview();
   void PlaceState();
   void BuildMenus();
+  struct MenuPicture;
+  [[nodiscard]] std::vector<MenuPicture> MenuPictures();
 
   // ---- loading and closing ----
   void Connect();
@@ -204,13 +206,15 @@ class frmputlist final : public Form, private RunWindow {
 
   // ---- the play list ----
   void ShowRowOfList();
-  void ShowCounts();
   void ShowListCount();
+  void ShowFileCount();
   void FitPlayList();
   void AddFiles(bool only_selected);
   void AddUrl();
   void RemoveSelected();
   void SwapRows(int one, int other);
+  // Up by -1, down by 1.
+  void MoveSelected(int step);
   void ClearList();
   void AskToMix();
   void SearchMap();

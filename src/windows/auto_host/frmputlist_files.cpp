@@ -18,9 +18,16 @@ namespace {
 
 constexpr const char* kListFilter = "List files (*.lst)|*.lst|All files (*.*)|*.*|";
 
-bool HasEnding(const std::string& path, std::string_view ending) {
-  return path.size() >= ending.size() &&
-         EqualsNoCase(std::string_view(path).substr(path.size() - ending.size()), ending);
+bool HasExtension(const std::string& path, std::string_view extension) {
+  return EqualsNoCase(GetExtension(path), extension);
+}
+
+// One dialogue serves several commands: nothing of the last one stays in it.
+void SetUp(CommonDialog& dialog, const char* title, const char* filter, const char* default_extension = "") {
+  dialog.DialogTitle = title;
+  dialog.Filter = filter;
+  dialog.DefaultExt = default_extension;
+  dialog.FileName = "";
 }
 
 }  // namespace
@@ -42,10 +49,7 @@ void frmputlist::BrowseFolder() {
 // ---- a map from elsewhere ------------------------------------------------------------------------------------------
 
 void frmputlist::AddMapFile() {
-  CommonDialog1.DialogTitle = "Select a map.";
-  CommonDialog1.Filter = "Binary Missions and zip (*.bms;*.zip)|*.bms;*.zip|";
-  CommonDialog1.DefaultExt = "";
-  CommonDialog1.FileName = "";
+  SetUp(CommonDialog1, "Select a map.", "Binary Missions and zip (*.bms;*.zip)|*.bms;*.zip|");
   if (!CommonDialog1.ShowOpen()) return;
   const FetchTurn turn;
   std::string map = CommonDialog1.FileName;
@@ -60,7 +64,7 @@ void frmputlist::AddMapFile() {
 std::string frmputlist::MapFromArchive(const std::string& chosen) {
   const std::string temporary = FetchMap(chosen);
   if (temporary.empty()) return {};
-  const std::string target = MapFolder() + "\\" + GetFileName(temporary);
+  std::string target = MapFolder() + "\\" + GetFileName(temporary);
   if (FileExists(target) &&
       !AskYesNo("Warning: the file " + target + " already exists overwrite the file?", BoxIcon::kWarning)) {
     return {};
@@ -77,10 +81,7 @@ void frmputlist::mnu_loadlist_Click() {
 
 void frmputlist::AskAndLoadList() {
   if (Edited && AskYesNo("Save changed to this map list?")) SaveList();
-  CommonDialog1.DialogTitle = "Load map list";
-  CommonDialog1.Filter = kListFilter;
-  CommonDialog1.DefaultExt = "";
-  CommonDialog1.FileName = "";
+  SetUp(CommonDialog1, "Load map list", kListFilter);
   if (!CommonDialog1.ShowOpen()) return;
   LoadList(CommonDialog1.FileName);
   FitPlayList();
@@ -109,10 +110,7 @@ std::string frmputlist::ChosenListFile() {
   if (!list_file_.empty()) {
     return AskYesNo("Are you sure you want to save map list '" + list_file_ + "' ?") ? list_file_ : std::string();
   }
-  CommonDialog1.DialogTitle = "Save map list";
-  CommonDialog1.Filter = kListFilter;
-  CommonDialog1.DefaultExt = "lst";
-  CommonDialog1.FileName = "";
+  SetUp(CommonDialog1, "Save map list", kListFilter, "lst");
   if (!CommonDialog1.ShowSave()) return {};
   const std::string path = CommonDialog1.FileName;
   const bool may_write = !FileExists(path) || AskYesNo("This file already exists do you want to overwrite it?");
@@ -144,7 +142,7 @@ void frmputlist::TakeDropped(const std::vector<std::string>& paths) {
 
 // A folder stands for the maps in it, an internet shortcut for its address, a list file for its rows.
 void frmputlist::TakeDroppedPath(const std::string& path) {
-  if (HasEnding(path, ".lst")) {
+  if (HasExtension(path, "lst")) {
     LoadList(path);
     return;
   }
@@ -152,16 +150,16 @@ void frmputlist::TakeDroppedPath(const std::string& path) {
   if (platform().files().IsFolder(path)) {
     maps.clear();
     for (const FolderEntry& entry : platform().files().List(path)) {
-      if (!entry.is_folder && HasEnding(entry.name, ".bms")) maps.push_back(path + "\\" + entry.name);
+      if (!entry.is_folder && HasExtension(entry.name, "bms")) maps.push_back(path + "\\" + entry.name);
     }
-  } else if (HasEnding(path, ".url")) {
+  } else if (HasExtension(path, "url")) {
     maps = {GetIniValue(path, "InternetShortcut", "URL", "")};
   } else if (!IsUrl(path) && MapFileKind(path) == map_file_kind::kZip) {
     const FetchTurn turn;
     maps = {MapFromArchive(path)};
   }
   for (const std::string& map : maps) {
-    if (!IsUrl(map) && !HasEnding(map, ".bms")) continue;
+    if (!IsUrl(map) && !HasExtension(map, "bms")) continue;
     lstmaps.AddItem(map);
     Edited = true;
   }

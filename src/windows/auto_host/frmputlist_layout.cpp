@@ -188,10 +188,6 @@ void frmputlist::LayOutState() {
   MakePlainText(lblstatus);
   TmrInsert.Enabled = false;
   TmrInsert.Interval = AutoHostRun::kTickMs;
-  for (Image* picture :
-       {&ImgOpen, &ImgSave, &ImgMap, &ImgClose, &ImgRefresh, &ImgDel, &ImgSearch, &ImgReplace, &ImgHelp}) {
-    picture->Visible = false;
-  }
 }
 
 // Places all controls for the present size. A larger window gives its room to the lists.

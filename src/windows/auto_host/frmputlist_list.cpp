@@ -49,7 +49,7 @@ void frmputlist::ConnectLists() {
   lstmaps.MouseUp = [this](int button, int, int, int) {
     if (button == mouse::kRight) PopupMenu(mnu_list);
   };
-  FileMaps.PathChange = [this] { lblfilemaps.Caption = std::to_string(FileMaps.ListCount()); };
+  FileMaps.PathChange = [this] { ShowFileCount(); };
   txtfolder.Change = [this] { RunCommand([this] { FolderChanged(); }); };
   FilesDropped = [this](const std::vector<std::string>& paths) { RunCommand([&] { TakeDropped(paths); }); };
   SetCommand({&Command1.Click}, [this] { BrowseFolder(); });
@@ -111,10 +111,7 @@ void frmputlist::OpenPreview() {
 
 void frmputlist::ShowListCount() { lbllistmaps.Caption = std::to_string(lstmaps.ListCount()); }
 
-void frmputlist::ShowCounts() {
-  ShowListCount();
-  lblfilemaps.Caption = std::to_string(FileMaps.ListCount());
-}
+void frmputlist::ShowFileCount() { lblfilemaps.Caption = std::to_string(FileMaps.ListCount()); }
 
 void frmputlist::FitPlayList() { FitListWidth(*this, lstmaps); }
 
@@ -201,7 +198,7 @@ void frmputlist::ClearList() {
 void frmputlist::mnu_refreshlist_Click() {
   FileMaps.Reload();
   lstmaps.Refresh();
-  lblfilemaps.Caption = std::to_string(FileMaps.ListCount());
+  ShowFileCount();
   FitPlayList();
   ShowGlance();
 }
@@ -221,35 +218,26 @@ void frmputlist::SwapRows(int one, int other) {
   }
 }
 
-void frmputlist::cmdup_Click() {
-  const int current = lstmaps.ListIndex;
-  if (current < 0) {
-    MsgBox("Select map!");
-    return;
-  }
-  if (current == 0) return;
-  for (int row = 1; row < lstmaps.ListCount(); ++row) {
-    if (!lstmaps.Selected(row)) continue;
-    SwapRows(row - 1, row);
-    lstmaps.SetSelected(row, false);
-    lstmaps.SetSelected(row - 1, true);
-  }
-  Edited = true;
-  ShowGlance();
-}
+void frmputlist::cmdup_Click() { MoveSelected(-1); }
 
-void frmputlist::Cmddown_Click() {
+void frmputlist::Cmddown_Click() { MoveSelected(1); }
+
+// Each selected row changes places with its neighbour, beginning at the end that the rows move to. Nothing moves while
+// the current row stands there already.
+void frmputlist::MoveSelected(int step) {
   const int current = lstmaps.ListIndex;
   if (current < 0) {
     MsgBox("Select map!");
     return;
   }
-  if (current == lstmaps.ListCount() - 1) return;
-  for (int row = lstmaps.ListCount() - 2; row >= 0; --row) {
+  const int count = lstmaps.ListCount();
+  const int end = step < 0 ? 0 : count - 1;
+  if (current == end) return;
+  for (int row = end - step; row >= 0 && row < count; row -= step) {
     if (!lstmaps.Selected(row)) continue;
-    SwapRows(row, row + 1);
+    SwapRows(row, row + step);
     lstmaps.SetSelected(row, false);
-    lstmaps.SetSelected(row + 1, true);
+    lstmaps.SetSelected(row + step, true);
   }
   Edited = true;
   ShowGlance();

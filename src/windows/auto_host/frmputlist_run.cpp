@@ -152,8 +152,8 @@ void frmputlist::Follow(RunStep step) {
     }
     Command2.Caption = starts ? "Reset" : "START!";
     Command3.Enabled = starts;
-    if (!starts) Command5.Enabled = false;
     if (!starts) {
+      Command5.Enabled = false;
       lstmaps.MarkRow(-1);
       plays_now_.clear();
       lblstatus.Caption = "";

@@ -2,29 +2,11 @@
 #include <initializer_list>
 
 #include "program/menu_pictures.h"
+#include "program/window_kit/fill_menu.h"
 #include "program/window_kit/run_command.h"
 #include "windows/main/frmain.h"
 
 namespace kestrun {
-namespace {
-
-struct MenuRow {
-  MenuItem& item;
-  const char* caption;
-};
-constexpr const char* kLine = "-";
-
-// Items stand in a menu in the order in which the window declares them.
-void Fill(MenuItem& menu, const char* caption, std::initializer_list<MenuRow> rows) {
-  menu.Caption = caption;
-  for (const MenuRow& row : rows) {
-    row.item.Caption = row.caption;
-    row.item.SetParent(menu);
-  }
-}
-
-}  // namespace
-
 void frmain::BuildMenus() {
   BuildFileMenu();
   BuildOtherMenus();
@@ -36,75 +18,75 @@ void frmain::BuildMenus() {
 }
 
 void frmain::BuildFileMenu() {
-  Fill(mnu_file, "&File",
-       {{mnu_putmapin, "Put &map in DFLW"},
-        {mnu_imalreadyplaying, "I'm already &playing"},
-        {mnu_line1, kLine},
-        {mnu_loadmap, "&Load map from"},
-        {mnu_line2, kLine},
-        {mnu_showmapinfo, "Show map &info"},
-        {mnu_largepreview, "&Large map preview"},
-        {mnu_mapPreview, "&Load map preview"},
-        {mnu_searchpreview1, "&Search map preview"},
-        {mnu_line3, kLine},
-        {mnu_copymapto, "C&opy map to ..."},
-        {mnu_renamemap, "&Rename map"},
-        {mnu_deletemap, "&Delete selected map"},
-        {mnu_mapname, "Copy map &name"},
-        {mnu_line4, kLine},
-        {mnu_changefolder, "&Change folder"},
-        {mnu_OpenFolder, "&Open folder"},
-        {mnu_refreshmaplist, "&Refresh list"},
-        {mnu_line5, kLine},
-        {mnu_exit, "&Exit"}});
-  Fill(mnu_loadmap, "&Load map from", {{mnu_loadfromURL, "&URL"}, {mnu_loadmapfromhd, "&File on hard disk"}});
-  Fill(mnu_rightclick, "Preview",
-       {{mnu_largepreview2, "&Large preview"},
-        {mnu_loadpreview, "L&oad preview"},
-        {mnu_searchpreview, "&Search preview"}});
+  FillMenu(mnu_file, "&File",
+           {{mnu_putmapin, "Put &map in DFLW"},
+            {mnu_imalreadyplaying, "I'm already &playing"},
+            {mnu_line1, kMenuLine},
+            {mnu_loadmap, "&Load map from"},
+            {mnu_line2, kMenuLine},
+            {mnu_showmapinfo, "Show map &info"},
+            {mnu_largepreview, "&Large map preview"},
+            {mnu_mapPreview, "&Load map preview"},
+            {mnu_searchpreview1, "&Search map preview"},
+            {mnu_line3, kMenuLine},
+            {mnu_copymapto, "C&opy map to ..."},
+            {mnu_renamemap, "&Rename map"},
+            {mnu_deletemap, "&Delete selected map"},
+            {mnu_mapname, "Copy map &name"},
+            {mnu_line4, kMenuLine},
+            {mnu_changefolder, "&Change folder"},
+            {mnu_OpenFolder, "&Open folder"},
+            {mnu_refreshmaplist, "&Refresh list"},
+            {mnu_line5, kMenuLine},
+            {mnu_exit, "&Exit"}});
+  FillMenu(mnu_loadmap, "&Load map from", {{mnu_loadfromURL, "&URL"}, {mnu_loadmapfromhd, "&File on hard disk"}});
+  FillMenu(mnu_rightclick, "Preview",
+           {{mnu_largepreview2, "&Large preview"},
+            {mnu_loadpreview, "L&oad preview"},
+            {mnu_searchpreview, "&Search preview"}});
   mnu_rightclick.Visible = false;
 }
 
 void frmain::BuildOtherMenus() {
-  Fill(mnu_view, "&View",
-       {{mnu_refresh, "&Refresh list"},
-        {mnu_refreshbanner, "R&efresh banner"},
-        {mnu_line6, kLine},
-        {mnu_status, "&Status bar"},
-        {mnu_line7, kLine},
-        {mnu_options, "&Options"}});
-  Fill(mnu_actions, "A&ctions",
-       {{mnu_launchDFLW, "&Launch DFLW"},
-        {mnu_launcheditor, "Launch &Editor"},
-        {mnu_restoremissions, "Restore &stock missions ..."},
-        {mnu_line8, kLine},
-        {mnu_makemaplist, "&Make maplist (auto host)"},
-        {mnu_launchchat, "&Auto Messenger"},
-        {mnu_nameeditor, "Launch &name editor"},
-        {mnu_mapupdater, "&Map updater"},
-        {mnu_Editor, "&Skin creator"},
-        {mnu_line9, kLine},
-        {mnu_makeroomfor, "Make &room for more players"},
-        {mnu_bmstomis, "Launch &BMS => MIS "},
-        {mnu_colorpicker, "Launch &color picker"},
-        {mnu_line14, kLine},
-        {mnu_launchprogram, "Add &your program"}});
-  Fill(mnu_internet, "&Internet",
-       {{mnu_connectinternet, "Connect to &internet"},
-        {mnu_line10, kLine},
-        {mnu_checkforupdate, "Check for &update"},
-        {mnu_checkformaps, "Check for &new maps"},
-        {mnu_upload, "&Upload maps"},
-        {mnu_line11, kLine},
-        {dflwdemolobby, "DFLW Demo lobby"},
-        {dflwfullversionlobby, "DFLW Full version lobby"}});
-  Fill(mnu_help, "&Help",
-       {{mnu_helpindex, "Index"},
-        {mnu_helpdoc, "&Online help document"},
-        {mnu_line12, kLine},
-        {mnu_showtips, "&Tips"},
-        {mnu_line13, kLine},
-        {mnu_helpAbout, "&About"}});
+  FillMenu(mnu_view, "&View",
+           {{mnu_refresh, "&Refresh list"},
+            {mnu_refreshbanner, "R&efresh banner"},
+            {mnu_line6, kMenuLine},
+            {mnu_status, "&Status bar"},
+            {mnu_line7, kMenuLine},
+            {mnu_options, "&Options"}});
+  FillMenu(mnu_actions, "A&ctions",
+           {{mnu_launchDFLW, "&Launch DFLW"},
+            {mnu_launcheditor, "Launch &Editor"},
+            {mnu_restoremissions, "Restore &stock missions ..."},
+            {mnu_line8, kMenuLine},
+            {mnu_makemaplist, "&Make maplist (auto host)"},
+            {mnu_launchchat, "&Auto Messenger"},
+            {mnu_nameeditor, "Launch &name editor"},
+            {mnu_mapupdater, "&Map updater"},
+            {mnu_Editor, "&Skin creator"},
+            {mnu_line9, kMenuLine},
+            {mnu_makeroomfor, "Make &room for more players"},
+            {mnu_bmstomis, "Launch &BMS => MIS "},
+            {mnu_colorpicker, "Launch &color picker"},
+            {mnu_line14, kMenuLine},
+            {mnu_launchprogram, "Add &your program"}});
+  FillMenu(mnu_internet, "&Internet",
+           {{mnu_connectinternet, "Connect to &internet"},
+            {mnu_line10, kMenuLine},
+            {mnu_checkforupdate, "Check for &update"},
+            {mnu_checkformaps, "Check for &new maps"},
+            {mnu_upload, "&Upload maps"},
+            {mnu_line11, kMenuLine},
+            {dflwdemolobby, "DFLW Demo lobby"},
+            {dflwfullversionlobby, "DFLW Full version lobby"}});
+  FillMenu(mnu_help, "&Help",
+           {{mnu_helpindex, "Index"},
+            {mnu_helpdoc, "&Online help document"},
+            {mnu_line12, kMenuLine},
+            {mnu_showtips, "&Tips"},
+            {mnu_line13, kMenuLine},
+            {mnu_helpAbout, "&About"}});
 }
 
 // ---- what opens another window -------------------------------------------------------------------------------------

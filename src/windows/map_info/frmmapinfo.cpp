@@ -35,6 +35,7 @@ void frmmapinfo::LoadMap(const std::string& Path) {
   const Ref<Form> keep(this);
   Clear();
   const FetchTurn turn;
+  const FetchScope fetch(FetchScope::IsShown() ? nullptr : this);
   const std::string map = MapFileKind(Path) == map_file_kind::kZip ? GetFileFromZip(Path) : Path;
   if (map.empty()) return;
   Caption = "Map info " + GetFileName(map);

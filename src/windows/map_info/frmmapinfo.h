@@ -8,14 +8,16 @@
 #include "forms/frame.h"
 #include "forms/image.h"
 #include "forms/label.h"
+#include "forms/picture_box.h"
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/window_registry.h"
 #include "program/window_kit/open_window.h"
+#include "program/window_kit/status_line.h"
 
 namespace kestrun {
 
-class frmmapinfo final : public Form {
+class frmmapinfo final : public Form, private FetchDisplay {
  public:
   static constexpr const char* kName = window_name::kMapInfo;
   frmmapinfo();
@@ -46,6 +48,10 @@ class frmmapinfo final : public Form {
   Image& ImgPreview = Add<Image>("ImgPreview");
   CommandButton& Command1 = Add<CommandButton>("Command1");
   CommandButton& Command2 = Add<CommandButton>("Command2");
+  // What the window fetches while no other window shows it. Nobody sees them at other times.
+  PictureBox& PctStatus = Add<PictureBox>("PctStatus");
+  TextBox& txtstatus = Add<TextBox>("txtstatus");
+  ProgressBar& prgfetch = Add<ProgressBar>("prgfetch");
   // Applies the style once.
   Timer& Timer1 = Add<Timer>("Timer1");
 
@@ -61,11 +67,17 @@ class frmmapinfo final : public Form {
  private:
   void LayOut();
   void LayOutFields();
+  void PlaceStatusLine();
   void ShowPreview(bool shown);
   void Clear();
   void FillFields(const struct MissionInfo& info);
   // As large as fits into the frame, in its own proportions.
   void SetPicture(const Ref<kestrun::Picture>& picture);
+  // The window comes to the screen, and a status line to its foot.
+  void ShowFetch(const FetchState& state) override;
+  void EndFetch() override;
+
+  StatusLine status_line_{PctStatus, txtstatus, prgfetch};
 };
 
 }  // namespace kestrun

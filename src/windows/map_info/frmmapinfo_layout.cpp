@@ -75,7 +75,24 @@ void frmmapinfo::LayOut() {
   Command2.Move(kFrameLeft + kFrameInside - kPreviewButtonWidth, kButtonTop, kPreviewButtonWidth, kDialogButtonHeight);
   Command1.Move(Command2.Left - kGap - kDialogButtonWidth, kButtonTop, kDialogButtonWidth, kDialogButtonHeight);
 
+  status_line_.LayOut("");
+  PlaceStatusLine();
+
   SetUpStyleTimer(*this, Timer1, 200, "applystyle ");
+}
+
+// Below the client area but for the time of a fetch, which makes the window higher.
+void frmmapinfo::PlaceStatusLine() { status_line_.Place(Width - kFrameWidth, kClientHeight + kStatusLineHeight); }
+
+void frmmapinfo::ShowFetch(const FetchState& state) {
+  Height = kClientHeight + kStatusLineHeight + kFrameHeight;
+  if (!IsShown()) Show();
+  status_line_.ShowFetch(state);
+}
+
+void frmmapinfo::EndFetch() {
+  status_line_.EndFetch();
+  Height = kClientHeight + kFrameHeight;
 }
 
 void frmmapinfo::LayOutFields() {
@@ -108,6 +125,7 @@ void frmmapinfo::LayOutFields() {
 void frmmapinfo::ShowPreview(bool shown) {
   Frame3.Visible = shown;
   Width = shown ? kWidthWithPreview : kWidthWithoutPreview;
+  PlaceStatusLine();
   Command2.Caption = shown ? "<= No Preview" : "Preview =>";
 }
 

@@ -14,27 +14,12 @@
 #include "formats/profile/profile_file.h"
 #include "formats/profile/profile_lines.h"
 #include "formats/profile/profile_text.h"
+#include "formats/seeded_draw.h"
 
 namespace kestrun {
 namespace {
 
 constexpr int kFiles = 3000;
-
-// The same numbers in every run.
-class Draw {
- public:
-  uint32_t Below(uint32_t limit) {
-    state_ = state_ * 6364136223846793005u + 1442695040888963407u;
-    return static_cast<uint32_t>(state_ >> 33) % limit;
-  }
-  template <size_t n>
-  std::string One(const std::array<const char*, n>& choices) {
-    return choices[Below(n)];
-  }
-
- private:
-  uint64_t state_ = 20240229;
-};
 
 constexpr std::array kSections{"a", "B", "a b", "launcher", "x]y", ""};
 constexpr std::array kKeys{"k", "Key", "a b", "#k", "DFLWDEM.EXE", "'q'", "[z", "n1"};
@@ -44,13 +29,13 @@ constexpr std::array kValues{"v",    "",   "one two", "'v'", "\"v\"", "\" v \"",
                              "\"'v", "0",  "-1",      "#",   "]",     "/",       "\\",        "x\ty\tz", "''v''"};
 constexpr std::array kLineEnds{"\r\n", "\r\n", "\r\n", "\n", "\r", "\r\n\r\n"};
 
-std::string Mixed(Draw& draw, std::string text) {
+std::string Mixed(SeededDraw& draw, std::string text) {
   for (char& c : text)
     if (draw.Below(3) == 0) c = static_cast<char>(draw.Below(2) != 0 ? std::toupper(c) : std::tolower(c));
   return text;
 }
 
-std::string Value(Draw& draw) {
+std::string Value(SeededDraw& draw) {
   switch (draw.Below(12)) {
     case 0: return std::string(250 + draw.Below(10), 'x');
     case 1: return "\xE4\xF6\xFC \xDF";
@@ -58,7 +43,7 @@ std::string Value(Draw& draw) {
   }
 }
 
-std::string Line(Draw& draw) {
+std::string Line(SeededDraw& draw) {
   const std::string before = draw.One(kBlanks);
   const std::string behind = draw.One(kBlanks);
   switch (draw.Below(10)) {
@@ -72,7 +57,7 @@ std::string Line(Draw& draw) {
   }
 }
 
-std::string Content(Draw& draw) {
+std::string Content(SeededDraw& draw) {
   std::string content = draw.Below(4) != 0 ? "[" + draw.One(kSections) + "]\r\n" : "";
   const uint32_t lines = draw.Below(32);
   for (uint32_t i = 0; i < lines; ++i) {
@@ -163,7 +148,7 @@ std::string Levelled(const std::string& content) {
 }
 
 TEST(ProfileServiceTest, GeneratedFilesReadAsTheSystemsServiceReadsThem) {
-  Draw draw;
+  SeededDraw draw(20240229);
   ServiceFile file;
   int found = 0;
   for (int i = 0; i < kFiles; ++i) {
@@ -185,7 +170,7 @@ TEST(ProfileServiceTest, GeneratedFilesReadAsTheSystemsServiceReadsThem) {
 }
 
 TEST(ProfileServiceTest, GeneratedFilesAreWrittenAsTheSystemsServiceWritesThem) {
-  Draw draw;
+  SeededDraw draw(20240229);
   ServiceFile file;
   for (int i = 0; i < kFiles; ++i) {
     const std::string content = Content(draw);

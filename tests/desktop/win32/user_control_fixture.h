@@ -41,6 +41,7 @@ inline const WindowRegistration sample_registration(frmsamples::kName, [] { retu
 class UserControlWindowTest : public testing::Test {
  protected:
   void SetUp() override {
+    ParkMouse();
     form().Show();
     ASSERT_FALSE(FormWindow::OpenWindows().empty()) << "no window came up: is there a display?";
     Pump();

@@ -15,6 +15,7 @@ namespace kestrun {
 
 class RealWindowTest : public testing::Test {
  protected:
+  RealWindowTest() { ParkMouse(); }
   ~RealWindowTest() override {
     CloseAllWindows();
     EmptyMessageQueue();

@@ -152,6 +152,13 @@ class HostRoadTest : public testing::Test {
     game = std::make_unique<GameProcess>(kBuild, words, game_folder);
     ASSERT_TRUE(game->IsThere());
   }
+  // The auto host with its list, and the game; the run is started once the game plays the map that was there before.
+  void StartBoth(const HostSettings& settings, const std::string& game_words) {
+    ASSERT_NO_FATAL_FAILURE(StartHost(settings));
+    ASSERT_NO_FATAL_FAILURE(StartGame(game_words));
+    ASSERT_TRUE(game->Logs("\"First\""));
+    ASSERT_TRUE(HostWindow::Press(L"Start"));
+  }
 
   // As an administrator does in the game's own console.
   void EndRoundAtTheServer() {
@@ -205,10 +212,7 @@ class HostRoadTest : public testing::Test {
 TEST_F(HostRoadTest, TheEndOfEachGameBringsTheNextMapAndAfterTheLastTheFirst) {
   HostSettings settings;
   settings.game_timer = true;
-  StartHost(settings);
-  StartGame("-round 900 -pause 3500 -leave 0");
-  ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(HostWindow::Press(L"Start"));
+  ASSERT_NO_FATAL_FAILURE(StartBoth(settings, "-round 900 -pause 3500 -leave 0"));
   ASSERT_TRUE(WaitFor([] { return HostWindow::HasButton(L"Reset"); }));
   for (const char* name : {"Alpha", "Bravo", "Charlie", "Alpha"}) {
     EndRoundAtTheServer();
@@ -222,10 +226,7 @@ TEST_F(HostRoadTest, TheEndOfEachGameBringsTheNextMapAndAfterTheLastTheFirst) {
 TEST_F(HostRoadTest, TheEndOfEachGameBringsTheNextMapAndTheResetIsTyped) {
   HostSettings settings;
   settings.reset_games = true;
-  StartHost(settings);
-  StartGame("-round 60 -speed 20 -pause 5500 -leave 0");
-  ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(HostWindow::Press(L"Start"));
+  ASSERT_NO_FATAL_FAILURE(StartBoth(settings, "-round 60 -speed 20 -pause 5500 -leave 0"));
   ExpectRotation();
   EXPECT_THAT(game->Log(), HasSubstr("console resetgames"));
 }
@@ -234,10 +235,7 @@ TEST_F(HostRoadTest, TheEndOfEachGameBringsTheNextMapAndTheResetIsTyped) {
 TEST_F(HostRoadTest, TheRoundClockBringsTheNextMap) {
   HostSettings settings;
   settings.game_timer = true;
-  StartHost(settings);
-  StartGame("-round 60 -speed 20 -pause 3500 -leave 1500");
-  ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(HostWindow::Press(L"Start"));
+  ASSERT_NO_FATAL_FAILURE(StartBoth(settings, "-round 60 -speed 20 -pause 3500 -leave 1500"));
   ExpectRotation();
   EXPECT_THAT(game->Log(), Not(HasSubstr("console")));
 }
@@ -246,10 +244,7 @@ TEST_F(HostRoadTest, TheRoundClockBringsTheNextMapAndTheResetIsTyped) {
   HostSettings settings;
   settings.game_timer = true;
   settings.reset_games = true;
-  StartHost(settings);
-  StartGame("-round 60 -speed 20 -pause 5000 -leave 2000");
-  ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(HostWindow::Press(L"Start"));
+  ASSERT_NO_FATAL_FAILURE(StartBoth(settings, "-round 60 -speed 20 -pause 5000 -leave 2000"));
   ExpectRotation();
   EXPECT_THAT(game->Log(), HasSubstr("console resetgames"));
 }
@@ -260,10 +255,7 @@ TEST_F(HostRoadTest, TheCountdownWithTheResetEndsTheGameForTheNextMap) {
   settings.reset_games = true;
   settings.minutes = 0;
   settings.seconds = 6;
-  StartHost(settings);
-  StartGame("-round 900 -pause 3000 -leave 300");
-  ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(HostWindow::Press(L"Start"));
+  ASSERT_NO_FATAL_FAILURE(StartBoth(settings, "-round 900 -pause 3000 -leave 300"));
   ExpectRotation();
   EXPECT_THAT(game->Log(), HasSubstr("end of round 1: resetgames"));
   EXPECT_THAT(game->Log(), Not(HasSubstr("the clock ran out")));
@@ -275,10 +267,7 @@ TEST_F(HostRoadTest, TheCountdownWithoutTheResetChangesTheFileUnderTheRunningGam
   HostSettings settings;
   settings.minutes = 0;
   settings.seconds = 8;
-  StartHost(settings);
-  StartGame("-round 60 -speed 30 -pause 500 -leave 0");
-  ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(HostWindow::Press(L"Start"));
+  ASSERT_NO_FATAL_FAILURE(StartBoth(settings, "-round 60 -speed 30 -pause 500 -leave 0"));
   for (const char* name : {"Alpha", "Bravo", "Charlie"}) ExpectMap(name);
   std::vector<std::string> maps = PlayedMaps();
   maps.erase(std::unique(maps.begin(), maps.end()), maps.end());
@@ -289,10 +278,7 @@ TEST_F(HostRoadTest, TheCountdownWithoutTheResetChangesTheFileUnderTheRunningGam
 TEST_F(HostRoadTest, AGameThatIsKilledStopsNothingAndIsServedAgainOnceTheRunIsStartedAnew) {
   HostSettings settings;
   settings.game_timer = true;
-  StartHost(settings);
-  StartGame("-round 60 -speed 6 -pause 2500 -leave 0 -kill 6000");
-  ASSERT_TRUE(game->Logs("\"First\""));
-  ASSERT_TRUE(HostWindow::Press(L"Start"));
+  ASSERT_NO_FATAL_FAILURE(StartBoth(settings, "-round 60 -speed 6 -pause 2500 -leave 0 -kill 6000"));
   ASSERT_TRUE(WaitFor([this] { return game->HasEnded(); }));
   EXPECT_THAT(game->Log(), HasSubstr("killed in the middle"));
   // Its clock and its byte fell with the process: one map goes in, and no more.

@@ -200,6 +200,39 @@ class MapInfoPreviewTest : public MapInfoTest {
   }
 };
 
+// Nobody has opened the window yet when it is filled: without one on the screen the fetch would look like a hang.
+TEST_F(MapInfoPreviewTest, AFetchThatNoOtherWindowShowsBringsTheWindowAndAStatusLine) {
+  frmmapinfo& window = Info();
+  const int height = window.Height;
+  std::string words;
+  bool is_whole = false;
+  desktop.internet().piece_bytes = 1;
+  window.txtstatus.Change = [&] {
+    if (window.txtstatus.Text->empty()) return;
+    words = window.txtstatus.Text;
+    is_whole = window.IsShown() && window.PctStatus.Top + window.PctStatus.Height <= window.ScaleHeight();
+  };
+  WithPicture(4, 4);
+  EXPECT_EQ(words, "Fetching a.jpg from maps.example: 1 KB. Esc cancels.");
+  EXPECT_TRUE(is_whole);
+  EXPECT_EQ(window.Height, height);
+  EXPECT_GE(window.PctStatus.Top, window.ScaleHeight());
+}
+
+TEST_F(MapInfoPreviewTest, AFetchInsideAWindowThatShowsItLeavesTheMapInfoHidden) {
+  struct Display final : FetchDisplay {
+    void ShowFetch(const FetchState&) override { ++shown; }
+    void EndFetch() override {}
+    int shown = 0;
+  } display;
+  {
+    const FetchScope fetch(&display);
+    WithPicture(4, 4);
+  }
+  EXPECT_GT(display.shown, 0);
+  EXPECT_FALSE(Info().IsShown());
+}
+
 TEST_F(MapInfoPreviewTest, TheButtonShowsAndHidesThePreview) {
   frmmapinfo& window = Info();
   window.Show();
