@@ -71,6 +71,7 @@ std::string UnpackedPath(const std::string& folder, const std::string& member) {
 
 // What an earlier zip of the same name left in the folder must not pass for a member that cannot be unpacked.
 void DeleteLeftovers(const Cls_Zip& zip, const std::string& folder) {
+  if (!FileExists(folder)) return;
   for (int32_t member = 1; member <= zip.FileCount(); ++member) {
     const std::string name = zip.FileName(member);
     if (zip.IsDir(member) || !zip::StaysInside(name)) continue;

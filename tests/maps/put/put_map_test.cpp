@@ -281,7 +281,7 @@ TEST_F(PutMapTest, AnArchiveThatAPutHasMadeTakesTheNextMap) {
 
 TEST_F(PutMapTest, BehindAMissingArchiveTheGameFolderCanBeChangedAtOnce) {
   native_files.MakeFolder(Path("other"));
-  WriteFile(Path("other\\dflw.pff"), "");
+  MakeArchive(Path("other\\dflw.pff"), {"A.BMS"});
   native_files.Delete(Archive());
   desktop.dialogs().ExpectBox(
       "The pff file: " + Archive() +
