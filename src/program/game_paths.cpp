@@ -74,7 +74,6 @@ void StartGame() {
   MsgBox("Game file 'dflwdem.exe' not found!!!!! Please select your game folder in the options window!!!",
          BoxButtons::kOk, BoxIcon::kCritical);
   OpenWindow(window_name::kOptions, ShowWay::kShowModal);
-  OfferGameFolder();
 }
 
 }  // namespace
@@ -99,15 +98,6 @@ std::string PickGameFolder(const std::string& prompt, int32_t root, const std::s
       return folder;
     }
   }
-}
-
-void OfferGameFolder() {
-  if (IsWindowRegistered(window_name::kOptions)) return;
-  if (!AskYesNo("The game folder is " + GameFolder() + "." + std::string(kCrLf) + "Do you want to choose another one?",
-                BoxIcon::kQuestion)) {
-    return;
-  }
-  Attempt([] { PickGameFolder("Select the folder where you installed your game.", folder::kMyComputer, ""); });
 }
 
 GameFolderUnasked::GameFolderUnasked() : before_(std::exchange(is_asking_off, true)) {}

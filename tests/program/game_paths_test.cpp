@@ -172,26 +172,6 @@ TEST_F(GamePathsTest, AMissingGameIsToldByItsUsualNameAndTheOptionsOpen) {
   EXPECT_TRUE(desktop.shell().openings.empty());
 }
 
-TEST_F(GamePathsTest, WithoutAnOptionsWindowTheFolderOfAMissingGameCanBeChangedAtOnce) {
-  const WindowFactory options = UnregisterWindow("frmoptions");
-  TellRegistry(Path("temp"));
-  WriteFile(Path("game\\DFLWDEM.EXE"), "");
-  desktop.dialogs().ExpectBox(kMissing);
-  desktop.dialogs()
-      .ExpectBox("The game folder is " + Path("temp") + ".\r\nDo you want to choose another one?", BoxAnswer::kYes)
-      .WithButtons(BoxButtons::kYesNo);
-  desktop.dialogs().ExpectFolder("Select the folder where you installed your game.", Path("game\\"));
-  EXPECT_FALSE(launchDFLW());
-  EXPECT_EQ(GameFolder(), Path("game"));
-  desktop.dialogs().ExpectBox(kMissing);
-  desktop.dialogs().ExpectBox("The game folder is " + Path("game") + ".\r\nDo you want to choose another one?",
-                              BoxAnswer::kNo);
-  native_files.Delete(Path("game\\DFLWDEM.EXE"));
-  EXPECT_FALSE(launchDFLW());
-  EXPECT_EQ(GameFolder(), Path("game"));
-  if (options) const WindowRegistration again("frmoptions", options);
-}
-
 TEST_F(GamePathsTest, AFailureOfTheLaunchIsShownWithItsContext) {
   desktop.dialogs().ExpectBox(kPrompt);
   desktop.dialogs().ExpectFolder(kBrowse, std::nullopt);

@@ -90,7 +90,6 @@ bool PutInArchive(const std::string& map_path, std::string& name, const std::str
   if (!FileExists(archive_path) && warn &&
       !AskToContinue("File not found!", "The pff file: " + archive_path + " does not exists." + std::string(kCrLf) +
                                             "Go to options and select the right dflw game folder.")) {
-    OfferGameFolder();
     return false;
   }
   LoadArchive(archive, archive_path);

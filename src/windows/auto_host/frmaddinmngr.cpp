@@ -16,7 +16,7 @@ namespace {
 
 const WindowRegistration registration(FrmAddinMngr::kName, [] { return MakeRef<FrmAddinMngr>(); });
 
-constexpr int kStyleTimerMs = 200;
+constexpr int kStyleTimerMs = 100;
 constexpr int kMargin = 180;
 constexpr int kGap = 120;
 constexpr int kWidth = 5400;
@@ -38,7 +38,7 @@ FrmAddinMngr::FrmAddinMngr() : Form(kName) {
   SetCommand({&Command4.Click}, [this] { RegisterFile(); });
   SetCommand({&Command5.Click}, [this] { Unload(); });
   SetCommand({&Command6.Click}, [this] { ShowProperties(); });
-  SetUpStyleTimer(*this, Timer1, kStyleTimerMs, "");
+  SetUpStyleTimer(*this, Timer1, kStyleTimerMs, "applystyle ");
 }
 
 void FrmAddinMngr::LayOut() {
