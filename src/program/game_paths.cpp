@@ -11,6 +11,7 @@
 #include "forms/window_registry.h"
 #include "platform/platform.h"
 #include "program/folders.h"
+#include "program/originals_hook.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/window_kit/ask.h"
@@ -95,6 +96,7 @@ std::string PickGameFolder(const std::string& prompt, int32_t root, const std::s
     const std::string doubt = DoubtAbout(folder);
     if (doubt.empty() || !WantsAnotherFolder(doubt)) {
       WriteSetting(setting::kGameFolder, folder);
+      Attempt(CheckGameArchive);
       return folder;
     }
   }

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "game/add_ins/add_ins.h"
+#include "maps/file_tools.h"
 #include "platform/platform.h"
 #include "program/path_text.h"
 #include "program/window_kit/apply_style.h"
@@ -76,6 +77,7 @@ void FrmAddinMngr::Load() {
       LstAddins.AddItem(add_in.name);
       ids_.push_back(add_in.id);
     }
+    FitListWidth(*this, LstAddins);
   });
 }
 
@@ -86,6 +88,7 @@ void FrmAddinMngr::AddOne() {
   const std::string id = dialogs.AskText("Please enter CLASSID or PROGID HERE!", "", "").value_or("");
   LstAddins.AddItem(name);
   ids_.push_back(id);
+  FitListWidth(*this, LstAddins);
 }
 
 void FrmAddinMngr::RemoveOne() {

@@ -408,6 +408,17 @@ TEST_P(PutMapFailureTest, AFailureAtAnyCallIsToldAndLeavesTheMapAlone) {
   EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS.new")));
 }
 
+TEST_P(PutMapFailureTest, WhilePlayingAFailureAtAnyCallLeavesTheLooseFileWhole) {
+  WriteFile(GamePath("NEW.BMS"), "what the game plays");
+  FailingFiles files(native_files, GetParam());
+  desktop.UseFiles(files);
+  desktop.OnUnexpected([](const UnexpectedQuestion&) {});
+  const bool put = Put("NEW.BMS", kPutBesideOnly);
+  desktop.UseFiles(native_files);
+  EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), put ? map : "what the game plays");
+  EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS.new")));
+}
+
 INSTANTIATE_TEST_SUITE_P(AtEachCall, PutMapFailureTest, testing::Range(0, 24));
 
 }  // namespace
