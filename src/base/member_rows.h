@@ -148,17 +148,25 @@ constexpr Member AccessorRow(std::string_view name) {
           internal::kResultType<kGetter>};
 }
 
+// `parameters` are the names of the arguments, with ", " between.
 template <auto kMethod>
-constexpr Member MethodRow(std::string_view name) {
+constexpr Member MethodRow(std::string_view name, std::string_view parameters = {}) {
   constexpr auto kCount =
       static_cast<int>(std::tuple_size_v<typename internal::MemberPointer<decltype(kMethod)>::Parameters>);
-  return {name,    MemberKind::kMethod,           kCount, kCount, &internal::CallMethod<kMethod>,
-          nullptr, internal::kResultType<kMethod>};
+  return {name,
+          MemberKind::kMethod,
+          kCount,
+          kCount,
+          &internal::CallMethod<kMethod>,
+          nullptr,
+          internal::kResultType<kMethod>,
+          parameters};
 }
 
 // A method with optional arguments, or one that needs the raw values.
-constexpr Member RawMethodRow(std::string_view name, int least, int most, Variant (*call)(Object&, Arguments)) {
-  return {name, MemberKind::kMethod, least, most, call, nullptr};
+constexpr Member RawMethodRow(std::string_view name, int least, int most, Variant (*call)(Object&, Arguments),
+                              std::string_view parameters = {}) {
+  return {name, MemberKind::kMethod, least, most, call, nullptr, {}, parameters};
 }
 
 }  // namespace kestrun

@@ -51,7 +51,8 @@ std::vector<MemberInfo> TableObject::ListMembers() const {
   for (size_t at = 0; at < table.Size(); ++at) {
     const Member& row = table.At(static_cast<MemberId>(at));
     if (table.Find(row.name) != static_cast<MemberId>(at)) continue;  // a derived class has its own
-    list.push_back({std::string(row.name), row.kind, row.least_arguments, row.most_arguments, row.type});
+    list.push_back(
+        {std::string(row.name), row.kind, row.least_arguments, row.most_arguments, row.type, row.parameters});
   }
   return list;
 }

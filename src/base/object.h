@@ -31,7 +31,8 @@ struct MemberInfo {
   MemberKind kind;
   int least_arguments;
   int most_arguments;
-  std::string_view type = {};  // of the value that it gives, as TypeName names it; empty for none and for any
+  std::string_view type = {};        // of the value that it gives, as TypeName names it; empty for none and for any
+  std::string_view parameters = {};  // their names with ", " between; empty where nobody knows them
 };
 
 // The sequence that For Each walks.
@@ -67,6 +68,13 @@ class Object : public RefCounted {
   // Calls a method and drops or takes its result; on a property the same as Get.
   virtual Variant Call(MemberId member, Arguments arguments) { return Get(member, arguments); }
 
+  // The names of a member's arguments in their order with ", " between, for callers that pass them by name; empty where
+  // there are none or they have no names.
+  [[nodiscard]] virtual std::string_view ParameterNames(MemberId member) const {
+    static_cast<void>(member);
+    return {};
+  }
+
   // Null when the object is no collection.
   [[nodiscard]] virtual std::unique_ptr<Enumeration> Enumerate() { return nullptr; }
 };
@@ -84,7 +92,8 @@ struct Member {
   int most_arguments = 0;
   Variant (*get)(Object& object, Arguments arguments) = nullptr;  // also the call of a method
   void (*put)(Object& object, Arguments arguments, const Variant& value) = nullptr;
-  std::string_view type = {};  // of the value, as TypeName names it; empty for none and for any
+  std::string_view type = {};        // of the value, as TypeName names it; empty for none and for any
+  std::string_view parameters = {};  // names of the arguments with ", " between
 };
 
 // A class's members, its base class's first.
@@ -106,6 +115,9 @@ class TableObject : public Object {
   [[nodiscard]] std::vector<MemberInfo> ListMembers() const override;
   Variant Get(MemberId member, Arguments arguments) override;
   void Put(MemberId member, Arguments arguments, const Variant& value) override;
+  [[nodiscard]] std::string_view ParameterNames(MemberId member) const override {
+    return Members().At(member).parameters;
+  }
 
  protected:
   // False once the object behind the reference has gone away: every access then gives error 424.

@@ -39,9 +39,17 @@ inline constexpr int kInvalidPropertyValue = 380;
 inline constexpr int kPropertyReadOnly = 383;
 inline constexpr int kObjectRequired = 424;
 inline constexpr int kCannotCreateObject = 429;
+inline constexpr int kNoSuchInterface = 430;
 inline constexpr int kMemberNotFound = 438;
 inline constexpr int kAutomationError = 440;
+inline constexpr int kActionNotSupported = 445;
+inline constexpr int kNoNamedArguments = 446;
+inline constexpr int kNamedArgumentNotFound = 448;
+inline constexpr int kArgumentNotOptional = 449;
 inline constexpr int kWrongArgumentCount = 450;
+inline constexpr int kNoCollection = 451;
+inline constexpr int kUnsupportedType = 458;
+inline constexpr int kServerUnavailable = 462;
 inline constexpr int kInvalidPicture = 481;
 inline constexpr int kNameInUse = 727;
 }  // namespace error

@@ -127,14 +127,16 @@ constexpr Member kRows[]{
      [](Object& object, Arguments) { return ReferenceTo(Self(object).Container()); }, &PutContainer, "Object"},
     {"Parent", MemberKind::kReadOnly, 0, 0, [](Object& object, Arguments) { return ReferenceTo(Self(object).form()); },
      nullptr, "Form"},
-    RawMethodRow("Move", 1, 4, &MoveWithDefaults),
+    RawMethodRow("Move", 1, 4, &MoveWithDefaults, "Left, Top, Width, Height"),
     MethodRow<&Control::SetFocus>("SetFocus"),
     MethodRow<&Control::Refresh>("Refresh"),
-    RawMethodRow("ZOrder", 0, 1,
-                 [](Object& object, Arguments arguments) -> Variant {
-                   Self(object).ZOrder(arguments.empty() ? 0 : ToLong(arguments[0]));
-                   return {};
-                 }),
+    RawMethodRow(
+        "ZOrder", 0, 1,
+        [](Object& object, Arguments arguments) -> Variant {
+          Self(object).ZOrder(arguments.empty() ? 0 : ToLong(arguments[0]));
+          return {};
+        },
+        "Position"),
 };
 
 }  // namespace

@@ -59,8 +59,8 @@ constexpr Member kRows[]{
        return active ? Variant(active) : Variant::Nothing();
      },
      nullptr, "Object"},
-    RawMethodRow("PopupMenu", 1, 5, &CallPopupMenu),
-    RawMethodRow("Show", 0, 2, &ShowWithMode),
+    RawMethodRow("PopupMenu", 1, 5, &CallPopupMenu, "Menu, Flags, x, y, DefaultMenu"),
+    RawMethodRow("Show", 0, 2, &ShowWithMode, "Modal, OwnerForm"),
     MethodRow<&Form::Hide>("Hide"),
 };
 
@@ -292,6 +292,10 @@ std::vector<MemberInfo> Form::ListMembers() const {
     list.push_back({control->Name(), MemberKind::kReadOnly, indexes, indexes, {}});
   }
   return list;
+}
+
+std::string_view Form::ParameterNames(MemberId member) const {
+  return static_cast<size_t>(member) < Members().Size() ? Control::ParameterNames(member) : std::string_view("Index");
 }
 
 Variant Form::Get(MemberId member, Arguments arguments) {

@@ -109,6 +109,7 @@ class Form : public DrawableControl {
   [[nodiscard]] MemberId FindMember(std::string_view name) const override;
   [[nodiscard]] const void* MemberLayout() const override { return nullptr; }
   [[nodiscard]] std::vector<MemberInfo> ListMembers() const override;
+  [[nodiscard]] std::string_view ParameterNames(MemberId member) const override;
   Variant Get(MemberId member, Arguments arguments) override;
   void Put(MemberId member, Arguments arguments, const Variant& value) override;
   static const MemberTable kFormMembers;

@@ -25,12 +25,14 @@ constexpr Member kRows[]{
      [](Object& object, Arguments at) -> Variant { return Self(object).ItemData(ToLong(at[0])); },
      [](Object& object, Arguments at, const Variant& value) { Self(object).SetItemData(ToLong(at[0]), ToLong(value)); },
      "Long"},
-    RawMethodRow("AddItem", 1, 2,
-                 [](Object& object, Arguments given) -> Variant {
-                   Self(object).AddItem(ToText(given[0]), given.size() > 1 ? ToLong(given[1]) : -1);
-                   return {};
-                 }),
-    MethodRow<&ItemListControl::RemoveItem>("RemoveItem"),
+    RawMethodRow(
+        "AddItem", 1, 2,
+        [](Object& object, Arguments given) -> Variant {
+          Self(object).AddItem(ToText(given[0]), given.size() > 1 ? ToLong(given[1]) : -1);
+          return {};
+        },
+        "Item, Index"),
+    MethodRow<&ItemListControl::RemoveItem>("RemoveItem", "Index"),
     MethodRow<&ItemListControl::Clear>("Clear"),
 };
 

@@ -4,6 +4,7 @@
 #include <map>
 #include <vector>
 
+#include "base/text.h"
 #include "forms/control_kinds.h"
 #include "forms/font_object.h"
 #include "forms/script_globals.h"
@@ -32,9 +33,21 @@ std::string KindOf(const MemberInfo& member) {
   return "read, write";
 }
 
-// "", "(1)", "(0 to 2)": how many arguments it takes.
+std::string NamesOf(const MemberInfo& member) {
+  std::string names;
+  int at = 0;
+  for (const std::string& name : Split(member.parameters, ", ")) {
+    const bool may_be_left_out = at++ >= member.least_arguments;
+    names += (names.empty() ? "" : ", ") + (may_be_left_out ? "[" + name + "]" : name);
+  }
+  return names;
+}
+
+// "(Left, Top)" where the arguments have names, otherwise how many it takes: "(1)", "(0 to 2)". In brackets what may be
+// left out.
 std::string ArgumentsOf(const MemberInfo& member) {
   if (member.most_arguments == 0) return {};
+  if (!member.parameters.empty()) return "(" + NamesOf(member) + ")";
   const std::string most = std::to_string(member.most_arguments);
   if (member.least_arguments == member.most_arguments) return "(" + most + ")";
   return "(" + std::to_string(member.least_arguments) + " to " + most + ")";
@@ -60,7 +73,8 @@ std::vector<MemberInfo> RowsOf(const MemberTable& table) {
   for (size_t at = 0; at < table.Size(); ++at) {
     const Member& row = table.At(static_cast<MemberId>(at));
     if (table.Find(row.name) != static_cast<MemberId>(at)) continue;
-    rows.push_back({std::string(row.name), row.kind, row.least_arguments, row.most_arguments, row.type});
+    rows.push_back(
+        {std::string(row.name), row.kind, row.least_arguments, row.most_arguments, row.type, row.parameters});
   }
   return rows;
 }
@@ -122,6 +136,15 @@ std::string ClassSection(const std::string& name, const TableObject& object) {
   return "\n### " + name + "\n" + lead + MemberTableOf(rows, DefaultNameOf(object));
 }
 
+// What all controls and all forms have, and each of the classes.
+std::string ClassSections(const Classes& classes) {
+  std::string page = "\n### Every control, and every form\n" + MemberTableOf(RowsOf(Control::kControlMembers), {});
+  page += "\n### Every form\n\nThe members of every control, and:\n" +
+          MemberTableOf(RowsBeyond(Form::kFormMembers, Control::kControlMembers), "Controls");
+  for (const auto& [name, object] : classes) page += ClassSection(name, *object);
+  return page;
+}
+
 }  // namespace
 
 std::string ScriptObjectsPage() {
@@ -130,11 +153,13 @@ std::string ScriptObjectsPage() {
   std::string page = std::string(kIntroduction) + "\n## Windows\n";
   for (const std::string& name : RegisteredWindows()) page += WindowSection(WindowBeforeLoad(name), classes);
   NoteOtherClasses(classes, *scratch);
-  page += "\n## Classes\n\n### Every control, and every form\n" + MemberTableOf(RowsOf(Control::kControlMembers), {});
-  page += "\n### Every form\n\nThe members of every control, and:\n" +
-          MemberTableOf(RowsBeyond(Form::kFormMembers, Control::kControlMembers), "Controls");
-  for (const auto& [name, object] : classes) page += ClassSection(name, *object);
-  return page;
+  return page + "\n## Classes\n" + ClassSections(classes);
+}
+
+std::string AddInSurface() {
+  Classes classes;
+  std::string page = "## What the window offers\n" + WindowSection(WindowBeforeLoad("frmputlist"), classes);
+  return page + "\n## The classes of its controls\n" + ClassSections(classes);
 }
 
 }  // namespace kestrun

@@ -1,12 +1,18 @@
 // The Windows program: installs the real platform and loads the splash window, whose load handler starts everything.
+#include "desktop/win32/com/component_registration.h"
+#include "desktop/win32/com/created_object.h"
+#include "desktop/win32/com/object_bridge.h"
 #include "desktop/win32/win32_platform.h"
 #include "forms/window_registry.h"
+#include "game/add_ins/add_ins.h"
 
 int main() {
   kestrun::Win32Platform platform;
   const kestrun::PlatformInstallation installation(platform);
+  kestrun::InstallAddInServices({&kestrun::CreateObjectOfClass, &kestrun::RunRegistrationEntry});
   kestrun::DispatchEvent(nullptr, [] { static_cast<void>(kestrun::WindowByName("frmsplash")); });
   if (!kestrun::LoadedWindows().empty()) platform.windowing().RunUntilQuit();
   kestrun::CloseAllWindows();
+  kestrun::CloseObjectBridge();
   return 0;
 }

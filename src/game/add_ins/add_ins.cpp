@@ -55,7 +55,7 @@ Ref<Object> CreateAddIn(const std::string& id) {
   return services().create(id);
 }
 
-bool RegSvr32(const std::string& FileName, bool bUnReg) {
+bool clsRegister::RegSvr32(const std::string& FileName, bool bUnReg) const {
   return FileExists(FileName) && services().register_component && services().register_component(FileName, bUnReg);
 }
 

@@ -31,7 +31,12 @@ void InstallAddInServices(AddInServices services);
 
 [[nodiscard]] Ref<Object> CreateAddIn(const std::string& id);
 
-// clsRegister's one operation: whether the component's own entry ran to its end.
-bool RegSvr32(const std::string& FileName, bool bUnReg);
+// Lets components register themselves.
+class clsRegister {
+ public:
+  // Whether the component's own entry ran to its end; its result is not looked at. False for a file that is not there
+  // or has no such entry, as a program has none.
+  [[nodiscard]] bool RegSvr32(const std::string& FileName, bool bUnReg) const;
+};
 
 }  // namespace kestrun

@@ -22,11 +22,11 @@ Variant WriteText(Object& object, Arguments arguments) {
 }
 
 constexpr Member kRows[]{
-    MethodRow<&MemControl::ReadByteAt>("ReadByteAt"),
-    MethodRow<&MemControl::ReadLongAt>("ReadLongAt"),
-    MethodRow<&MemControl::PressKey>("PressKey"),
-    RawMethodRow("WriteTextAt", 3, 3, &WriteText),
-    MethodRow<&MemControl::AttachToWindow>("AttachToWindow"),
+    MethodRow<&MemControl::ReadByteAt>("ReadByteAt", "Address"),
+    MethodRow<&MemControl::ReadLongAt>("ReadLongAt", "Address"),
+    MethodRow<&MemControl::PressKey>("PressKey", "KeyCode"),
+    RawMethodRow("WriteTextAt", 3, 3, &WriteText, "Address, Text, Flag"),
+    MethodRow<&MemControl::AttachToWindow>("AttachToWindow", "WindowTitle"),
 };
 const MemberTable kTable{&Control::kControlMembers, kRows};
 

@@ -114,7 +114,7 @@ void FrmAddinMngr::RegisterFile() {
   CommonDialog1.DialogTitle = "Select file";
   CommonDialog1.Filter = "Add-in files (*.exe;*.dll)|*.exe;*.dll|All files (*.*)|*.*";
   if (!CommonDialog1.ShowOpen() || !FileExists(CommonDialog1.FileName)) return;
-  MsgBox(RegSvr32(CommonDialog1.FileName, false) ? "OK" : "Can't register");
+  MsgBox(clsRegister().RegSvr32(CommonDialog1.FileName, false) ? "OK" : "Can't register");
 }
 
 }  // namespace kestrun

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/win32/game_process.h"
+#include "desktop/win32/host_window.h"
 #include "desktop/win32/system/win32_game_memory.h"
 #include "game/builds.h"
 
@@ -14,96 +15,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr const wchar_t* kHostTitle = L"Kestrun - Auto Host";
 // Row of the builds that both the auto host and the game are set to.
 constexpr size_t kBuild = 0;
-
-std::wstring TextOf(HWND window) {
-  std::wstring text(1024, L'\0');
-  text.resize(
-      static_cast<size_t>(SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
-  return text;
-}
-
-std::wstring ClassOf(HWND window) {
-  wchar_t name[64];
-  return {name, static_cast<size_t>(GetClassNameW(window, name, 64))};
-}
-
-std::vector<HWND> ChildrenOf(HWND parent) {
-  std::vector<HWND> children;
-  EnumChildWindows(
-      parent,
-      [](HWND child, LPARAM list) -> BOOL {
-        reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&children));
-  return children;
-}
-
-// The auto host's window, in a process of its own.
-class HostWindow {
- public:
-  HostWindow(const std::string& program, const std::string& list)
-      : process_(StartProcess(ToWide("\"" + program + "\" \"" + list + "\""))) {
-    is_there_ = WaitFor([this] { return window() && IsWindowVisible(window()) && RowCount() > 0; });
-  }
-  ~HostWindow() {
-    TerminateProcess(process_.get(), 1);
-    WaitForSingleObject(process_.get(), kPatienceMs);
-  }
-  HostWindow(const HostWindow&) = delete;
-  HostWindow& operator=(const HostWindow&) = delete;
-
-  [[nodiscard]] bool IsThere() const { return is_there_; }
-  [[nodiscard]] static HWND window() { return FindWindowW(nullptr, kHostTitle); }
-
-  [[nodiscard]] static bool HasButton(std::wstring_view caption) { return FindButton(caption) != nullptr; }
-  // Presses the button with that caption, once there is one and it is enabled.
-  [[nodiscard]] static bool Press(std::wstring_view caption) {
-    return WaitFor([caption] {
-      const HWND button = FindButton(caption);
-      return button && IsWindowEnabled(button) && PostMessageW(button, BM_CLICK, 0, 0);
-    });
-  }
-
-  // File name of the row that is current in the play list; empty when none is.
-  [[nodiscard]] static std::string CurrentMap() {
-    const HWND list = PlayList();
-    const auto row = SendMessageW(list, LB_GETCURSEL, 0, 0);
-    if (!list || row < 0) return {};
-    const std::string text = FromWide(RowText(list, row));
-    return text.substr(text.find_last_of('\\') + 1);
-  }
-  [[nodiscard]] static LRESULT RowCount() { return PlayList() ? SendMessageW(PlayList(), LB_GETCOUNT, 0, 0) : 0; }
-  // Boxes that wait for an answer.
-  [[nodiscard]] static HWND Box() { return FindWindowW(L"#32770", nullptr); }
-
- private:
-  static HWND FindButton(std::wstring_view caption) {
-    const std::vector<HWND> children = ChildrenOf(window());
-    const auto found = std::ranges::find_if(children, [caption](HWND child) { return TextOf(child) == caption; });
-    return found == children.end() ? nullptr : *found;
-  }
-  static std::wstring RowText(HWND list, LRESULT row) {
-    std::wstring text(static_cast<size_t>(SendMessageW(list, LB_GETTEXTLEN, static_cast<WPARAM>(row), 0)) + 1, L'\0');
-    SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text.data()));
-    text.pop_back();
-    return text;
-  }
-  // Of the two lists the one whose rows are whole paths.
-  static HWND PlayList() {
-    for (const HWND child : ChildrenOf(window())) {
-      if (_wcsicmp(ClassOf(child).c_str(), L"ListBox") != 0 || SendMessageW(child, LB_GETCOUNT, 0, 0) < 1) continue;
-      if (RowText(child, 0).find(L'\\') != std::wstring::npos) return child;
-    }
-    return nullptr;
-  }
-
-  ProcessHandle process_;
-  bool is_there_ = false;
-};
 
 // What the window is set to before it opens.
 struct HostSettings {

@@ -9,6 +9,7 @@
 #include "desktop/win32/system/com_owner.h"
 #include "desktop/win32/system/handles.h"
 #include "desktop/win32/system/late_call.h"
+#include "desktop/win32/system/ole_start.h"
 #include "desktop/win32/system/wide_text.h"
 // These need the Windows headers above.
 #include <olectl.h>
@@ -24,11 +25,6 @@ constexpr GUID kImagingFactory = {0xCACAF262, 0x9370, 0x4615, {0xA1, 0x3B, 0x9F,
 constexpr GUID kFormat32Bgra = {0x6FDDC324, 0x4E03, 0x4BFE, {0xB1, 0x85, 0x3D, 0x77, 0x76, 0x8D, 0xC9, 0x0F}};
 constexpr uint32_t kWhite = 0xFFFFFF;
 constexpr uint32_t kOpaque = 0xFF000000;
-
-void StartCom() {
-  static const HRESULT started = KESTRUN_LATE(L"ole32.dll", OleInitialize)(nullptr);
-  static_cast<void>(started);
-}
 
 ComOwner<IStream> StreamOf(ByteView file) {
   ComOwner<IStream> stream;
@@ -153,14 +149,14 @@ Decoded DecodeByOle(ByteView file) {
 
 std::optional<DecodedPicture> Win32Pictures::Decode(ByteView file) {
   if (file.empty() || file.size() > static_cast<size_t>(LONG_MAX)) return std::nullopt;
-  StartCom();
+  StartOle();
   bool refused = false;
   Decoded decoded = DecodeByImaging(file, refused);
   return decoded || refused ? decoded : DecodeByOle(file);
 }
 
 std::optional<DecodedPicture> Win32Pictures::FileIcon(std::string_view path, uint32_t flags) {
-  StartCom();
+  StartOle();
   SHFILEINFOW info{};
   const std::wstring name = ToWide(ReplaceAll(path, "/", "\\"));
   if (!KESTRUN_LATE(L"shell32.dll", SHGetFileInfoW)(name.c_str(), 0, &info, sizeof info, SHGFI_ICON | flags)) {

@@ -28,6 +28,15 @@ class ComOwner {
     Reset();
     return &target_;
   }
+  // Hands the reference over to somebody who releases it by hand.
+  [[nodiscard]] Interface* Detach() { return std::exchange(target_, nullptr); }
+  // One more owner of a reference that somebody else holds.
+  [[nodiscard]] static ComOwner Share(Interface* target) {
+    ComOwner owner;
+    if (target) target->AddRef();
+    owner.target_ = target;
+    return owner;
+  }
   [[nodiscard]] void** ReceiveAny() { return reinterpret_cast<void**>(Receive()); }
 
  private:

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "desktop/win32/system/com_owner.h"
 #include "desktop/win32/system/late_call.h"
+#include "desktop/win32/system/ole_start.h"
 #include "desktop/win32/system/wide_text.h"
 
 namespace kestrun {
@@ -25,7 +26,7 @@ std::string TargetPath(IShellLinkW& link) {
 }
 
 std::string TargetOfShortcut(const std::string& path) {
-  static_cast<void>(KESTRUN_LATE(L"ole32.dll", OleInitialize)(nullptr));
+  StartOle();
   ComOwner<IShellLinkW> link;
   ComOwner<IPersistFile> file;
   const bool is_read = SUCCEEDED(KESTRUN_LATE(L"ole32.dll", CoCreateInstance)(

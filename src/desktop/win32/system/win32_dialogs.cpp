@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "desktop/win32/system/late_call.h"
+#include "desktop/win32/system/ole_start.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/form_window.h"
 #include "forms/command_button.h"
@@ -157,7 +158,7 @@ std::optional<std::string> Win32Dialogs::PickFile(const FileDialogRequest& reque
 std::optional<std::string> Win32Dialogs::PickFolder(std::string_view prompt, int root_csidl,
                                                     std::string_view start_folder) {
   // The dialogue is a COM object of the shell.
-  static_cast<void>(KESTRUN_LATE(L"ole32.dll", OleInitialize)(nullptr));
+  StartOle();
   const std::wstring title = ToWide(prompt);
   const std::wstring start = ToWidePath(start_folder);
   LPITEMIDLIST root = nullptr;

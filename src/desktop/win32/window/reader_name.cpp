@@ -3,6 +3,7 @@
 #include "base/runtime_error.h"
 #include "desktop/win32/system/com_owner.h"
 #include "desktop/win32/system/late_call.h"
+#include "desktop/win32/system/ole_start.h"
 #include "desktop/win32/system/wide_text.h"
 // Behind windows.h, which it needs.
 #include <oleacc.h>
@@ -21,7 +22,7 @@ constexpr GUID kDescriptionProperty{0x4d48dfe4, 0xbd3f, 0x491f, {0xa6, 0x48, 0x4
 template <class Action>
 void WithServices(Action&& action) {
   Attempt([&] {
-    static_cast<void>(KESTRUN_LATE(L"ole32.dll", OleInitialize)(nullptr));
+    StartOle();
     ComOwner<IAccPropServices> services;
     if (FAILED(KESTRUN_LATE(L"ole32.dll", CoCreateInstance)(kServices, nullptr, CLSCTX_INPROC_SERVER,
                                                             kServicesInterface, services.ReceiveAny()))) {

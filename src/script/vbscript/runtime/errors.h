@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "base/result_codes.h"
 #include "base/runtime_error.h"
 
 namespace kestrun::vbs {
@@ -13,12 +14,10 @@ inline constexpr int kArrayLocked = 10;
 inline constexpr int kLoopNotInitialized = 92;
 inline constexpr int kNotANumberedObject = 451;
 inline constexpr int kKeyExists = 457;
-inline constexpr int kUnsupportedType = 458;
 inline constexpr int kIllegalAssignment = 501;
 inline constexpr int kUndefinedVariable = 500;
 inline constexpr int kUnqualifiedReference = 505;
 inline constexpr int kClassNotDefined = 506;
-inline constexpr int kArgumentNotOptional = 449;
 inline constexpr int kRegExpExpected = 5016;
 inline constexpr int kRegExpSyntax = 5017;
 inline constexpr int kRegExpQuantifier = 5018;
@@ -35,9 +34,7 @@ inline constexpr int kElementNotFound = 32811;
 // Raises a script error with its text.
 [[noreturn]] void RaiseScript(int number);
 
-// The language's error number for a result code: those of a script language carry it in their low half, the common ones
-// of the system have one in a table. Any other number stays.
-[[nodiscard]] int NumberOfResult(int result);
+using kestrun::NumberOfResult;
 
 // A failure that came out of the program's own floors, in the language's words: where it carries the platform's
 // standard text for its number, that text gives way to the language's, and a result code that nobody describes to the
