@@ -75,10 +75,16 @@ std::string MakeArchive(const std::string& folder, int32_t entries) {
 // With the ledger, or with the journal alone.
 void Put(const std::string& path, const Bytes& map, bool with_ledger) {
   const auto turn = TakeTurn(path);
+  turn->LetFileStay();
   ClsPFF archive;
   if (!archive.LoadPff(path)) std::abort();
-  if (with_ledger) KeepOriginals()->KeepEntry(archive, "D08M03.BMS", map, "map.bms");
+  if (with_ledger) {
+    const std::unique_ptr<OriginalsKeeper> keeper = KeepOriginals();
+    keeper->KeepEntry(archive, "D08M03.BMS", map, "map.bms");
+    keeper->Finish();
+  }
   archive.PackFile(map, "D08M03.BMS");
+  archive.LetJournalRest();
   archive.SavePffFile();
 }
 

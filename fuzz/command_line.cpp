@@ -27,6 +27,7 @@ class NoFiles final : public kestrun::FileSystem {
   void MakeFolder(std::string_view) override { Refuse(); }
   void RemoveFolder(std::string_view) override { Refuse(); }
   std::vector<kestrun::FolderEntry> List(std::string_view) override { Refuse(); }
+  uint64_t WriteTime(std::string_view) override { Refuse(); }
   void SetWriteTime(std::string_view, uint64_t) override { Refuse(); }
   void SetLocalTimes(std::string_view, const kestrun::LocalFileTimes&) override { Refuse(); }
   std::string CurrentFolder() override { return "C:\\"; }

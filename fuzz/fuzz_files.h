@@ -40,6 +40,7 @@ class MemoryFiles final : public FileSystem {
   void MakeFolder(std::string_view path) override { folders.emplace(path); }
   void RemoveFolder(std::string_view) override {}
   std::vector<FolderEntry> List(std::string_view) override { return {}; }
+  uint64_t WriteTime(std::string_view) override { return 0; }
   void SetWriteTime(std::string_view, uint64_t) override {}
   void SetLocalTimes(std::string_view, const LocalFileTimes&) override {}
   std::string CurrentFolder() override { return "C:\\"; }

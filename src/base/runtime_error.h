@@ -114,4 +114,28 @@ bool Attempt(Statement&& statement) {
   }
 }
 
+// The same, with what is to be done about the failure.
+template <class Statement, class TakeFailure>
+bool Attempt(Statement&& statement, TakeFailure&& take) {
+  try {
+    statement();
+    return true;
+  } catch (const std::exception&) {
+    take(CurrentError());
+    return false;
+  }
+}
+
+// Runs the statement. What is to be done about a failure is done before the caller meets it; `see` may raise another
+// one in its place.
+template <class Statement, class SeeFailure>
+void OnFailure(Statement&& statement, SeeFailure&& see) {
+  try {
+    statement();
+  } catch (const std::exception&) {
+    see(CurrentError());
+    throw;
+  }
+}
+
 }  // namespace kestrun

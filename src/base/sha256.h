@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "base/bytes.h"
+#include "base/sha256_blocks.h"
 
 namespace kestrun {
 
@@ -21,14 +22,8 @@ class Sha256 {
   [[nodiscard]] std::array<uint8_t, kSha256Bytes> Finish();
 
  private:
-  static constexpr size_t kBlockBytes = 64;
-  static constexpr size_t kWords = 8;
-
-  void AddBlock(const uint8_t* block);
-
-  std::array<uint32_t, kWords> state_{0x6A09E667, 0xBB67AE85, 0x3C6EF372, 0xA54FF53A,
-                                      0x510E527F, 0x9B05688C, 0x1F83D9AB, 0x5BE0CD19};
-  std::array<uint8_t, kBlockBytes> waiting_{};
+  sha256::State state_{0x6A09E667, 0xBB67AE85, 0x3C6EF372, 0xA54FF53A, 0x510E527F, 0x9B05688C, 0x1F83D9AB, 0x5BE0CD19};
+  std::array<uint8_t, sha256::kBlockBytes> waiting_{};
   size_t waiting_bytes_ = 0;
   uint64_t total_bytes_ = 0;
 };

@@ -52,8 +52,8 @@ Variant CallPrint(Object& object, Arguments given) {
   return {};
 }
 
-// The picture, x1, y1, width1, height1 of where it goes, x2, y2, width2, height2 of the part of it that is shown, and how
-// it is combined with what is there: it can only be copied.
+// The picture, x1, y1, width1, height1 of where it goes, x2, y2, width2, height2 of the part of it that is shown, and
+// how it is combined with what is there: it can only be copied.
 Variant CallPaintPicture(Object& object, Arguments given) {
   constexpr int32_t kCopy = 0xCC0020;
   const Ref<Picture> picture = VariantTraits<Ref<Picture>>::From(given[0]);

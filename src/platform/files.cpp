@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "base/runtime_error.h"
+#include "platform/file_error.h"
 
 namespace kestrun {
 namespace {
@@ -76,18 +77,42 @@ void FileSystem::WriteAll(std::string_view path, ByteView bytes) {
 }
 
 void FileSystem::WriteAllDurably(std::string_view path, ByteView bytes) {
+  ReplaceDurably(path, bytes, [](const std::string&) {});
+}
+
+void FileSystem::ReplaceDurably(std::string_view path, ByteView bytes,
+                                const std::function<void(const std::string& unfinished)>& finish) {
   const std::string unfinished = std::string(path) + ".new";
-  try {
+  const auto write = [&] {
     const std::unique_ptr<File> file = Open(unfinished, OpenMode::kCreate);
     file->WriteAt(0, bytes);
     file->Flush();
     file->Close();
+    finish(unfinished);
     Replace(unfinished, path);
-  } catch (const std::exception&) {
-    Attempt([&] { Delete(unfinished); });
-    throw;
-  }
+  };
+  OnFailure(write, [&](const RuntimeError&) { Attempt([&] { Delete(unfinished); }); });
   FlushFolder(FolderPart(path));
+}
+
+void FileSystem::FlushFiles(const std::string& folder, const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    const std::unique_ptr<File> file = Open(folder + "\\" + name, OpenMode::kReadWrite);
+    file->Flush();
+    file->Close();
+  }
+}
+
+void FileSystem::CopyDurably(std::string_view from, std::string_view to) {
+  if (IsFolder(from)) throw FileError(error::kPathFileAccess, std::string(from));
+  if (IsFolder(to)) throw FileError(error::kPathFileAccess, std::string(to));
+  const Bytes bytes = ReadAll(from);
+  const uint64_t time = WriteTime(from);
+  // Where the target is a link, what it points at is replaced, not the link.
+  const std::string target = TruePath(to);
+  if (IsReadOnly(target) || TruePath(from) == target) throw FileError(error::kPermissionDenied, std::string(to));
+  const auto write = [&] { ReplaceDurably(target, bytes, [&](const std::string& copy) { SetWriteTime(copy, time); }); };
+  OnFailure(write, [&](const RuntimeError& failure) { throw FileError(failure, std::string(to)); });
 }
 
 void FileSystem::Append(std::string_view path, ByteView bytes) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -49,6 +50,15 @@ class File {
 class FileLock {
  public:
   virtual ~FileLock() = default;
+  // The file that stands for the turn is not removed when the turn ends, but waits for the next one: making and
+  // removing a file takes longer than all else of a turn.
+  void LetFileStay() { file_stays_ = true; }
+
+ protected:
+  [[nodiscard]] bool FileStays() const { return file_stays_; }
+
+ private:
+  bool file_stays_ = false;
 };
 
 // Who has a turn, as far as it is known: a process number of 0 and no name when it is not.
@@ -96,6 +106,7 @@ class FileSystem {
   // Entries without "." and "..", sorted by name without regard to case.
   [[nodiscard]] virtual std::vector<FolderEntry> List(std::string_view folder) = 0;
   // Last write time: 100-nanosecond units since 1601-01-01 UTC.
+  [[nodiscard]] virtual uint64_t WriteTime(std::string_view path) = 0;
   virtual void SetWriteTime(std::string_view path, uint64_t file_time) = 0;
   // All times of a file; a system that cannot set the creation time leaves that one as it is.
   virtual void SetLocalTimes(std::string_view path, const LocalFileTimes& times) = 0;
@@ -103,6 +114,9 @@ class FileSystem {
   // Files that were made, renamed or deleted in the folder stay so after a power cut once this returns. Never raises:
   // some systems do it unasked and some disks cannot.
   virtual void FlushFolder(std::string_view folder) = 0;
+  // What was written to these files of one folder, by whoever, survives a power cut once this returns. Many at once
+  // cost less than one after the other where the system allows.
+  virtual void FlushFiles(const std::string& folder, const std::vector<std::string>& names);
   // One path for a file that several paths lead to: links followed and names in the case that they have on the disk, as
   // far as the system tells. What is not there keeps its name, in the folder's one path.
   [[nodiscard]] virtual std::string TruePath(std::string_view path) = 0;
@@ -119,8 +133,17 @@ class FileSystem {
   // Makes the bytes the file's whole content in one step that also survives a power cut: there is the old content or
   // the new one at any moment. What is half written stands in `path` + ".new" meanwhile; a failure takes it away.
   void WriteAllDurably(std::string_view path, ByteView bytes);
+  // Copy that survives a power cut: the target is as before or the whole copy at any moment, and a failure leaves it as
+  // it was. What is half written stands in `to` + ".new" meanwhile, where the next copy writes over what a kill left.
+  // The caller sees to it that nobody else copies there at the same time.
+  void CopyDurably(std::string_view from, std::string_view to);
   // Writes behind the present end, creating the file when it is missing.
   void Append(std::string_view path, ByteView bytes);
+
+ private:
+  // WriteAllDurably; `finish` is called before the file that was written takes its place.
+  void ReplaceDurably(std::string_view path, ByteView bytes,
+                      const std::function<void(const std::string& unfinished)>& finish);
 };
 
 // Where in its file TryLock locks one byte: behind any text.

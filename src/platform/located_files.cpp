@@ -95,12 +95,20 @@ std::vector<FolderEntry> LocatedFiles::List(std::string_view folder) {
   return Located([&] { return files_->List(folder); }, ThisPath(folder));
 }
 
+uint64_t LocatedFiles::WriteTime(std::string_view path) {
+  return Located([&] { return files_->WriteTime(path); }, ThisPath(path));
+}
+
 void LocatedFiles::SetWriteTime(std::string_view path, uint64_t file_time) {
   Located([&] { files_->SetWriteTime(path, file_time); }, ThisPath(path));
 }
 
 void LocatedFiles::SetLocalTimes(std::string_view path, const LocalFileTimes& times) {
   Located([&] { files_->SetLocalTimes(path, times); }, ThisPath(path));
+}
+
+void LocatedFiles::FlushFiles(const std::string& folder, const std::vector<std::string>& names) {
+  Located([&] { files_->FlushFiles(folder, names); }, ThisPath(folder));
 }
 
 std::string LocatedFiles::TruePath(std::string_view path) {

@@ -26,10 +26,12 @@ class LocatedFiles final : public FileSystem {
   void MakeFolder(std::string_view path) override;
   void RemoveFolder(std::string_view path) override;
   [[nodiscard]] std::vector<FolderEntry> List(std::string_view folder) override;
+  [[nodiscard]] uint64_t WriteTime(std::string_view path) override;
   void SetWriteTime(std::string_view path, uint64_t file_time) override;
   void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override;
   [[nodiscard]] std::string CurrentFolder() override { return files_->CurrentFolder(); }
   void FlushFolder(std::string_view folder) override { files_->FlushFolder(folder); }
+  void FlushFiles(const std::string& folder, const std::vector<std::string>& names) override;
   [[nodiscard]] std::string TruePath(std::string_view path) override;
   [[nodiscard]] std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) override;
 

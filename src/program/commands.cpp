@@ -11,6 +11,7 @@
 #include "program/pack_command.h"
 #include "program/path_text.h"
 #include "program/settings.h"
+#include "program/style_guard.h"
 #include "program/style_hook.h"
 #include "program/window_kit/open_window.h"
 #include "program/window_kit/run_command.h"
@@ -80,7 +81,7 @@ int LoadStyle(const Command& command, const std::string& text) {
       MsgBox("Do you want to set this style file as default style?", BoxButtons::kYesNo) == BoxAnswer::kYes) {
     WriteSetting(setting::kStyle, path);
   }
-  LoadStyleFile(path);
+  if (MayStartWithStyle()) LoadStyleFile(path);
   return kCommandStyleLoaded;
 }
 

@@ -11,6 +11,7 @@
 #include "forms/window_registry.h"
 #include "platform/platform.h"
 #include "program/folders.h"
+#include "program/originals_hook.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/window_kit/ask.h"
@@ -74,7 +75,6 @@ void StartGame() {
   MsgBox("Game file 'dflwdem.exe' not found!!!!! Please select your game folder in the options window!!!",
          BoxButtons::kOk, BoxIcon::kCritical);
   OpenWindow(window_name::kOptions, ShowWay::kShowModal);
-  OfferGameFolder();
 }
 
 }  // namespace
@@ -96,18 +96,10 @@ std::string PickGameFolder(const std::string& prompt, int32_t root, const std::s
     const std::string doubt = DoubtAbout(folder);
     if (doubt.empty() || !WantsAnotherFolder(doubt)) {
       WriteSetting(setting::kGameFolder, folder);
+      Attempt(CheckGameArchive);
       return folder;
     }
   }
-}
-
-void OfferGameFolder() {
-  if (IsWindowRegistered(window_name::kOptions)) return;
-  if (!AskYesNo("The game folder is " + GameFolder() + "." + std::string(kCrLf) + "Do you want to choose another one?",
-                BoxIcon::kQuestion)) {
-    return;
-  }
-  Attempt([] { PickGameFolder("Select the folder where you installed your game.", folder::kMyComputer, ""); });
 }
 
 GameFolderUnasked::GameFolderUnasked() : before_(std::exchange(is_asking_off, true)) {}

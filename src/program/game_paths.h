@@ -18,10 +18,6 @@ namespace kestrun {
 // BrowseForFolder's.
 std::string PickGameFolder(const std::string& prompt, int32_t root, const std::string& start);
 
-// Behind a message that the game was not found there: lets the user change the game folder, as long as there is no
-// options window to do it in.
-void OfferGameFolder();
-
 // While it lives GameFolder asks nobody: where no folder is known it gives the empty text. For what follows a start
 // that has asked already.
 class GameFolderUnasked {

@@ -7,6 +7,7 @@ class KeepsNothing final : public OriginalsKeeper {
  public:
   void KeepEntry(ClsPFF&, const std::string&, ByteView, const std::string&) override {}
   void KeepFile(const std::string&, ByteView, const std::string&) override {}
+  void Finish() override {}
 };
 
 OriginalsService& Service() {

@@ -11,8 +11,8 @@
 
 namespace kestrun {
 
-// Keeps what one command is about to replace, each piece before it is touched. An operation raises when the original
-// cannot be kept: the caller then asks its user, or says so, and may go on without.
+// Keeps what one command is about to replace. An operation raises when an original cannot be kept: the caller then asks
+// its user, or says so, and may go on without.
 class OriginalsKeeper {
  public:
   virtual ~OriginalsKeeper() = default;
@@ -20,6 +20,9 @@ class OriginalsKeeper {
   virtual void KeepEntry(ClsPFF& archive, const std::string& name, ByteView content, const std::string& source) = 0;
   // Before `content` becomes the loose file at the path, which need not exist.
   virtual void KeepFile(const std::string& path, ByteView content, const std::string& source) = 0;
+  // Behind the last of them and before the game's files change: what the others took is kept when this returns. When it
+  // raises none of it is.
+  virtual void Finish() = 0;
 };
 
 struct OriginalsService {

@@ -14,7 +14,7 @@
 #include "program/load_archive.h"
 #include "program/originals_hook.h"
 #include "program/path_text.h"
-#include "program/show_error.h"
+#include "program/window_kit/run_command.h"
 #include "web/download_file.h"
 #include "web/fetch_scope.h"
 #include "web/web_paths.h"
@@ -37,8 +37,7 @@ std::string FillMacros(std::string text, const std::string& temporary_folder) {
 
 // Reads an outside file through the archive, and turns its silent failure, told by event only, into an error: an empty
 // buffer must never take the place of an entry.
-Bytes ReadSource(ClsPFF& archive, const std::string& path) {
-  if (FileExists(path) && platform().files().Open(path, OpenMode::kRead)->Size() == 0) RaiseEmptyFile(path);
+Bytes ReadThrough(ClsPFF& archive, const std::string& path) {
   RuntimeError failure(error::kFileNotFound);
   archive.PFFError = [&failure](int32_t number, const std::string& description) {
     failure = RuntimeError(number, description);
@@ -48,6 +47,11 @@ Bytes ReadSource(ClsPFF& archive, const std::string& path) {
   archive.PFFError = nullptr;
   if (buffer.empty()) throw FileError(failure, path);
   return buffer;
+}
+
+Bytes ReadSource(ClsPFF& archive, const std::string& path) {
+  if (FileExists(path) && platform().files().Open(path, OpenMode::kRead)->Size() == 0) RaiseEmptyFile(path);
+  return ReadThrough(archive, path);
 }
 
 // A command line can come from a web page: what it names must not be written beside the temporary folder.
@@ -67,6 +71,7 @@ std::string UnpackedPath(const std::string& folder, const std::string& member) {
 
 // What an earlier zip of the same name left in the folder must not pass for a member that cannot be unpacked.
 void DeleteLeftovers(const Cls_Zip& zip, const std::string& folder) {
+  if (!FileExists(folder)) return;
   for (int32_t member = 1; member <= zip.FileCount(); ++member) {
     const std::string name = zip.FileName(member);
     if (zip.IsDir(member) || !zip::StaysInside(name)) continue;
@@ -86,40 +91,55 @@ bool IsEmptyFile(const std::string& path) {
   return size == 0;
 }
 
-// The entry that the file takes the place of is kept first. Nobody is there to be asked: when that fails, the log says
-// so.
-void PackOne(ClsPFF& archive, OriginalsKeeper& keeper, const Bytes& content, const std::string& name,
-             const std::string& source) {
-  try {
-    keeper.KeepEntry(archive, name, content, source);
-  } catch (const std::exception&) {
-    Attempt([&, reason = CurrentError().description()] { LogNotKept(name, reason); });
+// The entries that are packed over are kept first. Nobody is there to be asked: the log says what cannot be kept.
+class OriginalsOfPack {
+ public:
+  void Keep(ClsPFF& archive, const Bytes& content, const std::string& name, const std::string& source) {
+    const bool is_kept = Attempt([&] { keeper_->KeepEntry(archive, name, content, source); },
+                                 [&](const RuntimeError& reason) { Log(name, reason); });
+    if (is_kept) names_.push_back(name);
   }
-  archive.PackFile(content, name);
-}
+  void Finish() {
+    Attempt([this] { keeper_->Finish(); },
+            [this](const RuntimeError& reason) {
+              for (const std::string& name : names_) Log(name, reason);
+            });
+  }
+
+ private:
+  static void Log(const std::string& name, const RuntimeError& reason) {
+    Attempt([&] { LogNotKept(name, reason.description()); });
+  }
+
+  std::unique_ptr<OriginalsKeeper> keeper_ = KeepOriginals();
+  std::vector<std::string> names_;
+};
 
 // Each member lies in the archive as if it had been packed alone, whatever the ones before it did.
-void PackMember(ClsPFF& archive, OriginalsKeeper& keeper, const std::string& path, const std::string& zip_path,
+void PackMember(ClsPFF& archive, OriginalsOfPack& originals, const std::string& path, const std::string& zip_path,
                 const std::string& member) {
-  try {
-    PackOne(archive, keeper, ReadSource(archive, path), GetFileName(member), zip_path + ":" + member);
+  const auto pack = [&] {
+    const Bytes content = ReadThrough(archive, path);
+    const std::string name = GetFileName(member);
+    originals.Keep(archive, content, name, zip_path + ":" + member);
+    archive.PackFile(content, name);
     archive.SettleStaged();
-  } catch (const std::exception&) {
-    const RuntimeError failure = CurrentError();
+  };
+  OnFailure(pack, [&](const RuntimeError& failure) {
     Raise(failure.number(), "The zip's member '" + member + "' cannot go into the archive: " + failure.description());
-  }
+  });
 }
 
 // Unpacks every member into the folder, which is left behind, and stages each file under its own base name. The folder
 // has a fixed name: another process that wants it waits until what was unpacked has been read.
-void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::string& folder) {
+void PackZipMembers(ClsPFF& archive, OriginalsOfPack& originals, const std::string& zip_path,
+                    const std::string& folder) {
   const auto turn = TakeTurn(folder);
   const Ref<Cls_Zip> zip = MakeRef<Cls_Zip>();
   zip->Get_Contents(zip_path);
   DeleteLeftovers(*zip, folder);
   const Cls_Zip::Selection all(static_cast<size_t>(zip->FileCount()) + 1, true);
   zip->UnPack(all, folder);
-  const std::unique_ptr<OriginalsKeeper> keeper = KeepOriginals();
   for (int32_t member = 1; member <= zip->FileCount(); ++member) {
     if (zip->IsDir(member)) continue;
     const std::string name = zip->FileName(member);
@@ -127,7 +147,7 @@ void PackZipMembers(ClsPFF& archive, const std::string& zip_path, const std::str
     if (IsEmptyFile(path)) {
       Note(zip_path + ": the member '" + name + "' is empty and was skipped.");
     } else {
-      PackMember(archive, *keeper, path, zip_path, name);
+      PackMember(archive, originals, path, zip_path, name);
     }
   }
 }
@@ -139,11 +159,15 @@ void PackInto(const std::string& source, const std::string& name, const std::str
   ClsPFF archive;
   archive.Recovered = Note;
   LoadArchive(archive, archive_path);
+  OriginalsOfPack originals;
   if (is_zip) {
-    PackZipMembers(archive, source, TemporaryPath(temporary_folder, "unzipped_" + name));
+    PackZipMembers(archive, originals, source, TemporaryPath(temporary_folder, "unzipped_" + name));
   } else {
-    PackOne(archive, *KeepOriginals(), ReadSource(archive, source), name, source);
+    const Bytes content = ReadSource(archive, source);
+    originals.Keep(archive, content, name, source);
+    archive.PackFile(content, name);
   }
+  originals.Finish();
   archive.SavePffFile();
 }
 
@@ -168,19 +192,18 @@ void PackCommand(const std::string& command) {
 }
 
 bool packfile(std::string Source, const std::string& Name, std::string ArchivePath, bool IsZip) {
-  try {
+  const auto pack = [&] {
     const std::string temporary_folder = TemporaryFolder();
     Source = FillMacros(Source, temporary_folder);
     const FetchScope fetch;
     if (IsUrl(Source) && !DownloadFile(Source, TemporaryPath(temporary_folder, Name))) {
       if (!fetch.IsCancelled()) MsgBox("Unable to download " + Source);
-      return false;
+      return;
     }
     ArchivePath = FillMacros(ArchivePath, temporary_folder);
     PackInto(Source, Name, ArchivePath, IsZip, temporary_folder);
-  } catch (const std::exception&) {
-    ShowError("packfile ");
-  }
+  };
+  RunCommand(pack, "packfile ");
   return false;
 }
 

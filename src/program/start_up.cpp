@@ -17,6 +17,7 @@
 #include "program/settings.h"
 #include "program/shell_integration.h"
 #include "program/start_mode.h"
+#include "program/style_guard.h"
 #include "program/style_hook.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/open_window.h"
@@ -42,7 +43,7 @@ void ShowVersion(Label& label) {
 
 void LoadDefaultStyle() {
   const std::string path = ReadSetting(setting::kStyle);
-  if (FileExists(path)) LoadStyleFile(path);
+  if (FileExists(path) && MayStartWithStyle()) LoadStyleFile(path);
 }
 
 void ApplyStyle(Form& splash) { ApplyStyleAtOnce(splash, "ApplyStyle()"); }
@@ -215,6 +216,7 @@ void RunStartUp(Form& splash, Label& version, const std::string& raw_command_lin
   Attempt([&] { AskFirstRun(); });
   Attempt([&] { WriteSetting(setting::kFirstRun, "False"); });
   if (!CarryOut(splash, command)) OpenMainWindow(splash);
+  NoteStartWithStyle();
   CloseWhatNobodySees();
   EndWithLastShownWindow();
 }

@@ -30,11 +30,13 @@ class BuiltInEngine final : public ScriptEngine {
   void AddObject(std::string_view name, const Ref<Object>& object) override { engine_.AddObject(name, object); }
   bool AddCode(std::string_view text) override;
   Variant Run(std::string_view name, std::vector<Variant> arguments) override;
+  void CheckTime() override { engine_.CheckTime(); }
   ScriptError& Error() override { return error_; }
 
  private:
   template <class Action>
   bool Guard(Action&& action);
+  [[nodiscard]] bool SpeaksLanguage() const { return EqualsNoCase(language_, kBuiltInLanguage); }
 
   vbs::Engine engine_;
   std::string language_;
@@ -52,7 +54,7 @@ bool BuiltInEngine::Guard(Action&& action) {
 }
 
 bool BuiltInEngine::AddCode(std::string_view text) {
-  if (!EqualsNoCase(language_, kBuiltInLanguage)) {
+  if (!SpeaksLanguage()) {
     error_ = {error::kCannotCreateObject, 0, 0, std::string(kNoSuchLanguage), {}, {}};
     return false;
   }
@@ -61,6 +63,7 @@ bool BuiltInEngine::AddCode(std::string_view text) {
 
 Variant BuiltInEngine::Run(std::string_view name, std::vector<Variant> arguments) {
   Variant result;
+  if (!SpeaksLanguage()) return result;
   Guard([&] { result = engine_.CallGlobal(name, arguments); });
   return result;
 }

@@ -41,8 +41,11 @@ class ScriptEngine {
   virtual void AddObject(std::string_view name, const Ref<Object>& object) = 0;
   // Compiles a module into the one global name space and runs its global statements. False when that failed.
   virtual bool AddCode(std::string_view text) = 0;
-  // Calls a global procedure by name. Empty when that failed, and from a Sub.
+  // Calls a global procedure by name. Empty when that failed, and from a Sub. In a language that the engine does not
+  // speak, or in none, there is no procedure: nothing happens, and Error stays as it is.
   virtual Variant Run(std::string_view name, std::vector<Variant> arguments) = 0;
+  // For objects that hold a script up: called by one that a script has called, it does not return when the time is up.
+  virtual void CheckTime() = 0;
 
   [[nodiscard]] virtual ScriptError& Error() = 0;
 };

@@ -20,7 +20,9 @@ __declspec(dllexport) HRESULT WINAPI DllGetClassObject(REFCLSID class_id, REFIID
 // It keeps references for the life of the process.
 __declspec(dllexport) HRESULT WINAPI DllCanUnloadNow() { return S_FALSE; }
 
+// Never comes back while the variable TOUR_HANGS is set.
 __declspec(dllexport) HRESULT WINAPI DllRegisterServer() {
+  if (GetEnvironmentVariableW(L"TOUR_HANGS", nullptr, 0) != 0) Sleep(INFINITE);
   const std::wstring key = std::wstring(L"CLSID\\") + kClassText;
   const bool is_written = tour::WriteClassValue(L"TourInside.Tour\\CLSID", kClassText) &&
                           tour::WriteClassValue(key, L"The add-in of the tests") &&

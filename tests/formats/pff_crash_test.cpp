@@ -1,6 +1,7 @@
 // Whatever ends a save, at whatever call: the next use of the archive finds the old one or the new one, whole.
 #include <gtest/gtest.h>
 
+#include "formats/pff/pff_recovery.h"
 #include "formats/pff_fixture.h"
 #include "support/simulated_disk.h"
 
@@ -27,9 +28,19 @@ struct Change {
   const char* name;
   bool starts_with_archive;
   std::function<void(ClsPFF&)> run;
+  // What an earlier put of the same process has done.
+  std::function<void(ClsPFF&)> before = nullptr;
 };
 
 void Put(ClsPFF& archive, const std::string& data, const std::string& name) { archive.PackFile(AsBytes(data), name); }
+
+// Of more bytes than the put that is cut short, so that its journal is the shorter one.
+void PutWithRestingJournal(ClsPFF& archive, size_t length, char seed) {
+  static_cast<void>(archive.LoadPff(kArchive));
+  Put(archive, Text(length, seed), "A.BMS");
+  archive.LetJournalRest();
+  archive.SavePffFile();
+}
 
 const std::vector<Change>& Changes() {
   static const std::vector<Change> changes{
@@ -75,6 +86,8 @@ const std::vector<Change>& Changes() {
          Put(archive, Text(1300, 'N'), "NEW.TXT");
          archive.SavePffFile();
        }},
+      {"PutOverARestingJournal", true, [](ClsPFF& archive) { PutWithRestingJournal(archive, 900, 'A'); },
+       [](ClsPFF& archive) { PutWithRestingJournal(archive, 1400, 'E'); }},
   };
   return changes;
 }
@@ -88,15 +101,24 @@ class PffCrashTest : public HeadlessTest, public testing::WithParamInterface<Cra
     desktop.UseFiles(*disk);
     ClsPFF archive;
     change_.run(archive);
+    pff::RemoveRestingJournals();
     before_ = MakeDisk()->Content(kArchive);
     after_ = disk->Content(kArchive);
     EXPECT_NE(before_, after_);
   }
-  ~PffCrashTest() override { desktop.UseFiles(native_files); }
+  ~PffCrashTest() override {
+    desktop.UseFiles(native_files);
+    pff::RemoveRestingJournals();
+  }
 
-  [[nodiscard]] std::unique_ptr<SimulatedDisk> MakeDisk() const {
+  [[nodiscard]] std::unique_ptr<SimulatedDisk> MakeDisk() {
     auto disk = std::make_unique<SimulatedDisk>(std::get<1>(GetParam()));
     if (change_.starts_with_archive) disk->Put(kArchive, OldArchive());
+    if (!change_.before) return disk;
+    desktop.UseFiles(*disk);
+    ClsPFF archive;
+    change_.before(archive);
+    disk->StartAgain();
     return disk;
   }
 
@@ -131,7 +153,9 @@ class PffCrashTest : public HeadlessTest, public testing::WithParamInterface<Cra
   void ExpectOldOrNew(const SimulatedDisk& disk, const std::string& when) {
     const auto content = disk.Content(kArchive);
     EXPECT_TRUE(content == before_ || content == after_) << "a third state " << when;
-    EXPECT_FALSE(disk.Content(std::string(kArchive) + ".journal")) << "the journal is left " << when;
+    if (const auto journal = disk.Content(std::string(kArchive) + ".journal")) {
+      EXPECT_TRUE(change_.before && AsChars(*journal).starts_with("KSTJREST")) << "the journal is left " << when;
+    }
   }
 
   static void ExpectManyCalls(int calls) { EXPECT_GT(calls, 12); }
@@ -221,6 +245,7 @@ TEST_P(PffCrashTest, ASaveThatSucceededSurvivesAPowerCut) {
 TEST_P(PffCrashTest, NothingButTheArchiveIsLeft) {
   const auto disk = MakeDisk();
   EXPECT_EQ(Run(*disk), End::kDone);
+  pff::RemoveRestingJournals();
   EXPECT_EQ(disk->Names(), std::vector<std::string>{kArchive});
   EXPECT_TRUE(sentences_.empty());
 }
@@ -231,7 +256,7 @@ std::string CaseName(const testing::TestParamInfo<CrashCase>& info) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EachChange, PffCrashTest,
-                         testing::Combine(testing::Range(size_t{0}, size_t{6}),
+                         testing::Combine(testing::Range(size_t{0}, size_t{7}),
                                           testing::Values(SimulatedDisk::Room::kUnseen, SimulatedDisk::Room::kZeros)),
                          CaseName);
 

@@ -167,6 +167,46 @@ TEST_F(PffJournalTest, ANoteOfTheUserUnderTheJournalsNameIsKept) {
   EXPECT_EQ(Stored("A.BMS"), "AAAA");
 }
 
+TEST_F(PffJournalTest, AFolderUnderTheJournalsNameIsSetAside) {
+  WriteFile(archive_path, "old bytes");
+  native_files.MakeFolder(journal_path);
+  EXPECT_EQ(Recover(), DoesNotFit());
+  EXPECT_EQ(FileBytes(), "old bytes");
+  EXPECT_TRUE(native_files.IsFolder(journal_path + "-1"));
+}
+
+TEST_F(PffJournalTest, ARestingJournalIsNothingToBeToldAndGoesWithTheProcessThatLeftIt) {
+  WriteArchive({{"A.BMS", "0123456789"}, {"B.BMS", "b"}});
+  Load();
+  Pack("A.BMS", "9876543210");
+  archive.LetJournalRest();
+  archive.SavePffFile();
+  EXPECT_TRUE(StartsWith(ReadFile(journal_path), "KSTJREST"));
+  const size_t room = ReadFile(journal_path).size();
+  EXPECT_EQ(room, size_t{64} * 1024);
+  EXPECT_EQ(Recover(), "(nothing)");
+  Pack("A.BMS", "abcdefghij");
+  archive.SavePffFile();
+  EXPECT_EQ(ReadFile(journal_path).size(), room);
+  EXPECT_EQ(Stored("A.BMS"), "abcdefghij");
+  pff::RemoveRestingJournals();
+  EXPECT_FALSE(FileIsThere(journal_path));
+  EXPECT_FALSE(FileIsThere(archive_path + ".lock"));
+}
+
+TEST_F(PffJournalTest, ARestingJournalThatAnotherProcessUsesStaysForThatOne) {
+  WriteArchive({{"A.BMS", "0123456789"}, {"B.BMS", "b"}});
+  Load();
+  Pack("A.BMS", "9876543210");
+  archive.LetJournalRest();
+  archive.SavePffFile();
+  NativeFileSystem other;
+  const auto turn = other.TryLock(other.TruePath(archive_path) + ".lock", "another kestrun");
+  ASSERT_NE(turn, nullptr);
+  pff::RemoveRestingJournals();
+  EXPECT_TRUE(FileIsThere(journal_path));
+}
+
 TEST_F(PffJournalTest, WithoutAListenerTheSentenceIsABox) {
   WriteArchive({{"A.BMS", "aaaa"}});
   WriteFile(journal_path, "");

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "formats/pff/cls_pff.h"
 #include "forms/window_registry.h"
 #include "program/game_paths.h"
 #include "program/settings.h"
@@ -23,6 +24,13 @@ constexpr const char* kMissing =
 class GamePathsTest : public HeadlessTest {
  protected:
   GamePathsTest() { native_files.MakeFolder(Path("game")); }
+  // A sound one: a damaged archive would be told.
+  void MakeGameArchive() {
+    ClsPFF archive;
+    archive.NewPffFile(Path("game\\dflw.pff"));
+    archive.PackFile(AsBytes("a mission"), "A.BMS");
+    archive.SavePffFile();
+  }
   void TellRegistry(const std::string& folder) {
     desktop.registry().Write(RegistryRoot::kLocalMachine, kAppPaths, "Path", folder);
   }
@@ -68,14 +76,14 @@ TEST_F(GamePathsTest, TheUserIsAskedAndThePickIsStoredWithoutItsBackslash) {
 }
 
 TEST_F(GamePathsTest, AFolderWithTheArchiveAloneIsTheGames) {
-  WriteFile(Path("game\\dflw.pff"), "");
+  MakeGameArchive();
   desktop.dialogs().ExpectBox(kPrompt);
   desktop.dialogs().ExpectFolder(kBrowse, Path("game\\"));
   EXPECT_EQ(GameFolder(), Path("game"));
 }
 
 TEST_F(GamePathsTest, AFolderWithoutTheGameIsDoubtedAndAnotherOneCanBePicked) {
-  WriteFile(Path("game\\dflw.pff"), "");
+  MakeGameArchive();
   desktop.dialogs().ExpectBox(kPrompt);
   desktop.dialogs().ExpectFolder(kBrowse, Path("temp\\"));
   desktop.dialogs().ExpectBox(Doubt(Path("temp")), BoxAnswer::kYes).WithButtons(BoxButtons::kYesNo);
@@ -170,26 +178,6 @@ TEST_F(GamePathsTest, AMissingGameIsToldByItsUsualNameAndTheOptionsOpen) {
   EXPECT_FALSE(launchDFLW());
   EXPECT_TRUE(shown);
   EXPECT_TRUE(desktop.shell().openings.empty());
-}
-
-TEST_F(GamePathsTest, WithoutAnOptionsWindowTheFolderOfAMissingGameCanBeChangedAtOnce) {
-  const WindowFactory options = UnregisterWindow("frmoptions");
-  TellRegistry(Path("temp"));
-  WriteFile(Path("game\\DFLWDEM.EXE"), "");
-  desktop.dialogs().ExpectBox(kMissing);
-  desktop.dialogs()
-      .ExpectBox("The game folder is " + Path("temp") + ".\r\nDo you want to choose another one?", BoxAnswer::kYes)
-      .WithButtons(BoxButtons::kYesNo);
-  desktop.dialogs().ExpectFolder("Select the folder where you installed your game.", Path("game\\"));
-  EXPECT_FALSE(launchDFLW());
-  EXPECT_EQ(GameFolder(), Path("game"));
-  desktop.dialogs().ExpectBox(kMissing);
-  desktop.dialogs().ExpectBox("The game folder is " + Path("game") + ".\r\nDo you want to choose another one?",
-                              BoxAnswer::kNo);
-  native_files.Delete(Path("game\\DFLWDEM.EXE"));
-  EXPECT_FALSE(launchDFLW());
-  EXPECT_EQ(GameFolder(), Path("game"));
-  if (options) const WindowRegistration again("frmoptions", options);
 }
 
 TEST_F(GamePathsTest, AFailureOfTheLaunchIsShownWithItsContext) {

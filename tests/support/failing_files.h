@@ -33,6 +33,7 @@ class FailingFiles final : public FileSystem {
   void MakeFolder(std::string_view path) override { Count(), files_.MakeFolder(path); }
   void RemoveFolder(std::string_view path) override { Count(), files_.RemoveFolder(path); }
   std::vector<FolderEntry> List(std::string_view folder) override { return files_.List(folder); }
+  uint64_t WriteTime(std::string_view path) override { return Count(), files_.WriteTime(path); }
   void SetWriteTime(std::string_view path, uint64_t time) override { Count(), files_.SetWriteTime(path, time); }
   void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override {
     Count(), files_.SetLocalTimes(path, times);

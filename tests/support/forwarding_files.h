@@ -24,6 +24,7 @@ class ForwardingFiles : public FileSystem {
   void MakeFolder(std::string_view path) override { files_.MakeFolder(path); }
   void RemoveFolder(std::string_view path) override { files_.RemoveFolder(path); }
   std::vector<FolderEntry> List(std::string_view folder) override { return files_.List(folder); }
+  uint64_t WriteTime(std::string_view path) override { return files_.WriteTime(path); }
   void SetWriteTime(std::string_view path, uint64_t time) override { files_.SetWriteTime(path, time); }
   void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override { files_.SetLocalTimes(path, times); }
   std::string CurrentFolder() override { return files_.CurrentFolder(); }

@@ -118,7 +118,8 @@ class SimulatedDisk final : public FileSystem {
   }
   void RemoveFolder(std::string_view) override { Raise(error::kPermissionDenied); }
   std::vector<FolderEntry> List(std::string_view) override { return {}; }
-  void SetWriteTime(std::string_view, uint64_t) override {}
+  uint64_t WriteTime(std::string_view) override { return Count(), 0; }
+  void SetWriteTime(std::string_view, uint64_t) override { Count(); }
   void SetLocalTimes(std::string_view, const LocalFileTimes&) override {}
   std::string CurrentFolder() override { return "C:\\"; }
   void FlushFolder(std::string_view folder) override {

@@ -1,6 +1,7 @@
 // Lays out a small world to try the program in, and shows what changed in its archive.
 //   kestrun_demo make FOLDER          game\ with a dflw.pff of a few hundred entries, maps\ with missions, packit.ini
 //   kestrun_demo list ARCHIVE         one line for each entry: name, offset, length
+//   kestrun_demo pack FOLDER          the files of a folder, sorted by name, as the archive FOLDER.stl: a style
 //   kestrun_demo start PROGRAM        the program with the raw text in KESTRUN_ARGUMENTS; gives its exit code
 #include <array>
 #include <cstdio>
@@ -108,6 +109,19 @@ int List(const std::string& path) {
   return 0;
 }
 
+// An archive that is there is made anew.
+void Pack(const std::string& folder) {
+  kestrun::FileSystem& files = kestrun::platform().files();
+  const std::string path = folder + ".stl";
+  if (files.Exists(path)) files.Delete(path);
+  ClsPFF archive;
+  archive.NewPffFile(path);
+  for (const kestrun::FolderEntry& entry : files.List(folder)) {
+    if (!entry.is_folder) archive.PackFile(files.ReadAll(folder + "\\" + entry.name), entry.name);
+  }
+  archive.SavePffFile();
+}
+
 // Starts a program with one raw command text, as a shortcut or the shell does, and gives its exit code. The text comes
 // in the environment variable KESTRUN_ARGUMENTS, where nothing quotes it again.
 int Start(const std::string& program) {
@@ -127,15 +141,13 @@ int Run(const std::string& command, const std::string& path) {
   try {
     if (command == "list") return List(path);
     if (command == "start") return Start(path);
-    if (command == "make") {
-      Make(path);
-      return 0;
-    }
+    if (command == "make") return Make(path), 0;
+    if (command == "pack") return Pack(path), 0;
   } catch (const kestrun::RuntimeError& failure) {
     std::fprintf(stderr, "kestrun_demo: %s: error %d: %s\n", path.c_str(), failure.number(), failure.what());
     return 1;
   }
-  std::fputs("usage: kestrun_demo make FOLDER | list ARCHIVE | start PROGRAM\n", stderr);
+  std::fputs("usage: kestrun_demo make FOLDER | list ARCHIVE | pack FOLDER | start PROGRAM\n", stderr);
   return 2;
 }
 

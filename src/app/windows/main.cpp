@@ -3,6 +3,7 @@
 #include "desktop/win32/com/created_object.h"
 #include "desktop/win32/com/object_bridge.h"
 #include "desktop/win32/win32_platform.h"
+#include "formats/pff/pff_recovery.h"
 #include "forms/window_registry.h"
 #include "game/add_ins/add_ins.h"
 
@@ -14,5 +15,6 @@ int main() {
   if (!kestrun::LoadedWindows().empty()) platform.windowing().RunUntilQuit();
   kestrun::CloseAllWindows();
   kestrun::CloseObjectBridge();
+  kestrun::pff::RemoveRestingJournals();
   return 0;
 }

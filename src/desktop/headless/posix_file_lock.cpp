@@ -21,7 +21,9 @@ class PosixFileLock final : public FileLock {
  public:
   PosixFileLock(std::string path, FileDescriptor descriptor)
       : path_(std::move(path)), descriptor_(std::move(descriptor)) {}
-  ~PosixFileLock() override { ::unlink(path_.c_str()); }
+  ~PosixFileLock() override {
+    if (!FileStays()) ::unlink(path_.c_str());
+  }
   PosixFileLock(const PosixFileLock&) = delete;
   PosixFileLock& operator=(const PosixFileLock&) = delete;
 
@@ -56,11 +58,16 @@ bool IsStillAt(const std::string& path, const FileDescriptor& descriptor) {
          locked.st_dev == there.st_dev && locked.st_ino == there.st_ino;
 }
 
-// Only for others to read: a turn holds without it.
+// Only for others to read: a turn holds without it. The file is not emptied before: some file systems take that for
+// replacing it and write it out at once.
 void WriteHolder(const FileDescriptor& descriptor, std::string_view program) {
   const std::string text = FormatLockHolder({static_cast<uint32_t>(::getpid()), std::string(program)});
-  if (::ftruncate(descriptor.get(), 0) != 0) return;
-  if (::pwrite(descriptor.get(), text.data(), text.size(), 0) < 0) return;
+  const auto length = static_cast<off_t>(text.size());
+  struct stat status {};
+  if (::pwrite(descriptor.get(), text.data(), text.size(), 0) != length) return;
+  if (::fstat(descriptor.get(), &status) == 0 && status.st_size > length) {
+    static_cast<void>(!::ftruncate(descriptor.get(), length));
+  }
 }
 
 }  // namespace

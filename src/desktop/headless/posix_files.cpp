@@ -185,7 +185,8 @@ class PosixFile final : public File {
     if (::ftruncate(descriptor_.get(), FileOffset(bytes)) != 0) RaiseErrno();
   }
   void Reserve(uint64_t bytes) override {
-    if (bytes == 0 || ::fallocate(descriptor_.get(), FALLOC_FL_KEEP_SIZE, 0, FileOffset(bytes)) == 0) return;
+    if (HasRoomFor(bytes)) return;
+    if (::fallocate(descriptor_.get(), FALLOC_FL_KEEP_SIZE, 0, FileOffset(bytes)) == 0) return;
     if (errno != EOPNOTSUPP && errno != ENOSYS) RaiseErrno();
     ReserveByZeros(bytes);
   }
@@ -195,6 +196,15 @@ class PosixFile final : public File {
   }
 
  private:
+  // Asking for room that is there already would make the next flush wait for the file system's own journal. A file with
+  // holes has less room than bytes.
+  [[nodiscard]] bool HasRoomFor(uint64_t bytes) {
+    const Status status = StatusOf(descriptor_);
+    constexpr uint64_t kBlockUnit = 512;
+    const auto length = static_cast<uint64_t>(status.st_size);
+    return bytes <= length && static_cast<uint64_t>(status.st_blocks) * kBlockUnit >= length;
+  }
+
   FileDescriptor descriptor_;
 };
 
@@ -292,9 +302,15 @@ FolderEntry MakeEntry(int folder, const char* name) {
   return entry;
 }
 
+constexpr uint64_t kUnitsPerSecond = 10'000'000;
+constexpr int64_t kSecondsFrom1601To1970 = 11'644'473'600;
+
+uint64_t ToFileTime(const timespec& time) {
+  return static_cast<uint64_t>(time.tv_sec + kSecondsFrom1601To1970) * kUnitsPerSecond +
+         static_cast<uint64_t>(time.tv_nsec) / 100;
+}
+
 timespec ToTimespec(uint64_t file_time) {
-  constexpr uint64_t kUnitsPerSecond = 10'000'000;
-  constexpr int64_t kSecondsFrom1601To1970 = 11'644'473'600;
   return {static_cast<time_t>(static_cast<int64_t>(file_time / kUnitsPerSecond) - kSecondsFrom1601To1970),
           static_cast<long>(file_time % kUnitsPerSecond * 100)};
 }
@@ -424,6 +440,13 @@ std::vector<FolderEntry> PosixFileSystem::List(std::string_view folder) {
   return entries;
 }
 
+uint64_t PosixFileSystem::WriteTime(std::string_view path) {
+  const std::string native = NativePath(path);
+  Status status{};
+  if (!GetStatus(native, status)) RaiseForPath(errno, native);
+  return ToFileTime(status.st_mtim);
+}
+
 void PosixFileSystem::SetWriteTime(std::string_view path, uint64_t file_time) {
   const std::string native = NativePath(path);
   const std::array times{timespec{0, UTIME_OMIT}, ToTimespec(file_time)};
@@ -446,6 +469,12 @@ void PosixFileSystem::FlushFolder(std::string_view folder) {
   Attempt([&] { ::fsync(OpenDescriptor(NativePath(folder), O_RDONLY | O_DIRECTORY).get()); });
 }
 
+void PosixFileSystem::FlushFiles(const std::string& folder, const std::vector<std::string>& names) {
+  constexpr size_t kFew = 8;
+  if (names.size() <= kFew) return FileSystem::FlushFiles(folder, names);
+  if (::syncfs(OpenDescriptor(NativePath(folder), O_RDONLY | O_DIRECTORY).get()) != 0) RaiseErrno();
+}
+
 std::string PosixFileSystem::TruePath(std::string_view path) {
   const std::string native = NativePath(path);
   if (const auto real = RealPath(native)) return *real;
@@ -455,7 +484,8 @@ std::string PosixFileSystem::TruePath(std::string_view path) {
 }
 
 std::unique_ptr<FileLock> PosixFileSystem::TryLock(std::string_view path, std::string_view program) {
-  const std::string native = NativePath(path);
+  // Its users ask for it beside a true path: there is no other case to be looked for.
+  const std::string native = WithDriveAndSlashes(path);
   try {
     return TryLockFile(native, program);
   } catch (const RuntimeError& failure) {

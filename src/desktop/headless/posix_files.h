@@ -35,10 +35,13 @@ class PosixFileSystem final : public FileSystem {
   void RemoveFolder(std::string_view path) override;
   // Names that hold a "\" are left out: no path of ours can reach them.
   [[nodiscard]] std::vector<FolderEntry> List(std::string_view folder) override;
+  [[nodiscard]] uint64_t WriteTime(std::string_view path) override;
   void SetWriteTime(std::string_view path, uint64_t file_time) override;
   void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override;
   [[nodiscard]] std::string CurrentFolder() override;
   void FlushFolder(std::string_view folder) override;
+  // Beyond a handful by flushing their whole file system, which waits for the disk once.
+  void FlushFiles(const std::string& folder, const std::vector<std::string>& names) override;
   [[nodiscard]] std::string TruePath(std::string_view path) override;
   [[nodiscard]] std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) override;
 

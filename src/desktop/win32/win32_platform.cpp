@@ -6,6 +6,7 @@ namespace kestrun {
 
 Win32Platform::Win32Platform() {
   InstallCodePage(&code_page_);
+  InstallWindowEffects(&effects_);
   InstallScriptSystem(ScriptSystem{.clipboard_picture = &Win32Clipboard::Picture,
                                    .set_clipboard_picture = &Win32Clipboard::SetPicture,
                                    .clear_clipboard = &Win32Clipboard::Clear,
@@ -14,6 +15,7 @@ Win32Platform::Win32Platform() {
 
 Win32Platform::~Win32Platform() {
   InstallScriptSystem(std::nullopt);
+  InstallWindowEffects(nullptr);
   InstallCodePage(nullptr);
 }
 

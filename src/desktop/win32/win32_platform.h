@@ -7,13 +7,14 @@
 #include "desktop/win32/system/win32_files.h"
 #include "desktop/win32/system/win32_game_memory.h"
 #include "desktop/win32/system/win32_services.h"
+#include "desktop/win32/window/win32_effects.h"
 #include "desktop/win32/window/win32_windowing.h"
 #include "platform/located_files.h"
 #include "platform/platform.h"
 
 namespace kestrun {
 
-// Also installs the ANSI code page for single-byte text.
+// Also installs the ANSI code page for single-byte text, and the effects of styles.
 class Win32Platform final : public Platform {
  public:
   Win32Platform();
@@ -48,6 +49,7 @@ class Win32Platform final : public Platform {
   Win32Pictures pictures_;
   Win32Clock clock_;
   Win32Windowing windowing_;
+  Win32Effects effects_;
   Win32Games running_games_;
 };
 

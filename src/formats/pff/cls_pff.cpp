@@ -119,6 +119,23 @@ bool HasBytes(File& file, uint64_t offset, ByteView expected) {
   return file.ReadAt(offset, present) == present.size() && std::equal(present.begin(), present.end(), expected.begin());
 }
 
+// Whether the table is the same. It is looked at piece by piece: a second one would take as much memory as the first.
+bool HasEntries(File& file, const Header& header, const std::vector<Entry>& entries) {
+  if (header.item_size != static_cast<int32_t>(pff::kEntryBytes)) {
+    const std::vector<Entry> present = ReadEntries(file, header);
+    return std::ranges::equal(pff::RecordBytes(std::span(present)), pff::RecordBytes(std::span(entries)));
+  }
+  constexpr size_t kPieceBytes = 64 * 1024;
+  const ByteView table = pff::RecordBytes(std::span(entries));
+  Bytes piece(std::min(kPieceBytes, table.size()));
+  for (size_t at = 0; at < table.size(); at += piece.size()) {
+    piece.resize(std::min(kPieceBytes, table.size() - at));
+    ReadExactly(file, static_cast<uint32_t>(header.table_offset) + uint64_t{at}, piece);
+    if (!std::equal(piece.begin(), piece.end(), table.begin() + static_cast<std::ptrdiff_t>(at))) return false;
+  }
+  return true;
+}
+
 std::shared_ptr<const Bytes> ShareBytes(ByteView bytes) {
   return std::make_shared<const Bytes>(bytes.begin(), bytes.end());
 }
@@ -218,7 +235,10 @@ void ClsPFF::SetFileName(Index index, std::string_view name) {
     waiting_.insert_or_assign(ToLower(trimmed), element);
   }
   entry.name = pff::PadName(EncodeText(trimmed), ' ');
+  NoteRenamed(entry);
 }
+
+void ClsPFF::NoteRenamed(const Entry& entry) { names_.NoteRenamed(static_cast<size_t>(&entry - entries_.data())); }
 
 int32_t ClsPFF::FileLength(Index index) { return EntryAt(index).length; }
 
@@ -286,6 +306,7 @@ int32_t ClsPFF::WritePFFInfo(int32_t number, int32_t pack_date, std::string_view
     const int32_t info_value = TextToLong(info);
     entry.pack_date = pack_date;
     entry.name = pff::PadName(EncodeText(name), ' ');
+    NoteRenamed(entry);
     entry.info = info_value;
     entry.deleted = deleted ? 1 : 0;
     return 0;
@@ -299,6 +320,7 @@ int32_t ClsPFF::WritePFFInfo(int32_t number, int32_t pack_date, std::string_view
 void ClsPFF::Reset(const std::string& path) {
   path_ = path;
   entries_.clear();
+  names_.Forget();
   queue_.assign(1, Staged{});
   waiting_.clear();
   file_bytes_ = 0;
@@ -344,6 +366,7 @@ bool ClsPFF::LoadPff(const std::string& path) {
   } catch (const std::exception&) {
     const RuntimeError failure = CurrentError();
     entries_.clear();
+    names_.Forget();
     if (PFFError) PFFError(failure.number(), failure.description());
     Progress(0);
     return false;
@@ -366,6 +389,7 @@ void ClsPFF::ReadTable(const std::string& path) {
   if (working_.total_files == 0) readable_ = Readable::kYes;
   CheckTableSize(working_, file_bytes_, path);
   entries_ = ReadEntries(*file, working_);
+  names_.Forget();
   on_disk_.entries = entries_;
   Progress(50);
 }
@@ -384,9 +408,7 @@ bool ClsPFF::IsAsLastSeen() const {
   if (!HasBytes(*file, 0, pff::RecordBytes(std::span<const Header>(&on_disk_.header, 1)))) return false;
   if (on_disk_.header.total_files <= 0) return true;
   if (TableEnd(on_disk_.header) > file->Size()) return false;
-  const std::vector<Entry> present = ReadEntries(*file, on_disk_.header);
-  return std::ranges::equal(pff::RecordBytes(std::span<const Entry>(present)),
-                            pff::RecordBytes(std::span<const Entry>(on_disk_.entries)));
+  return HasEntries(*file, on_disk_.header, on_disk_.entries);
 }
 
 // The places of what is staged were chosen by the table in memory.
@@ -411,14 +433,16 @@ void ClsPFF::SavePffFile() {
   AddStaged(change, [this](int element) { Progress(20 + element); });
   const ByteView table = pff::RecordBytes(std::span<const Entry>(entries_));
   const uint64_t table_offset = static_cast<uint32_t>(working_.table_offset);
-  change.Add(table_offset, ShareBytes(table));
+  change.AddBorrowed(table_offset, table);
   change.Add(table_offset + table.size(), ShareBytes(pff::kTrailer));
-  change.Commit(path_);
+  change.Commit(path_, journal_afterwards_);
   Progress(80);
   Progress(100);
   waiting_.clear();
   saved_ = working_;
-  on_disk_ = {working_, entries_, true};
+  on_disk_.header = working_;
+  on_disk_.entries = entries_;
+  on_disk_.is_there = true;
   file_bytes_ = std::max(file_bytes_, change.End());
   settled_ = {};
   queue_.assign(1, Staged{});
@@ -530,7 +554,10 @@ bool ClsPFF::PackFile(ByteView buffer, const std::string& name) {
   Progress(50);
   entry.length = length;
   entry.name = pff::PadName(name_bytes, '\0');
-  EntryAt(index) = entry;
+  Entry& place = EntryAt(index);
+  const bool is_renamed = pff::NameKey(pff::NameBytes(place)) != pff::NameKey(pff::NameBytes(entry));
+  place = entry;
+  if (is_renamed) NoteRenamed(place);
   Progress(60);
   StagedAt(element).data = ShareBytes(buffer);
   Progress(100);
@@ -645,12 +672,9 @@ bool ClsPFF::PFFFileExists(std::string_view name, int32_t& index) const {
   index = -1;
   // Encoded, such a name would be found under its question marks.
   if (FirstUnencodable(name)) return false;
-  const pff::NameMatcher matcher(EncodeText(name));
   const size_t count = std::min(entries_.size(), static_cast<size_t>(std::max(working_.total_files, 0)));
-  const auto end = entries_.begin() + static_cast<std::ptrdiff_t>(count);
-  const auto found = std::find_if(entries_.begin(), end, [&](const Entry& entry) { return matcher.Matches(entry); });
-  index = found == end ? -1 : static_cast<int32_t>(found - entries_.begin());
-  return found != end;
+  index = names_.Find(std::span(entries_).first(count), EncodeText(name));
+  return index >= 0;
 }
 
 std::string ClsPFF::ZTrim(std::string_view text) { return pff::TrimName(text); }

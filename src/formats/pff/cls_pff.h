@@ -27,6 +27,7 @@
 #include "base/object.h"
 #include "formats/pff/pff_change.h"
 #include "formats/pff/pff_layout.h"
+#include "formats/pff/pff_names.h"
 
 namespace kestrun {
 
@@ -90,6 +91,9 @@ class ClsPFF final : public TableObject {
   // durably or not at all, whatever ends the save (docs/formats/pff_journal.md). Error 70 when another process has
   // changed the archive since it was read.
   void SavePffFile();
+  // From now on the journal's file stays beside the archive between saves, so that the next one needs no new room on
+  // the disk, until pff::RemoveRestingJournals.
+  void LetJournalRest() { journal_afterwards_ = pff::Change::Journal::kRests; }
   // Gives what is staged its place in the file as a save would, but writes it with the next SavePffFile: files that are
   // packed one after the other with this between them lie as if each had been saved alone.
   void SettleStaged();
@@ -146,9 +150,11 @@ class ClsPFF final : public TableObject {
   [[nodiscard]] Staged& StagedAt(size_t element);
   void CheckPlace(const pff::Entry& entry, int32_t length) const;
   [[noreturn]] void RefusePlace(const pff::Entry& entry, const std::string& place) const;
+  void NoteRenamed(const pff::Entry& entry);
   void Reset(const std::string& path);
 
   std::vector<pff::Entry> entries_;
+  mutable pff::NameIndex names_;
   pff::Header working_;
   bool edited_ = false;
   bool is_new_ = false;
@@ -161,6 +167,7 @@ class ClsPFF final : public TableObject {
   OnDisk on_disk_;
   pff::Change settled_;  // has its place and is not written yet
   Readable readable_ = Readable::kYes;
+  pff::Change::Journal journal_afterwards_ = pff::Change::Journal::kRemoved;
 };
 
 }  // namespace kestrun

@@ -20,15 +20,20 @@ struct Run {
 // One change on its way into one file.
 class Saving {
  public:
-  Saving(const std::string& path, uint64_t end)
-      : path_(path), journal_path_(JournalPath(path)), existed_(platform().files().Exists(path)) {
+  Saving(const std::string& path, uint64_t end, Change::Journal afterwards)
+      : path_(path),
+        journal_path_(JournalPath(path)),
+        rests_(afterwards == Change::Journal::kRests),
+        existed_(platform().files().Exists(path)) {
     if (existed_) file_ = platform().files().Open(path_, OpenMode::kReadWrite);
     old_bytes_ = existed_ ? file_->Size() : 0;
     new_bytes_ = std::max(old_bytes_, end);
   }
 
   void BeginJournal() {
-    journal_ = platform().files().Open(journal_path_, OpenMode::kCreate);
+    FileSystem& files = platform().files();
+    has_room_ = rests_ && files.Exists(journal_path_);
+    journal_ = files.Open(journal_path_, has_room_ ? OpenMode::kReadWrite : OpenMode::kCreate);
     writer_.emplace(*journal_, JournalHeader{existed_, old_bytes_, new_bytes_});
   }
 
@@ -44,9 +49,8 @@ class Saving {
   [[nodiscard]] bool ChangesNothing() const { return existed_ && runs_.empty() && new_bytes_ == old_bytes_; }
 
   void FinishJournal() {
-    writer_->Finish();
-    journal_.reset();
-    platform().files().FlushFolder(FolderPart(journal_path_));
+    writer_->Finish(rests_ ? kRestingStep : 1);
+    if (!has_room_) platform().files().FlushFolder(FolderPart(journal_path_));
   }
 
   void WriteFile() {
@@ -60,6 +64,10 @@ class Saving {
   }
 
   // A journal that stays behind a whole save is recognised by the next use.
+  void EndJournal() {
+    if (!rests_ || !Attempt([this] { RestJournal(); })) DropJournal();
+  }
+
   void DropJournal() {
     journal_.reset();
     Attempt([&] { platform().files().Delete(journal_path_); });
@@ -75,15 +83,27 @@ class Saving {
 
   [[noreturn]] void UndoAndRaise(const RuntimeError& failure) {
     file_.reset();
+    journal_.reset();
     if (Attempt([&] { RollBack(path_); })) RaiseUnchanged(failure);
     Raise(failure.number(), failure.description() + ": the archive '" + path_ +
                                 "' could not be put back yet. Its next use puts it back from '" + journal_path_ + "'.");
   }
 
  private:
+  // The next journal finds room in steps of this size.
+  static constexpr uint64_t kRestingStep = 64 * 1024;
+
+  void RestJournal() {
+    MarkAsResting(*journal_);
+    journal_->Close();
+    journal_.reset();
+    NoteResting(path_);
+  }
+
   void NotePart(uint64_t offset, ByteView bytes) {
-    Bytes old(bytes.size());
-    old.resize(existed_ ? file_->ReadAt(offset, old) : 0);
+    old_.resize(kMostRecordBytes);
+    const MutableByteView room = MutableByteView(old_).first(bytes.size());
+    const ByteView old = ByteView(old_).first(existed_ ? file_->ReadAt(offset, room) : 0);
     const uint64_t end = offset + bytes.size();
     uint64_t run_start = offset;
     for (uint64_t at = offset; at < end;) {
@@ -115,6 +135,8 @@ class Saving {
 
   const std::string& path_;
   std::string journal_path_;
+  bool rests_;             // the journal, when the save is done
+  bool has_room_ = false;  // an earlier journal's
   bool existed_;
   uint64_t old_bytes_ = 0;
   uint64_t new_bytes_ = 0;
@@ -122,15 +144,22 @@ class Saving {
   std::unique_ptr<File> journal_;
   std::optional<JournalWriter> writer_;
   std::vector<Run> runs_;
+  Bytes old_;  // room for what is read of the archive
 };
 
 }  // namespace
 
 void Change::Add(uint64_t offset, std::shared_ptr<const Bytes> bytes) {
-  if (bytes->empty()) return;
-  Cut(offset, offset + bytes->size());
   const ByteView view(*bytes);
-  pieces_[offset] = {std::move(bytes), view};
+  AddPiece(offset, {std::move(bytes), view});
+}
+
+void Change::AddBorrowed(uint64_t offset, ByteView bytes) { AddPiece(offset, {nullptr, bytes}); }
+
+void Change::AddPiece(uint64_t offset, Piece piece) {
+  if (piece.bytes.empty()) return;
+  Cut(offset, offset + piece.bytes.size());
+  pieces_[offset] = std::move(piece);
 }
 
 // Frees a range: pieces in it go, pieces that reach into it lose that part.
@@ -163,7 +192,10 @@ uint64_t Change::End() const {
 
 void Change::Overlay(uint64_t offset, MutableByteView buffer) const {
   const uint64_t end = offset + buffer.size();
-  for (const auto& [start, piece] : pieces_) {
+  auto at = pieces_.upper_bound(offset);
+  if (at != pieces_.begin()) --at;
+  for (; at != pieces_.end() && at->first < end; ++at) {
+    const auto& [start, piece] = *at;
     const uint64_t from = std::max(start, offset);
     const uint64_t to = std::min(start + piece.bytes.size(), end);
     if (from >= to) continue;
@@ -172,12 +204,12 @@ void Change::Overlay(uint64_t offset, MutableByteView buffer) const {
   }
 }
 
-void Change::Commit(const std::string& path) const {
-  Saving saving(path, End());
+void Change::Commit(const std::string& path, Journal afterwards) const {
+  Saving saving(path, End(), afterwards);
   try {
     saving.BeginJournal();
     for (const auto& [offset, piece] : pieces_) saving.Note(offset, piece.bytes);
-    if (saving.ChangesNothing()) return saving.DropJournal();
+    if (saving.ChangesNothing()) return saving.EndJournal();
     saving.FinishJournal();
   } catch (const std::exception&) {
     saving.DropJournal();
@@ -188,7 +220,7 @@ void Change::Commit(const std::string& path) const {
   } catch (const std::exception&) {
     saving.UndoAndRaise(CurrentError());
   }
-  saving.DropJournal();
+  saving.EndJournal();
 }
 
 }  // namespace kestrun::pff

@@ -9,8 +9,9 @@ namespace kestrun::pff {
 namespace {
 
 constexpr std::string_view kMagic = "KSTJRNL1";
+constexpr std::string_view kRestingMark = "KSTJREST";
 constexpr std::string_view kEndMark = "KEND";
-constexpr size_t kJournalHeaderBytes = 28;
+constexpr size_t kJournalHeaderBytes = 36;
 constexpr size_t kRecordHeaderBytes = 16;
 constexpr size_t kEndBytes = 8;
 constexpr uint32_t kExisted = 1;
@@ -61,13 +62,18 @@ std::vector<uint32_t> BlockChecks(uint64_t offset, ByteView bytes) {
 
 // ---- writing -----------------------------------------------------------------------------------------------------
 
-JournalWriter::JournalWriter(File& file, const JournalHeader& header) : file_(file), state_(crc32::kStart) {
+// The header says how long the records are: its place stays empty until they are known.
+JournalWriter::JournalWriter(File& file, const JournalHeader& header)
+    : file_(file), header_(header), waiting_(kJournalHeaderBytes), state_(crc32::kStart) {}
+
+Bytes JournalWriter::HeaderBytes() const {
   Bytes bytes(kJournalHeaderBytes);
   std::copy(kMagic.begin(), kMagic.end(), bytes.begin());
-  StoreU32(bytes, 8, header.existed ? kExisted : 0);
-  StoreU64(bytes, 12, header.old_bytes);
-  StoreU64(bytes, 20, header.new_bytes);
-  Write(bytes);
+  StoreU32(bytes, 8, header_.existed ? kExisted : 0);
+  StoreU64(bytes, 12, header_.old_bytes);
+  StoreU64(bytes, 20, header_.new_bytes);
+  StoreU64(bytes, 28, record_bytes_);
+  return bytes;
 }
 
 void JournalWriter::Add(uint64_t offset, ByteView old_bytes, ByteView new_bytes) {
@@ -81,18 +87,25 @@ void JournalWriter::Add(uint64_t offset, ByteView old_bytes, ByteView new_bytes)
   Write(old_bytes);
 }
 
-void JournalWriter::Finish() {
+void JournalWriter::Finish(uint64_t step) {
+  const Bytes header = HeaderBytes();
   Bytes end(kEndBytes);
-  StoreU32(end, 0, ~state_);
+  StoreU32(end, 0, ~crc32::Update(state_, header));
   std::copy(kEndMark.begin(), kEndMark.end(), end.begin() + 4);
-  Write(end);
+  waiting_.insert(waiting_.end(), end.begin(), end.end());
+  const bool has_header = written_ == 0;
+  if (has_header) std::copy(header.begin(), header.end(), waiting_.begin());
   Spill();
+  if (!has_header) file_.WriteAt(0, header);
+  if (written_ % step != 0 && file_.Size() < written_ + 1) {
+    file_.WriteAt(written_, Bytes(static_cast<size_t>(step - written_ % step)));
+  }
   file_.Flush();
-  file_.Close();
 }
 
 void JournalWriter::Write(ByteView bytes) {
   state_ = crc32::Update(state_, bytes);
+  record_bytes_ += bytes.size();
   waiting_.insert(waiting_.end(), bytes.begin(), bytes.end());
   if (waiting_.size() >= kPieceBytes) Spill();
 }
@@ -103,6 +116,8 @@ void JournalWriter::Spill() {
   waiting_.clear();
 }
 
+void MarkAsResting(File& file) { file.WriteAt(0, AsBytes(kRestingMark)); }
+
 // ---- reading -----------------------------------------------------------------------------------------------------
 
 JournalReader::JournalReader(File& file) : file_(file), file_bytes_(file.Size()), kind_(FindKind()) {}
@@ -112,6 +127,7 @@ JournalKind JournalReader::FindKind() {
   Bytes bytes(static_cast<size_t>(std::min<uint64_t>(kJournalHeaderBytes, file_bytes_)));
   if (!ReadExactly(file_, 0, bytes)) return JournalKind::kTorn;
   const std::string_view magic = AsChars(bytes).substr(0, kMagic.size());
+  if (magic == kRestingMark) return JournalKind::kResting;
   const bool is_empty = std::all_of(magic.begin(), magic.end(), [](char one) { return one == '\0'; });
   if (!is_empty && !kMagic.starts_with(magic)) return JournalKind::kForeign;
   if (is_empty || file_bytes_ < kJournalHeaderBytes + kEndBytes || !HasChecksum()) return JournalKind::kTorn;
@@ -121,15 +137,22 @@ JournalKind JournalReader::FindKind() {
   return fits && ForEach([](const JournalRecord&) { return true; }) ? JournalKind::kWhole : JournalKind::kForeign;
 }
 
+// The checksum is of the records and, behind them, of the header.
 bool JournalReader::HasChecksum() {
-  const uint64_t end = file_bytes_ - kEndBytes;
+  Bytes header(kJournalHeaderBytes);
+  if (!ReadExactly(file_, 0, header)) return false;
+  const uint64_t record_bytes = LoadU64(header, 28);
+  if (record_bytes > file_bytes_ - kJournalHeaderBytes - kEndBytes) return false;
+  const uint64_t end = kJournalHeaderBytes + record_bytes;
   Bytes piece;
   uint32_t state = crc32::kStart;
-  for (uint64_t at = 0; at < end; at += piece.size()) {
+  for (uint64_t at = kJournalHeaderBytes; at < end; at += piece.size()) {
     piece.resize(static_cast<size_t>(std::min<uint64_t>(kPieceBytes, end - at)));
     if (!ReadExactly(file_, at, piece)) return false;
     state = crc32::Update(state, piece);
   }
+  state = crc32::Update(state, header);
+  records_end_ = end;
   piece.resize(kEndBytes);
   return ReadExactly(file_, end, piece) && LoadU32(piece, 0) == ~state && AsChars(piece).substr(4) == kEndMark;
 }
@@ -137,7 +160,7 @@ bool JournalReader::HasChecksum() {
 bool JournalReader::ForEach(const std::function<bool(const JournalRecord& record)>& take) {
   uint64_t at = kJournalHeaderBytes;
   uint64_t least_offset = 0;
-  while (at < file_bytes_ - kEndBytes) {
+  while (at < records_end_) {
     JournalRecord record;
     if (!ReadRecord(at, least_offset, record)) return false;
     if (!take(record)) break;
@@ -147,7 +170,7 @@ bool JournalReader::ForEach(const std::function<bool(const JournalRecord& record
 }
 
 bool JournalReader::ReadRecord(uint64_t& at, uint64_t least_offset, JournalRecord& record) {
-  const uint64_t left = file_bytes_ - kEndBytes - at;
+  const uint64_t left = records_end_ - at;
   Bytes head(kRecordHeaderBytes);
   if (left < head.size() || !ReadExactly(file_, at, head)) return false;
   record.offset = LoadU64(head, 0);

@@ -42,22 +42,31 @@ class JournalWriter {
   JournalWriter(File& file, const JournalHeader& header);
   // Records lie in ascending order and do not overlap; at most kMostRecordBytes each.
   void Add(uint64_t offset, ByteView old_bytes, ByteView new_bytes);
-  // Closes the journal with its checksum and makes it durable: from then on the archive may be changed.
-  void Finish();
+  // Ends the journal with its checksum and makes it durable: from then on the archive may be changed. What the file
+  // held before behind that end has no meaning. The file's length becomes a multiple of `step`, unless it is longer.
+  void Finish(uint64_t step = 1);
 
  private:
   void Write(ByteView bytes);
   void Spill();
+  [[nodiscard]] Bytes HeaderBytes() const;
 
   File& file_;
+  JournalHeader header_;
   Bytes waiting_;
-  uint64_t written_ = 0;
-  uint32_t state_;
+  uint64_t written_ = 0;  // bytes of the file
+  uint64_t record_bytes_ = 0;
+  uint32_t state_;  // of the checksum
 };
+
+// Marks a journal whose save is done: its file may stay for the next one. Nobody waits for the mark: without it the
+// journal is found to be done by what is in the archive.
+void MarkAsResting(File& file);
 
 enum class JournalKind {
   kWhole,
   kTorn,     // begun and never finished: the archive was not touched yet
+  kResting,  // its save is done
   kForeign,  // no journal of ours
 };
 
@@ -77,6 +86,7 @@ class JournalReader {
 
   File& file_;
   uint64_t file_bytes_;
+  uint64_t records_end_ = 0;
   JournalHeader header_;
   JournalKind kind_;
 };

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
+#include <utility>
 
 #include "base/runtime_error.h"
 #include "formats/pff/pff_journal.h"
@@ -131,8 +133,31 @@ std::string SetAside(const std::string& journal_path) {
   }
 }
 
+// Sets it aside and gives the sentence about it.
+std::string DoesNotFit(const std::string& path, const std::string& journal_path) {
+  return "The journal beside the archive '" + path + "' does not fit it; it was set aside as '" +
+         SetAside(journal_path) + "', and the archive is left as it is.";
+}
+
+// False as well for one that its owner has just removed.
+bool IsResting(const std::string& journal_path) {
+  bool is_resting = false;
+  Attempt([&] {
+    const std::unique_ptr<File> file = platform().files().Open(journal_path, OpenMode::kRead);
+    is_resting = JournalReader(*file).kind() == JournalKind::kResting;
+  });
+  return is_resting;
+}
+
+// Archives beside which this process has left a journal's file.
+std::set<std::string>& RestingJournals() {
+  static std::set<std::string> archives;
+  return archives;
+}
+
 std::string RecoverFrom(const std::string& path, const std::string& journal_path) {
   const std::string cut_short = "The last change to the archive '" + path + "' was cut short";
+  if (platform().files().IsFolder(journal_path)) return DoesNotFit(path, journal_path);
   std::unique_ptr<File> file = platform().files().Open(journal_path, OpenMode::kRead);
   JournalReader journal(*file);
   const State state = journal.kind() == JournalKind::kWhole  ? LookAtArchive(path, journal)
@@ -141,10 +166,7 @@ std::string RecoverFrom(const std::string& path, const std::string& journal_path
   if (state == State::kHalf) PutOldBytesBack(path, journal);
   if (state == State::kNew) MakeDurable(path);
   file.reset();
-  if (state == State::kUnknown) {
-    return "The journal beside the archive '" + path + "' does not fit it; it was set aside as '" +
-           SetAside(journal_path) + "', and the archive is left as it is.";
-  }
+  if (state == State::kUnknown) return DoesNotFit(path, journal_path);
   RemoveJournal(journal_path);
   if (state == State::kOld) return cut_short + " before it began; the archive is as it was.";
   if (state == State::kNew) return cut_short + " after its last byte; it is kept.";
@@ -160,11 +182,26 @@ std::string JournalPath(const std::string& archive_path) {
 std::optional<std::string> RecoverArchive(const std::string& archive_path) {
   FileSystem& files = platform().files();
   const std::string journal_path = JournalPath(archive_path);
-  if (!files.Exists(journal_path)) return std::nullopt;
+  if (!files.Exists(journal_path) || IsResting(journal_path)) return std::nullopt;
   const auto turn = TakeTurn(archive_path);
   // Its owner may have finished while we waited.
-  if (!files.Exists(journal_path)) return std::nullopt;
+  if (!files.Exists(journal_path) || IsResting(journal_path)) return std::nullopt;
   return RecoverFrom(archive_path, journal_path);
+}
+
+void NoteResting(const std::string& archive_path) {
+  RestingJournals().insert(platform().files().TruePath(archive_path));
+}
+
+void RemoveRestingJournals() {
+  FileSystem& files = platform().files();
+  for (const std::string& archive : std::exchange(RestingJournals(), {})) {
+    Attempt([&] {
+      const auto turn = files.TryLock(archive + ".lock", platform().program().ExeName());
+      const std::string journal_path = JournalPath(archive);
+      if (turn && files.Exists(journal_path) && IsResting(journal_path)) RemoveJournal(journal_path);
+    });
+  }
 }
 
 void RollBack(const std::string& archive_path) {

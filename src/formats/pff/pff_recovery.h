@@ -22,4 +22,10 @@ namespace kestrun::pff {
 // process. The caller holds the turn.
 void RollBack(const std::string& archive_path);
 
+// Notes that a save of this process has left its journal's file for the next one.
+void NoteResting(const std::string& archive_path);
+// Removes the files that were noted, and those of their turns: called before the process ends. What another process
+// uses stays for that one.
+void RemoveRestingJournals();
+
 }  // namespace kestrun::pff

@@ -35,15 +35,11 @@ class FolderContents {
 
  private:
   ClsPFF& Archive(const std::string& path) {
-    const auto [row, is_new] = archives_.try_emplace(ToLower(path));
-    if (!is_new) return row->second;
-    try {
-      LoadArchive(row->second, path);
-    } catch (const std::exception&) {
-      archives_.erase(row);
-      throw;
-    }
-    return row->second;
+    const std::string key = ToLower(path);
+    if (const auto known = archives_.find(key); known != archives_.end()) return known->second;
+    ClsPFF& archive = archives_[key];
+    OnFailure([&] { LoadArchive(archive, path); }, [&](const RuntimeError&) { archives_.erase(key); });
+    return archive;
   }
 
   std::string folder_;
@@ -67,11 +63,10 @@ Difference Compare(const Record& record, FolderContents& contents) {
   difference.original = record.versions.front();
   difference.further = FurtherVersions(record);
   std::optional<Content> present;
-  try {
-    present = contents.Read(record.place);
-  } catch (const std::exception&) {
+  const bool can_be_read = Attempt([&] { present = contents.Read(record.place); },
+                                   [&](const RuntimeError& failure) { difference.fault = failure.description(); });
+  if (!can_be_read) {
     difference.present = Present::kUnknown;
-    difference.fault = CurrentError().description();
     return difference;
   }
   const std::string hash = HashOf(present);
@@ -215,15 +210,18 @@ void RestoreOriginal(const Difference& difference, bool keep_present) {
 void RestoreVersion(const Difference& difference, const KeptVersion& version, bool keep_present) {
   const Place& place = difference.place;
   const Bytes bytes = version.IsAbsence() ? Bytes() : ReadContent(version.sha256);
-  // The archive's turn comes before the ledger's, as where something is put in: in the other order two processes would
-  // wait for each other.
-  const auto turn = place.entry.empty() ? nullptr : TakeTurn(place.Path());
+  // The turn of the archive, or of the loose file, comes before the ledger's, as where something is put in: in the
+  // other order two processes would wait for each other.
+  const auto turn = TakeTurn(place.Path());
   Ledger ledger;
   const std::optional<Content> present = ReadPlace(place);
   if (HashOf(present) != difference.present_sha256) {
     Raise(error::kPermissionDenied, "\"" + place.Name() + "\" in '" + place.folder + "' has changed meanwhile.");
   }
-  if (keep_present && present) ledger.KeepForeign(place, difference.original, *present);
+  if (keep_present && present) {
+    ledger.KeepForeign(place, difference.original, *present);
+    ledger.Finish();
+  }
   if (version.IsAbsence()) {
     Remove(place);
   } else if (place.entry.empty()) {

@@ -15,16 +15,16 @@ namespace {
 
 class LedgerKeeper final : public OriginalsKeeper {
  public:
-  ~LedgerKeeper() override {
-    if (ledger_) ledger_->MakeDurable();
-  }
-
   void KeepEntry(ClsPFF& archive, const std::string& name, ByteView content, const std::string& source) override {
     Keep(PlaceOf(archive.OpenFileName(), EntryName(name)), ReadEntry(archive, name), Put(content, source));
   }
 
   void KeepFile(const std::string& path, ByteView content, const std::string& source) override {
     Keep(PlaceOf(path), ReadLooseFile(path), Put(content, source));
+  }
+
+  void Finish() override {
+    if (ledger_) ledger_->Finish();
   }
 
  private:
@@ -40,13 +40,15 @@ class LedgerKeeper final : public OriginalsKeeper {
   static LastPut Put(ByteView content, const std::string& source) {
     return {Sha256Hex(content), content.size(), {}, source, {}};
   }
-  // A command that replaces nothing takes no turn.
+  // A command that replaces nothing takes no turn, and one that did not get it does not wait for it again.
   Ledger& Open() {
-    if (!ledger_) ledger_.emplace();
+    if (refusal_) throw *refusal_;
+    if (!ledger_) OnFailure([this] { ledger_.emplace(); }, [this](const RuntimeError& failure) { refusal_ = failure; });
     return *ledger_;
   }
 
   std::optional<Ledger> ledger_;
+  std::optional<RuntimeError> refusal_;
 };
 
 struct Installation {

@@ -105,10 +105,8 @@ Bytes ReadContent(const std::string& sha256) {
 
 const Record* FindRecord(const Index& index, const Place& place, const std::string& present_sha256) {
   if (const Record* own = index.Find(place)) return own;
-  for (const auto& [key, record] : index.records()) {
-    const bool is_same_place =
-        EqualsNoCase(record.place.file, place.file) && EqualsNoCase(record.place.entry, place.entry);
-    if (is_same_place && !record.versions.empty() && record.IsOurs(present_sha256)) return &record;
+  for (const Record* record : index.FindInAnyFolder(place)) {
+    if (!record->versions.empty() && record->IsOurs(present_sha256)) return record;
   }
   return nullptr;
 }
@@ -120,52 +118,49 @@ Ledger::Ledger() : folder_(LedgerFolder()) {
     files.FlushFolder(FolderPart(folder_));
   }
   turn_ = TakeTurn(folder_ + "\\ledger");
+  turn_->LetFileStay();
   const Bytes text = ReadIndexText();
   index_bytes_ = text.size();
   // A line that a kill cut off is ended, so that the next one does not go on in it.
-  if (!text.empty() && text.back() != '\n') notes_ = kCrLf;
-  if (text.empty()) notes_ = IndexHead();
+  if (!text.empty() && text.back() != '\n') torn_end_ = kCrLf;
+  if (text.empty()) torn_end_ = IndexHead();
   index_ = Index::Parse(text);
 }
 
 void Ledger::Keep(const Place& place, const std::optional<Content>& present, LastPut next) {
   const std::string sha256 = present ? Sha256Hex(present->bytes) : std::string();
   if (sha256 == next.sha256) return;  // nothing is replaced
-  const size_t noted = notes_.size();
   Adopt(place, sha256);
   const Record* record = index_.Find(place);
-  try {
-    if (present && !(record && record->IsOurs(sha256))) StoreVersion(place, *present, sha256);
-    const bool keeps = notes_.size() > noted;
-    if (!present && !record) Note({EventKind::kNone, place, {}, {}});
-    // Where nothing was, nothing is lost with the line: a zip of many files waits for the disk once, in MakeDurable.
-    awaits_disk_ |= !present && !record;
-    if (keeps) WriteNotes(true);
-  } catch (const std::exception&) {
-    NotePut(place, std::move(next));
-    throw;
+  const bool is_ours = record && record->IsOurs(sha256);
+  if (!present && !record) Note({EventKind::kNone, place, {}, {}});
+  // A put over what could not be kept says nothing of what was there: it is not the program's own.
+  const auto note_put = [&](std::string over) {
+    next.over = std::move(over);
+    Note({EventKind::kPut, place, {}, std::move(next)});
+  };
+  if (present && !is_ours) {
+    OnFailure([&] { StoreVersion(place, *present, sha256); }, [&](const RuntimeError&) { note_put({}); });
   }
-  next.over = sha256;
-  NotePut(place, std::move(next));
-  CompactWhenLong();
-}
-
-// A put that cannot be noted costs a further version one day, and nothing else.
-void Ledger::NotePut(const Place& place, LastPut put) {
-  Note({EventKind::kPut, place, {}, std::move(put)});
-  Attempt([&] { WriteNotes(false); });
-}
-
-void Ledger::MakeDurable() {
-  if (!awaits_disk_) return;
-  awaits_disk_ = false;
-  Attempt([this] { WriteNotes(true); });
+  note_put(sha256);
 }
 
 void Ledger::KeepForeign(const Place& place, const KeptVersion& original, const Content& present) {
   if (!index_.Find(place)) Note({KindOf(original), place, original, {}});
   StoreVersion(place, present, Sha256Hex(present.bytes));
-  WriteNotes(true);
+}
+
+void Ledger::Finish() {
+  OnFailure(
+      [this] {
+        MakeContentsDurable();
+        WriteKeptLines();
+      },
+      [this](const RuntimeError&) { ForgetWhatIsNotKept(); });
+  // A put that cannot be noted costs a further version one day, and nothing else.
+  Attempt([this] { WritePutLines(); });
+  DeleteDropped();
+  CompactWhenLong();
 }
 
 // What another folder's record knows of a game that was moved or copied, noted for this folder.
@@ -190,40 +185,41 @@ void Ledger::StoreVersion(const Place& place, const Content& present, const std:
   Note({EventKind::kKept, place, {sha256, present.bytes.size(), present.pack_date, present.info, {}}, {}});
 }
 
+// It stands under its own hash from the first byte: nothing names it before it is whole.
 void Ledger::StoreContent(const std::string& sha256, ByteView bytes) {
   const std::string path = ContentPath(sha256);
-  if (HoldsExactly(path, bytes)) return;
-  platform().files().WriteAllDurably(path, bytes);
-  if (HoldsExactly(path, bytes)) return;
-  Attempt([&] { platform().files().Delete(path); });
-  Raise(error::kDeviceIo, "What was written to '" + path + "' reads back as something else.");
+  const bool is_there = HoldsExactly(path, bytes);
+  // One that nothing names may be what a process wrote that ended before it was on the disk.
+  if (is_there && index_.HoldsContent(sha256)) return;
+  if (!is_there) {
+    OnFailure([&] { platform().files().WriteAll(path, bytes); },
+              [&](const RuntimeError&) { Attempt([&] { platform().files().Delete(path); }); });
+  }
+  contents_.push_back(sha256);
+}
+
+void Ledger::MakeContentsDurable() {
+  if (contents_.empty()) return;
+  platform().files().FlushFiles(folder_, contents_);
+  platform().files().FlushFolder(folder_);
+  for (const std::string& sha256 : contents_) {
+    const std::string path = ContentPath(sha256);
+    if (Sha256Hex(platform().files().ReadAll(path)) == sha256) continue;
+    Attempt([&] { platform().files().Delete(path); });
+    Raise(error::kDeviceIo, "What was written to '" + path + "' reads back as something else.");
+  }
+  contents_.clear();
 }
 
 void Ledger::MakeRoom(uint64_t bytes) {
   const uint64_t limit = LimitBytes();
   while (index_.KeptBytes() + bytes > limit) {
-    const Record* of = nullptr;
-    const KeptVersion* oldest = nullptr;
-    for (const auto& [key, record] : index_.records()) {
-      for (size_t at = 1; at < record.versions.size(); ++at) {
-        const KeptVersion& version = record.versions[at];
-        if (version.IsAbsence() || (oldest && oldest->when <= version.when)) continue;
-        of = &record;
-        oldest = &version;
-      }
-    }
+    Place place;
+    const KeptVersion* const oldest = index_.OldestFurther(place);
     if (!oldest)
       Raise(error::kDiskFull, "The originals have reached their limit, and first versions are never dropped.");
-    Drop(Place(of->place), KeptVersion(*oldest));
-  }
-}
-
-// The line goes first: a content that nothing names is no loss, a line that names no content is one.
-void Ledger::Drop(const Place& place, const KeptVersion& version) {
-  Note({EventKind::kDropped, place, version, {}});
-  WriteNotes(true);
-  if (!index_.HoldsContent(version.sha256)) {
-    Attempt([&] { platform().files().Delete(ContentPath(version.sha256)); });
+    dropped_.push_back(oldest->sha256);
+    Note({EventKind::kDropped, place, KeptVersion(*oldest), {}});
   }
 }
 
@@ -231,34 +227,73 @@ void Ledger::Note(Event event) {
   std::string& when = event.kind == EventKind::kPut ? event.put.when : event.version.when;
   if (when.empty() || event.kind == EventKind::kDropped) when = TimeNow();
   event.when = when;
-  notes_ += LineOf(event);
   index_.Apply(event);
+  if (event.kind == EventKind::kPut) return puts_.push_back(std::move(event));
+  kept_lines_ += LineOf(event);
+  must_keep_ |= event.kind != EventKind::kNone;
+}
+
+// The versions have to be on the disk before a put over them is: alone it would make them the program's own.
+void Ledger::WriteKeptLines() {
+  if (kept_lines_.empty()) return;
+  const auto write = [this] { Append(kept_lines_, true); };
+  // Where nothing was, nothing is lost with the line.
+  if (must_keep_) {
+    write();
+  } else {
+    Attempt(write);
+  }
+  kept_lines_.clear();
+  must_keep_ = false;
+}
+
+void Ledger::WritePutLines() {
+  std::string lines;
+  for (const Event& put : puts_) lines += LineOf(put);
+  puts_.clear();
+  if (!lines.empty()) Append(lines, false);
+}
+
+void Ledger::ForgetWhatIsNotKept() {
+  contents_.clear();
+  kept_lines_.clear();
+  must_keep_ = false;
+  dropped_.clear();
+  for (Event& put : puts_) put.put.over.clear();
+  Attempt([this] { WritePutLines(); });
+}
+
+// A content that nothing names is no loss, a line that names no content is one: the lines went first.
+void Ledger::DeleteDropped() {
+  for (const std::string& sha256 : dropped_) {
+    if (!index_.HoldsContent(sha256)) Attempt([&] { platform().files().Delete(ContentPath(sha256)); });
+  }
+  dropped_.clear();
 }
 
 // What is at the end of the file and not known here is a line that was written only in part, or one of another command
 // of this process: the next line starts behind it.
-void Ledger::WriteNotes(bool durable) {
+void Ledger::Append(const std::string& lines, bool durable) {
   const std::unique_ptr<File> file = platform().files().Open(IndexPath(), OpenMode::kReadWrite);
   const uint64_t end = file->Size();
   if (end != index_bytes_) {
     knows_all_ = false;
-    notes_.insert(0, kCrLf);
+    torn_end_ = kCrLf;
   }
-  if (!notes_.empty()) file->WriteAt(end, AsBytes(notes_));
+  const std::string text = torn_end_ + lines;
+  file->WriteAt(end, AsBytes(text));
   if (durable) file->Flush();
   file->Close();
   // The file may have been made by a line that nobody waited for.
   if (durable && !has_flushed_name_) platform().files().FlushFolder(folder_);
   has_flushed_name_ |= durable;
-  index_bytes_ = end + notes_.size();
-  notes_.clear();
+  index_bytes_ = end + text.size();
+  torn_end_.clear();
 }
 
 void Ledger::CompactWhenLong() {
-  if (!knows_all_ || index_bytes_ < std::max(kCompactFromBytes, look_again_from_)) return;
+  if (!knows_all_ || index_bytes_ < kCompactFromBytes) return;
   const std::string compacted = index_.Compacted();
-  // A zip of many files makes many lines at once: they are not put together again for each of them.
-  look_again_from_ = 2 * index_bytes_;
   if (index_bytes_ < kCompactFactor * compacted.size()) return;
   if (Attempt([&] { platform().files().WriteAllDurably(IndexPath(), AsBytes(compacted)); })) {
     index_bytes_ = compacted.size();

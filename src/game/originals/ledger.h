@@ -2,7 +2,7 @@
 // content under its SHA-256 and an index beside it (docs/safety.md).
 //
 // A content is whole on the disk, read back and compared before the index names it, and the index is on the disk before
-// Keep returns: a process that is killed at any moment leaves at most a content that nothing names, or a put that did
+// Finish returns: a process that is killed at any moment leaves at most a content that nothing names, or a put that did
 // not happen.
 #pragma once
 
@@ -43,34 +43,41 @@ class Ledger {
 
   [[nodiscard]] const Index& index() const { return index_; }
 
-  // Before something of the game is replaced: keeps what is there unless it is the program's own or kept already, and
-  // notes what takes its place. Raises when that cannot be kept.
+  // Before something of the game is replaced: writes what is there unless it is the program's own or kept already, and
+  // notes what takes its place. Raises when it cannot be written.
   void Keep(const Place& place, const std::optional<Content>& present, LastPut next);
-  // Waits until the places that were noted as empty are on the disk.
-  void MakeDurable();
-  // Keeps a content that another program put there as a further version, behind the place's original.
+  // Writes a content that another program put there as a further version, behind the place's original.
   void KeepForeign(const Place& place, const KeptVersion& original, const Content& present);
+  // Keeps what was written since the last time: when this returns it is on the disk, has been read back and compared,
+  // and is named in the index. Raises when any of it cannot be kept; then none of it counts as kept. The disk is waited
+  // for once, however many contents there are.
+  void Finish();
 
  private:
   void Adopt(const Place& place, const std::string& present_sha256);
   void StoreVersion(const Place& place, const Content& present, const std::string& sha256);
   void StoreContent(const std::string& sha256, ByteView bytes);
+  void MakeContentsDurable();
   // Drops further versions, the oldest first, until so many bytes more stay below the limit.
   void MakeRoom(uint64_t bytes);
-  void Drop(const Place& place, const KeptVersion& version);
-  void NotePut(const Place& place, LastPut put);
   void Note(Event event);
-  // Writes the lines that were noted. `durable`: they are on the disk when this returns.
-  void WriteNotes(bool durable);
+  void WriteKeptLines();
+  void WritePutLines();
+  void ForgetWhatIsNotKept();
+  void DeleteDropped();
+  void Append(const std::string& lines, bool durable);
   void CompactWhenLong();
 
   std::string folder_;
   std::shared_ptr<FileLock> turn_;
   Index index_;
-  std::string notes_;
+  std::string torn_end_;               // what goes in front of the next line of the index
+  std::vector<std::string> contents_;  // hashes of those that were written and are not on the disk for sure
+  std::string kept_lines_;             // lines that the index is to hold before the game changes
+  bool must_keep_ = false;             // one of them is about a content
+  std::vector<Event> puts_;            // lines behind them, for which nobody waits
+  std::vector<std::string> dropped_;   // hashes of contents that were given up
   uint64_t index_bytes_ = 0;
-  bool awaits_disk_ = false;
-  uint64_t look_again_from_ = 0;   // bytes of the index from which writing it anew may be worth it
   bool knows_all_ = true;          // of what the file holds
   bool has_flushed_name_ = false;  // the index's own name is on the disk
 };

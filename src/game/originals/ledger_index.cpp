@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <set>
 
 #include "base/sha256.h"
 #include "base/text.h"
@@ -123,7 +122,9 @@ Event KeptEvent(const Record& record, const KeptVersion& version) {
 
 }  // namespace
 
-std::string Place::Key() const { return ToLower(folder) + kTab + ToLower(file) + kTab + ToLower(entry); }
+std::string Place::Key() const { return ToLower(folder) + kTab + NameKey(); }
+
+std::string Place::NameKey() const { return ToLower(file) + kTab + ToLower(entry); }
 
 const KeptVersion* Record::Find(std::string_view sha256) const {
   const auto found = std::find_if(versions.begin(), versions.end(),
@@ -156,22 +157,45 @@ Index Index::Parse(ByteView text) {
 }
 
 void Index::Apply(const Event& event) {
-  Record& record = records_[event.place.Key()];
-  if (record.place.file.empty()) record.place = event.place;
+  const auto [row, is_new] = records_.try_emplace(event.place.Key());
+  Record& record = row->second;
+  if (is_new) {
+    record.place = event.place;
+    keys_of_same_name_[event.place.NameKey()].push_back(row->first);
+  }
   switch (event.kind) {
     case EventKind::kPut: record.put = event.put; break;
     case EventKind::kKept:
-    case EventKind::kNone:
-      if (!record.Find(event.version.sha256)) record.versions.push_back(event.version);
-      break;
-    case EventKind::kDropped:
-      // The first version is never dropped, whatever a line says.
-      const KeptVersion* dropped = record.Find(event.version.sha256);
-      if (dropped && dropped != record.versions.data()) {
-        record.versions.erase(record.versions.begin() + (dropped - record.versions.data()));
-      }
-      break;
+    case EventKind::kNone: AddVersion(record, event.version); break;
+    case EventKind::kDropped: DropVersion(record, event.version.sha256); break;
   }
+}
+
+void Index::AddVersion(Record& record, const KeptVersion& version) {
+  if (record.Find(version.sha256)) return;
+  record.versions.push_back(version);
+  if (version.IsAbsence()) return;
+  Held& held = contents_[version.sha256];
+  if (held.versions++ == 0) {
+    held.length = version.length;
+    kept_bytes_ += version.length;
+  }
+  if (record.versions.size() > 1) further_.insert({version.when, {record.place.Key(), version.sha256}});
+}
+
+// The first version is never dropped, whatever a line says.
+void Index::DropVersion(Record& record, std::string_view sha256) {
+  const KeptVersion* const dropped = record.Find(sha256);
+  if (!dropped || dropped == record.versions.data()) return;
+  const Further further{record.place.Key(), dropped->sha256};
+  const auto [first, last] = further_.equal_range(dropped->when);
+  const auto at = std::find_if(first, last, [&](const auto& row) { return row.second == further; });
+  if (at != last) further_.erase(at);
+  if (const auto held = contents_.find(dropped->sha256); held != contents_.end() && --held->second.versions == 0) {
+    kept_bytes_ -= held->second.length;
+    contents_.erase(held);
+  }
+  record.versions.erase(record.versions.begin() + (dropped - record.versions.data()));
 }
 
 const Record* Index::Find(const Place& place) const {
@@ -179,19 +203,20 @@ const Record* Index::Find(const Place& place) const {
   return found == records_.end() ? nullptr : &found->second;
 }
 
-uint64_t Index::KeptBytes() const {
-  std::set<std::string_view> counted;
-  uint64_t bytes = 0;
-  for (const auto& [key, record] : records_) {
-    for (const KeptVersion& version : record.versions) {
-      if (!version.IsAbsence() && counted.insert(version.sha256).second) bytes += version.length;
-    }
-  }
-  return bytes;
+std::vector<const Record*> Index::FindInAnyFolder(const Place& place) const {
+  std::vector<const Record*> found;
+  const auto keys = keys_of_same_name_.find(place.NameKey());
+  if (keys == keys_of_same_name_.end()) return found;
+  for (const std::string& key : keys->second) found.push_back(&records_.at(key));
+  return found;
 }
 
-bool Index::HoldsContent(std::string_view sha256) const {
-  return std::any_of(records_.begin(), records_.end(), [&](const auto& row) { return row.second.Find(sha256); });
+const KeptVersion* Index::OldestFurther(Place& place) const {
+  if (further_.empty()) return nullptr;
+  const Further& oldest = further_.begin()->second;
+  const Record& record = records_.at(oldest.place_key);
+  place = record.place;
+  return record.Find(oldest.sha256);
 }
 
 std::string Index::Compacted() const {

@@ -24,6 +24,8 @@ struct Place {
   // What the user calls it: the entry, else the file.
   [[nodiscard]] const std::string& Name() const { return entry.empty() ? file : entry; }
   [[nodiscard]] std::string Key() const;
+  // The same without the folder.
+  [[nodiscard]] std::string NameKey() const;
 };
 
 // A content that was there before the program replaced it. The first of a place is its original.
@@ -77,14 +79,37 @@ class Index {
 
   [[nodiscard]] const std::map<std::string, Record>& records() const { return records_; }
   [[nodiscard]] const Record* Find(const Place& place) const;
+  // The records of the same file and entry, whatever their folder.
+  [[nodiscard]] std::vector<const Record*> FindInAnyFolder(const Place& place) const;
   // Bytes of all contents that are kept, each counted once.
-  [[nodiscard]] uint64_t KeptBytes() const;
-  [[nodiscard]] bool HoldsContent(std::string_view sha256) const;
+  [[nodiscard]] uint64_t KeptBytes() const { return kept_bytes_; }
+  [[nodiscard]] bool HoldsContent(const std::string& sha256) const { return contents_.contains(sha256); }
+  // The version that has been kept longest of all that are no place's first, and its place; null when there is none.
+  [[nodiscard]] const KeptVersion* OldestFurther(Place& place) const;
   // The lines that say all that is known, and behind them those that could not be understood, as they were.
   [[nodiscard]] std::string Compacted() const;
 
  private:
-  std::map<std::string, Record> records_;  // by Place::Key
+  struct Held {
+    uint64_t length = 0;
+    size_t versions = 0;
+  };
+  // A version that is no place's first.
+  struct Further {
+    std::string place_key;
+    std::string sha256;
+
+    bool operator==(const Further&) const = default;
+  };
+
+  void AddVersion(Record& record, const KeptVersion& version);
+  void DropVersion(Record& record, std::string_view sha256);
+
+  std::map<std::string, Record> records_;                              // by Place::Key
+  std::map<std::string, std::vector<std::string>> keys_of_same_name_;  // keys of records, by Place::NameKey
+  std::map<std::string, Held> contents_;                               // by their hash
+  std::multimap<std::string, Further> further_;                        // by the time since when they are kept
+  uint64_t kept_bytes_ = 0;
   std::vector<std::string> not_understood_;
 };
 

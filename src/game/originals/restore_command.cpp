@@ -9,7 +9,7 @@
 #include "platform/platform.h"
 #include "program/command_log.h"
 #include "program/pack_command.h"
-#include "program/show_error.h"
+#include "program/window_kit/run_command.h"
 
 namespace kestrun::originals {
 namespace {
@@ -34,12 +34,9 @@ void Log(const Wanted& wanted, const Place& place, const std::string& outcome) {
 
 void RestoreOne(const Wanted& wanted, const Difference& difference) {
   std::string outcome = "OK";
-  try {
-    RestoreOriginal(difference, difference.present == Present::kForeign);
-  } catch (const std::exception&) {
-    outcome = CurrentError().description();
-    ShowError("restore ");
-  }
+  const auto restore = [&] { RestoreOriginal(difference, difference.present == Present::kForeign); };
+  const auto note = [&](const RuntimeError& failure) { outcome = failure.description(); };
+  RunCommand([&] { OnFailure(restore, note); }, "restore ");
   Log(wanted, difference.place, outcome);
 }
 
@@ -78,12 +75,11 @@ void Restore(const Wanted& wanted) {
 void RestoreFromLedger(const std::string& command) {
   const std::vector<std::string> pieces = Split(command, "\"");
   if (pieces.size() < 3) return;
-  try {
+  const auto restore = [&] {
     const std::string name = pieces.size() > 4 ? std::string(TrimBlanks(pieces[3])) : std::string();
     Restore({pieces[1], PlaceOf(FillCommandMacros(pieces[1]), name)});
-  } catch (const std::exception&) {
-    ShowError("restore ");
-  }
+  };
+  RunCommand(restore, "restore ");
 }
 
 }  // namespace kestrun::originals

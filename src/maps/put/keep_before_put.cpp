@@ -25,16 +25,13 @@ bool AskToGoOnWithout(const std::string& name) {
 bool KeepBeforePut(ClsPFF* archive, const MapToPut& map, bool warn) {
   std::string failure;
   const auto keep = [&](auto&& step) {
-    try {
-      step();
-    } catch (const std::exception&) {
-      failure = CurrentError().description();
-    }
+    Attempt(step, [&](const RuntimeError& reason) { failure = reason.description(); });
   };
   {
     const std::unique_ptr<OriginalsKeeper> keeper = KeepOriginals();
     if (archive) keep([&] { keeper->KeepEntry(*archive, map.name, map.content, map.path); });
     keep([&] { keeper->KeepFile(map.game_folder + "\\" + map.name, map.content, map.path); });
+    keep([&] { keeper->Finish(); });
   }
   if (failure.empty()) return true;
   if (warn) return AskToGoOnWithout(map.name);

@@ -76,11 +76,20 @@ bool RunProgramAfter(const AfterRun& after, const std::string& name, const std::
 // the user does not go on without the original.
 bool PackInTurn(ClsPFF& archive, const std::string& archive_path, const MapToPut& map, bool warn) {
   const auto turn = TakeTurn(archive_path);
+  turn->LetFileStay();
   LoadArchive(archive, archive_path);
   if (!KeepBeforePut(&archive, map, warn)) return false;
   archive.PackFile(map.content, map.name);
+  archive.LetJournalRest();
   archive.SavePffFile();
   return true;
+}
+
+// The game may look at it at any moment, and a kill or a power cut must not leave half of it.
+void CopyBeside(const std::string& map_path, const std::string& game_folder, const std::string& name) {
+  const std::string path = game_folder + "\\" + name;
+  const auto turn = TakeTurn(path);
+  platform().files().CopyDurably(map_path, path);
 }
 
 bool PutInArchive(const std::string& map_path, std::string& name, const std::string& game_folder, bool warn) {
@@ -90,7 +99,6 @@ bool PutInArchive(const std::string& map_path, std::string& name, const std::str
   if (!FileExists(archive_path) && warn &&
       !AskToContinue("File not found!", "The pff file: " + archive_path + " does not exists." + std::string(kCrLf) +
                                             "Go to options and select the right dflw game folder.")) {
-    OfferGameFolder();
     return false;
   }
   LoadArchive(archive, archive_path);
@@ -100,14 +108,14 @@ bool PutInArchive(const std::string& map_path, std::string& name, const std::str
   RefuseUnencodable(name);
   const Bytes map = ReadMap(map_path);
   if (!PackInTurn(archive, archive_path, {map, map_path, game_folder, name}, warn)) return false;
-  platform().files().Copy(map_path, game_folder + "\\" + name);
+  CopyBeside(map_path, game_folder, name);
   return RunProgramAfter({setting::kRunAfterPack, setting::kPackProgram, "put map in dflw"}, name, game_folder, warn);
 }
 
 bool PutBeside(const std::string& map_path, const std::string& name, const std::string& game_folder, bool warn) {
   const Bytes map = platform().files().ReadAll(map_path);
   if (!KeepBeforePut(nullptr, {map, map_path, game_folder, name}, warn)) return false;
-  platform().files().Copy(map_path, game_folder + "\\" + name);
+  CopyBeside(map_path, game_folder, name);
   return RunProgramAfter({setting::kRunAfterPlaying, setting::kPlayingProgram, "i'm already playing"}, name,
                          game_folder, warn);
 }

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "game/add_ins/add_ins.h"
+#include "maps/file_tools.h"
 #include "platform/platform.h"
 #include "program/path_text.h"
 #include "program/window_kit/apply_style.h"
@@ -15,7 +16,7 @@ namespace {
 
 const WindowRegistration registration(FrmAddinMngr::kName, [] { return MakeRef<FrmAddinMngr>(); });
 
-constexpr int kStyleTimerMs = 200;
+constexpr int kStyleTimerMs = 100;
 constexpr int kMargin = 180;
 constexpr int kGap = 120;
 constexpr int kWidth = 5400;
@@ -37,7 +38,7 @@ FrmAddinMngr::FrmAddinMngr() : Form(kName) {
   SetCommand({&Command4.Click}, [this] { RegisterFile(); });
   SetCommand({&Command5.Click}, [this] { Unload(); });
   SetCommand({&Command6.Click}, [this] { ShowProperties(); });
-  SetUpStyleTimer(*this, Timer1, kStyleTimerMs, "");
+  SetUpStyleTimer(*this, Timer1, kStyleTimerMs, "applystyle ");
 }
 
 void FrmAddinMngr::LayOut() {
@@ -76,6 +77,7 @@ void FrmAddinMngr::Load() {
       LstAddins.AddItem(add_in.name);
       ids_.push_back(add_in.id);
     }
+    FitListWidth(*this, LstAddins);
   });
 }
 
@@ -86,6 +88,7 @@ void FrmAddinMngr::AddOne() {
   const std::string id = dialogs.AskText("Please enter CLASSID or PROGID HERE!", "", "").value_or("");
   LstAddins.AddItem(name);
   ids_.push_back(id);
+  FitListWidth(*this, LstAddins);
 }
 
 void FrmAddinMngr::RemoveOne() {

@@ -11,7 +11,7 @@ namespace {
 
 const WindowRegistration registration(Frmdfversion::kName, [] { return MakeRef<Frmdfversion>(); });
 
-constexpr int kStyleTimerMs = 200;
+constexpr int kStyleTimerMs = 50;
 constexpr int kMargin = 180;
 constexpr int kWidth = 3960;
 constexpr int kFrameTop = kMargin + kLabelHeight + 90;
@@ -32,7 +32,7 @@ Frmdfversion::Frmdfversion() : Form(kName) {
     if (key_code == key::kEscape) Unload();
   };
   SetCommand({&Command1.Click}, [this] { TakeChoice(); });
-  SetUpStyleTimer(*this, Timer1, kStyleTimerMs, "");
+  SetUpStyleTimer(*this, Timer1, kStyleTimerMs, "applystyle ");
 }
 
 void Frmdfversion::LayOut() {

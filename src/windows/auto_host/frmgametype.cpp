@@ -14,7 +14,7 @@ namespace {
 const WindowRegistration registration(FrmGameType::kName, [] { return MakeRef<FrmGameType>(); });
 
 constexpr Color kGreen = 65280;
-constexpr int kStyleTimerMs = 200;
+constexpr int kStyleTimerMs = 500;
 // How often the window is painted anew while it works.
 constexpr int kRowsBetweenPaints = 20;
 
@@ -37,7 +37,7 @@ FrmGameType::FrmGameType() : Form(kName) {
   LayOut();
   SetCommand({&Command1.Click}, [this] { Run(); });
   SetCommand({&Command2.Click}, [this] { Unload(); });
-  SetUpStyleTimer(*this, Timer1, kStyleTimerMs, "");
+  SetUpStyleTimer(*this, Timer1, kStyleTimerMs, "applystyle ");
 }
 
 std::vector<CheckBox*> FrmGameType::AddBoxes() {

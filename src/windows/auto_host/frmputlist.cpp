@@ -127,7 +127,7 @@ void frmputlist::Load() {
   EnableWhatIsThere();
   Show();
   RunCommand([this] {
-    ApplyStyleAtOnce(*this, "");
+    ApplyStyleAtOnce(*this, "applystyle ");
     ReadStoredSettings();
     ShowListCount();
     ShowFileCount();

@@ -16,6 +16,7 @@
 #include "program/style_hook.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/run_command.h"
+#include "styles/mod_trans_control.h"
 #include "web/site.h"
 #include "web/web_paths.h"
 
@@ -55,6 +56,7 @@ constexpr Member kRows[]{
     MethodRow<&frmain::PlayAutoHost>("PlayAutoHost"),
     MethodRow<&frmain::LoadMenuIcons>("LoadMenuIcons"),
     RawMethodRow("GetNewBanner", 1, 2, &CallGetNewBanner),
+    MethodRow<&frmain::InitTransControls>("InitTransControls"),
 };
 const MemberTable kTable{&Form::kFormMembers, kRows};
 
@@ -135,6 +137,8 @@ void frmain::LoadBanner() {
 void frmain::GetNewBanner(const std::string& Url, bool force) {
   if (banner_service().get_new_banner) banner_service().get_new_banner(*this, Url, force);
 }
+
+void frmain::InitTransControls() { CutAllControls(*this); }
 
 void frmain::EnableNews() {
   mnu_refreshbanner.Enabled = static_cast<bool>(banner_service().refresh_banner);

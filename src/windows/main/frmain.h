@@ -167,6 +167,8 @@ class frmain final : public Form {
   void ShowBannerPlace(bool shown);
   // Adds the user's own programs to the actions menu.
   void Load_Programs();
+  // Shows the window and cuts each control to what it shows beside TransColor. For styles alone.
+  void InitTransControls();
 
   [[nodiscard]] const MemberTable& Members() const override;
 

@@ -153,7 +153,6 @@ void frmopenmap::LaunchGame() {
   }
   MsgBox("Game file 'dflwdem.exe' not found! Please select your game folder in the options window!", BoxButtons::kOk,
          BoxIcon::kCritical);
-  OfferGameFolder();
 }
 
 void frmopenmap::ShowPreview() {

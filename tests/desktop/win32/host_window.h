@@ -77,7 +77,7 @@ class HostWindow {
   // that waits for another process may swallow the key for the menu, which is then pressed again.
   [[nodiscard]] static bool Choose(wchar_t menu, wchar_t item) {
     if (!WaitFor([] { return IsWindowEnabled(window()) && !IsMenuOpen(); })) return false;
-    constexpr ULONGLONG kPressAgainMs = 3000;
+    constexpr ULONGLONG kPressAgainMs = 12'000;
     ULONGLONG pressed = 0;
     const bool is_open = WaitFor([&] {
       if (IsMenuOpen()) return true;

@@ -13,8 +13,8 @@ inline void EmptyMessageQueue() {
   }
 }
 
-// Puts the mouse where no test has a window. The system tells a window that comes up under the mouse of a move, at a time
-// of its own.
+// Puts the mouse where no test has a window. The system tells a window that comes up under the mouse of a move, at a
+// time of its own.
 inline void ParkMouse() {
   SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 2, GetSystemMetrics(SM_CYSCREEN) - 2);
   EmptyMessageQueue();

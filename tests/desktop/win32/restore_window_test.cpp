@@ -85,6 +85,7 @@ class RestoreOnScreenTest : public RealWindowTest {
     const auto keeper = KeepOriginals();
     keeper->KeepEntry(archive, name, AsBytes(map), "map.bms");
     keeper->KeepFile(game_ + "\\" + name, AsBytes(map), "map.bms");
+    keeper->Finish();
     archive.PackFile(AsBytes(map), name);
     archive.SavePffFile();
     platform.files().WriteAll(game_ + "\\" + name, AsBytes(map));

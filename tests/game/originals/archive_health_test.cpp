@@ -6,6 +6,8 @@
 
 #include "formats/pff/pff_layout.h"
 #include "game/originals/originals_fixture.h"
+#include "program/folders.h"
+#include "program/game_paths.h"
 
 namespace kestrun::originals {
 namespace {
@@ -92,6 +94,19 @@ TEST_F(ArchiveHealthTest, ADeletedEntryMayLieAnywhere) {
     entries[2].offset = 4;
   });
   EXPECT_EQ(Fault(), "sound");
+}
+
+TEST_F(ArchiveHealthTest, AFolderThatIsChosenForTheGameIsLookedAtOnce) {
+  WriteFile(Archive(), "PFF");
+  for (int time = 0; time < 2; ++time) {
+    desktop.dialogs().ExpectFolder("Where is the game?", Path("game") + "\\");
+    if (time == 0) {
+      desktop.dialogs().ExpectBox("The archive '" + Archive() +
+                                  "' ends inside its header.\r\n"
+                                  "No originals of it are kept. Install the game's archive again.");
+    }
+    EXPECT_EQ(PickGameFolder("Where is the game?", folder::kMyComputer, ""), Path("game"));
+  }
 }
 
 TEST_F(ArchiveHealthTest, WithoutAnyOriginalTheUserIsToldSo) {

@@ -83,7 +83,7 @@ TEST_F(KeepOriginalsTest, AnEntryThatIsNewIsNotedAsSuch) {
   const Record* record = RecordOf(index, "dflw.pff", "NEW.BMS");
   ASSERT_NE(record, nullptr);
   EXPECT_TRUE(record->versions.front().IsAbsence());
-  EXPECT_EQ(native_files.List(ProgramPath("originals")).size(), 1U);  // the index alone
+  EXPECT_EQ(native_files.List(ProgramPath("originals")).size(), 2U);  // the index and the turn
 }
 
 TEST_F(KeepOriginalsTest, AnEntryThatIsMarkedAsDeletedWasNotThere) {
@@ -129,7 +129,7 @@ TEST_F(KeepOriginalsTest, AnEntryNamedLikeAPathStaysInTheLedger) {
     ASSERT_NE(record, nullptr) << name;
     EXPECT_EQ(record->place.entry, name);
   }
-  EXPECT_EQ(native_files.List(ProgramPath("originals")).size(), 2U);  // the index and one content
+  EXPECT_EQ(native_files.List(ProgramPath("originals")).size(), 3U);  // the index, the turn and one content
 }
 
 // The folder for the originals cannot be made: a file stands in its place.
@@ -214,6 +214,7 @@ TEST_F(KeepOriginalsTest, EveryFileOfAZipKeepsWhatItReplaces) {
     keeper->KeepEntry(archive, name, AsBytes(oasis), "maps.zip");
     archive.PackFile(AsBytes(oasis), name);
   }
+  keeper->Finish();
   archive.SavePffFile();
   EXPECT_TRUE(IsKept(stock));
   EXPECT_TRUE(IsKept(stock_deathmatch));

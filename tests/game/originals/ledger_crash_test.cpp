@@ -42,7 +42,9 @@ class LedgerCrashTest : public OriginalsTest, public testing::WithParamInterface
     ClsPFF archive;
     archive.Recovered = [](const std::string&) {};
     ASSERT_TRUE(archive.LoadPff(kArchive));
-    KeepOriginals()->KeepEntry(archive, kEntry, AsBytes(content), "map.bms");
+    const std::unique_ptr<OriginalsKeeper> keeper = KeepOriginals();
+    keeper->KeepEntry(archive, kEntry, AsBytes(content), "map.bms");
+    keeper->Finish();
     archive.PackFile(AsBytes(content), kEntry);
     archive.SavePffFile();
   }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "game/originals/originals_fixture.h"
+#include "program/originals_hook.h"
 #include "support/failing_files.h"
 #include "support/forwarding_files.h"
 
@@ -32,6 +33,7 @@ TEST_F(LedgerTest, FurtherVersionsMakeRoomForLaterOnesTheOldestFirst) {
   ledger.Keep(place, Of('2', kMegabyte), PutOf("p2"));
   ledger.Keep(place, Of('3', kMegabyte), PutOf("p3"));
   ledger.Keep(place, Of('4', kMegabyte), PutOf("p4"));
+  ledger.Finish();
   EXPECT_TRUE(HasContent(Of('1', kMegabyte)));
   EXPECT_FALSE(HasContent(Of('2', kMegabyte)));
   EXPECT_TRUE(HasContent(Of('3', kMegabyte)));
@@ -46,6 +48,7 @@ TEST_F(LedgerTest, FirstVersionsAreKeptBeyondTheLimitAndNeverDropped) {
     ledger.Keep(PlaceOf(GamePath(std::string(1, name))), Of(name, kMegabyte), PutOf("p"));
   }
   EXPECT_THROW(ledger.Keep(PlaceOf(GamePath("a")), Of('x', kMegabyte), PutOf("q")), RuntimeError);
+  ledger.Finish();
   for (const char name : {'a', 'b', 'c'}) EXPECT_TRUE(HasContent(Of(name, kMegabyte))) << name;
 }
 
@@ -79,6 +82,7 @@ TEST_F(LedgerTest, ALongIndexIsWrittenAnewWithTheSameMeaning) {
       ledger.Keep(place, Content{Bytes(last.begin(), last.end()), 0, 0}, PutOf(next));
       last = next;
     }
+    ledger.Finish();
   }
   EXPECT_LT(IndexText().size(), size_t{300} << 10);
   const Index index = ReadIndex();
@@ -112,17 +116,97 @@ TEST_F(LedgerTest, ATurnThatDoesNotComeMakesAnOriginalThatCannotBeKept) {
   EXPECT_EQ(ReadFile(Archive()), before);
 }
 
+// Counts how often the disk is waited for.
+class CountedFlushes final : public ForwardingFiles {
+ public:
+  using ForwardingFiles::ForwardingFiles;
+  void FlushFiles(const std::string& folder, const std::vector<std::string>& names) override {
+    ++count;
+    files().FlushFiles(folder, names);
+  }
+
+  int count = 0;
+};
+
+TEST_F(LedgerTest, ForManyContentsTheDiskIsWaitedForOnce) {
+  CountedFlushes files(native_files);
+  desktop.UseFiles(files);
+  constexpr int kMany = 50;
+  const auto name = [](int number) { return std::to_string(number) + ".bms"; };
+  {
+    Ledger ledger;
+    for (int number = 0; number < kMany; ++number) {
+      ledger.Keep(PlaceOf(GamePath(name(number))), Content{Bytes(100, static_cast<uint8_t>(number)), 0, 0}, PutOf("p"));
+    }
+    ledger.Finish();
+  }
+  desktop.UseFiles(native_files);
+  EXPECT_EQ(files.count, 1);
+  const Index index = ReadIndex();
+  for (int number = 0; number < kMany; ++number) {
+    const Record* record = index.Find(PlaceOf(GamePath(name(number))));
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(ReadContent(record->versions.front().sha256), Bytes(100, static_cast<uint8_t>(number)));
+  }
+}
+
+// Fails where the contents are made durable.
+class NoFlush final : public ForwardingFiles {
+ public:
+  using ForwardingFiles::ForwardingFiles;
+  void FlushFiles(const std::string&, const std::vector<std::string>&) override { Raise(error::kDeviceIo); }
+};
+
+TEST_F(LedgerTest, WhatDidNotReachTheDiskIsNotTakenForKeptNorForTheProgramsOwn) {
+  const Place place = PlaceOf(GamePath("a.bms"));
+  NoFlush files(native_files);
+  desktop.UseFiles(files);
+  {
+    Ledger ledger;
+    ledger.Keep(place, Of('1', 10), PutOf("p1"));
+    EXPECT_THROW(ledger.Finish(), RuntimeError);
+  }
+  desktop.UseFiles(native_files);
+  {
+    const Index index = ReadIndex();
+    ASSERT_NE(index.Find(place), nullptr);
+    EXPECT_TRUE(index.Find(place)->versions.empty());
+    EXPECT_FALSE(index.Find(place)->IsOurs(Sha256Hex(Bytes(10, '1'))));
+  }
+  Ledger ledger;
+  ledger.Keep(place, Of('1', 10), PutOf("p2"));
+  ledger.Finish();
+  EXPECT_EQ(ReadContent(ReadIndex().Find(place)->versions.front().sha256), Bytes(10, '1'));
+}
+
+TEST_F(LedgerTest, AZipWaitsOnceForATurnThatDoesNotCome) {
+  TakenTurn files(native_files);
+  desktop.UseFiles(files);
+  ClsPFF archive;
+  ASSERT_TRUE(archive.LoadPff(Archive()));
+  const std::unique_ptr<OriginalsKeeper> keeper = KeepOriginals();
+  const uint64_t before = desktop.clock().NowMs();
+  for (const char* name : {"D08M03.BMS", "D08M04.BMS", "LAST.BIN"}) {
+    EXPECT_THROW(keeper->KeepEntry(archive, name, AsBytes(oasis), "maps.zip"), RuntimeError);
+  }
+  EXPECT_LT(desktop.clock().NowMs() - before, uint64_t{6000});
+  desktop.UseFiles(native_files);
+}
+
 // A command can run inside another one's message pass.
 TEST_F(LedgerTest, TwoCommandsOfOneProcessLoseNoLineOfEachOther) {
   const Place outer = PlaceOf(GamePath("outer.bms"));
   const Place inner = PlaceOf(GamePath("inner.bms"));
   Ledger first;
   first.Keep(outer, Of('1', 10), PutOf("p1"));
+  first.Finish();
   {
     Ledger second;
     second.Keep(inner, Of('2', 10), PutOf("p2"));
+    second.Finish();
   }
   first.Keep(outer, Of('3', 10), PutOf("p3"));
+  first.Finish();
   const Index index = ReadIndex();
   ASSERT_NE(index.Find(inner), nullptr);
   EXPECT_EQ(index.Find(inner)->versions.size(), 1U);

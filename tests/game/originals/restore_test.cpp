@@ -193,7 +193,9 @@ TEST_F(RestoreTest, InAFolderThatHasMovedTheProgramsOwnMapIsNoOriginal) {
   native_files.Rename(Path("game"), Path("elsewhere"));
   ClsPFF archive;
   ASSERT_TRUE(archive.LoadPff(Path("elsewhere\\dflw.pff")));
-  KeepOriginals()->KeepEntry(archive, kMission, AsBytes(harbour), "Harbour.bms");
+  const std::unique_ptr<OriginalsKeeper> keeper = KeepOriginals();
+  keeper->KeepEntry(archive, kMission, AsBytes(harbour), "Harbour.bms");
+  keeper->Finish();
   EXPECT_FALSE(IsKept(oasis));
   const Index index = ReadIndex();
   const Record* record = index.Find(PlaceOf(Path("elsewhere\\dflw.pff"), kMission));

@@ -246,9 +246,6 @@ TEST_F(PutMapTest, AMissingArchiveIsAskedAboutAndNoEndsIt) {
       .WithTitle("File not found!")
       .WithButtons(BoxButtons::kYesNo)
       .WithIcon(BoxIcon::kWarning);
-  // There is no options window to go to yet.
-  desktop.dialogs().ExpectBox("The game folder is " + Path("game") + ".\r\nDo you want to choose another one?",
-                              BoxAnswer::kNo);
   EXPECT_FALSE(Put("NEW.BMS"));
   EXPECT_FALSE(FileIsThere(Archive()));
 }
@@ -277,21 +274,6 @@ TEST_F(PutMapTest, AnArchiveThatAPutHasMadeTakesTheNextMap) {
   EXPECT_TRUE(Put("D08M03.BMS", kPutInArchive, false));
   EXPECT_EQ(EntryOf(Archive(), "NEW.BMS"), map);
   EXPECT_EQ(EntryOf(Archive(), "D08M03.BMS"), map);
-}
-
-TEST_F(PutMapTest, BehindAMissingArchiveTheGameFolderCanBeChangedAtOnce) {
-  native_files.MakeFolder(Path("other"));
-  WriteFile(Path("other\\dflw.pff"), "");
-  native_files.Delete(Archive());
-  desktop.dialogs().ExpectBox(
-      "The pff file: " + Archive() +
-          " does not exists.\r\nGo to options and select the right dflw game folder.\r\nContinue?",
-      BoxAnswer::kNo);
-  desktop.dialogs().ExpectBox("The game folder is " + Path("game") + ".\r\nDo you want to choose another one?",
-                              BoxAnswer::kYes);
-  desktop.dialogs().ExpectFolder("Select the folder where you installed your game.", Path("other\\"));
-  EXPECT_FALSE(Put("NEW.BMS"));
-  EXPECT_EQ(Ini("FOLDERS", "DFLW"), Path("other"));
 }
 
 TEST_F(PutMapTest, AnEmptyMapIsAFailureAndLeavesTheArchive) {
@@ -423,6 +405,17 @@ TEST_P(PutMapFailureTest, AFailureAtAnyCallIsToldAndLeavesTheMapAlone) {
   if (packed) {
     EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), map);
   }
+  EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS.new")));
+}
+
+TEST_P(PutMapFailureTest, WhilePlayingAFailureAtAnyCallLeavesTheLooseFileWhole) {
+  WriteFile(GamePath("NEW.BMS"), "what the game plays");
+  FailingFiles files(native_files, GetParam());
+  desktop.UseFiles(files);
+  desktop.OnUnexpected([](const UnexpectedQuestion&) {});
+  const bool put = Put("NEW.BMS", kPutBesideOnly);
+  desktop.UseFiles(native_files);
+  EXPECT_EQ(ReadFile(GamePath("NEW.BMS")), put ? map : "what the game plays");
   EXPECT_FALSE(FileIsThere(GamePath("NEW.BMS.new")));
 }
 

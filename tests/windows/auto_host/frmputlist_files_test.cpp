@@ -1,4 +1,5 @@
 // List files, maps from elsewhere, and the window's settings.
+#include "base/convert.h"
 #include "game/lists/map_list_file.h"
 #include "support/forwarding_files.h"
 #include "support/zip_builder.h"
@@ -158,6 +159,77 @@ TEST_F(AutoHostFilesTest, AMissionFileThatIsNotThereIsNotAdded) {
   Host().mnu_addmap.Choose();
   EXPECT_EQ(Rows(), "");
   EXPECT_FALSE(Host().Edited);
+}
+
+// A zip is asked about, its map picked and unpacked, and a copy of that stands in the map folder afterwards.
+class AddMapTest : public AutoHostFilesTest {
+ protected:
+  AddMapTest() {
+    WriteIni("[launcher]\r\nGAMETIMER=0\r\nPATHLIST=" + Path("maps") + "\r\nPATH=" + Path("maps") + "\r\n");
+    WriteFile(Path("all.zip"), BuildZip({{.name = "Night.bms", .stored = "BMS night"}}));
+  }
+  void ChooseFromZip() {
+    desktop.dialogs().ExpectFile(Path("all.zip"));
+    desktop.dialogs().ExpectBox("Kestrun detected a zip file. Do you want to load maps that are inside the zip file?",
+                                BoxAnswer::kYes);
+    desktop.windowing().ExpectModal("frmzip", [](Form& form) {
+      PutMember(*form.FindControl("LstZip"), "ListIndex", int32_t{0});
+      form.FindControl("Command1")->Click();
+    });
+  }
+  void ExpectOverwriteQuestion(BoxAnswer answer) {
+    ExpectQuestion("Warning: the file " + MapPath("Night.bms") + " already exists overwrite the file?", answer);
+  }
+};
+
+TEST_F(AddMapTest, AMapInAZipIsCopiedIntoTheMapFolderAndAdded) {
+  ChooseFromZip();
+  Host().mnu_addmap.Choose();
+  EXPECT_EQ(Rows(), MapPath("Night.bms") + "|");
+  EXPECT_EQ(ReadFile(MapPath("Night.bms")), "BMS night");
+  EXPECT_TRUE(Host().Edited);
+}
+
+TEST_F(AddMapTest, AMapOfThatNameIsOverwrittenOnlyAfterAQuestion) {
+  WriteFile(MapPath("Night.bms"), "mine");
+  ChooseFromZip();
+  ExpectOverwriteQuestion(BoxAnswer::kNo);
+  Host().mnu_addmap.Choose();
+  EXPECT_EQ(Rows(), "");
+  EXPECT_EQ(ReadFile(MapPath("Night.bms")), "mine");
+  EXPECT_FALSE(Host().Edited);
+  ChooseFromZip();
+  ExpectOverwriteQuestion(BoxAnswer::kYes);
+  Host().mnu_addmap.Choose();
+  EXPECT_EQ(Rows(), MapPath("Night.bms") + "|");
+  EXPECT_EQ(ReadFile(MapPath("Night.bms")), "BMS night");
+}
+
+TEST_F(AddMapTest, AMapOnTheWebIsFetchedAndACopyAdded) {
+  const std::string url = "http://maps.example/Night.bms";
+  desktop.internet().Reply(url, "BMS night");
+  desktop.dialogs().ExpectFile(url);
+  Host().mnu_addmap.Choose();
+  EXPECT_EQ(Rows(), MapPath("tempmap.bms") + "|");
+  EXPECT_EQ(ReadFile(MapPath("tempmap.bms")), "BMS night");
+  EXPECT_TRUE(Host().Edited);
+}
+
+// ---- the picture of a map, as add-ins ask for it --------------------------------------------------------------------
+
+TEST_F(AutoHostFilesTest, ThePicturePathOfAMapComesWithItsStoredAddress) {
+  WriteFile(Path("arena.jpg"), "picture");
+  WriteIni("[launcher]\r\nGAMETIMER=0\r\n[IMAGE]\r\nArena.bms=" + Path("arena.jpg") +
+           "\r\nDesert.bms=" + Path("gone.jpg") + "\r\n");
+  const auto ask = [this](const std::string& map) {
+    std::vector<Variant> arguments{map, "before"};
+    Object& window = Host();
+    const Variant path = window.Call(window.FindMember("GetPicturePath"), arguments);
+    return ToText(path) + "|" + ToText(arguments[1]);
+  };
+  EXPECT_EQ(ask(MapPath("Arena.bms")), Path("arena.jpg") + "|" + Path("arena.jpg"));
+  EXPECT_EQ(ask(MapPath("Desert.bms")), "|" + Path("gone.jpg")) << "its file is not there";
+  EXPECT_EQ(ask(MapPath("Oasis.bms")), "|");
 }
 
 // ---- settings ------------------------------------------------------------------------------------------------------

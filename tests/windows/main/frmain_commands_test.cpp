@@ -87,9 +87,9 @@ TEST_F(MainWindowTest, TheTabKeyGoesThroughTheWindowInReadingOrder) {
   Main().Show();
   std::string order;
   for (const Control* control : Main().TabOrder()) order += control->Name() + " ";
-  EXPECT_EQ(
-      order,
-      "Text1 Command1 ListBox Command6 opcapflag opdeath oprename txtoutput Command2 Command7 Command3 Command4 ");
+  EXPECT_EQ(order,
+            "Text1 Command1 ListBox Command6 opcapflag opdeath oprename txtoutput Command2 Command7 Command3 Command4 "
+            "Command5 ");
 }
 
 // ---- windows of their own ------------------------------------------------------------------------------------------
@@ -194,6 +194,8 @@ TEST_F(MainWindowTest, AMissingEditorIsTold) {
   desktop.dialogs().ExpectBox("Can't find the editor program! Please select it in the options window.");
   Main().Command4.Press();
   EXPECT_TRUE(desktop.shell().openings.empty());
+  ASSERT_TRUE(LoadedWindow("frmoptions"));
+  EXPECT_TRUE(LoadedWindow("frmoptions")->IsShown());
 }
 
 TEST_F(MainWindowTest, TheConverterAndTheColourPickerStartInTheirOwnFolders) {
@@ -209,9 +211,11 @@ TEST_F(MainWindowTest, TheConverterAndTheColourPickerStartInTheirOwnFolders) {
 TEST_F(MainWindowTest, AMissingConverterOrColourPickerIsToldWithItsPath) {
   desktop.dialogs().ExpectBox("can't find the file 'DF3BMStoMIS.exe' please select it in the options window.\r\n" +
                               ProgramPath("DF3BMStoMIS.exe"));
+  desktop.windowing().ExpectModal("frmoptions", [](Form& form) { form.Unload(); });
   Main().mnu_bmstomis.Choose();
   desktop.dialogs().ExpectBox("can't find the file 'ColorPicker.EXE' please select it in the options window.\r\n" +
                               ProgramPath("ColorPicker.EXE"));
+  desktop.windowing().ExpectModal("frmoptions", [](Form& form) { form.Unload(); });
   Main().mnu_colorpicker.Choose();
   EXPECT_TRUE(desktop.shell().openings.empty());
 }

@@ -213,7 +213,9 @@ TEST_F(RestoreWindowTest, EachFolderHasItsOwnList) {
   MakeGameArchive(Path("second\\dflw.pff"));
   ClsPFF archive;
   ASSERT_TRUE(archive.LoadPff(Path("second\\dflw.pff")));
-  KeepOriginals()->KeepEntry(archive, kMission, AsBytes(harbour), "Harbour.bms");
+  const std::unique_ptr<OriginalsKeeper> keeper = KeepOriginals();
+  keeper->KeepEntry(archive, kMission, AsBytes(harbour), "Harbour.bms");
+  keeper->Finish();
   archive.PackFile(AsBytes(harbour), kMission);
   archive.SavePffFile();
   frmrestore& window = Open();

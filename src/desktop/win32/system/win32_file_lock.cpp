@@ -14,7 +14,9 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 class Win32FileLock final : public FileLock {
  public:
   Win32FileLock(std::wstring path, FileHandle handle) : path_(std::move(path)), handle_(std::move(handle)) {}
-  ~Win32FileLock() override { DeleteFileW(path_.c_str()); }
+  ~Win32FileLock() override {
+    if (!FileStays()) DeleteFileW(path_.c_str());
+  }
   Win32FileLock(const Win32FileLock&) = delete;
   Win32FileLock& operator=(const Win32FileLock&) = delete;
 
@@ -52,8 +54,8 @@ bool IsStillAt(const std::wstring& path, const FileHandle& handle) {
 void WriteHolder(const FileHandle& handle, std::string_view program) {
   const std::string text = FormatLockHolder({GetCurrentProcessId(), std::string(program)});
   DWORD written = 0;
-  SetEndOfFile(handle.get());
   WriteFile(handle.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+  SetEndOfFile(handle.get());
 }
 
 }  // namespace

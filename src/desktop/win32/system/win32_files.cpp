@@ -267,6 +267,12 @@ std::vector<FolderEntry> Win32FileSystem::List(std::string_view folder) {
   return entries;
 }
 
+uint64_t Win32FileSystem::WriteTime(std::string_view path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (!GetFileAttributesExW(ToWidePath(path).c_str(), GetFileExInfoStandard, &data)) RaiseForPath(path);
+  return (uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32) | data.ftLastWriteTime.dwLowDateTime;
+}
+
 void Win32FileSystem::SetWriteTime(std::string_view path, uint64_t file_time) {
   const FileHandle handle = OpenForTimes(path);
   const FILETIME time = ToFileTime(file_time);

@@ -19,6 +19,7 @@ class Win32FileSystem final : public FileSystem {
   void MakeFolder(std::string_view path) override;
   void RemoveFolder(std::string_view path) override;
   [[nodiscard]] std::vector<FolderEntry> List(std::string_view folder) override;
+  [[nodiscard]] uint64_t WriteTime(std::string_view path) override;
   void SetWriteTime(std::string_view path, uint64_t file_time) override;
   void SetLocalTimes(std::string_view path, const LocalFileTimes& times) override;
   [[nodiscard]] std::string CurrentFolder() override;

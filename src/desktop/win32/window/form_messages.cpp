@@ -8,6 +8,7 @@
 #include "desktop/win32/window/control_peer.h"
 #include "desktop/win32/window/form_window.h"
 #include "forms/active_form.h"
+#include "forms/drop_target.h"
 
 namespace kestrun {
 namespace {
@@ -30,6 +31,19 @@ std::vector<std::string> TakeDroppedPaths(HDROP drop) {
   }
   KESTRUN_LATE(L"shell32.dll", DragFinish)(drop);
   return paths;
+}
+
+// The innermost window there; the form's own where no control stands.
+HWND WindowUnderDrop(HWND form, HDROP drop) {
+  POINT place{};
+  KESTRUN_LATE(L"shell32.dll", DragQueryPoint)(drop, &place);
+  HWND found = form;
+  while (true) {
+    const HWND inner = ChildWindowFromPointEx(found, place, CWP_SKIPINVISIBLE);
+    if (!inner || inner == found) return found;
+    MapWindowPoints(found, inner, &place, 1);
+    found = inner;
+  }
 }
 
 POINT MessagePlace(LPARAM second) { return {static_cast<short>(LOWORD(second)), static_cast<short>(HIWORD(second))}; }
@@ -106,7 +120,10 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
 
 void FormWindow::TakeDrop(WPARAM first) {
   DispatchEvent(form_.get(), [&] {
-    const std::vector<std::string> paths = TakeDroppedPaths(reinterpret_cast<HDROP>(first));
+    const auto drop = reinterpret_cast<HDROP>(first);
+    const ControlPeer* const under = PeerOf(WindowUnderDrop(window(), drop));
+    const DropTargetScope target(under ? &under->control() : nullptr);
+    const std::vector<std::string> paths = TakeDroppedPaths(drop);
     SetForegroundWindow(window());
     form_->FilesDropped(paths);
   });

@@ -1,0 +1,10 @@
+# Copies a style's files from FROM to TO. The lines of its texts end in CR LF there, as style files have them.
+file(MAKE_DIRECTORY ${TO})
+file(GLOB files RELATIVE ${FROM} ${FROM}/*)
+foreach(name ${files})
+  if(name MATCHES "[.](txt|vbs|js)$")
+    configure_file(${FROM}/${name} ${TO}/${name} @ONLY NEWLINE_STYLE CRLF)
+  else()
+    configure_file(${FROM}/${name} ${TO}/${name} COPYONLY)
+  endif()
+endforeach()

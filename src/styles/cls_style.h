@@ -1,0 +1,58 @@
+// A style in use: its identity, its open archive, and the script engine that holds its modules.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/ref.h"
+#include "formats/pff/cls_pff.h"
+#include "forms/form.h"
+#include "script/script_engine.h"
+#include "styles/cls_system.h"
+#include "styles/style_archive.h"
+
+namespace kestrun {
+
+class ClsStyle final : public RefCounted {
+ public:
+  using EngineMaker = std::function<std::unique_ptr<ScriptEngine>()>;
+  explicit ClsStyle(EngineMaker make_engine = &MakeScriptEngine) : make_engine_(std::move(make_engine)) {}
+
+  std::string designer;
+  std::string sitelink;
+  std::string version;
+
+  // Loads the style file, adds its modules and makes the style active. What fails is told in boxes.
+  void InitStyle(const std::string& file);
+  // Hands the window to the style's Form_Load, and each of its controls to Control_Load. Errors of the scripts are told
+  // in the style's error dialogue.
+  void FormLoad(Form& form);
+
+ private:
+  struct Directive;
+  static const Directive kDirectives[];
+
+  void Load(const std::string& file);
+  void AddObjects();
+  // The bytes of an entry as text, widened from the code page. False for an entry that cannot be read.
+  [[nodiscard]] bool ReadText(int32_t number, std::string& text);
+  [[nodiscard]] bool ReadAssembly(int32_t number);
+  [[nodiscard]] bool ParseAssembly(const std::string& text);
+  bool IncludeFile(const std::string& name);
+  // Runs a procedure of the scripts; false when the user wants no more of a style that had to be stopped.
+  bool Run(const char* procedure, std::vector<Variant> arguments);
+  // True when the user pressed OK, or when there was no error.
+  bool CheckScriptError(const std::string& file);
+  [[nodiscard]] static bool ShowScriptError(const std::string& file, const ScriptError& failure);
+
+  EngineMaker make_engine_;
+  std::unique_ptr<ScriptEngine> engine_;
+  Ref<ClsPFF> PFF;
+  Ref<StyleArchive> archive_;  // PFF as the scripts see it
+  Ref<ClsSystem> system_;
+};
+
+}  // namespace kestrun

@@ -1,0 +1,37 @@
+#include "windows/options/default_copy.h"
+
+#include "base/runtime_error.h"
+#include "platform/platform.h"
+#include "program/folders.h"
+#include "program/settings.h"
+
+namespace kestrun {
+namespace {
+
+constexpr const char* kApplication = "Kes_Trun";
+constexpr const char* kSection = "DEFAULT";
+constexpr const char* kFolderKey = "APP";
+constexpr const char* kFileKey = "EXE";
+
+std::string OwnFile() { return platform().program().ExeName() + ".exe"; }
+
+}  // namespace
+
+bool IsDefaultCopy() {
+  return GetSetting(kApplication, kSection, kFolderKey, "") == platform().program().Folder() &&
+         GetSetting(kApplication, kSection, kFileKey, "") == OwnFile();
+}
+
+void MakeDefaultCopy() {
+  Attempt([] { SaveSetting(kApplication, kSection, kFolderKey, platform().program().Folder()); });
+  Attempt([] { SaveSetting(kApplication, kSection, kFileKey, OwnFile()); });
+}
+
+void ForgetDefaultCopy() {
+  Attempt([] { DeleteSetting(kApplication, kSection, kFolderKey); });
+  Attempt([] { DeleteSetting(kApplication, kSection, kFileKey); });
+}
+
+std::string SendToShortcut() { return SpecialFolder(folder::kSendTo) + "DFLW.lnk"; }
+
+}  // namespace kestrun

@@ -1,0 +1,17 @@
+// Which copy of the program is the computer's own, and its place in the Send To menu.
+#pragma once
+
+#include <string>
+
+namespace kestrun {
+
+// Both stored values name this copy of the program.
+[[nodiscard]] bool IsDefaultCopy();
+void MakeDefaultCopy();
+// Takes both stored values away.
+void ForgetDefaultCopy();
+
+// Full path of the link.
+[[nodiscard]] std::string SendToShortcut();
+
+}  // namespace kestrun

@@ -1,0 +1,93 @@
+// The styles that go with the program, on every window: no script fails, and every text can be read.
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <set>
+#include <sstream>
+
+#include "forms/button.h"
+#include "styles/style_fixture.h"
+#include "support/recorded_effects.h"
+
+namespace kestrun {
+namespace {
+
+constexpr double kReadable = 4.5;
+
+double Linear(uint32_t channel) {
+  const double part = static_cast<double>(channel) / 255;
+  return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+}
+
+// Relative luminance and contrast as WCAG 2.1 defines them.
+double Luminance(Color color) {
+  return 0.2126 * Linear(color & 0xFF) + 0.7152 * Linear(color >> 8 & 0xFF) + 0.0722 * Linear(color >> 16 & 0xFF);
+}
+double Contrast(Color one, Color other) {
+  const double first = Luminance(one) + 0.05;
+  const double second = Luminance(other) + 0.05;
+  return std::max(first, second) / std::min(first, second);
+}
+
+class OwnStylesTest : public StyleTest, public testing::WithParamInterface<const char*> {
+ protected:
+  OwnStylesTest() {
+    TellGameFolder();
+    WriteIni("[launcher]\r\nGAMETIMER=0\r\nDFVERSION=0\r\n");
+    StyleEntries entries;
+    for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(KESTRUN_STYLES) / GetParam())) {
+      std::ostringstream content;
+      content << std::ifstream(file.path(), std::ios::binary).rdbuf();
+      const bool is_text = file.path().extension() == ".txt";
+      entries.emplace_back(file.path().filename().string(),
+                           is_text ? ReplaceAll(ReplaceAll(content.str(), "\r\n", "\n"), "\n", "\r\n") : content.str());
+    }
+    ModStyle::LoadStyleFile(MakeStyle(entries));
+  }
+
+  // What is behind a control's text: its own ground, or that of what it stands in.
+  static Color GroundOf(const Control& control) {
+    const auto* label = dynamic_cast<const Label*>(&control);
+    if (label && label->BackStyle == 0 && control.Container()) return GroundOf(*control.Container());
+    return control.BackColor;
+  }
+  static bool HasText(const Control& control) {
+    static const std::set<std::string> kinds{"Label", "TextBox",  "ListBox",   "FileListBox",   "ComboBox",
+                                             "Frame", "CheckBox", "McListBox", "CommandButton", "OptionButton"};
+    const auto* label = dynamic_cast<const Label*>(&control);
+    return kinds.contains(control.TypeName()) && !(label && label->Caption.get().empty());
+  }
+
+  RecordedEffects effects;
+};
+
+TEST_P(OwnStylesTest, EveryTextOfEveryWindowStandsOutFromItsGround) {
+  ASSERT_TRUE(StyleActive());
+  for (const std::string& name : RegisteredWindows()) {
+    if (name == "frmsplash" || name.starts_with("FrmEdit")) continue;
+    CloseAllWindows();
+    Form& window = WindowByName(name);
+    window.Show();
+    desktop.clock().AdvanceMs(2000);
+    for (const Ref<Control>& control : window.controls()) {
+      if (!HasText(*control)) continue;
+      EXPECT_GE(Contrast(control->ForeColor, GroundOf(*control)), kReadable)
+          << name << "." << control->Name() << std::hex << " " << control->ForeColor << " on " << GroundOf(*control);
+    }
+  }
+}
+
+TEST_P(OwnStylesTest, TheColourOfAMapsFogStaysWhatTheMapSays) {
+  auto& window = WindowByName("frmmapinfo");
+  Control& swatch = *window.FindControl("lblfogcolor");
+  swatch.BackColor = Rgb(1, 2, 3);
+  window.Show();
+  desktop.clock().AdvanceMs(2000);
+  EXPECT_EQ(swatch.BackColor, Rgb(1, 2, 3));
+}
+
+INSTANTIATE_TEST_SUITE_P(Styles, OwnStylesTest, testing::Values("night", "sand"),
+                         [](const testing::TestParamInfo<const char*>& style) { return std::string(style.param); });
+
+}  // namespace
+}  // namespace kestrun
