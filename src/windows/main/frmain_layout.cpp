@@ -168,9 +168,9 @@ int frmain::SpareHeight() const {
   return std::max(ScaleHeight() - kClientHeight - (has_banner_place_ ? kBannerHeight : 0), -kPreviewGives);
 }
 
-// At the least size nothing is cut off yet.
+// At the least size nothing is cut off yet, and the open panel of the guide covers no more than the preview.
 void frmain::NoteLeastSize() {
-  SetLeastClientSize(kClientWidth, kClientHeight - kPreviewGives + (has_banner_place_ ? kBannerHeight : 0));
+  SetLeastClientSize(kClientWidth, kClientHeight + (has_banner_place_ ? kBannerHeight : 0));
 }
 
 // Places all controls for the present size. A wider window gives its room to the list, a higher one to the list and the

@@ -94,6 +94,17 @@ TEST_F(ShownFormWindowTest, AnotherBorderActsAndTheSizeComesBackWithTheFirst) {
   EXPECT_TRUE(IsWindowVisible(Handle()));
 }
 
+TEST_F(ShownFormWindowTest, NobodyMakesItSmallerThanItsLeastSize) {
+  form().BorderStyle = static_cast<int>(FormBorder::kSizable);
+  form().SetLeastClientSize(5400, 3900);
+  Pump();
+  SetWindowPos(Handle(), nullptr, 0, 0, 60, 60, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  Pump();
+  EXPECT_EQ(ClientOf(Handle()).cx, 360);
+  EXPECT_EQ(ClientOf(Handle()).cy, 260);
+  EXPECT_EQ(form().ScaleWidth(), 5400);
+}
+
 TEST_F(ShownFormWindowTest, ANewBackgroundIsSeenThroughATransparentLink) {
   const HWND link = HandleOf(form().link);
   form().BackColor = 0x00C080;

@@ -128,6 +128,14 @@ TEST_F(QuickLinksTest, ThePanelSlidesInByFortyATickUntilItIsOpen) {
   EXPECT_EQ(Main().QuickLinks.Height.get(), open);
 }
 
+TEST_F(QuickLinksTest, AtTheLeastSizeTheOpenPanelCoversNoChoice) {
+  Main().SetClientSize(Main().LeastScaleWidth(), Main().LeastScaleHeight());
+  Main().Resize();
+  desktop.clock().AdvanceMs(1000);
+  EXPECT_TRUE(Main().QuickLinks.IsFullyOpen());
+  EXPECT_LE(Main().QuickLinks.Top + Main().QuickLinks.Height, Main().Frame1.Top.get());
+}
+
 TEST_F(QuickLinksTest, TheFirstLinkShowsHowToPlayAMap) {
   desktop.dialogs().ExpectBox("First select a map from the list.");
   desktop.dialogs().ExpectBox("Then click the 'Put Map in DFLW' button and select 'YES' in the message.");

@@ -15,6 +15,8 @@ namespace {
 
 constexpr UINT_PTR kPointerTimer = 1;
 constexpr UINT kPointerIntervalMs = 200;
+constexpr UINT_PTR kSizeTimer = 2;
+constexpr UINT kSizeDelayMs = 200;
 constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, newer than the headers that the program is built for
 
 // The paths of a drop, which is given back to the system. A shortcut stands for what it leads to.
@@ -63,12 +65,20 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
   switch (message) {
     case WM_CLOSE: DispatchEvent(form_.get(), [this] { form_->Unload(); }); return true;
     case WM_SIZE: placement_.NoteState(first); return false;
-    case WM_WINDOWPOSCHANGING: placement_.KeepSize(*reinterpret_cast<WINDOWPOS*>(second)); return false;
+    case WM_WINDOWPOSCHANGING:
+      // Under Wine a window manager has made the window smaller already, and leaves it so unless it is told.
+      if (placement_.KeepSize(*reinterpret_cast<WINDOWPOS*>(second))) {
+        SetTimer(window(), kSizeTimer, kSizeDelayMs, nullptr);
+      }
+      return false;
     case WM_GETMINMAXINFO: placement_.LimitSize(*reinterpret_cast<MINMAXINFO*>(second)); return true;
     case WM_TIMER:
-      if (first != kPointerTimer) return false;
-      LookForPointer();
-      return true;
+      if (first == kPointerTimer) LookForPointer();
+      if (first == kSizeTimer) {
+        KillTimer(window(), kSizeTimer);
+        placement_.RepeatSize();
+      }
+      return first == kPointerTimer || first == kSizeTimer;
     case WM_MEASUREITEM: menu_.Measure(*reinterpret_cast<MEASUREITEMSTRUCT*>(second)); return true;
     case WM_DRAWITEM: {
       const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(second);

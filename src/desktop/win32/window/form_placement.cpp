@@ -139,22 +139,46 @@ void FormPlacement::NoteState(WPARAM state) {
 }
 
 // A border that cannot be dragged holds the form's own size. A window manager that redraws the frame a moment after the
-// border has changed asks for the size before, and the form would drift.
-void FormPlacement::KeepSize(WINDOWPOS& place) const {
-  if (form().BorderStyle == static_cast<int>(FormBorder::kSizable) || !form().IsShown()) return;
-  if ((place.flags & SWP_NOSIZE) != 0 || IsIconic(window()) || IsZoomed(window())) return;
-  const SIZE outer = OuterSizeOfModel();
-  place.cx = outer.cx;
-  place.cy = outer.cy;
+// border has changed asks for the size before, and the form would drift. One that can be dragged is never smaller than
+// the least size, which not every window manager asks for.
+bool FormPlacement::KeepSize(WINDOWPOS& place) const {
+  if (!form().IsShown() || (place.flags & SWP_NOSIZE) != 0 || IsIconic(window()) || IsZoomed(window())) return false;
+  if (form().BorderStyle != static_cast<int>(FormBorder::kSizable)) {
+    const SIZE outer = OuterSizeOfModel();
+    place.cx = outer.cx;
+    place.cy = outer.cy;
+    return false;
+  }
+  const SIZE least = LeastSize();
+  const bool is_too_small = place.cx < least.cx || place.cy < least.cy;
+  place.cx = std::max<int>(place.cx, least.cx);
+  place.cy = std::max<int>(place.cy, least.cy);
+  return is_too_small;
 }
 
-// Never more than the screen: there the form has to do with less.
+// A size that is what it was tells nobody anything: it changes there and back.
+void FormPlacement::RepeatSize() {
+  constexpr UINT kSizeOnly = SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE;
+  RECT place{};
+  GetWindowRect(window(), &place);
+  const int width = place.right - place.left;
+  const int height = place.bottom - place.top;
+  SetWindowPos(window(), nullptr, 0, 0, width + 1, height + 1, kSizeOnly);
+  SetWindowPos(window(), nullptr, 0, 0, width, height, kSizeOnly);
+}
+
 void FormPlacement::LimitSize(MINMAXINFO& limits) const {
-  if (form().LeastScaleWidth() == 0 || form().BorderStyle != static_cast<int>(FormBorder::kSizable)) return;
+  const SIZE least = LeastSize();
+  if (least.cx > 0) limits.ptMinTrackSize = {least.cx, least.cy};
+}
+
+// Never more than the screen: there the form has to do with less. Nothing for a form without a least size.
+SIZE FormPlacement::LeastSize() const {
+  if (form().LeastScaleWidth() == 0 || form().BorderStyle != static_cast<int>(FormBorder::kSizable)) return {};
   const SIZE client{scale().Pixels(form().LeastScaleWidth()), scale().Pixels(form().LeastScaleHeight())};
   const SIZE least = OuterSize(client, Style(), ExtendedStyle(), form().HasMenu(), scale());
   const RECT work = WorkArea();
-  limits.ptMinTrackSize = {std::min(least.cx, work.right - work.left), std::min(least.cy, work.bottom - work.top)};
+  return {std::min(least.cx, work.right - work.left), std::min(least.cy, work.bottom - work.top)};
 }
 
 }  // namespace kestrun

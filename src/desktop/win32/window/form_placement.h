@@ -29,13 +29,17 @@ class FormPlacement {
   void NotePlace();
   void NoteState(WPARAM state);
   // Answers of the window to the system, which is about to move it or asks how small it may become.
-  void KeepSize(WINDOWPOS& place) const;
+  // True when a window that can be dragged was to become smaller than its least size.
+  bool KeepSize(WINDOWPOS& place) const;
   void LimitSize(MINMAXINFO& limits) const;
+  // Tells the screen the window's size once more.
+  void RepeatSize();
 
  private:
   [[nodiscard]] HWND window() const;
   [[nodiscard]] Form& form() const;
   [[nodiscard]] ScreenScale scale() const;
+  [[nodiscard]] SIZE LeastSize() const;
   [[nodiscard]] SIZE OuterSizeOfModel() const;
   void NoteSize();
 
