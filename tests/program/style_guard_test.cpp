@@ -35,9 +35,8 @@ class StyleGuardTest : public FrameTest {
   }
   void Start() {
     const StandInWindow<Form> main_window("frmain");
-    Form splash("frmsplash");
-    Label& version = splash.Add<Label>("lblversion");
-    RunStartUp(splash, version, "");
+    const Ref<Form> splash = MakeRef<Form>("frmsplash");
+    RunStartUp(*splash, splash->Add<Label>("lblversion"), "");
     CloseAllWindows();
   }
 

@@ -5,6 +5,7 @@
 #include "base/convert.h"
 #include "base/text.h"
 #include "platform/platform.h"
+#include "program/originals_hook.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/shell_integration.h"
@@ -29,6 +30,7 @@ void frmoptions::Save() {
       [this] { SaveAssociations(); },
       [this] { SaveProtocol(); },
       [this] { SaveDefaultCopy(); },
+      [] { CheckGameArchive(); },
   };
   for (const auto& step : steps) Attempt(step);
   Unload();

@@ -176,8 +176,6 @@ TEST_F(LoadMapTasksTest, AFailedInsertionIsSaid) {
       "The pff file: " + GamePath("dflw.pff") +
           " does not exists.\r\nGo to options and select the right dflw game folder.\r\nContinue?",
       BoxAnswer::kNo);
-  desktop.dialogs().ExpectBox("The game folder is " + Path("game") + ".\r\nDo you want to choose another one?",
-                              BoxAnswer::kNo);
   desktop.dialogs().ExpectBox("Failed to pack map");
   Open().cmdputin.Press();
 }

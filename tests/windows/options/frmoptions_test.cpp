@@ -182,6 +182,16 @@ TEST_F(OptionsTest, AGameFolderTypedWithABackslashIsStoredWithoutIt) {
   EXPECT_EQ(Ini("FOLDERS", "DFLW"), Path("game"));
 }
 
+TEST_F(OptionsTest, ADamagedArchiveInTheStoredGameFolderIsTold) {
+  PutEditor();
+  WriteFile(GamePath("dflw.pff"), "PFF");
+  Open().TxtGameFolder.Text = Path("game");
+  desktop.dialogs().ExpectBox("The archive '" + GamePath("dflw.pff") +
+                              "' ends inside its header.\r\n"
+                              "No originals of it are kept. Install the game's archive again.");
+  Save();
+}
+
 TEST_F(OptionsTest, AMissingEditorIsToldWithTheGamesName) {
   desktop.dialogs().ExpectBox("Warning: the game.exe file 'DFLWDEM.EXE' was not found in your game folder!");
   Save();
