@@ -17,7 +17,8 @@ class PffNamesTest : public PffTest {
   }
   [[nodiscard]] int32_t NumberOf(const std::string& name) const {
     int32_t number = -1;
-    EXPECT_EQ(archive.PFFFileExists(name, number), number >= 0);
+    const bool is_found = archive.PFFFileExists(name, number);
+    EXPECT_EQ(is_found, number >= 0);
     return number;
   }
 };
