@@ -2,23 +2,12 @@
 
 #include <algorithm>
 
+#include "desktop/win32/drawing/control_parts.h"
 #include "desktop/win32/drawing/graphics.h"
 #include "desktop/win32/system/wide_text.h"
 
 namespace kestrun {
 namespace {
-
-// A colour between two, a number of percent of the way to the second.
-Color Between(Color from, Color to, int percent) {
-  const COLORREF one = ToColorRef(from);
-  const COLORREF other = ToColorRef(to);
-  const auto channel = [&](int shift) {
-    const auto a = static_cast<int>((one >> shift) & 0xFF);
-    const auto b = static_cast<int>((other >> shift) & 0xFF);
-    return static_cast<Color>(a + (b - a) * percent / 100) << shift;
-  };
-  return channel(0) | channel(8) | channel(16);
-}
 
 // One pixel, light from the top left.
 void DrawEdgeLines(HDC target, const RECT& area, Color top_left, Color bottom_right) {
@@ -31,12 +20,12 @@ void DrawEdgeLines(HDC target, const RECT& area, Color top_left, Color bottom_ri
 void DrawSurface(const Button& button, HDC target, RECT area, ButtonState state) {
   const Color face = button.BackColor;
   if (state.is_default) {
-    FillColor(target, area, Between(face, color::kBlack, 60));
+    FillColor(target, area, BlendColors(face, color::kBlack, 60));
     InflateRect(&area, -1, -1);
   }
-  FillColor(target, area, state.is_down ? Between(face, color::kBlack, 12) : face);
-  const Color light = Between(face, color::kWhite, 45);
-  const Color dark = Between(face, color::kBlack, 45);
+  FillColor(target, area, state.is_down ? BlendColors(face, color::kBlack, 12) : face);
+  const Color light = BlendColors(face, color::kWhite, 45);
+  const Color dark = BlendColors(face, color::kBlack, 45);
   if (button.Appearance == 0) {
     DrawEdgeLines(target, area, dark, dark);
   } else {
@@ -45,13 +34,40 @@ void DrawSurface(const Button& button, HDC target, RECT area, ButtonState state)
 }
 
 Color TextColor(const Button& button) {
-  return button.Enabled ? button.ForeColor.get() : Between(button.ForeColor, button.BackColor, 50);
+  return button.Enabled ? button.ForeColor.get() : BlendColors(button.ForeColor, button.BackColor, 50);
+}
+
+void DrawFocusAround(const Button& button, HDC target, const RECT& area) {
+  SetTextColor(target, ToColorRef(button.ForeColor));
+  SetBkColor(target, ToColorRef(button.BackColor));
+  DrawFocusRect(target, &area);
+}
+
+// The caption beside a mark, in one line, with the focus around it.
+void DrawCaption(FormWindow& form, const MarkedButtonFace& face, HDC target, RECT area) {
+  const Button& button = face.button;
+  const std::wstring caption = ToWide(button.Caption.get());
+  const HGDIOBJ previous = SelectObject(target, form.FontFor(button.Font));
+  SetBkMode(target, TRANSPARENT);
+  SetTextColor(target, ToColorRef(TextColor(button)));
+  const UINT signs = face.shows_access_keys ? 0 : DT_HIDEPREFIX;
+  DrawTextW(target, caption.c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER | signs);
+  if (face.has_focus) {
+    RECT focus = area;
+    DrawTextW(target, caption.c_str(), -1, &focus, DT_SINGLELINE | DT_CALCRECT);
+    const int height = focus.bottom - focus.top;
+    focus.top = area.top + (area.bottom - area.top - height) / 2;
+    focus.bottom = focus.top + height;
+    InflateRect(&focus, 1, 0);
+    DrawFocusAround(button, target, focus);
+  }
+  SelectObject(target, previous);
 }
 
 }  // namespace
 
-bool HasOwnColors(const Control& control) {
-  return control.BackColor != color::kButtonFace || control.ForeColor != color::kButtonText;
+bool HasOwnColors(const Control& control, SystemColors usual) {
+  return control.BackColor != usual.background || control.ForeColor != usual.text;
 }
 
 void DrawButtonFace(FormWindow& form, const Button& button, HDC target, const RECT& area, ButtonState state) {
@@ -82,39 +98,22 @@ void DrawButtonFace(FormWindow& form, const Button& button, HDC target, const RE
   constexpr int kFocusInset = kInset - 1;  // around what the face shows
   const RECT focus{area.left + kFocusInset, area.top + kFocusInset, area.right - kFocusInset,
                    area.bottom - kFocusInset};
-  SetTextColor(target, ToColorRef(button.ForeColor));
-  SetBkColor(target, ToColorRef(button.BackColor));
-  DrawFocusRect(target, &focus);
+  DrawFocusAround(button, target, focus);
 }
 
-void DrawMarkedButton(FormWindow& form, const Button& button, HDC target, const RECT& area, UINT mark, bool mark_right,
-                      bool has_focus) {
+void DrawMarkedButton(FormWindow& form, const MarkedButtonFace& face, HDC target, const RECT& area) {
+  const Button& button = face.button;
   FillColor(target, area, button.BackColor);
-  const int side = MulDiv(13, form.scale().dpi(), 96);
-  const int gap = MulDiv(4, form.scale().dpi(), 96);
-  const int left = mark_right ? area.right - side : area.left;
+  const int dpi = form.scale().dpi();
+  const int side = MulDiv(13, dpi, 96);
+  const int gap = MulDiv(4, dpi, 96);
+  const int left = face.is_mark_right ? area.right - side : area.left;
   const int top = area.top + (area.bottom - area.top - side) / 2;
-  RECT box{left, top, left + side, top + side};
-  DrawFrameControl(target, &box, DFC_BUTTON, mark | (button.Enabled ? 0 : DFCS_INACTIVE));
-  RECT text{mark_right ? area.left : area.left + side + gap, area.top,
-            mark_right ? area.right - side - gap : area.right, area.bottom};
-  const std::wstring caption = ToWide(button.Caption.get());
-  const HGDIOBJ previous = SelectObject(target, form.FontFor(button.Font));
-  SetBkMode(target, TRANSPARENT);
-  SetTextColor(target, ToColorRef(TextColor(button)));
-  DrawTextW(target, caption.c_str(), -1, &text, DT_SINGLELINE | DT_VCENTER);
-  if (has_focus) {
-    RECT focus = text;
-    DrawTextW(target, caption.c_str(), -1, &focus, DT_SINGLELINE | DT_CALCRECT);
-    const int height = focus.bottom - focus.top;
-    focus.top = text.top + (text.bottom - text.top - height) / 2;
-    focus.bottom = focus.top + height;
-    InflateRect(&focus, 1, 0);
-    SetTextColor(target, ToColorRef(button.ForeColor));
-    SetBkColor(target, ToColorRef(button.BackColor));
-    DrawFocusRect(target, &focus);
-  }
-  SelectObject(target, previous);
+  face.draw_mark(target, {left, top, left + side, top + side}, std::max(1, MulDiv(1, dpi, 96)),
+                 PartColorsOf(button.BackColor, button.ForeColor, face.state));
+  const RECT text{face.is_mark_right ? area.left : area.left + side + gap, area.top,
+                  face.is_mark_right ? area.right - side - gap : area.right, area.bottom};
+  DrawCaption(form, face, target, text);
 }
 
 }  // namespace kestrun

@@ -2,6 +2,9 @@
 // with pictures.
 #pragma once
 
+#include <functional>
+
+#include "desktop/win32/drawing/control_parts.h"
 #include "desktop/win32/window/form_window.h"
 #include "forms/button.h"
 
@@ -13,13 +16,29 @@ struct ButtonState {
   bool is_default = false;
 };
 
-// True when the button has other colours than the system's buttons.
-[[nodiscard]] bool HasOwnColors(const Control& control);
+// The colours of a kind of control that nobody gave others.
+struct SystemColors {
+  Color background;
+  Color text;
+};
+inline constexpr SystemColors kButtonColors{color::kButtonFace, color::kButtonText};
+inline constexpr SystemColors kFieldColors{color::kWindowBackground, color::kWindowText};
+// True when the control has other colours than its kind.
+[[nodiscard]] bool HasOwnColors(const Control& control, SystemColors usual = kButtonColors);
+
 // A push button's face with picture and caption.
 void DrawButtonFace(FormWindow& form, const Button& button, HDC target, const RECT& area, ButtonState state);
-// A check box or an option button; the mark is one of DFCS_BUTTONCHECK, DFCS_BUTTONRADIO and DFCS_BUTTON3STATE with the
-// states that DrawFrameControl knows.
-void DrawMarkedButton(FormWindow& form, const Button& button, HDC target, const RECT& area, UINT mark, bool mark_right,
-                      bool has_focus);
+
+// A check box or an option button.
+struct MarkedButtonFace {
+  const Button& button;
+  // Draws the mark into a square.
+  std::function<void(HDC target, const RECT& area, int thickness, const PartColors& colors)> draw_mark;
+  bool is_mark_right = false;
+  PartState state;
+  bool has_focus = false;
+  bool shows_access_keys = true;
+};
+void DrawMarkedButton(FormWindow& form, const MarkedButtonFace& face, HDC target, const RECT& area);
 
 }  // namespace kestrun

@@ -1,7 +1,11 @@
 // Push buttons, check boxes and option buttons on the system's own control.
+#include <algorithm>
+#include <array>
+
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/button_face.h"
 #include "desktop/win32/window/control_peer.h"
+#include "desktop/win32/window/hover.h"
 #include "desktop/win32/window/peer_kinds.h"
 #include "forms/check_box.h"
 #include "forms/command_button.h"
@@ -86,24 +90,47 @@ class MarkedButtonPeer : public ButtonPeer {
  public:
   using ButtonPeer::ButtonPeer;
 
-  // The themes' drawing, which asks here first, knows no colour of text.
-  bool HandleNotification(NMHDR& notice, LRESULT& result) override {
-    if (notice.code != static_cast<UINT>(NM_CUSTOMDRAW) || IsGraphical() || !HasOwnColors(control())) return false;
-    const auto& drawing = reinterpret_cast<const NMCUSTOMDRAW&>(notice);
-    result = CDRF_DODEFAULT;
-    if (drawing.dwDrawStage != CDDS_PREERASE && drawing.dwDrawStage != CDDS_PREPAINT) return true;
-    RECT area{};
-    GetClientRect(window(), &area);
-    const UINT pushed = (SendMessageW(window(), BM_GETSTATE, 0, 0) & BST_PUSHED) != 0 ? DFCS_PUSHED : 0;
-    DrawMarkedButton(form(), Model(), drawing.hdc, area, Mark() | pushed, IsMarkRight(), GetFocus() == window());
-    result = CDRF_SKIPDEFAULT;
-    return true;
+  void DrawBackground(HDC target, const RECT& area) override {
+    const auto state = static_cast<DWORD>(SendMessageW(window(), BM_GETSTATE, 0, 0));
+    const auto interface_state = static_cast<DWORD>(SendMessageW(window(), WM_QUERYUISTATE, 0, 0));
+    const MarkedButtonFace face{
+        .button = Model(),
+        .draw_mark = MarkDrawing(),
+        .is_mark_right = IsMarkRight(),
+        .state = {Model().Enabled, hover_.is_hot(), (state & BST_PUSHED) != 0},
+        .has_focus = GetFocus() == window(),
+        .shows_access_keys = (interface_state & UISF_HIDEACCEL) == 0,
+    };
+    DrawMarkedButton(form(), face, target, area);
   }
 
  protected:
-  [[nodiscard]] virtual UINT Mark() const = 0;
+  [[nodiscard]] virtual std::function<void(HDC, const RECT&, int, const PartColors&)> MarkDrawing() const = 0;
   [[nodiscard]] virtual bool IsMarkRight() const = 0;
   [[nodiscard]] DWORD MarkPlace() const { return IsMarkRight() ? BS_LEFTTEXT : 0; }
+
+  // The system's drawing, with a theme or without, gives the mark the system's colours.
+  bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) override {
+    if (DrawsItself()) {
+      if (hover_.Note(window(), message)) Repaint();
+      if (form().HandlePainting(*this, message, first, result)) return true;
+    }
+    return ButtonPeer::HandleMessage(message, first, second, result);
+  }
+
+  void AfterMessage(UINT message) override {
+    static constexpr std::array<UINT, 7> kDrawnAtOnce{BM_SETSTATE,  BM_SETCHECK, WM_SETTEXT,      WM_SETFOCUS,
+                                                      WM_KILLFOCUS, WM_ENABLE,   WM_UPDATEUISTATE};
+    ButtonPeer::AfterMessage(message);
+    if (!DrawsItself() || std::ranges::find(kDrawnAtOnce, message) == kDrawnAtOnce.end()) return;
+    Repaint();
+    UpdateWindow(window());
+  }
+
+ private:
+  [[nodiscard]] bool DrawsItself() const { return !IsGraphical() && HasOwnColors(control()); }
+
+  Hover hover_;
 };
 
 class CheckBoxPeer final : public MarkedButtonPeer {
@@ -111,9 +138,13 @@ class CheckBoxPeer final : public MarkedButtonPeer {
   using MarkedButtonPeer::MarkedButtonPeer;
 
  protected:
-  [[nodiscard]] UINT Mark() const override {
-    return Box().Value == 0 ? DFCS_BUTTONCHECK
-                            : DFCS_CHECKED | (Box().Value == 2 ? DFCS_BUTTON3STATE : DFCS_BUTTONCHECK);
+  [[nodiscard]] std::function<void(HDC, const RECT&, int, const PartColors&)> MarkDrawing() const override {
+    // By the value.
+    static constexpr std::array<CheckMark, 3> kMarks{CheckMark::kNone, CheckMark::kTick, CheckMark::kSquare};
+    const CheckMark mark = kMarks[static_cast<size_t>(std::clamp(Box().Value.get(), 0, 2))];
+    return [mark](HDC target, const RECT& area, int thickness, const PartColors& colors) {
+      DrawCheckMark(target, area, thickness, mark, colors);
+    };
   }
   [[nodiscard]] bool IsMarkRight() const override { return Box().Alignment == 1; }
   [[nodiscard]] DWORD SystemStyle() const override { return BS_3STATE | MarkPlace(); }
@@ -128,7 +159,11 @@ class OptionButtonPeer final : public MarkedButtonPeer {
   using MarkedButtonPeer::MarkedButtonPeer;
 
  protected:
-  [[nodiscard]] UINT Mark() const override { return DFCS_BUTTONRADIO | (Option().Value ? DFCS_CHECKED : 0); }
+  [[nodiscard]] std::function<void(HDC, const RECT&, int, const PartColors&)> MarkDrawing() const override {
+    return [is_chosen = Option().Value.get()](HDC target, const RECT& area, int thickness, const PartColors& colors) {
+      DrawOptionMark(target, area, thickness, is_chosen, colors);
+    };
+  }
   [[nodiscard]] bool IsMarkRight() const override { return Option().Alignment == 1; }
   [[nodiscard]] DWORD SystemStyle() const override { return BS_RADIOBUTTON | MarkPlace(); }
   void ShowValue() override { SendMessageW(window(), BM_SETCHECK, Option().Value ? BST_CHECKED : BST_UNCHECKED, 0); }

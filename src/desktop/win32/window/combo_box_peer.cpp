@@ -1,6 +1,12 @@
 // Combo boxes on the system's own control.
+#include <algorithm>
+#include <array>
+
 #include "desktop/win32/system/wide_text.h"
+#include "desktop/win32/window/button_face.h"
+#include "desktop/win32/window/combo_face.h"
 #include "desktop/win32/window/control_peer.h"
+#include "desktop/win32/window/hover.h"
 #include "desktop/win32/window/peer_kinds.h"
 #include "forms/combo_box.h"
 #include "platform/platform.h"
@@ -21,6 +27,8 @@ class ComboBoxPeer final : public WindowedPeer {
     CreateWindowOf(L"COMBOBOX", L"",
                    WS_TABSTOP | WS_VSCROLL | CBS_AUTOHSCROLL | CBS_NOINTEGRALHEIGHT |
                        kStyles[style >= 0 && style <= 2 ? style : 0]);
+    WatchComboList(window());
+    KeepPartsClear();
     ShowHeight();
     Fill();
   }
@@ -41,8 +49,21 @@ class ComboBoxPeer final : public WindowedPeer {
         WindowedPeer::Update(property);
         ShowHeight();
         break;
+      case PropertyId::kBackColor:
+      case PropertyId::kForeColor:
+        KeepPartsClear();
+        RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+        break;
       default: WindowedPeer::Update(property);
     }
+  }
+
+  void DrawBackground(HDC target, const RECT&) override {
+    const HWND focus = GetFocus();
+    const bool is_open = SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+    const bool is_simple = Model().Style == static_cast<int>(ComboStyle::kSimple);
+    DrawComboFace(form(), Model(), window(), target,
+                  {hover_.is_hot(), focus == window() || IsChild(window(), focus), is_open && !is_simple});
   }
 
   // Rows often change many at a time: they are filled in once, in the next pass of the message loop.
@@ -84,6 +105,10 @@ class ComboBoxPeer final : public WindowedPeer {
  protected:
   [[nodiscard]] bool HasOwnName() const override { return false; }
   bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result) override {
+    if (DrawsItself()) {
+      if (hover_.Note(window(), message)) Repaint();
+      if (form().HandlePainting(*this, message, first, result)) return true;
+    }
     switch (message) {
       case WM_SETFOCUS:
       case WM_KILLFOCUS: return false;
@@ -95,6 +120,17 @@ class ComboBoxPeer final : public WindowedPeer {
       default: return WindowedPeer::HandleMessage(message, first, second, result);
     }
   }
+  void AfterMessage(UINT message) override {
+    // What the system draws at once, by the control's own messages and by its edit box's and its list's.
+    static constexpr std::array<UINT, 10> kDrawnAtOnce{WM_SETFOCUS,  WM_KILLFOCUS,   WM_ENABLE,    CB_SHOWDROPDOWN,
+                                                       CB_SETCURSEL, WM_LBUTTONDOWN, WM_LBUTTONUP, WM_CAPTURECHANGED,
+                                                       WM_KEYDOWN,   WM_COMMAND};
+    WindowedPeer::AfterMessage(message);
+    if (!DrawsItself() || std::ranges::find(kDrawnAtOnce, message) == kDrawnAtOnce.end()) return;
+    InvalidateRect(window(), nullptr, FALSE);
+    UpdateWindow(window());
+  }
+
   // The system counts the list that drops down as a part of the window.
   [[nodiscard]] RECT WindowArea() const override {
     RECT area = Area();
@@ -104,6 +140,14 @@ class ComboBoxPeer final : public WindowedPeer {
 
  private:
   [[nodiscard]] ComboBox& Model() const { return static_cast<ComboBox&>(control()); }
+  [[nodiscard]] bool DrawsItself() const { return HasOwnColors(control(), kFieldColors); }
+
+  // What the program draws leaves the edit box and the list alone.
+  void KeepPartsClear() {
+    const LONG_PTR style = GetWindowLongPtrW(window(), GWL_STYLE);
+    constexpr LONG_PTR kClear = WS_CLIPCHILDREN;
+    SetWindowLongPtrW(window(), GWL_STYLE, DrawsItself() ? style | kClear : style & ~kClear);
+  }
 
   // The closed box is as high as the model says.
   void ShowHeight() {
@@ -127,10 +171,15 @@ class ComboBoxPeer final : public WindowedPeer {
     Repaint();
   }
 
+  // The system empties the text when no row is the current one: what was typed gets its text and its insertion point
+  // back.
   void ShowText() {
-    SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(Model().ListIndex.get()), 0);
     const std::wstring text = ToWide(Model().Text.get());
+    const bool is_shown = ReadWindowText(window()) == text;
+    const auto selection = static_cast<LPARAM>(SendMessageW(window(), CB_GETEDITSEL, 0, 0));
+    SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(Model().ListIndex.get()), 0);
     if (Model().CanBeTyped() && ReadWindowText(window()) != text) SetWindowTextW(window(), text.c_str());
+    if (Model().CanBeTyped() && is_shown) SendMessageW(window(), CB_SETEDITSEL, 0, selection);
     ShowLock();
   }
 
@@ -170,6 +219,7 @@ class ComboBoxPeer final : public WindowedPeer {
     Dispatch([&] { Model().Text = std::move(text); });
   }
 
+  Hover hover_;
   bool stale_ = false;
 };
 

@@ -1,5 +1,8 @@
 #include "desktop/win32/window/control_peer.h"
 
+#include <algorithm>
+
+#include "desktop/win32/drawing/control_parts.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/reader_name.h"
 #include "forms/accessible.h"
@@ -79,6 +82,26 @@ RECT ControlPeer::Area() const {
   // Each edge is rounded by itself, so that controls that touch in twips touch in pixels.
   return {scale.Pixels(control_->Left), scale.Pixels(control_->Top), scale.Pixels(control_->Left + control_->Width),
           scale.Pixels(control_->Top + control_->Height)};
+}
+
+bool HasOwnBackground(const Control& control) {
+  const Color background = control.BackColor;
+  return !IsSystemColor(background) && background != ToColorRef(color::kWindowBackground);
+}
+
+// The line at the outside, and the background between it and what the control shows.
+void DrawWindowEdge(HWND window, const Control& control, ScreenScale scale) {
+  RECT area{};
+  GetWindowRect(window, &area);
+  POINT client{};
+  ClientToScreen(window, &client);
+  const int width = client.y - area.top;
+  OffsetRect(&area, -area.left, -area.top);
+  const HDC target = GetWindowDC(window);
+  const PartColors colors = PartColorsOf(control.BackColor, control.ForeColor, {control.Enabled});
+  DrawLineEdge(target, area, width, colors.face);
+  DrawLineEdge(target, area, std::min(width, MulDiv(1, scale.dpi(), 96)), colors.line);
+  ReleaseDC(window, target);
 }
 
 void RepaintWithChildren(HWND window) {
@@ -176,7 +199,10 @@ void WindowedPeer::Update(PropertyId property) {
     case PropertyId::kBorderStyle:
     case PropertyId::kAppearance: ShowEdge(); break;
     case PropertyId::kForeColor:
-    case PropertyId::kBackColor: Repaint(); break;
+    case PropertyId::kBackColor:
+      if (shown_edge_ == EdgeKind::kSunken) RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+      Repaint();
+      break;
     default: break;
   }
 }
@@ -242,6 +268,11 @@ bool WindowedPeer::HandleMessage(UINT message, WPARAM first, LPARAM second, LRES
   return false;
 }
 
+void WindowedPeer::AfterMessage(UINT message) {
+  const bool is_edge = message == WM_NCPAINT && shown_edge_ == EdgeKind::kSunken;
+  if (is_edge && HasOwnBackground(control())) DrawWindowEdge(window(), control(), form().scale());
+}
+
 LRESULT CALLBACK WindowedPeer::Watch(HWND window, UINT message, WPARAM first, LPARAM second) {
   auto* watched = reinterpret_cast<Watched*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (!watched) return DefWindowProcW(window, message, first, second);
@@ -255,7 +286,11 @@ LRESULT CALLBACK WindowedPeer::Watch(HWND window, UINT message, WPARAM first, LP
     LRESULT result = 0;
     if (peer->HandleMessage(message, first, second, result)) return result;
   }
-  return CallWindowProcW(procedure, window, message, first, second);
+  const LRESULT result = CallWindowProcW(procedure, window, message, first, second);
+  // The message may have taken the peer with it, and the window.
+  watched = reinterpret_cast<Watched*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (watched && watched->peer) watched->peer->AfterMessage(message);
+  return result;
 }
 
 // ---- controls that their container draws ---------------------------------------------------------------------------

@@ -107,6 +107,12 @@ enum class EdgeKind { kNone = 0, kLine = 1, kSunken = 2 };
   return appearance == 0 ? EdgeKind::kLine : EdgeKind::kSunken;
 }
 
+// Whether a control's background is a colour of its own that differs from the system's: an edge in the system's colours
+// would stand out from it.
+[[nodiscard]] bool HasOwnBackground(const Control& control);
+// Draws the edge of a window outside of its client area, in colours that go with the control's.
+void DrawWindowEdge(HWND window, const Control& control, ScreenScale scale);
+
 // Paints a window again with all windows in it: they may show what lies behind them.
 void RepaintWithChildren(HWND window);
 
@@ -140,6 +146,8 @@ class WindowedPeer : public ControlPeer {
   [[nodiscard]] virtual bool HasOwnName() const { return true; }
   // Sees each message before the window does; true when it is done with.
   virtual bool HandleMessage(UINT message, WPARAM first, LPARAM second, LRESULT& result);
+  // Follows each message that the window itself handled, as long as the control is there.
+  virtual void AfterMessage(UINT message);
   // Runs what the user set off, with the form kept alive.
   void Dispatch(const std::function<void()>& action);
   [[nodiscard]] POINT OnScreen(POINT place) const;

@@ -129,6 +129,20 @@ void FormWindow::TakeDrop(WPARAM first) {
   });
 }
 
+bool FormWindow::HandlePainting(ControlPeer& peer, UINT message, WPARAM first, LRESULT& result) {
+  switch (message) {
+    case WM_ERASEBKGND: result = 1; return true;
+    case WM_PAINT: painting_.Paint(peer.window(), peer.control()); return true;
+    case WM_PRINTCLIENT: {
+      RECT client{};
+      GetClientRect(peer.window(), &client);
+      peer.DrawBackground(reinterpret_cast<HDC>(first), client);
+      return true;
+    }
+    default: return false;
+  }
+}
+
 bool FormWindow::HandleContainerMessage(HWND container_window, Control& container, UINT message, WPARAM first,
                                         LPARAM second, LRESULT& result) {
   result = 0;

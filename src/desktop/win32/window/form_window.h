@@ -71,6 +71,8 @@ class FormWindow final : public FormPeer, public std::enable_shared_from_this<Fo
   // Handles a message of the form's window or of a panel's. False when the system is to handle it.
   bool HandleContainerMessage(HWND window, Control& container, UINT message, WPARAM first, LPARAM second,
                               LRESULT& result);
+  // Handles the painting of a control that draws itself by DrawBackground. False for any other message.
+  bool HandlePainting(ControlPeer& peer, UINT message, WPARAM first, LRESULT& result);
   // Gives a turn of the wheel to the control under the mouse; false when there is none that takes it.
   bool PassWheel(WPARAM first, LPARAM second);
 

@@ -1,6 +1,7 @@
 // Labels and pictures, which their container draws, and labels that answer clicks.
 #include <algorithm>
 
+#include "desktop/win32/drawing/control_parts.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/control_peer.h"
 #include "desktop/win32/window/peer_kinds.h"
@@ -10,9 +11,16 @@
 namespace kestrun {
 namespace {
 
-// A border of one pixel in the text's colour, or a sunken one. Gives what is left inside.
+// A border of one pixel in the text's colour, or a sunken one, which goes with a form in colours of its own. Gives what
+// is left inside.
 RECT DrawBorder(FormWindow& form, HDC target, RECT area, EdgeKind edge) {
-  if (edge == EdgeKind::kSunken) DrawEdge(target, &area, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+  const Form& behind = form.form();
+  if (edge == EdgeKind::kSunken && HasOwnBackground(behind)) {
+    DrawEtchedEdge(target, area, behind.BackColor, behind.ForeColor);
+    InflateRect(&area, -2, -2);
+  } else if (edge == EdgeKind::kSunken) {
+    DrawEdge(target, &area, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+  }
   if (edge != EdgeKind::kLine) return area;
   FrameRect(target, &area, form.BrushFor(color::kWindowText));
   InflateRect(&area, -1, -1);

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/runtime_error.h"
+#include "desktop/win32/drawing/control_parts.h"
 #include "desktop/win32/drawing/graphics.h"
 #include "desktop/win32/system/handles.h"
 #include "desktop/win32/system/late_call.h"
@@ -16,15 +17,6 @@ namespace {
 constexpr int kGap = 6;
 constexpr int kAbove = 3;
 constexpr int kLineHeight = 7;
-
-COLORREF Mix(COLORREF from, COLORREF to, int percent) {
-  const auto part = [&](int shift) {
-    const int low = static_cast<int>(from >> shift & 0xFF);
-    const int high = static_cast<int>(to >> shift & 0xFF);
-    return static_cast<COLORREF>(low + (high - low) * percent / 100) << shift;
-  };
-  return part(0) | part(8) | part(16);
-}
 
 int Brightness(COLORREF color) {
   return (GetRValue(color) * 299 + GetGValue(color) * 587 + GetBValue(color) * 114) / 1000;
@@ -53,7 +45,7 @@ SIZE ExtentOf(HDC target, const std::wstring& text) {
 void DrawLineItem(const MenuColors& colors, const DRAWITEMSTRUCT& draw) {
   const int middle = (draw.rcItem.top + draw.rcItem.bottom) / 2;
   FillColor(draw.hDC, {draw.rcItem.left + PictureColumn(), middle, draw.rcItem.right, middle + 1},
-            Mix(colors.background, colors.text, 30));
+            BlendColors(colors.background, colors.text, 30));
 }
 
 // The corners are parts of the area in percent.
@@ -117,8 +109,8 @@ std::optional<MenuColors> MenuColorsOf(const Form& form) {
   if (std::abs(Brightness(colors.text) - Brightness(colors.background)) < kLeastContrast) {
     colors.text = IsDark(colors.background) ? color::kWhite : color::kBlack;
   }
-  colors.disabled = Mix(colors.background, colors.text, 50);
-  colors.selected = Mix(colors.background, colors.text, 25);
+  colors.disabled = BlendColors(colors.background, colors.text, 50);
+  colors.selected = BlendColors(colors.background, colors.text, 25);
   return colors;
 }
 
@@ -181,6 +173,13 @@ void PaintAroundMenu(HWND window, COLORREF color) {
   RECT last{};
   if (GetMenuItemRect(window, menu, static_cast<UINT>(GetMenuItemCount(menu) - 1), &last)) {
     FillColor(target, {last.right - outer.left, last.top - outer.top, client.right - outer.left, top}, color);
+  }
+  // Wine keeps a light line of the title bar that the window manager draws in its place.
+  MENUBARINFO bar{};
+  bar.cbSize = sizeof bar;
+  if (IsWine() && GetMenuBarInfo(window, OBJID_MENU, 0, &bar)) {
+    const int above = bar.rcBar.top - outer.top;
+    FillColor(target, {client.left - outer.left, above - 1, client.right - outer.left, above}, color);
   }
   ReleaseDC(window, target);
 }

@@ -1,5 +1,6 @@
 #include "desktop/win32/window/panel_peer.h"
 
+#include "desktop/win32/drawing/control_parts.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/window_class.h"
 #include "forms/composite_control.h"
@@ -50,6 +51,8 @@ void FramePeer::DrawBackground(HDC target, const RECT& area) {
   edge.top += text.bottom / 2;
   if (frame.Appearance == 0) {
     FrameRect(target, &edge, form().BrushFor(color::kWindowText));
+  } else if (HasOwnBackground(frame)) {
+    DrawEtchedEdge(target, edge, frame.BackColor, frame.ForeColor);
   } else {
     DrawEdge(target, &edge, EDGE_ETCHED, BF_RECT);
   }
