@@ -10,6 +10,7 @@
 #include "base/ref.h"
 #include "formats/pff/cls_pff.h"
 #include "forms/form.h"
+#include "script/hosting_engine.h"
 #include "script/script_engine.h"
 #include "styles/cls_system.h"
 #include "styles/style_archive.h"
@@ -19,7 +20,7 @@ namespace kestrun {
 class ClsStyle final : public RefCounted {
  public:
   using EngineMaker = std::function<std::unique_ptr<ScriptEngine>()>;
-  explicit ClsStyle(EngineMaker make_engine = &MakeScriptEngine) : make_engine_(std::move(make_engine)) {}
+  explicit ClsStyle(EngineMaker make_engine = &MakeHostingEngine) : make_engine_(std::move(make_engine)) {}
 
   std::string designer;
   std::string sitelink;

@@ -87,7 +87,7 @@ void frmputlist::AskAndLoadList() {
 void frmputlist::LoadList(const std::string& File) {
   RunCommand([this, &File] {
     if (lstmaps.ListCount() > 0 && AskYesNo("Do you want to clear the current map list?")) lstmaps.Clear();
-    for (const std::string& row : ReadMapList(File)) lstmaps.AddItem(row);
+    lstmaps.AddItems(MapList(File).rows());
     ShowListCount();
     list_file_ = File;
     FitPlayList();

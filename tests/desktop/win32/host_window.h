@@ -98,6 +98,14 @@ class HostWindow {
     const std::string text = FromWide(RowText(list, row));
     return text.substr(text.find_last_of('\\') + 1);
   }
+  // What all text fields hold, those of the running clock among them.
+  [[nodiscard]] static std::wstring FieldTexts() {
+    std::wstring texts;
+    for (const HWND child : ChildrenOf(window())) {
+      if (_wcsicmp(ClassOf(child).c_str(), L"Edit") == 0) texts += TextOf(child) + L"|";
+    }
+    return texts;
+  }
   [[nodiscard]] static LRESULT RowCount() { return PlayList() ? SendMessageW(PlayList(), LB_GETCOUNT, 0, 0) : 0; }
   // Boxes that wait for an answer.
   [[nodiscard]] static HWND Box() { return FindWindowW(L"#32770", nullptr); }
