@@ -70,9 +70,9 @@ void AddBlockByWords(State& state, const uint8_t* block) {
     const __m128i abef_before = abef;
     const __m128i cdgh_before = cdgh;
     __m128i words[4];
-    for (int lane = 0; lane < 4; ++lane) words[lane] = _mm_shuffle_epi8(Load(block + 16 * lane), big_endian);
+    for (ptrdiff_t lane = 0; lane < 4; ++lane) words[lane] = _mm_shuffle_epi8(Load(block + 16 * lane), big_endian);
 #pragma GCC unroll 16
-    for (int group = 0; group < 16; ++group) {
+    for (ptrdiff_t group = 0; group < 16; ++group) {
       const __m128i now = words[group % 4];
       __m128i sum = _mm_add_epi32(now, Load(kRoundConstants.data() + 4 * group));
       cdgh = _mm_sha256rnds2_epu32(cdgh, abef, sum);

@@ -17,7 +17,7 @@ bool IsControl(char one) { return static_cast<unsigned char>(one) < ' ' || one =
 }  // namespace
 
 void File::ReserveByZeros(uint64_t bytes) {
-  constexpr uint64_t kBlock = 256 * 1024;
+  constexpr uint64_t kBlock = uint64_t{256} * 1024;
   const uint64_t before = Size();
   if (bytes <= before) return;
   const Bytes zeros(static_cast<size_t>(std::min(kBlock, bytes - before)));
@@ -96,8 +96,9 @@ void FileSystem::ReplaceDurably(std::string_view path, ByteView bytes,
 }
 
 void FileSystem::FlushFiles(const std::string& folder, const std::vector<std::string>& names) {
+  const std::string in_folder = folder + "\\";
   for (const std::string& name : names) {
-    const std::unique_ptr<File> file = Open(folder + "\\" + name, OpenMode::kReadWrite);
+    const std::unique_ptr<File> file = Open(in_folder + name, OpenMode::kReadWrite);
     file->Flush();
     file->Close();
   }

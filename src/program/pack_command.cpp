@@ -130,6 +130,10 @@ void PackMember(ClsPFF& archive, OriginalsOfPack& originals, const std::string& 
   });
 }
 
+void NoteEmptyMember(const std::string& zip_path, const std::string& member) {
+  Note(zip_path + ": the member '" + member + "' is empty and was skipped.");
+}
+
 // Unpacks every member into the folder, which is left behind, and stages each file under its own base name. The folder
 // has a fixed name: another process that wants it waits until what was unpacked has been read.
 void PackZipMembers(ClsPFF& archive, OriginalsOfPack& originals, const std::string& zip_path,
@@ -145,7 +149,7 @@ void PackZipMembers(ClsPFF& archive, OriginalsOfPack& originals, const std::stri
     const std::string name = zip->FileName(member);
     const std::string path = UnpackedPath(folder, name);
     if (IsEmptyFile(path)) {
-      Note(zip_path + ": the member '" + name + "' is empty and was skipped.");
+      NoteEmptyMember(zip_path, name);
     } else {
       PackMember(archive, originals, path, zip_path, name);
     }

@@ -47,7 +47,7 @@ uint32_t KeyPixel(const BitmapPixels& pixels, int32_t key_color) {
 void AddRun(RegionList& list, int width, const RegionRect& run) {
   const auto top_index = static_cast<int32_t>(list.slots.size()) - 1;
   if (list.count + 1 >= top_index) list.slots.resize(list.slots.size() + static_cast<size_t>(width) * 3);
-  list.slots[static_cast<size_t>(list.count + kFirstRect)] = run;
+  list.slots[kFirstRect + static_cast<size_t>(list.count)] = run;
   ++list.count;
 }
 
@@ -100,10 +100,10 @@ RegionNumber RegionFromRects(RegionList& rectangles, int32_t first, int32_t last
   const auto start = static_cast<size_t>(first - kHeaderSlots);
   std::vector<RegionRect>& slots = rectangles.slots;
   const int32_t count = last - first + 1;
+  const auto end = static_cast<size_t>(last) + 1;
   slots[start] = {kHeaderBytes, kRectangles, count, count * kRectBytes};
   slots[start + 1] = {left, slots[start + kHeaderSlots].top, left + width, slots[static_cast<size_t>(last)].bottom};
-  return window_effects().CreateRegion(
-      std::span<const RegionRect>(slots).subspan(start, static_cast<size_t>(count + kHeaderSlots)));
+  return window_effects().CreateRegion(std::span<const RegionRect>(slots).subspan(start, end - start));
 }
 
 RegionNumber RegionFromRectBlocks(RegionList& rectangles, int32_t last, int32_t left, int32_t width) {

@@ -94,7 +94,7 @@ class HeadlessWindowing final : public Windowing {
   UnexpectedHandler on_unexpected;
   ScreenSize screen{1024 * 15, 768 * 15, 15};
   std::vector<std::string> fonts{"Arial", "MS Sans Serif", "Tahoma"};
-  uint64_t longest_run_ms = 60 * 60 * 1000;
+  uint64_t longest_run_ms = uint64_t{60} * 60 * 1000;
   // Names of all forms that were shown, in order.
   std::vector<std::string> shown_forms;
   // What all peers were told, in order, where recording is on.

@@ -250,7 +250,7 @@ class TemporarySibling {
 };
 
 void CopyContent(int from, int to) {
-  constexpr size_t kBlock = 256 * 1024;
+  constexpr size_t kBlock = size_t{256} * 1024;
   Bytes block(kBlock);
   uint64_t offset = 0;
   while (const size_t count = ReadFully(from, offset, block)) {
@@ -476,7 +476,7 @@ void PosixFileSystem::FlushFiles(const std::string& folder, const std::vector<st
 }
 
 std::string PosixFileSystem::TruePath(std::string_view path) {
-  const std::string native = NativePath(path);
+  std::string native = NativePath(path);
   if (const auto real = RealPath(native)) return *real;
   const auto folder = RealPath(FolderOf(native));
   if (!folder) return native;

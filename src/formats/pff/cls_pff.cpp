@@ -125,7 +125,7 @@ bool HasEntries(File& file, const Header& header, const std::vector<Entry>& entr
     const std::vector<Entry> present = ReadEntries(file, header);
     return std::ranges::equal(pff::RecordBytes(std::span(present)), pff::RecordBytes(std::span(entries)));
   }
-  constexpr size_t kPieceBytes = 64 * 1024;
+  constexpr size_t kPieceBytes = size_t{64} * 1024;
   const ByteView table = pff::RecordBytes(std::span(entries));
   Bytes piece(std::min(kPieceBytes, table.size()));
   for (size_t at = 0; at < table.size(); at += piece.size()) {

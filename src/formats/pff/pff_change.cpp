@@ -91,7 +91,7 @@ class Saving {
 
  private:
   // The next journal finds room in steps of this size.
-  static constexpr uint64_t kRestingStep = 64 * 1024;
+  static constexpr uint64_t kRestingStep = uint64_t{64} * 1024;
 
   void RestJournal() {
     MarkAsResting(*journal_);

@@ -15,7 +15,7 @@ constexpr size_t kJournalHeaderBytes = 36;
 constexpr size_t kRecordHeaderBytes = 16;
 constexpr size_t kEndBytes = 8;
 constexpr uint32_t kExisted = 1;
-constexpr size_t kPieceBytes = 256 * 1024;
+constexpr size_t kPieceBytes = size_t{256} * 1024;
 // No archive reaches further: its offsets have 32 bits, and the table stands behind the last of them.
 constexpr uint64_t kMostArchiveBytes = uint64_t{1} << 34;
 

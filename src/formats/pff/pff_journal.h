@@ -14,7 +14,7 @@ namespace kestrun::pff {
 
 // Disks and the system write whole blocks of this size, so that each block of an archive is old or new, never mixed.
 inline constexpr size_t kBlockBytes = 512;
-inline constexpr size_t kMostRecordBytes = 64 * 1024;
+inline constexpr size_t kMostRecordBytes = size_t{64} * 1024;
 
 // The archive before the save and after it.
 struct JournalHeader {
