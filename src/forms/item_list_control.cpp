@@ -53,12 +53,38 @@ const ItemListControl::Row& ItemListControl::RowAt(int row) const {
   return const_cast<ItemListControl*>(this)->RowAt(row);
 }
 
+std::string_view ItemListControl::TextOf(const Row& row) const {
+  return std::string_view(texts_).substr(row.text_begin, row.text_size);
+}
+
+void ItemListControl::StoreText(Row& row, std::string_view text) {
+  row.text_begin = texts_.size();
+  row.text_size = text.size();
+  texts_ += text;
+}
+
+void ItemListControl::DropUnusedTexts() {
+  if (unused_text_ <= texts_.size() / 2) return;
+  std::string used;
+  used.reserve(texts_.size() - unused_text_);
+  for (Row& row : rows_) {
+    const std::string_view text = TextOf(row);
+    row.text_begin = used.size();
+    used += text;
+  }
+  texts_ = std::move(used);
+  unused_text_ = 0;
+}
+
 std::string ItemListControl::List(int row) const {
-  return row < 0 || row >= ListCount() ? std::string() : rows_[static_cast<size_t>(row)].text;
+  return row < 0 || row >= ListCount() ? std::string() : std::string(TextOf(rows_[static_cast<size_t>(row)]));
 }
 
 void ItemListControl::SetList(int row, std::string_view text) {
-  RowAt(row).text = text;
+  Row& changed = RowAt(row);
+  unused_text_ += changed.text_size;
+  StoreText(changed, text);
+  DropUnusedTexts();
   if (FormPeer* shown = peer()) shown->ListChanged(*this);
 }
 
@@ -72,19 +98,34 @@ void ItemListControl::AddItem(std::string_view text, int row) {
     if (row > ListCount()) Raise(error::kInvalidProcedureCall);
     place = rows_.begin() + row;
   } else if (Sorted) {
-    place = std::upper_bound(rows_.begin(), rows_.end(), text, [](std::string_view added, const Row& present) {
-      return CompareNoCase(added, present.text) < 0;
+    place = std::upper_bound(rows_.begin(), rows_.end(), text, [this](std::string_view added, const Row& present) {
+      return CompareNoCase(added, TextOf(present)) < 0;
     });
   }
   new_index_ = static_cast<int>(place - rows_.begin());
-  rows_.insert(place, Row{std::string(text)});
+  StoreText(*rows_.insert(place, Row{}), text);
   if (ListIndex >= new_index_) ListIndex.StoreQuietly(ListIndex + 1);
   if (FormPeer* shown = peer()) shown->ListChanged(*this);
 }
 
+void ItemListControl::AddItems(std::span<const std::string_view> texts) {
+  if (Sorted) {
+    for (const std::string_view text : texts) AddItem(text);
+    return;
+  }
+  size_t added_size = 0;
+  for (const std::string_view text : texts) added_size += text.size();
+  texts_.reserve(texts_.size() + added_size);
+  rows_.reserve(rows_.size() + texts.size());
+  for (const std::string_view text : texts) StoreText(rows_.emplace_back(), text);
+  if (!texts.empty()) new_index_ = ListCount() - 1;
+  if (FormPeer* shown = peer()) shown->ListChanged(*this);
+}
+
 void ItemListControl::RemoveItem(int row) {
-  static_cast<void>(RowAt(row));
+  unused_text_ += RowAt(row).text_size;
   rows_.erase(rows_.begin() + row);
+  DropUnusedTexts();
   new_index_ = -1;
   if (ListIndex == row) ListIndex.StoreQuietly(-1);
   if (ListIndex > row) ListIndex.StoreQuietly(ListIndex - 1);
@@ -93,6 +134,8 @@ void ItemListControl::RemoveItem(int row) {
 
 void ItemListControl::Clear() {
   rows_.clear();
+  texts_.clear();
+  unused_text_ = 0;
   new_index_ = -1;
   ListIndex.StoreQuietly(-1);
   if (FormPeer* shown = peer()) shown->ListChanged(*this);

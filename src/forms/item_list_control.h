@@ -2,6 +2,7 @@
 // when no row is current; a change of it is a Click.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +32,8 @@ class ItemListControl : public Control {
 
   // Adds in front of a row, at the end for -1, or at its place in a sorted list.
   void AddItem(std::string_view text, int row = -1);
+  // Adds many rows, one after the other.
+  void AddItems(std::span<const std::string_view> texts);
   void RemoveItem(int row);
   void Clear();
 
@@ -38,7 +41,8 @@ class ItemListControl : public Control {
 
  protected:
   struct Row {
-    std::string text;
+    size_t text_begin = 0;
+    size_t text_size = 0;
     int data = 0;
     bool selected = false;
     bool marked = false;
@@ -52,7 +56,14 @@ class ItemListControl : public Control {
   virtual void CurrentRowChanged() { Click(); }
 
  private:
+  [[nodiscard]] std::string_view TextOf(const Row& row) const;
+  // Puts the text behind all others; those that no row has any more go when they are more than half.
+  void StoreText(Row& row, std::string_view text);
+  void DropUnusedTexts();
+
   std::vector<Row> rows_;
+  std::string texts_;  // of all rows, in any order: long lists are filled without an allocation for each row
+  size_t unused_text_ = 0;
   int new_index_ = -1;
 };
 

@@ -37,18 +37,19 @@ void SetIniValue(const std::string& File, const std::string& Section, const std:
   static_cast<void>(WriteProfileValue(File, Section, Key, copy));
 }
 
-std::vector<std::string> GetNumberedIniValues(const std::string& File, const std::string& Section,
-                                              const NumberedKeys& keys, const std::string& Default) {
-  std::vector<std::string> values;
-  values.reserve(keys.count);
-  for (std::optional<std::string>& value : ReadNumberedProfileValues(File, Section, keys)) {
-    values.push_back(value ? std::move(*value) : ShapeProfileDefault(Default));
-  }
-  return values;
+std::string GetIniValue(const ProfileSnapshot& file, const std::string& Section, const std::string& Key,
+                        const std::string& Default) {
+  const auto value = file.Value(Section, Key, kProfileValueBytes);
+  return value ? *value : ShapeProfileDefault(Default);
 }
 
-bool SetIniValues(const std::string& File, const std::vector<ProfileValue>& values) {
-  return WriteProfileValues(File, values);
+std::vector<std::string_view> GetNumberedIniValues(ProfileSnapshot& file, const std::string& Section,
+                                                   const NumberedKeys& keys, const std::string& Default) {
+  return file.NumberedValues(Section, keys, kProfileValueBytes, ShapeProfileDefault(Default));
+}
+
+bool SetIniValues(const std::string& File, const ProfileRows& rows, const std::vector<ProfileValue>& values) {
+  return WriteProfileValues(File, rows, values);
 }
 
 std::string AppFile(const std::string& Name) { return platform().program().Folder() + "\\" + Name; }
@@ -56,6 +57,14 @@ std::string AppFile(const std::string& Name) { return platform().program().Folde
 std::string ReadSetting(const Setting& row, std::string_view open_part) {
   const KeyName name = NameOf(row, open_part);
   const auto value = ReadProfileValue(SettingsFile(), name.section, name.key);
+  return value ? *value : ShapeProfileDefault(DefaultOf(row));
+}
+
+ProfileSnapshot ReadSettingsSnapshot() { return ReadProfileSnapshot(SettingsFile()); }
+
+std::string ReadSetting(const ProfileSnapshot& settings, const Setting& row, std::string_view open_part) {
+  const KeyName name = NameOf(row, open_part);
+  const auto value = settings.Value(name.section, name.key, kProfileValueBytes);
   return value ? *value : ShapeProfileDefault(DefaultOf(row));
 }
 

@@ -20,11 +20,15 @@ namespace kestrun {
 // line breaks, and the caller's own string has blanks in their place afterwards.
 void SetIniValue(const std::string& File, const std::string& Section, const std::string& Key, std::string& Value);
 
-// Numbered keys of one section, and any values of one file, at once: results and bytes are those of the two calls above
-// made for one key after the other, but the file is read and written once. False when the values could not be stored.
-[[nodiscard]] std::vector<std::string> GetNumberedIniValues(const std::string& File, const std::string& Section,
-                                                            const NumberedKeys& keys, const std::string& Default);
-bool SetIniValues(const std::string& File, const std::vector<ProfileValue>& values);
+// The same from a snapshot of the file, for what reads many values at once.
+[[nodiscard]] std::string GetIniValue(const ProfileSnapshot& file, const std::string& Section, const std::string& Key,
+                                      const std::string& Default);
+[[nodiscard]] std::vector<std::string_view> GetNumberedIniValues(ProfileSnapshot& file, const std::string& Section,
+                                                                 const NumberedKeys& keys, const std::string& Default);
+
+// Numbered rows and then any values of one file at once: the bytes are those of the calls made for one after the other,
+// but the file is written once. False when they could not be stored.
+bool SetIniValues(const std::string& File, const ProfileRows& rows, const std::vector<ProfileValue>& values);
 
 // The program's folder + "\" + Name.
 [[nodiscard]] std::string AppFile(const std::string& Name);
@@ -35,6 +39,11 @@ bool SetIniValues(const std::string& File, const std::vector<ProfileValue>& valu
 [[nodiscard]] std::string ReadSetting(const Setting& row, std::string_view open_part = {});
 void WriteSetting(const Setting& row, std::string value);
 void WriteNumberedSetting(const Setting& row, std::string_view open_part, std::string value);
+
+// Settings from a snapshot of packit.ini, for what reads many at once.
+[[nodiscard]] ProfileSnapshot ReadSettingsSnapshot();
+[[nodiscard]] std::string ReadSetting(const ProfileSnapshot& settings, const Setting& row,
+                                      std::string_view open_part = {});
 
 // The text that stands for the setting while its key is missing.
 [[nodiscard]] std::string DefaultOf(const Setting& row);

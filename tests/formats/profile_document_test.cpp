@@ -6,6 +6,7 @@
 #include <array>
 
 #include "base/code_page.h"
+#include "formats/profile/profile_snapshot.h"
 #include "formats/profile/profile_text.h"
 #include "formats/seeded_draw.h"
 
@@ -107,7 +108,35 @@ TEST(ProfileDocumentTest, GeneratedFilesGetTheBytesOfOneWriteAfterTheOther) {
   EXPECT_GT(turned, 1000);
 }
 
-TEST(NumberedProfileValuesTest, GeneratedFilesReadAsOneKeyAfterTheOther) {
+TEST(ProfileDocumentTest, RowsOfGeneratedFilesAreSetAsOneKeyAfterTheOther) {
+  SeededDraw draw(20261122);
+  int turned = 0;
+  for (int file = 0; file < 20000; ++file) {
+    std::string text = draw.Below(4) == 0 ? "" : "[List]\r\n";
+    for (uint32_t left = draw.Below(8); left > 0; --left) {
+      const std::string number = std::to_string(draw.Below(6));
+      const std::array<std::string, 4> names{"map" + number, "MAP" + number, "MAP0" + number, "MAP" + number + "x"};
+      text += names[draw.Below(4)] + (draw.Below(8) != 0 ? "=" : "") + draw.One(kFileBytes) + draw.One(kLineEnds);
+      if (draw.Below(10) == 0) text += "[other]\r\n";
+    }
+    const Bytes content = Content(text);
+    std::vector<std::string> values(draw.Below(6));
+    std::vector<Change> changes;
+    for (size_t row = 0; row < values.size(); ++row) {
+      values[row] = draw.One(kValues);
+      changes.push_back({"LIST", "MAP" + std::to_string(row), values[row]});
+    }
+    const Bytes expected = OneByOne(content, changes);
+    ProfileDocument document(content);
+    document.SetRows({"LIST", "MAP", values});
+    const Bytes set = document.has_changed() ? document.ToBytes() : content;
+    ASSERT_EQ(AsChars(set), AsChars(expected)) << "file " << file << "\n" << text;
+    if (DetectProfileEncoding(content) != DetectProfileEncoding(expected)) ++turned;
+  }
+  EXPECT_GT(turned, 1000);
+}
+
+TEST(ProfileSnapshotTest, GeneratedFilesReadAsOneKeyAfterTheOther) {
   SeededDraw draw(20261121);
   int found = 0;
   for (int file = 0; file < 20000; ++file) {
@@ -121,11 +150,15 @@ TEST(NumberedProfileValuesTest, GeneratedFilesReadAsOneKeyAfterTheOther) {
     }
     const Bytes content = Content(text);
     const NumberedKeys keys{"MAP", draw.Below(3), draw.Below(6)};
-    const auto values = FindNumberedProfileValues(content, "list", keys, kNoLimit);
+    ProfileSnapshot snapshot(content);
+    const auto values = snapshot.NumberedValues("list", keys, kNoLimit, "missing");
     ASSERT_EQ(values.size(), keys.count);
     for (size_t at = 0; at < keys.count; ++at) {
-      const auto expected = FindProfileValue(content, "list", "MAP" + std::to_string(keys.first + at), kNoLimit);
-      ASSERT_EQ(values[at], expected) << "file " << file << ", number " << keys.first + at << "\n" << text;
+      const std::string key = "MAP" + std::to_string(keys.first + at);
+      const auto expected = FindProfileValue(content, "list", key, kNoLimit);
+      ASSERT_EQ(snapshot.Value("LIST", key, kNoLimit), expected) << "file " << file << ", " << key << "\n" << text;
+      ASSERT_EQ(values[at], expected.value_or("missing")) << "file " << file << ", number " << keys.first + at << "\n"
+                                                          << text;
       if (expected) ++found;
     }
   }

@@ -72,13 +72,15 @@ Bytes Joined(std::string_view mark, std::string_view text) {
   return bytes;
 }
 
-std::string_view WithoutQuotes(std::string_view value) {
-  const bool quoted =
-      value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
-  return quoted ? value.substr(1, value.size() - 2) : value;
+// Without an early way out, so that the compiler can look at many characters at once.
+bool IsPlain(std::string_view text) {
+  unsigned char all = 0;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    all = static_cast<unsigned char>(all | byte | static_cast<unsigned char>(byte - 1));
+  }
+  return all < 0x80;
 }
-
-bool HasLineBreak(std::string_view text) { return text.find_first_of("\r\n") != std::string_view::npos; }
 
 }  // namespace
 
@@ -100,7 +102,9 @@ bool IsValidUtf8(std::string_view text) {
 
 bool HoldsUtf8(std::string_view text) { return !IsAscii(text) && IsValidUtf8(text); }
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
+bool HasLineBreak(std::string_view text) {
+  return text.find('\n') != std::string_view::npos || text.find('\r') != std::string_view::npos;
+}
 
 ProfileEncoding DetectProfileEncoding(ByteView content) {
   const std::string_view chars = AsChars(content);
@@ -129,7 +133,9 @@ std::string ProfileValueOf(ProfileEncoding encoding, std::string_view value, siz
 
 std::string_view CutAtNul(std::string_view text) { return text.substr(0, text.find('\0')); }
 
-ProfileContent::ProfileContent(ByteView content) : encoding_(DetectProfileEncoding(content)) {
+ProfileContent::ProfileContent(ByteView content)
+    : is_plain_(IsPlain(AsChars(content))),
+      encoding_(is_plain_ ? ProfileEncoding::kCodePage : DetectProfileEncoding(content)) {
   switch (encoding_) {
     case ProfileEncoding::kCodePage:
     case ProfileEncoding::kUnmarkedUtf8: text_ = AsChars(content); return;

@@ -15,7 +15,8 @@ namespace kestrun {
 // Whether all bytes form UTF-8; true of a text without any above 127.
 [[nodiscard]] bool IsValidUtf8(std::string_view text);
 
-[[nodiscard]] char LowerAscii(char c);
+[[nodiscard]] constexpr char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
+[[nodiscard]] bool HasLineBreak(std::string_view text);
 
 // A piece of a content's text, to UTF-8 and back.
 [[nodiscard]] std::string DecodeProfilePiece(ProfileEncoding encoding, std::string_view piece);
@@ -23,6 +24,12 @@ namespace kestrun {
 
 // What a read gives for the text behind a "=": without blanks and quotes, at most `limit` code page bytes, as UTF-8.
 [[nodiscard]] std::string ProfileValueOf(ProfileEncoding encoding, std::string_view value, size_t limit);
+// Without the quotes around it, if it has any.
+[[nodiscard]] constexpr std::string_view WithoutQuotes(std::string_view value) {
+  const bool quoted =
+      value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+  return quoted ? value.substr(1, value.size() - 2) : value;
+}
 // What a write puts behind it.
 [[nodiscard]] std::string_view CutAtNul(std::string_view text);
 
@@ -36,8 +43,11 @@ class ProfileContent {
 
   [[nodiscard]] ProfileEncoding encoding() const { return encoding_; }
   [[nodiscard]] std::string_view text() const { return text_; }
+  // ASCII without a zero: the text of a line is what its bytes say.
+  [[nodiscard]] bool is_plain() const { return is_plain_; }
 
  private:
+  bool is_plain_;
   ProfileEncoding encoding_;
   std::string decoded_;
   std::string_view text_;
@@ -53,7 +63,8 @@ class WantedProfileName {
 
   // In the encoding of the content.
   [[nodiscard]] const std::string& text() const { return encoded_; }
-  [[nodiscard]] bool is_ascii() const { return is_ascii_; }
+  // ASCII without a zero: the text of a line is what its bytes say.
+  [[nodiscard]] bool is_plain() const { return is_ascii_; }
   [[nodiscard]] bool Matches(std::string_view name) const;
   // False for a line that begins neither with this name nor with a blank: it cannot be the key's. The last letter tells
   // numbered keys apart at once.

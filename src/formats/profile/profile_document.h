@@ -2,15 +2,23 @@
 #pragma once
 
 #include <deque>
+#include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "base/bytes.h"
 #include "formats/profile/profile_content.h"
 
 namespace kestrun {
+
+// Numbered keys of one section, from 0: MAP0, MAP1 and so on. The prefix is ASCII and begins with a letter.
+struct ProfileRows {
+  std::string_view section;
+  std::string_view prefix;
+  std::span<const std::string> values;
+};
 
 // Gives the bytes that WithProfileValue, called for one value after the other, would give.
 class ProfileDocument {
@@ -19,6 +27,9 @@ class ProfileDocument {
 
   // A text that the code page cannot hold turns the content into UTF-8 with its mark, before the value is set.
   void Set(std::string_view section, std::string_view key, std::string_view value);
+
+  // Sets them one after the other, in time linear in lines and rows.
+  void SetRows(const ProfileRows& rows);
 
   [[nodiscard]] bool has_changed() const { return has_changed_; }
   [[nodiscard]] Bytes ToBytes() const;
@@ -32,8 +43,6 @@ class ProfileDocument {
     std::string_view name;
     std::vector<Line> lines;  // its own line first, unless it is what stands before the first section
     size_t filled = 0;        // the place behind the last line that is not blank
-    // The first line of each key, by its name in small letters.
-    std::unordered_map<std::string, size_t> keys;
   };
 
   void TakeApart(ByteView content);
@@ -44,18 +53,26 @@ class ProfileDocument {
 
   [[nodiscard]] Section* FindSection(const WantedProfileName& wanted);
   [[nodiscard]] static Line* FindKey(Section& section, const WantedProfileName& wanted);
-  [[nodiscard]] std::string_view Keep(std::string text);
+  // Sets rows up to one that makes the document take its lines apart again, and gives the number of the next.
+  size_t SetRowsFrom(const ProfileRows& rows, size_t row);
+  // For each row one more than the place of its key's first line; 0 for a row without one.
+  [[nodiscard]] static std::vector<size_t> NumberedLines(const Section& section, const ProfileRows& rows);
+  [[nodiscard]] bool HoldsText(std::string_view utf8) const;
+  // Makes the line of the key, which may be there already, say the value; both in the encoding of the content.
+  void Store(Section& section, Line* line, std::string_view key, std::string_view value);
+  [[nodiscard]] std::string_view Keep(std::initializer_list<std::string_view> parts);
   void EndLastLine();
   void Insert(Section& section, std::string_view text);
   void FollowEncoding(std::string_view set_line, bool has_line_break);
 
   ProfileEncoding encoding_ = ProfileEncoding::kCodePage;
   std::string_view line_end_;
-  std::deque<std::string> texts_;  // what the lines' texts are pieces of
+  std::deque<std::string> texts_;  // blocks that the lines' texts are pieces of
   std::deque<Section> sections_;
   int wide_lines_ = 0;     // bytes above 127 that form UTF-8
   int invalid_lines_ = 0;  // bytes above 127 that do not
   bool has_changed_ = false;
+  int times_taken_apart_ = 0;
 };
 
 }  // namespace kestrun

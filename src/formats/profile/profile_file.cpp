@@ -3,7 +3,6 @@
 #include "base/code_page.h"
 #include "base/runtime_error.h"
 #include "base/to_size.h"
-#include "formats/profile/profile_document.h"
 #include "formats/profile/profile_text.h"
 #include "platform/platform.h"
 
@@ -64,17 +63,16 @@ bool WriteProfileValue(std::string_view path, std::string_view section, std::str
   });
 }
 
-std::vector<std::optional<std::string>> ReadNumberedProfileValues(std::string_view path, std::string_view section,
-                                                                  const NumberedKeys& keys) {
-  std::vector<std::optional<std::string>> values(keys.count);
-  Attempt(
-      [&] { values = FindNumberedProfileValues(platform().files().ReadAll(path), section, keys, kProfileValueBytes); });
-  return values;
+ProfileSnapshot ReadProfileSnapshot(std::string_view path) {
+  Bytes content;
+  Attempt([&] { content = platform().files().ReadAll(path); });
+  return ProfileSnapshot(std::move(content));
 }
 
-bool WriteProfileValues(std::string_view path, const std::vector<ProfileValue>& values) {
+bool WriteProfileValues(std::string_view path, const ProfileRows& rows, const std::vector<ProfileValue>& values) {
   return Attempt([&] {
     ProfileDocument document(ReadForChange(path));
+    document.SetRows(rows);
     for (const ProfileValue& one : values) document.Set(one.section, one.key, one.value);
     if (document.has_changed()) ReplaceContent(path, document.ToBytes());
   });

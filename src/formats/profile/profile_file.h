@@ -7,7 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "formats/profile/profile_text.h"
+#include "formats/profile/profile_document.h"
+#include "formats/profile/profile_snapshot.h"
 
 namespace kestrun {
 
@@ -25,15 +26,16 @@ inline constexpr size_t kProfileValueBytes = 254;
 // and takes its place in one step. False when the value could not be stored.
 bool WriteProfileValue(std::string_view path, std::string_view section, std::string_view key, std::string_view value);
 
-// Many values with one read or one write of the file: what came of the calls above, made for one key after the other.
-[[nodiscard]] std::vector<std::optional<std::string>> ReadNumberedProfileValues(std::string_view path,
-                                                                                std::string_view section,
-                                                                                const NumberedKeys& keys);
+// Many values with one read of the file. It holds none when the file cannot be read.
+[[nodiscard]] ProfileSnapshot ReadProfileSnapshot(std::string_view path);
+
+// Numbered rows and then other values with one write of the file: what came of WriteProfileValue, called for one after
+// the other.
 struct ProfileValue {
   std::string section;
   std::string key;
   std::string value;
 };
-bool WriteProfileValues(std::string_view path, const std::vector<ProfileValue>& values);
+bool WriteProfileValues(std::string_view path, const ProfileRows& rows, const std::vector<ProfileValue>& values);
 
 }  // namespace kestrun

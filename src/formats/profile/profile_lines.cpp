@@ -26,12 +26,6 @@ ProfileLine ParseKeyLine(std::string_view line) {
 
 }  // namespace
 
-std::string_view TrimProfileBlanks(std::string_view text) {
-  while (!text.empty() && IsProfileBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && IsProfileBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
-
 ProfileLine ParseProfileLine(std::string_view line) {
   const std::string_view text = TrimProfileBlanks(line);
   if (text.empty()) return {};

@@ -9,11 +9,16 @@ namespace kestrun {
 
 // Blank, tab, vertical tab, form feed and the end-of-file mark.
 [[nodiscard]] inline bool IsProfileBlank(char c) {
-  return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\x1A';
+  // One comparison tells most characters.
+  return static_cast<unsigned char>(c) <= ' ' && (c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\x1A');
 }
 
 // Without the blanks of profile text at both ends.
-[[nodiscard]] std::string_view TrimProfileBlanks(std::string_view text);
+[[nodiscard]] inline std::string_view TrimProfileBlanks(std::string_view text) {
+  while (!text.empty() && IsProfileBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsProfileBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
 
 enum class ProfileLineKind { kBlank, kComment, kSection, kKey };
 
@@ -26,6 +31,11 @@ struct ProfileLine {
 
 // A text without line ends. A section line ends at its last "]"; one without is a key line.
 [[nodiscard]] ProfileLine ParseProfileLine(std::string_view line);
+
+// False for a line that is surely none.
+[[nodiscard]] inline bool MayBeSectionLine(std::string_view line) {
+  return !line.empty() && (line.front() == '[' || IsProfileBlank(line.front()));
+}
 
 // Walks the lines. A line ends at CR LF, LF or CR.
 class ProfileLineCursor {

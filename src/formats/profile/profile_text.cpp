@@ -1,7 +1,5 @@
 #include "formats/profile/profile_text.h"
 
-#include <charconv>
-
 #include "base/text.h"
 #include "formats/profile/profile_content.h"
 #include "formats/profile/profile_lines.h"
@@ -27,7 +25,7 @@ KeyPlace FindKey(std::string_view text, const WantedProfileName& section, const 
     const std::string_view raw = cursor.line();
     if (raw.empty()) continue;
     // Most lines need no closer look: outside the section only section lines count, inside it section and key lines.
-    const bool may_be_section = raw.front() == '[' || IsProfileBlank(raw.front());
+    const bool may_be_section = MayBeSectionLine(raw);
     if (!may_be_section && !place.has_section) continue;
     if (!may_be_section && !key.MayBegin(raw)) {
       place.section_end = cursor.next();
@@ -60,20 +58,6 @@ std::string WithLinesAt(std::string_view text, size_t at, const std::string& sec
   return result.append(text.substr(at));
 }
 
-// The number that stands behind the prefix, written as std::to_string writes it; nothing for any other name.
-std::optional<uint64_t> NumberBehind(std::string_view name, std::string_view prefix) {
-  if (name.size() <= prefix.size()) return std::nullopt;
-  for (size_t at = 0; at < prefix.size(); ++at) {
-    if (LowerAscii(name[at]) != LowerAscii(prefix[at])) return std::nullopt;
-  }
-  const std::string_view digits = name.substr(prefix.size());
-  uint64_t number = 0;
-  const auto [end, failure] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  const bool is_whole = failure == std::errc() && end == digits.data() + digits.size();
-  if (!is_whole || (digits.size() > 1 && digits.front() == '0')) return std::nullopt;
-  return number;
-}
-
 }  // namespace
 
 std::optional<std::string> FindProfileValue(ByteView content, std::string_view section, std::string_view key,
@@ -84,30 +68,6 @@ std::optional<std::string> FindProfileValue(ByteView content, std::string_view s
       FindKey(profile.text(), WantedProfileName(encoding, section), WantedProfileName(encoding, key));
   if (!place.has_key || !place.line.has_value) return std::nullopt;
   return ProfileValueOf(encoding, place.line.value, limit);
-}
-
-std::vector<std::optional<std::string>> FindNumberedProfileValues(ByteView content, std::string_view section,
-                                                                  const NumberedKeys& keys, size_t limit) {
-  const ProfileContent profile(content);
-  const WantedProfileName wanted(profile.encoding(), section);
-  std::vector<std::optional<std::string>> values(keys.count);
-  std::vector<bool> is_known(keys.count);
-  bool has_section = wanted.text().empty();
-  for (ProfileLineCursor cursor(profile.text()); cursor.Next();) {
-    const ProfileLine line = ParseProfileLine(cursor.line());
-    if (line.kind == ProfileLineKind::kSection) {
-      if (has_section) break;
-      has_section = wanted.Matches(line.name);
-    }
-    if (!has_section || line.kind != ProfileLineKind::kKey) continue;
-    const std::optional<uint64_t> number = NumberBehind(line.name, keys.prefix);
-    if (!number || *number < keys.first || *number - keys.first >= keys.count) continue;
-    const auto at = static_cast<size_t>(*number - keys.first);
-    if (is_known[at]) continue;
-    is_known[at] = true;
-    if (line.has_value) values[at] = ProfileValueOf(profile.encoding(), line.value, limit);
-  }
-  return values;
 }
 
 std::optional<Bytes> WithProfileValue(ByteView content, std::string_view section, std::string_view key,

@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "base/bytes.h"
 
@@ -21,17 +20,6 @@ enum class ProfileEncoding { kCodePage, kUtf8, kUnmarkedUtf8, kUtf16LittleEndian
 // `limit` code page bytes. Nothing when there is no such line, or the line has no "=".
 [[nodiscard]] std::optional<std::string> FindProfileValue(ByteView content, std::string_view section,
                                                           std::string_view key, size_t limit);
-
-// Keys that end in a number: MAP0, MAP1 and so on, `count` of them from the number `first`. The prefix is ASCII.
-struct NumberedKeys {
-  std::string_view prefix;
-  size_t first = 0;
-  size_t count = 0;
-};
-// Their values, in one walk through the content: each as FindProfileValue gives it.
-[[nodiscard]] std::vector<std::optional<std::string>> FindNumberedProfileValues(ByteView content,
-                                                                                std::string_view section,
-                                                                                const NumberedKeys& keys, size_t limit);
 
 // The content with this value in the place of the present one; all other lines keep their bytes. A code page content
 // that would pass for UTF-8 from then on gets the mark of UTF-8 and is turned into it. Nothing when nothing has to

@@ -21,17 +21,17 @@ AddInServices& services() {
 }  // namespace
 
 std::vector<AddIn> ReadAddIns(const std::string& missing_id) {
-  const int count = std::clamp(ToLong(ReadSetting(setting::kAddInCount)), 0, kMostAddIns);
+  ProfileSnapshot settings = ReadSettingsSnapshot();
+  const int count = std::clamp(ToLong(ReadSetting(settings, setting::kAddInCount)), 0, kMostAddIns);
   const NumberedKeys names{setting::kAddInName.key, 1, static_cast<size_t>(count)};
   const NumberedKeys ids{setting::kAddInClassId.key, 1, static_cast<size_t>(count)};
-  const std::string file = AppFile("packit.ini");
   const std::string section(setting::kAddInName.section);
-  std::vector<std::string> read_names =
-      GetNumberedIniValues(file, section, names, std::string(setting::kAddInName.text));
-  std::vector<std::string> read_ids = GetNumberedIniValues(file, section, ids, missing_id);
+  const std::vector<std::string_view> read_names =
+      GetNumberedIniValues(settings, section, names, std::string(setting::kAddInName.text));
+  const std::vector<std::string_view> read_ids = GetNumberedIniValues(settings, section, ids, missing_id);
   std::vector<AddIn> add_ins;
   for (size_t at = 0; at < read_names.size(); ++at) {
-    add_ins.push_back({std::move(read_names[at]), std::move(read_ids[at])});
+    add_ins.push_back({std::string(read_names[at]), std::string(read_ids[at])});
   }
   return add_ins;
 }
@@ -45,7 +45,7 @@ void WriteAddIns(const std::vector<AddIn>& add_ins) {
     values.push_back({section, std::string(setting::kAddInClassId.key) + number, add_ins[at].id});
   }
   values.push_back({section, std::string(setting::kAddInCount.key), std::to_string(add_ins.size())});
-  SetIniValues(AppFile("packit.ini"), values);
+  SetIniValues(AppFile("packit.ini"), {}, values);
 }
 
 void InstallAddInServices(AddInServices new_services) { services() = std::move(new_services); }

@@ -17,24 +17,20 @@ constexpr const char* kVersionNumber = "128";
 
 }  // namespace
 
-std::vector<std::string> ReadMapList(const std::string& file) {
-  const std::string total = GetIniValue(file, kList, kTotal, "0");
+MapList::MapList(const std::string& file) : file_(ReadProfileSnapshot(file)) {
+  const std::string total = GetIniValue(file_, kList, kTotal, "0");
   const double last = RoundToEven(TextToDouble(total) - 1);
-  if (last < 0) return {};
+  if (last < 0) return;
   if (last >= kMostListRows) {
     Raise(error::kOverflow, "This list says that it holds " + total + " maps. Kestrun loads lists of at most " +
                                 std::to_string(kMostListRows) + ".");
   }
-  return GetNumberedIniValues(file, kList, {kMap, 0, static_cast<size_t>(last) + 1}, "ERROR!");
+  rows_ = GetNumberedIniValues(file_, kList, {kMap, 0, static_cast<size_t>(last) + 1}, "ERROR!");
 }
 
 bool WriteMapList(const std::string& file, const std::vector<std::string>& rows) {
-  std::vector<ProfileValue> values;
-  values.reserve(rows.size() + 2);
-  for (size_t row = 0; row < rows.size(); ++row) values.push_back({kList, kMap + std::to_string(row), rows[row]});
-  values.push_back({kList, kTotal, std::to_string(rows.size())});
-  values.push_back({kInfo, kVersion, kVersionNumber});
-  return SetIniValues(file, values);
+  return SetIniValues(file, {kList, kMap, rows},
+                      {{kList, kTotal, std::to_string(rows.size())}, {kInfo, kVersion, kVersionNumber}});
 }
 
 }  // namespace kestrun

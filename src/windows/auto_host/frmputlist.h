@@ -270,6 +270,8 @@ class frmputlist final : public Form, private RunWindow {
   std::string ShownTime(TimeField field) override;
   void ShowTime(TimeField field, const std::string& text) override;
   void Follow(RunStep step) override;
+  // Enables the one of two buttons and disables the other, which the keyboard leaves for it.
+  void SwitchButtons(CommandButton& from, CommandButton& to);
   void ShowPut(int row) override;
   void ShowFailure(const std::string& text) override;
   void HideFailure() override;

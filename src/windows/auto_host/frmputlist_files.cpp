@@ -18,10 +18,6 @@ namespace {
 
 constexpr const char* kListFilter = "List files (*.lst)|*.lst|All files (*.*)|*.*|";
 
-bool HasExtension(const std::string& path, std::string_view extension) {
-  return EqualsNoCase(GetExtension(path), extension);
-}
-
 // One dialogue serves several commands: nothing of the last one stays in it.
 void SetUp(CommonDialog& dialog, const char* title, const char* filter, const char* default_extension = "") {
   dialog.DialogTitle = title;
@@ -91,7 +87,7 @@ void frmputlist::AskAndLoadList() {
 void frmputlist::LoadList(const std::string& File) {
   RunCommand([this, &File] {
     if (lstmaps.ListCount() > 0 && AskYesNo("Do you want to clear the current map list?")) lstmaps.Clear();
-    for (const std::string& row : ReadMapList(File)) lstmaps.AddItem(row);
+    lstmaps.AddItems(MapList(File).rows());
     ShowListCount();
     list_file_ = File;
     FitPlayList();

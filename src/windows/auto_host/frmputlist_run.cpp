@@ -138,13 +138,21 @@ void frmputlist::Writemessage(const std::string& Message, int32_t KeyAscii, int3
   run.WriteMessage(Message, KeyAscii, MemoryAdress);
 }
 
+void frmputlist::SwitchButtons(CommandButton& from, CommandButton& to) {
+  to.Enabled = true;
+  if (ActiveControl() == &from) to.SetFocus();
+  from.Enabled = false;
+}
+
 void frmputlist::Follow(RunStep step) {
   const bool runs_on = step == RunStep::kStart || step == RunStep::kContinue;
   TmrInsert.Enabled = runs_on;
-  Command4.Enabled = runs_on;
-  if (step == RunStep::kPause || step == RunStep::kContinue) {
-    Command5.Enabled = step == RunStep::kPause;
+  if (step == RunStep::kPause) {
+    SwitchButtons(Command4, Command5);
+  } else if (step == RunStep::kContinue) {
+    SwitchButtons(Command5, Command4);
   } else {
+    Command4.Enabled = runs_on;
     const bool starts = step == RunStep::kStart;
     for (Control* fixed_in_a_run : {static_cast<Control*>(&Check1), static_cast<Control*>(&ChGameTimer),
                                     static_cast<Control*>(&mnu_changeDFversion)}) {

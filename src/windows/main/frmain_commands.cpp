@@ -117,11 +117,12 @@ void frmain::HandMapToPreviewManager(PreviewTask task) {
 
 void frmain::Load_Programs() {
   const auto load = [this] {
-    const int highest = std::min(ToLong(ReadSetting(setting::kProgramCount)), kMostPrograms);
+    const ProfileSnapshot settings = ReadSettingsSnapshot();
+    const int highest = std::min(ToLong(ReadSetting(settings, setting::kProgramCount)), kMostPrograms);
     for (int number = 0; number <= highest; ++number) {
       const std::string open_part = std::to_string(number);
-      const std::string name = ReadSetting(setting::kProgramName, open_part);
-      if (name != "ERROR") AddProgram(number, name, ReadSetting(setting::kProgramPath, open_part));
+      const std::string name = ReadSetting(settings, setting::kProgramName, open_part);
+      if (name != "ERROR") AddProgram(number, name, ReadSetting(settings, setting::kProgramPath, open_part));
     }
   };
   RunCommand(load, "Load_Programs()");

@@ -4,6 +4,7 @@
 #include "program/settings.h"
 #include "support/error_number.h"
 #include "support/headless_fixture.h"
+#include "support/map_rows.h"
 
 namespace kestrun {
 namespace {

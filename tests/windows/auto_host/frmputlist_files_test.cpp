@@ -1,7 +1,7 @@
 // List files, maps from elsewhere, and the window's settings.
 #include "base/convert.h"
-#include "game/lists/map_list_file.h"
 #include "support/forwarding_files.h"
+#include "support/map_rows.h"
 #include "support/zip_builder.h"
 #include "windows/auto_host/auto_host_fixture.h"
 

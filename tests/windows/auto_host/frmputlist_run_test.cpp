@@ -97,6 +97,18 @@ TEST_F(AutoHostRunTest, WhatPlaysWhatComesNextAndWhenIsShown) {
   EXPECT_EQ(Host().lblchangeswhen.Caption.get(), "Paused: when you press continue, or Insert now");
 }
 
+TEST_F(AutoHostRunTest, TheKeyboardGoesFromPauseToContinueAndBack) {
+  Host().Command2.Press();
+  Host().Command4.SetFocus();
+  Host().Command4.Press();
+  EXPECT_EQ(Host().ActiveControl(), &Host().Command5);
+  Host().Command5.Press();
+  EXPECT_EQ(Host().ActiveControl(), &Host().Command4);
+  Host().lstmaps.SetFocus();
+  Host().Command4.Press();
+  EXPECT_EQ(Host().ActiveControl(), &Host().lstmaps);
+}
+
 TEST_F(AutoHostRunTest, TheRunningClockKeepsItsLimitsWhateverChangesIt) {
   Host().txtsec.Text = "60";
   EXPECT_EQ(Host().txtsec.Text.get(), "59");
