@@ -11,7 +11,7 @@ Const Warning = &H0A128C&
 Const Chosen = &H1F5680&
 Const ChosenInk = &HEAF8FF&
 Const Rule = &H5F8CA8&
-Const Hole = &HFF00FF&
+Const Hole = &H78B0C4&
 'of a button's corners, in twips
 Const Radius = 75
 
