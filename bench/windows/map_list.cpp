@@ -4,15 +4,13 @@
 //   kestrun_map_list FOLDER EMPTY_FOLDER
 #include <windows.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "desktop/win32/win32_platform.h"
 #include "owner_drawn_list.h"
+#include "timing.h"
 #include "windows/main/frmain.h"
 
 namespace kestrun {
@@ -22,17 +20,6 @@ constexpr int kRounds = 15;
 constexpr double kMostTimes = 1.5;
 // Faster than keys follow each other when a key is held down.
 constexpr double kMostKeystrokeMs = 30;
-
-double Milliseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> times) {
-  std::nth_element(times.begin(), times.begin() + kRounds / 2, times.end());
-  return times[kRounds / 2];
-}
 
 void ListAndFill(HWND list, const std::wstring& folder) {
   std::vector<std::wstring> names;

@@ -3,10 +3,7 @@
 //   kestrun_styles STYLE_FILE
 #include <windows.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,6 +14,7 @@
 #include "styles/mod_style.h"
 #include "styles/mod_trans_control.h"
 #include "styles/style_active.h"
+#include "timing.h"
 
 namespace kestrun {
 namespace {
@@ -26,17 +24,6 @@ constexpr int kWidth = 800;
 constexpr int kHeight = 600;
 constexpr int kRunsPerRow = 5;
 constexpr uint32_t kInk = 0x4080C0;
-
-double Milliseconds(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> times) {
-  std::nth_element(times.begin(), times.begin() + kRounds / 2, times.end());
-  return times[kRounds / 2];
-}
 
 bool Tell(const char* what, double ours, double theirs, double most) {
   const bool is_fast = ours <= most * theirs;

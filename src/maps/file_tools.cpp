@@ -9,6 +9,7 @@
 #include "formats/zip/cls_crc32.h"
 #include "platform/platform.h"
 #include "program/folders.h"
+#include "program/path_text.h"
 #include "program/program_pictures.h"
 #include "program/window_kit/run_command.h"
 
@@ -42,11 +43,6 @@ class ScratchFile {
 
   std::string path_;
 };
-
-std::string WithoutLastBackslash(std::string path) {
-  if (path.ends_with('\\')) path.pop_back();
-  return path;
-}
 
 void DeleteForced(const std::string& path) {
   FileSystem& files = platform().files();

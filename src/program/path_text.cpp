@@ -42,6 +42,11 @@ std::string ParentFolder(const std::string& Path) {
   return Path.substr(0, backslash);
 }
 
+std::string WithoutLastBackslash(std::string folder) {
+  if (folder.ends_with('\\')) folder.pop_back();
+  return folder;
+}
+
 std::string GetFileName(const std::string& Path, bool NoServer) {
   if (!IsUrl(Path)) return Path.substr(Path.find_last_of("\\/") + 1);
   const std::string name = NoServer ? std::string() : NameFromServer(Path);
@@ -51,6 +56,10 @@ std::string GetFileName(const std::string& Path, bool NoServer) {
 std::string GetExtension(const std::string& Path) {
   const size_t dot = Path.rfind('.');
   return dot == std::string::npos ? std::string() : Path.substr(dot + 1);
+}
+
+bool HasExtension(const std::string& path, std::string_view extension) {
+  return EqualsNoCase(GetExtension(path), extension);
 }
 
 std::string MidRange(const std::string& Text, int32_t First, int32_t Last) {

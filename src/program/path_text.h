@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/variant.h"
@@ -20,8 +21,13 @@ namespace kestrun {
 // else what stands between the last "/" and the "?" behind it.
 [[nodiscard]] std::string GetFileName(const std::string& Path, bool NoServer = false);
 
+// A folder's path without the backslash at its end, if it has one there.
+[[nodiscard]] std::string WithoutLastBackslash(std::string folder);
+
 // Behind the last "." of the whole text, wherever that stands; empty when there is none.
 [[nodiscard]] std::string GetExtension(const std::string& Path);
+// In any case of letters; the extension is given without its ".".
+[[nodiscard]] bool HasExtension(const std::string& path, std::string_view extension);
 
 // The characters from First to Last, both included, counted from 1. Error 5 when First is less than 1, or Last lies
 // more than one before First.

@@ -11,6 +11,7 @@
 #include "forms/window_registry.h"
 #include "platform/platform.h"
 #include "program/commands.h"
+#include "program/default_copy.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
 #include "program/path_text.h"
@@ -88,14 +89,6 @@ void RepairAppPath() {
   std::string current;
   if (shell.is_app_path_registered(current)) return;
   if (current.empty() || !FileExists(current)) shell.register_app_path();
-}
-
-// The folder goes to an application name of its own; since the test above it never sees that, both values are written
-// at each start until the Options window stores one.
-void NoteDefaultCopy() {
-  if (!GetSetting("Kes_Trun", "DEFAULT", "APP", "").empty()) return;
-  Attempt([] { SaveSetting("Kes_Trn", "DEFAULT", "APP", platform().program().Folder()); });
-  Attempt([] { SaveSetting("Kes_Trun", "DEFAULT", "EXE", platform().program().ExeName() + ".exe"); });
 }
 
 void AskFirstRun() {

@@ -80,19 +80,25 @@ void ClsSystem::DrawGradientBackground(int32_t context, int32_t right, int32_t b
   window_effects().FillGradient(context, {VertexOf(0, 0, first), VertexOf(right, bottom, second)});
 }
 
-Ref<Picture> ClsSystem::LoadPFFPicture(const std::string& name) {
-  const std::string context = "Load picture " + name;
+void ClsSystem::UseEntry(const std::string& name, const std::string& context, const std::string& missing,
+                         const std::function<void(ByteView)>& use) {
   try {
     Bytes bytes;
-    if (Extract(name, bytes)) return PictureFromBits(bytes);
-    MsgBox("Style Error: picture '" + name + "' not found in style file.");
+    if (Extract(name, bytes)) return use(bytes);
+    MsgBox(missing);
   } catch (const std::exception&) {
     ShowError(context);
-    return nullptr;
+    return;
   }
-  // A missing picture is told twice: styles' authors know both boxes.
+  // A missing entry is told twice: styles' authors know both boxes.
   ShowError(context);
-  return nullptr;
+}
+
+Ref<Picture> ClsSystem::LoadPFFPicture(const std::string& name) {
+  Ref<Picture> picture;
+  UseEntry(name, "Load picture " + name, "Style Error: picture '" + name + "' not found in style file.",
+           [&](ByteView bytes) { picture = PictureFromBits(bytes); });
+  return picture;
 }
 
 void ClsSystem::TransControl(const Variant& control, int32_t key_color) {
@@ -101,20 +107,10 @@ void ClsSystem::TransControl(const Variant& control, int32_t key_color) {
 }
 
 void ClsSystem::PlaySoundFile(const std::string& name) {
-  const std::string context = "Playing sound file " + name;
-  try {
-    Bytes bytes;
-    if (Extract(name, bytes)) {
-      window_effects().PlaySoundAndWait(PlayableWave(bytes, kScriptTimeoutMs));
-      check_time_();
-      return;
-    }
-    MsgBox("Sound file " + name + " not found!");
-  } catch (const std::exception&) {
-    ShowError(context);
-    return;
-  }
-  ShowError(context);
+  UseEntry(name, "Playing sound file " + name, "Sound file " + name + " not found!", [this](ByteView bytes) {
+    window_effects().PlaySoundAndWait(PlayableWave(bytes, kScriptTimeoutMs));
+    check_time_();
+  });
 }
 
 void ClsSystem::DrawIt() {

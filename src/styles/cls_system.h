@@ -44,6 +44,9 @@ class ClsSystem final : public TableObject {
   [[nodiscard]] StyleArchive& Archive();
   // False when there is no such entry.
   bool Extract(const std::string& name, Bytes& bytes);
+  // Uses an entry's bytes. A failure is told, with what was being done; a missing entry by its own sentence before.
+  void UseEntry(const std::string& name, const std::string& context, const std::string& missing,
+                const std::function<void(ByteView)>& use);
 
   std::function<void()> check_time_;
   Ref<StyleArchive> archive_;

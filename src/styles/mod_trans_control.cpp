@@ -20,19 +20,18 @@ constexpr int32_t kBlockStep = 2000;
 constexpr int32_t kLeastForBlocks = 2001;
 constexpr uint32_t kColorBits = 0xFFFFFF;
 
-// The pixels of one row, compared with the key. The bytes lie blue, green, red; what follows the third is not looked
-// at, but it is there: the buffer is one byte longer than its rows.
+// The bytes of a pixel lie blue, green, red.
+uint32_t PixelAt(const uint8_t* bytes) {
+  return static_cast<uint32_t>(bytes[0]) | static_cast<uint32_t>(bytes[1]) << 8 | static_cast<uint32_t>(bytes[2]) << 16;
+}
+
+// The pixels of one row, compared with the key.
 class RowReader {
  public:
   RowReader(const uint8_t* row, uint32_t key, bool invert) : row_(row), key_(key), invert_(invert) {}
-  [[nodiscard]] bool Belongs(int x) const { return (PixelAt(x) == key_) == invert_; }
+  [[nodiscard]] bool Belongs(int x) const { return (PixelAt(row_ + static_cast<size_t>(x) * 3) == key_) == invert_; }
 
  private:
-  [[nodiscard]] uint32_t PixelAt(int x) const {
-    const uint8_t* at = row_ + static_cast<size_t>(x) * 3;
-    return (static_cast<uint32_t>(at[0]) | static_cast<uint32_t>(at[1]) << 8 | static_cast<uint32_t>(at[2]) << 16);
-  }
-
   const uint8_t* row_;
   uint32_t key_;
   bool invert_;
@@ -40,11 +39,7 @@ class RowReader {
 
 // A colour has red in its low byte, a pixel blue.
 uint32_t KeyPixel(const BitmapPixels& pixels, int32_t key_color) {
-  if (key_color < 0) {
-    const std::vector<uint8_t>& first = pixels.bytes;
-    return static_cast<uint32_t>(first[0]) | static_cast<uint32_t>(first[1]) << 8 |
-           static_cast<uint32_t>(first[2]) << 16;
-  }
+  if (key_color < 0) return PixelAt(pixels.bytes.data());
   const auto color = static_cast<uint32_t>(key_color) & kColorBits;
   return (color & 0xFF) << 16 | (color & 0xFF00) | color >> 16;
 }

@@ -23,6 +23,9 @@ class StyleArchive final : public Object {
   [[nodiscard]] std::string TypeName() const override { return archive_->TypeName(); }
   [[nodiscard]] MemberId FindMember(std::string_view name) const override { return archive_->FindMember(name); }
   [[nodiscard]] std::vector<MemberInfo> ListMembers() const override { return archive_->ListMembers(); }
+  [[nodiscard]] std::string_view ParameterNames(MemberId member) const override {
+    return archive_->ParameterNames(member);
+  }
   Variant Get(MemberId member, Arguments arguments) override;
   void Put(MemberId member, Arguments arguments, const Variant& value) override;
 

@@ -131,5 +131,14 @@ TEST_F(ClosedDoorsTest, TheSystemObjectTakesNoForeignArchive) {
             "13 13 13 0 ");
 }
 
+// Callers that pass arguments by name ask for the names.
+TEST_F(ClosedDoorsTest, TheArchiveBehindTheDoorHasTheNamesOfItsArguments) {
+  const Ref<ClsPFF> archive = MakeRef<ClsPFF>();
+  StyleArchive doors(archive, Path("test.stl"));
+  const MemberId extract = doors.FindMember("ExtractFile");
+  EXPECT_FALSE(doors.ParameterNames(extract).empty());
+  EXPECT_EQ(doors.ParameterNames(extract), archive->ParameterNames(extract));
+}
+
 }  // namespace
 }  // namespace kestrun

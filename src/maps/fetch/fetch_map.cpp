@@ -21,11 +21,7 @@ namespace {
 constexpr const char* kQuestion = "Kestrun detected a zip file. Do you want to load maps that are inside the zip file?";
 
 // Where members of zips go; each replaces the one of its name.
-std::string UnzipFolder() {
-  std::string folder = SpecialFolder(folder::kTemporary);
-  if (folder.ends_with('\\')) folder.pop_back();
-  return folder + "\\tempzip";
-}
+std::string UnzipFolder() { return WithoutLastBackslash(SpecialFolder(folder::kTemporary)) + "\\tempzip"; }
 
 // No server is asked about a member that is called like a web address.
 void ListMaps(const Cls_Zip& zip, frmzip& window) {

@@ -18,10 +18,6 @@ namespace {
 
 constexpr const char* kListFilter = "List files (*.lst)|*.lst|All files (*.*)|*.*|";
 
-bool HasExtension(const std::string& path, std::string_view extension) {
-  return EqualsNoCase(GetExtension(path), extension);
-}
-
 // One dialogue serves several commands: nothing of the last one stays in it.
 void SetUp(CommonDialog& dialog, const char* title, const char* filter, const char* default_extension = "") {
   dialog.DialogTitle = title;

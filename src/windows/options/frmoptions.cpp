@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "forms/drop_target.h"
 #include "platform/platform.h"
+#include "program/default_copy.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
 #include "program/path_text.h"
@@ -16,7 +17,6 @@
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/ask.h"
 #include "program/window_kit/run_command.h"
-#include "windows/options/default_copy.h"
 
 namespace kestrun {
 namespace {
@@ -24,17 +24,11 @@ namespace {
 const WindowRegistration registration(frmoptions::kName, [] { return MakeRef<frmoptions>(); });
 
 constexpr int kStyleTimerMs = 20;
-constexpr const char* kNoStyle = "{none}";
 constexpr const char* kProgramFilter =
     "All supported programs|*.exe;*.bat;*.cmd|Windows Programs (*.exe)|*.exe|MS-DOS batch files "
     "(*.bat;*.cmd)|*.bat;*.cmd|All files (*.*)|*.*|";
 constexpr const char* kStyleFilter = "Style files (*.stl)|*.stl|All files (*.*)|*.*";
-constexpr std::string_view kStyleEnding = ".stl";
-
-std::string WithoutLastBackslash(std::string folder) {
-  if (folder.ends_with('\\')) folder.pop_back();
-  return folder;
-}
+constexpr std::string_view kStyleExtension = "stl";
 
 bool IsFolder(const std::string& path) {
   bool is_folder = false;
@@ -85,7 +79,9 @@ void frmoptions::ConnectButtons() {
 }
 
 void frmoptions::ConnectBoxes() {
-  for (const PathBox& row : path_boxes_) row.box->Change = [this] { MarkMissing(); };
+  // A name without a folder is looked for in the game's, so a change of that one may change all.
+  for (const PathBox& row : path_boxes_) row.box->Change = [this, &row] { Mark(row); };
+  TxtGameFolder.Change = [this] { MarkMissing(); };
   for (CheckBox* box : {&ChPack, &ChPlaying}) box->Click = [this] { MarkMissing(); };
   SetCommand({&chshortcut.Click}, [this] { ChangeShortcut(); });
   CboStyles.Click = [this] {
@@ -150,8 +146,8 @@ void frmoptions::OfferStyles() {
   for (const std::string& folder : {platform().program().Folder(), AppFile("styles")}) {
     if (!IsFolder(folder)) continue;
     for (const FolderEntry& entry : platform().files().List(folder)) {
-      if (entry.is_folder || !ToLower(entry.name).ends_with(kStyleEnding)) continue;
-      CboStyles.AddItem(entry.name.substr(0, entry.name.size() - kStyleEnding.size()));
+      if (entry.is_folder || !HasExtension(entry.name, kStyleExtension)) continue;
+      CboStyles.AddItem(entry.name.substr(0, entry.name.size() - kStyleExtension.size() - 1));
       offered_styles_.push_back(folder + "\\" + entry.name);
     }
   }
@@ -206,7 +202,7 @@ void frmoptions::TakeGame(const std::string& path) {
 void frmoptions::TakeDropped(const std::vector<std::string>& paths) {
   if (paths.empty()) return;
   const std::string& path = paths.front();
-  const bool is_style = ToLower(path).ends_with(kStyleEnding);
+  const bool is_style = HasExtension(path, kStyleExtension);
   Control* target = is_style ? &txtStyleFile : DropTarget();
   const auto row =
       std::find_if(path_boxes_.begin(), path_boxes_.end(), [&](const PathBox& each) { return each.box == target; });
@@ -244,8 +240,11 @@ bool frmoptions::IsMissing(const PathBox& row) {
 }
 
 void frmoptions::MarkMissing() {
-  if (is_filling_) return;
-  for (const PathBox& row : path_boxes_) row.mark->Visible = IsMissing(row);
+  for (const PathBox& row : path_boxes_) Mark(row);
+}
+
+void frmoptions::Mark(const PathBox& row) {
+  if (!is_filling_) row.mark->Visible = IsMissing(row);
 }
 
 // ---- the Send To menu ----------------------------------------------------------------------------------------------

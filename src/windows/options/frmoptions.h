@@ -23,6 +23,8 @@ namespace kestrun {
 class frmoptions final : public Form {
  public:
   static constexpr const char* kName = window_name::kOptions;
+  // What the style's box shows when there is none.
+  static constexpr const char* kNoStyle = "{none}";
   frmoptions();
 
   // ---- controls, in tab order ----
@@ -113,6 +115,7 @@ class frmoptions final : public Form {
   [[nodiscard]] bool IsOutsideGameFolder(const std::string& path);
   void TakeDropped(const std::vector<std::string>& paths);
   void MarkMissing();
+  void Mark(const PathBox& row);
   [[nodiscard]] bool IsMissing(const PathBox& row);
   void ChangeShortcut();
 

@@ -5,13 +5,13 @@
 #include "base/convert.h"
 #include "base/text.h"
 #include "platform/platform.h"
+#include "program/default_copy.h"
 #include "program/originals_hook.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/shell_integration.h"
 #include "program/style_hook.h"
 #include "program/window_kit/ask.h"
-#include "windows/options/default_copy.h"
 #include "windows/options/frmoptions.h"
 
 namespace kestrun {
@@ -19,10 +19,8 @@ namespace kestrun {
 void frmoptions::Save() {
   const std::initializer_list<std::function<void()>> steps{
       [this] {
-        std::string folder = TxtGameFolder.Text;
-        if (!folder.ends_with('\\')) return;
-        folder.pop_back();
-        TxtGameFolder.Text = folder;
+        const std::string folder = TxtGameFolder.Text;
+        if (folder.ends_with('\\')) TxtGameFolder.Text = WithoutLastBackslash(folder);
       },
       [this] { CheckEditor(); },
       [this] { SavePaths(); },
@@ -71,10 +69,10 @@ void frmoptions::SavePaths() {
   }
 }
 
-// "{none}" is no file, so that the next start loads no style.
+// The word for none is no file, so that the next start loads no style.
 void frmoptions::SaveStyle() {
   if (txtStyleFile.Text.get() == ReadSetting(setting::kStyle)) return;
-  if (txtStyleFile.Text.get().empty()) txtStyleFile.Text = "{none}";
+  if (txtStyleFile.Text.get().empty()) txtStyleFile.Text = kNoStyle;
   WriteSetting(setting::kStyle, txtStyleFile.Text);
   if (FileExists(txtStyleFile.Text)) LoadStyleFile(txtStyleFile.Text);
 }

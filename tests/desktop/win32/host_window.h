@@ -73,20 +73,11 @@ class HostWindow {
   [[nodiscard]] static bool HasButton(std::wstring_view caption) { return FindButton(caption) != nullptr; }
   // Presses the button with that caption, once there is one and it is enabled.
   [[nodiscard]] static bool Press(std::wstring_view caption) { return PressIn(&HostWindow::window, caption); }
-  // Chooses an item of a menu by the access keys of both, as the keyboard does, once the window takes input. A window
-  // that waits for another process may swallow the key for the menu, which is then pressed again.
+  // Chooses an item of a menu by the access keys of both, as the keyboard does, once the window takes input.
   [[nodiscard]] static bool Choose(wchar_t menu, wchar_t item) {
     if (!WaitFor([] { return IsWindowEnabled(window()) && !IsMenuOpen(); })) return false;
-    constexpr ULONGLONG kPressAgainMs = 12'000;
-    ULONGLONG pressed = 0;
-    const bool is_open = WaitFor([&] {
-      if (IsMenuOpen()) return true;
-      if (GetTickCount64() - pressed < kPressAgainMs) return false;
-      pressed = GetTickCount64();
-      PostMessageW(window(), WM_SYSCOMMAND, SC_KEYMENU, menu);
-      return false;
-    });
-    if (!is_open) return false;
+    PostMessageW(window(), WM_SYSCOMMAND, SC_KEYMENU, menu);
+    if (!WaitFor(&IsMenuOpen)) return false;
     PostMessageW(window(), WM_CHAR, static_cast<WPARAM>(item), 0);
     return WaitFor([] { return !IsMenuOpen(); });
   }

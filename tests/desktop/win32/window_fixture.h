@@ -18,6 +18,8 @@ class RealWindowTest : public testing::Test {
   RealWindowTest() { ParkMouse(); }
   ~RealWindowTest() override {
     CloseAllWindows();
+    // A form of a test's own is in no register; a shown one lives until it is closed.
+    while (!FormWindow::OpenWindows().empty()) FormWindow::OpenWindows().back()->form().Hide();
     EmptyMessageQueue();
     _wputenv_s(L"KESTRUN_DPI", L"");
   }

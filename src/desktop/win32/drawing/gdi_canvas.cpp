@@ -174,13 +174,7 @@ void GdiCanvas::DrawPicture(const Picture& picture, const PixelRect& area) {
 void GdiCanvas::DrawPixels(std::span<const uint32_t> pixels, PixelSize block, const PixelRect& area) {
   if (area.IsEmpty() || block.width <= 0 || block.height <= 0) return;
   if (pixels.size() / static_cast<size_t>(block.width) < static_cast<size_t>(block.height)) return;
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = block.width;
-  info.bmiHeader.biHeight = -block.height;  // rows from top to bottom
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
+  const BITMAPINFO info = TopDownInfo(block.width, block.height, 32);
   StretchDIBits(target_, area.left, area.top, area.width(), area.height(), 0, 0, block.width, block.height,
                 pixels.data(), &info, DIB_RGB_COLORS, SRCCOPY);
 }

@@ -73,14 +73,19 @@ IconHandle MakeIconOrCursor(const Picture& picture, int size_pixels, bool is_ico
 
 }  // namespace
 
-PixelBitmap MakePixelBitmap(int width, int height) {
+BITMAPINFO TopDownInfo(int width, int height, WORD bits_per_pixel) {
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof info.bmiHeader;
   info.bmiHeader.biWidth = width;
   info.bmiHeader.biHeight = -height;
   info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biBitCount = bits_per_pixel;
   info.bmiHeader.biCompression = BI_RGB;
+  return info;
+}
+
+PixelBitmap MakePixelBitmap(int width, int height) {
+  const BITMAPINFO info = TopDownInfo(width, height, 32);
   void* bits = nullptr;
   PixelBitmap made;
   made.bitmap.Reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));

@@ -11,6 +11,9 @@
 
 namespace kestrun {
 
+// Describes pixels of 24 or 32 bits without a table of colours, in rows from top to bottom.
+[[nodiscard]] BITMAPINFO TopDownInfo(int width, int height, WORD bits_per_pixel);
+
 // A top-down bitmap of 32-bit pixels; the pixels are null when the system refuses it.
 struct PixelBitmap {
   BitmapHandle bitmap;

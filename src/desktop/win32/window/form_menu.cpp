@@ -13,8 +13,10 @@ constexpr int kFirstCommand = 1000;
 }  // namespace
 
 void FormMenu::Build(HWND window) {
-  commands_.clear();
   bitmaps_.clear();
+  for (Ref<MenuItem>& item : commands_) {
+    if (item && !item->form()) item.Reset();
+  }
   if (!form_.HasMenu()) {
     if (menu_.IsValid()) SetMenu(window, nullptr);
     menu_.Reset();
@@ -66,8 +68,7 @@ void FormMenu::AddItem(HMENU menu, MenuItem& item, bool has_picture_column) {
   if (!key.empty()) text += L"\t" + ToWide(key);
   const std::vector<MenuItem*> children = item.Items();
   const UINT state = (item.Enabled ? MF_ENABLED : MF_GRAYED) | (item.Checked ? MF_CHECKED : MF_UNCHECKED);
-  const UINT_PTR command = kFirstCommand + commands_.size();
-  commands_.emplace_back(&item);
+  const UINT_PTR command = CommandOf(item);
   if (children.empty()) {
     AppendMenuW(menu, MF_STRING | state, command, text.c_str());
   } else {
@@ -125,6 +126,14 @@ void FormMenu::Draw(const DRAWITEMSTRUCT& item) const {
   DrawPictureTo(item.hDC, *picture, {item.rcItem.left, top, item.rcItem.left + size, top + size});
 }
 
+// The same number each time the bar is built: a command that is under way means the item that was chosen.
+UINT_PTR FormMenu::CommandOf(MenuItem& item) {
+  const auto found = std::find(commands_.begin(), commands_.end(), Ref<MenuItem>(&item));
+  const auto at = static_cast<size_t>(found - commands_.begin());
+  if (found == commands_.end()) commands_.emplace_back(&item);
+  return kFirstCommand + at;
+}
+
 Ref<MenuItem> FormMenu::ItemOf(int command) const {
   const int at = command - kFirstCommand;
   if (at < 0 || at >= static_cast<int>(commands_.size())) return {};
@@ -132,14 +141,9 @@ Ref<MenuItem> FormMenu::ItemOf(int command) const {
 }
 
 Ref<MenuItem> FormMenu::PopUp(MenuItem& item, HWND window, POINT place) {
-  Build(window);
   const MenuHandle popup(CreatePopupMenu());
   Fill(popup.get(), item.Items());
-  const std::vector<Ref<MenuItem>> commands = commands_;  // the menu may be built anew while this one is open
-  const int command =
-      TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0, window, nullptr);
-  const auto at = static_cast<size_t>(command - kFirstCommand);
-  return command >= kFirstCommand && at < commands.size() ? commands[at] : Ref<MenuItem>();
+  return ItemOf(TrackPopupMenu(popup.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0, window, nullptr));
 }
 
 }  // namespace kestrun

@@ -33,6 +33,7 @@ class FormMenu {
   void Fill(HMENU menu, const std::vector<MenuItem*>& items);
   void AddItems(HMENU menu, const std::vector<MenuItem*>& items);
   void AddItem(HMENU menu, MenuItem& item, bool has_picture_column);
+  [[nodiscard]] UINT_PTR CommandOf(MenuItem& item);
   void AddPicture(HMENU menu, const Picture& picture);
   void DrawByProgram(HMENU menu, UINT_PTR command) const;
 
@@ -41,7 +42,7 @@ class FormMenu {
   BrushHandle background_;
   COLORREF background_color_ = 0;
   MenuHandle menu_;
-  std::vector<Ref<MenuItem>> commands_;  // by command number, from the first
+  std::vector<Ref<MenuItem>> commands_;  // by command number, from the first; null for items that are gone
   std::vector<BitmapHandle> bitmaps_;
 };
 

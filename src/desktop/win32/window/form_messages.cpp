@@ -79,6 +79,8 @@ bool FormWindow::HandleFormOnlyMessage(UINT message, WPARAM first, LPARAM second
         placement_.RepeatSize();
       }
       return first == kPointerTimer || first == kSizeTimer;
+    case WM_ENTERMENULOOP:
+    case WM_EXITMENULOOP: NoteMenuLoop(message == WM_ENTERMENULOOP); return false;
     case WM_MEASUREITEM: menu_.Measure(*reinterpret_cast<MEASUREITEMSTRUCT*>(second)); return true;
     case WM_DRAWITEM: {
       const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(second);

@@ -24,6 +24,8 @@ Form& FormPlacement::form() const { return form_window_.form(); }
 
 ScreenScale FormPlacement::scale() const { return form_window_.scale(); }
 
+bool FormPlacement::IsSizable() const { return form().BorderStyle == static_cast<int>(FormBorder::kSizable); }
+
 RECT FormPlacement::WorkArea() const { return WorkAreaOf(window()); }
 
 DWORD FormPlacement::Style() const {
@@ -56,7 +58,7 @@ SIZE FormPlacement::OuterSizeOfModel() const {
 void FormPlacement::Place(HWND owner) {
   SIZE outer = OuterSizeOfModel();
   const RECT work = WorkAreaOf(owner ? owner : window());
-  if (form().BorderStyle == static_cast<int>(FormBorder::kSizable)) {
+  if (IsSizable()) {
     // On a screen that is too small the form arranges its controls for less room.
     outer.cx = std::min(outer.cx, work.right - work.left);
     outer.cy = std::min(outer.cy, work.bottom - work.top);
@@ -143,7 +145,7 @@ void FormPlacement::NoteState(WPARAM state) {
 // the least size, which not every window manager asks for.
 bool FormPlacement::KeepSize(WINDOWPOS& place) const {
   if (!form().IsShown() || (place.flags & SWP_NOSIZE) != 0 || IsIconic(window()) || IsZoomed(window())) return false;
-  if (form().BorderStyle != static_cast<int>(FormBorder::kSizable)) {
+  if (!IsSizable()) {
     const SIZE outer = OuterSizeOfModel();
     place.cx = outer.cx;
     place.cy = outer.cy;
@@ -174,7 +176,7 @@ void FormPlacement::LimitSize(MINMAXINFO& limits) const {
 
 // Never more than the screen: there the form has to do with less. Nothing for a form without a least size.
 SIZE FormPlacement::LeastSize() const {
-  if (form().LeastScaleWidth() == 0 || form().BorderStyle != static_cast<int>(FormBorder::kSizable)) return {};
+  if (form().LeastScaleWidth() == 0 || !IsSizable()) return {};
   const SIZE client{scale().Pixels(form().LeastScaleWidth()), scale().Pixels(form().LeastScaleHeight())};
   const SIZE least = OuterSize(client, Style(), ExtendedStyle(), form().HasMenu(), scale());
   const RECT work = WorkArea();

@@ -39,6 +39,7 @@ class FormPlacement {
   [[nodiscard]] HWND window() const;
   [[nodiscard]] Form& form() const;
   [[nodiscard]] ScreenScale scale() const;
+  [[nodiscard]] bool IsSizable() const;
   [[nodiscard]] SIZE LeastSize() const;
   [[nodiscard]] SIZE OuterSizeOfModel() const;
   void NoteSize();

@@ -290,12 +290,22 @@ void FormWindow::Repaint(Control& control) {
 void FormWindow::MenuChanged() {
   if (menu_stale_) return;
   menu_stale_ = true;
+  PostBuildMenu();
+}
+
+// A new bar would take the menu away that the user has open: it waits for the end of the choice.
+void FormWindow::PostBuildMenu() {
   platform().clock().Post([keep = weak_from_this()] {
     const auto form = keep.lock();
-    if (!form || !form->is_open()) return;
+    if (!form || !form->is_open() || !form->menu_stale_ || form->is_menu_open_) return;
     form->menu_stale_ = false;
     form->menu_.Build(form->window());
   });
+}
+
+void FormWindow::NoteMenuLoop(bool is_open) {
+  is_menu_open_ = is_open;
+  if (!is_open && menu_stale_) PostBuildMenu();
 }
 
 // A key's menu opens at the control that has the focus, the mouse's at the mouse.

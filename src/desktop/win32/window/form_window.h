@@ -96,6 +96,8 @@ class FormWindow final : public FormPeer, public std::enable_shared_from_this<Fo
   void FocusFirst();
   void DropPopups();
   void ReplaceLostFocus();
+  void PostBuildMenu();
+  void NoteMenuLoop(bool is_open);
   void ShowFrameColors();
   bool ShowOwnFrame(UINT message, WPARAM first, LPARAM second, LRESULT& result);
   [[nodiscard]] POINT MenuPlace() const;
@@ -128,6 +130,7 @@ class FormWindow final : public FormPeer, public std::enable_shared_from_this<Fo
   IconHandle large_icon_;
   Control* pressed_ = nullptr;  // the drawn control under the pressed button
   bool menu_stale_ = false;
+  bool is_menu_open_ = false;
 };
 
 }  // namespace kestrun

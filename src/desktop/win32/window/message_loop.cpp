@@ -8,6 +8,22 @@ MessageFilter& Filter() {
   return filter;
 }
 
+bool IsMenuOpen() {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & GUI_INMENUMODE) != 0;
+}
+
+// Keys and clicks are for the menu while one is open: they wait until its own loop goes on.
+bool TakeWaiting(MSG& message) {
+  const auto take = [&message](UINT first, UINT last) {
+    return PeekMessageW(&message, nullptr, first, last, PM_REMOVE) != FALSE;
+  };
+  constexpr UINT kLastMessage = 0xFFFF;
+  if (!IsMenuOpen()) return take(0, 0);
+  return take(0, WM_KEYFIRST - 1) || take(WM_KEYLAST + 1, WM_MOUSEFIRST - 1) || take(WM_MOUSELAST + 1, kLastMessage);
+}
+
 }  // namespace
 
 void SetMessageFilter(MessageFilter filter) { Filter() = std::move(filter); }
@@ -20,7 +36,7 @@ void DispatchOne(MSG& message) {
 
 void DispatchWaiting() {
   MSG message{};
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+  while (TakeWaiting(message)) {
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;

@@ -1,5 +1,6 @@
 #include "desktop/win32/window/win32_effects.h"
 
+#include "desktop/win32/drawing/graphics.h"
 #include "desktop/win32/system/handles.h"
 #include "desktop/win32/system/late_call.h"
 #include "platform/pictures.h"
@@ -30,21 +31,8 @@ class WindowContext {
   HDC context_;
 };
 
-COLOR16 Channel(uint16_t value) { return static_cast<COLOR16>(value); }
-
 TRIVERTEX VertexOf(const GradientVertex& vertex) {
-  return {vertex.x, vertex.y, Channel(vertex.red), Channel(vertex.green), Channel(vertex.blue), Channel(vertex.alpha)};
-}
-
-BITMAPINFO TopDownInfo(int width, int height) {
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = -height;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 24;
-  info.bmiHeader.biCompression = BI_RGB;
-  return info;
+  return {vertex.x, vertex.y, vertex.red, vertex.green, vertex.blue, vertex.alpha};
 }
 
 }  // namespace
@@ -71,7 +59,7 @@ std::optional<BitmapPixels> Win32Effects::ReadBitmap(BitmapNumber bitmap, Contex
   pixels.bytes.resize(BitmapStride(static_cast<size_t>(pixels.width)) * static_cast<size_t>(pixels.height));
   const WindowContext desktop(nullptr, GetDC(nullptr));
   const HDC reading = context != 0 ? HandleOf<HDC>(context) : desktop.get();
-  BITMAPINFO info = TopDownInfo(pixels.width, pixels.height);
+  BITMAPINFO info = TopDownInfo(pixels.width, pixels.height, 24);
   GetDIBits(reading, handle, 0, static_cast<UINT>(pixels.height), pixels.bytes.data(), &info, DIB_RGB_COLORS);
   return pixels;
 }

@@ -8,6 +8,8 @@ namespace kestrun {
 // Both stored values name this copy of the program.
 [[nodiscard]] bool IsDefaultCopy();
 void MakeDefaultCopy();
+// At a start: notes this copy, unless one was made the default.
+void NoteDefaultCopy();
 // Takes both stored values away.
 void ForgetDefaultCopy();
 

@@ -1,4 +1,4 @@
-#include "windows/options/default_copy.h"
+#include "program/default_copy.h"
 
 #include "base/runtime_error.h"
 #include "platform/platform.h"
@@ -9,6 +9,8 @@ namespace kestrun {
 namespace {
 
 constexpr const char* kApplication = "Kes_Trun";
+// The folder that is noted at a start goes to a name of its own.
+constexpr const char* kNotedApplication = "Kes_Trn";
 constexpr const char* kSection = "DEFAULT";
 constexpr const char* kFolderKey = "APP";
 constexpr const char* kFileKey = "EXE";
@@ -24,6 +26,14 @@ bool IsDefaultCopy() {
 
 void MakeDefaultCopy() {
   Attempt([] { SaveSetting(kApplication, kSection, kFolderKey, platform().program().Folder()); });
+  Attempt([] { SaveSetting(kApplication, kSection, kFileKey, OwnFile()); });
+}
+
+// Nobody reads the folder under the other name: both values are written at each start until the user makes a copy the
+// default one.
+void NoteDefaultCopy() {
+  if (!GetSetting(kApplication, kSection, kFolderKey, "").empty()) return;
+  Attempt([] { SaveSetting(kNotedApplication, kSection, kFolderKey, platform().program().Folder()); });
   Attempt([] { SaveSetting(kApplication, kSection, kFileKey, OwnFile()); });
 }
 
