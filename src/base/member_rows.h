@@ -129,13 +129,14 @@ void PutThrough(Object& object, Arguments, const Variant& value) {
 
 }  // namespace internal
 
-// A property behind a getter, and a setter if there is one. Getter parameters are the property's indexes.
+// A property behind a getter, and a setter if there is one. Getter parameters are the property's indexes, `parameters`
+// their names.
 template <auto kGetter>
-constexpr Member ReadOnlyRow(std::string_view name) {
+constexpr Member ReadOnlyRow(std::string_view name, std::string_view parameters = {}) {
   constexpr auto kCount =
       static_cast<int>(std::tuple_size_v<typename internal::MemberPointer<decltype(kGetter)>::Parameters>);
-  return {name,    MemberKind::kReadOnly,         kCount, kCount, &internal::CallMethod<kGetter>,
-          nullptr, internal::kResultType<kGetter>};
+  return {name,    MemberKind::kReadOnly,          kCount,    kCount, &internal::CallMethod<kGetter>,
+          nullptr, internal::kResultType<kGetter>, parameters};
 }
 template <auto kGetter, auto kSetter>
 constexpr Member AccessorRow(std::string_view name) {

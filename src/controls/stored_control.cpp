@@ -41,9 +41,8 @@ Variant StoredFont(const FontDescription& font) {
 
 FontDescription FontFrom(const Variant& value) {
   if (value.Is(VarType::kObject)) {
-    auto* object = dynamic_cast<FontObject*>(value.object());
-    if (!object) Raise(error::kTypeMismatch);
-    return object->owner().Font;
+    if (!value.object()) Raise(error::kTypeMismatch);
+    return FontOf(*value.object());
   }
   if (!value.Is(VarType::kString)) Raise(error::kTypeMismatch);
   const std::string text = ToText(value);

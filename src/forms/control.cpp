@@ -67,9 +67,8 @@ void PutContainer(Object& object, Arguments, const Variant& value) {
 void PutFont(Object& object, Arguments, const Variant& value) {
   FontDescription font = Self(object).Font;
   if (value.Is(VarType::kObject)) {
-    const auto* other = dynamic_cast<FontObject*>(value.object());
-    if (!other) Raise(error::kTypeMismatch);
-    font = other->owner().Font;
+    if (!value.object()) Raise(error::kTypeMismatch);
+    font = FontOf(*value.object());
   } else {
     font.name = ToText(value);
   }

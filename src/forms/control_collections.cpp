@@ -44,9 +44,9 @@ Variant CallRemove(Object& object, Arguments given) {
 constexpr Member kCollectionRows[]{
     ReadOnlyRow<&ControlCollection::Count>("Count"),
     {"Item", MemberKind::kReadOnly, 1, 1,
-     [](Object& object, Arguments which) { return Collection(object).Item(which[0]); }, nullptr, "Object"},
-    RawMethodRow("Add", 2, 3, &CallAdd),
-    RawMethodRow("Remove", 1, 1, &CallRemove),
+     [](Object& object, Arguments which) { return Collection(object).Item(which[0]); }, nullptr, "Object", "Index"},
+    RawMethodRow("Add", 2, 3, &CallAdd, "ProgID, Name, Container"),
+    RawMethodRow("Remove", 1, 1, &CallRemove, "Index"),
 };
 constexpr MemberTable kCollectionTable{nullptr, kCollectionRows};
 
@@ -55,7 +55,7 @@ constexpr Member kArrayRows[]{
     ReadOnlyRow<&ControlArray::LBound>("LBound"),
     ReadOnlyRow<&ControlArray::UBound>("UBound"),
     {"Item", MemberKind::kReadOnly, 1, 1, [](Object& object, Arguments which) { return Array(object).Item(which[0]); },
-     nullptr, "Object"},
+     nullptr, "Object", "Index"},
 };
 constexpr MemberTable kArrayTable{nullptr, kArrayRows};
 

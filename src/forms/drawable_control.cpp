@@ -86,15 +86,16 @@ constexpr Member kRows[]{
     PropertyRow<&DrawableControl::CurrentX>("CurrentX"),
     PropertyRow<&DrawableControl::CurrentY>("CurrentY"),
     PropertyRow<&DrawableControl::DrawWidth>("DrawWidth"),
-    ReadOnlyRow<&DrawableControl::TextWidth>("TextWidth"),
-    ReadOnlyRow<&DrawableControl::TextHeight>("TextHeight"),
+    ReadOnlyRow<&DrawableControl::TextWidth>("TextWidth", "Text"),
+    ReadOnlyRow<&DrawableControl::TextHeight>("TextHeight", "Text"),
     {"hDC", MemberKind::kReadOnly, 0, 0,
      [](Object& object, Arguments) -> Variant { return Self(object).DrawingContext(); }, nullptr, "Long"},
     MethodRow<&DrawableControl::Cls>("Cls"),
-    RawMethodRow("Line", 4, 6, &CallLine),
-    RawMethodRow("PSet", 2, 3, &CallPSet),
-    RawMethodRow("Print", 0, 1, &CallPrint),
-    RawMethodRow("PaintPicture", 3, 10, &CallPaintPicture),
+    RawMethodRow("Line", 4, 6, &CallLine, "x1, y1, x2, y2, Color, Shape"),
+    RawMethodRow("PSet", 2, 3, &CallPSet, "x, y, Color"),
+    RawMethodRow("Print", 0, 1, &CallPrint, "Text"),
+    RawMethodRow("PaintPicture", 3, 10, &CallPaintPicture,
+                 "Picture, x1, y1, width1, height1, x2, y2, width2, height2, Opcode"),
 };
 
 }  // namespace

@@ -31,7 +31,8 @@ constexpr Member kRows[]{
     AccessorRow<&FileListBox::FileName, &FileListBox::SetFileName>("FileName"),
     ReadOnlyRow<&FileListBox::ListCount>("ListCount"),
     {"List", MemberKind::kReadOnly, 1, 1,
-     [](Object& object, Arguments at) -> Variant { return Self(object).List(ToLong(at[0])); }, nullptr, "String"},
+     [](Object& object, Arguments at) -> Variant { return Self(object).List(ToLong(at[0])); }, nullptr, "String",
+     "Index"},
     PropertyRow<&FileListBox::MultiSelect>("MultiSelect"),
     ReadOnlyRow<&FileListBox::SelCount>("SelCount"),
     {"Selected", MemberKind::kReadWrite, 1, 1,
@@ -39,7 +40,7 @@ constexpr Member kRows[]{
      [](Object& object, Arguments at, const Variant& value) {
        Self(object).SetSelected(ToLong(at[0]), ToBoolean(value));
      },
-     "Boolean"},
+     "Boolean", "Index"},
     MethodRow<&FileListBox::Reload>("Refresh"),
 };
 const MemberTable kTable{&Control::kWindowedMembers, kRows};

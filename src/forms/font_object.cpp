@@ -34,11 +34,16 @@ void PutWeight(Object& object, Arguments, const Variant& value) {
 
 Variant GetCharset(Object& object, Arguments) { return OwnerOf(object).Font->charset; }
 
-void PutCharset(Object& object, Arguments, const Variant& value) {
+int CheckedCharset(const Variant& value) {
   constexpr int kLargestCharset = 255;
+  const int charset = ToLong(value);
+  if (charset < 0 || charset > kLargestCharset) Raise(error::kInvalidPropertyValue);
+  return charset;
+}
+
+void PutCharset(Object& object, Arguments, const Variant& value) {
   FontDescription font = OwnerOf(object).Font;
-  font.charset = ToLong(value);
-  if (font.charset < 0 || font.charset > kLargestCharset) Raise(error::kInvalidPropertyValue);
+  font.charset = CheckedCharset(value);
   OwnerOf(object).Font = font;
 }
 
@@ -62,6 +67,25 @@ double CheckedFontSize(double points) {
   constexpr double kLargest = 2160;
   if (!(points > 0 && points <= kLargest)) Raise(error::kInvalidPropertyValue);
   return points;
+}
+
+FontDescription FontOf(Object& object) {
+  if (const auto* own = dynamic_cast<const FontObject*>(&object)) return own->owner().Font;
+  for (const std::string_view needed : {"Name", "Size"}) {
+    if (object.FindMember(needed) == kNoMember) Raise(error::kTypeMismatch);
+  }
+  const auto is = [&object](std::string_view style) {
+    return object.FindMember(style) != kNoMember && ToBoolean(GetMember(object, style));
+  };
+  FontDescription font;
+  font.name = ToText(GetMember(object, "Name"));
+  font.size_points = CheckedFontSize(ToDouble(GetMember(object, "Size")));
+  font.bold = is("Bold");
+  font.italic = is("Italic");
+  font.underline = is("Underline");
+  font.strikethrough = is("Strikethrough");
+  if (object.FindMember("Charset") != kNoMember) font.charset = CheckedCharset(GetMember(object, "Charset"));
+  return font;
 }
 
 const MemberTable& FontObject::Members() const { return kTable; }

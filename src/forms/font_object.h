@@ -11,6 +11,10 @@ namespace kestrun {
 // wrong far from here, where text is measured.
 [[nodiscard]] double CheckedFontSize(double points);
 
+// The font that an object describes: a control's, or somebody else's with the members Name, Size, Bold and so on. Error
+// 13 for an object that is no font.
+[[nodiscard]] FontDescription FontOf(Object& object);
+
 class FontObject final : public TableObject {
  public:
   explicit FontObject(Ref<Control> owner) : owner_(std::move(owner)) {}

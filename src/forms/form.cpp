@@ -52,7 +52,7 @@ constexpr Member kRows[]{
     PropertyRow<&Form::ShowInTaskbar>("ShowInTaskbar"),
     PropertyRow<&Form::KeyPreview>("KeyPreview"),
     PropertyRow<&Form::Icon>("Icon"),
-    {"Controls", MemberKind::kReadOnly, 0, 1, &GetControls, nullptr, "Controls"},
+    {"Controls", MemberKind::kReadOnly, 0, 1, &GetControls, nullptr, "Controls", "Index"},
     {"ActiveControl", MemberKind::kReadOnly, 0, 0,
      [](Object& object, Arguments) -> Variant {
        Control* active = Self(object).ActiveControl();
@@ -289,7 +289,7 @@ std::vector<MemberInfo> Form::ListMembers() const {
   std::vector<MemberInfo> list = Control::ListMembers();
   for (const Ref<Control>& control : controls_) {
     const int indexes = control->Index() < 0 ? 0 : 1;
-    list.push_back({control->Name(), MemberKind::kReadOnly, indexes, indexes, {}});
+    list.push_back({control->Name(), MemberKind::kReadOnly, indexes, indexes, {}, indexes ? "Index" : ""});
   }
   return list;
 }

@@ -20,11 +20,11 @@ constexpr Member kRows[]{
     {"List", MemberKind::kReadWrite, 1, 1,
      [](Object& object, Arguments at) -> Variant { return Self(object).List(ToLong(at[0])); },
      [](Object& object, Arguments at, const Variant& value) { Self(object).SetList(ToLong(at[0]), ToText(value)); },
-     "String"},
+     "String", "Index"},
     {"ItemData", MemberKind::kReadWrite, 1, 1,
      [](Object& object, Arguments at) -> Variant { return Self(object).ItemData(ToLong(at[0])); },
      [](Object& object, Arguments at, const Variant& value) { Self(object).SetItemData(ToLong(at[0]), ToLong(value)); },
-     "Long"},
+     "Long", "Index"},
     RawMethodRow(
         "AddItem", 1, 2,
         [](Object& object, Arguments given) -> Variant {

@@ -19,7 +19,7 @@ constexpr Member kRows[]{
      [](Object& object, Arguments at, const Variant& value) {
        Self(object).SetSelected(ToLong(at[0]), ToBoolean(value));
      },
-     "Boolean"},
+     "Boolean", "Index"},
 };
 const MemberTable kTable{&ItemListControl::kItemListMembers, kRows};
 

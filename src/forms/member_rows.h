@@ -14,10 +14,7 @@ struct VariantTraits<Ref<Picture>> {
   static Ref<Picture> From(const Variant& value) {
     if (value.Is(VarType::kEmpty)) return {};
     if (!value.Is(VarType::kObject)) Raise(error::kTypeMismatch);
-    if (!value.object()) return {};
-    auto* picture = dynamic_cast<Picture*>(value.object());
-    if (!picture) Raise(error::kTypeMismatch);
-    return Ref<Picture>(picture);
+    return value.object() ? PictureOf(*value.object()) : Ref<Picture>();
   }
 };
 

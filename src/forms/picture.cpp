@@ -1,6 +1,7 @@
 #include "forms/picture.h"
 
 #include "base/runtime_error.h"
+#include "platform/platform.h"
 
 namespace kestrun {
 namespace {
@@ -25,5 +26,13 @@ Picture::Picture(int width_pixels, int height_pixels, std::vector<uint32_t> pixe
 }
 
 const MemberTable& Picture::Members() const { return kTable; }
+
+Ref<Picture> PictureOf(Object& object) {
+  if (auto* own = dynamic_cast<Picture*>(&object)) return Ref<Picture>(own);
+  std::optional<DecodedPicture> foreign = platform().pictures().FromObject(object);
+  if (!foreign) Raise(error::kTypeMismatch);
+  if (foreign->pixels.empty()) return {};
+  return MakeRef<Picture>(foreign->width, foreign->height, std::move(foreign->pixels));
+}
 
 }  // namespace kestrun

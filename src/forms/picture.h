@@ -30,4 +30,8 @@ class Picture final : public TableObject {
   std::vector<uint32_t> pixels_;
 };
 
+// The object as a picture: itself, or a copy of somebody else's. Null for an empty picture object; error 13 for an
+// object that is no picture.
+[[nodiscard]] Ref<Picture> PictureOf(Object& object);
+
 }  // namespace kestrun

@@ -65,7 +65,7 @@ constexpr Member kScreenRows[]{
     Reading(
         "TwipsPerPixelY", [](Object&, Arguments) -> Variant { return platform().windowing().Screen().twips_per_pixel; },
         "Long"),
-    {"Forms", MemberKind::kReadOnly, 0, 1, &GetForms, nullptr, "Forms"},
+    {"Forms", MemberKind::kReadOnly, 0, 1, &GetForms, nullptr, "Forms", "Index"},
     Reading(
         "ActiveForm", [](Object&, Arguments) { return ReferenceTo(ActiveForm()); }, "Form"),
     Reading("ActiveControl", &GetActiveControl, "Object"),
@@ -75,14 +75,14 @@ constexpr Member kScreenRows[]{
         "FontCount",
         [](Object&, Arguments) -> Variant { return static_cast<int>(platform().windowing().FontNames().size()); },
         "Long"),
-    {"Fonts", MemberKind::kReadOnly, 1, 1, &GetFont, nullptr, "String"},
+    {"Fonts", MemberKind::kReadOnly, 1, 1, &GetFont, nullptr, "String", "Index"},
 };
 constexpr MemberTable kScreenTable{nullptr, kScreenRows};
 
 constexpr Member kFormsRows[]{
     Reading(
         "Count", [](Object&, Arguments) -> Variant { return static_cast<int>(LoadedWindows().size()); }, "Long"),
-    {"Item", MemberKind::kReadOnly, 1, 1, &GetForm, nullptr, "Form"},
+    {"Item", MemberKind::kReadOnly, 1, 1, &GetForm, nullptr, "Form", "Index"},
 };
 constexpr MemberTable kFormsTable{nullptr, kFormsRows};
 
@@ -143,7 +143,7 @@ Variant CallGetData(Object&, Arguments given) {
 
 Variant CallSetData(Object&, Arguments given) {
   RequirePictureFormat(given, 1);
-  const auto* picture = given[0].Is(VarType::kObject) ? dynamic_cast<const Picture*>(given[0].object()) : nullptr;
+  const Ref<Picture> picture = VariantTraits<Ref<Picture>>::From(given[0]);
   if (!picture) Raise(error::kTypeMismatch);
   InstalledScriptSystem().set_clipboard_picture({picture->width_pixels(), picture->height_pixels(), picture->pixels()});
   return {};
@@ -155,9 +155,12 @@ Variant CallClear(Object&, Arguments) {
 }
 
 constexpr Member kClipboardRows[]{
-    RawMethodRow("Clear", 0, 0, &CallClear),     RawMethodRow("GetText", 0, 1, &CallGetText),
-    RawMethodRow("SetText", 1, 2, &CallSetText), RawMethodRow("GetFormat", 1, 1, &CallGetFormat),
-    RawMethodRow("GetData", 0, 1, &CallGetData), RawMethodRow("SetData", 1, 2, &CallSetData),
+    RawMethodRow("Clear", 0, 0, &CallClear),
+    RawMethodRow("GetText", 0, 1, &CallGetText, "Format"),
+    RawMethodRow("SetText", 1, 2, &CallSetText, "Text, Format"),
+    RawMethodRow("GetFormat", 1, 1, &CallGetFormat, "Format"),
+    RawMethodRow("GetData", 0, 1, &CallGetData, "Format"),
+    RawMethodRow("SetData", 1, 2, &CallSetData, "Picture, Format"),
 };
 constexpr MemberTable kClipboardTable{nullptr, kClipboardRows};
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/bytes.h"
+#include "base/object.h"
 
 namespace kestrun {
 
@@ -31,6 +32,9 @@ class Pictures {
   // The first picture of a file's bytes: JPEG, GIF, BMP, PNG, ICO, CUR, WMF or EMF. Nothing when the bytes are none of
   // these, are damaged, or tell a size that is not allowed.
   [[nodiscard]] virtual std::optional<DecodedPicture> Decode(ByteView file) = 0;
+  // The picture in somebody else's picture object, such as an add-in's; one without a size when that one is empty.
+  // Nothing for any other object, error 481 for a picture that cannot be read.
+  [[nodiscard]] virtual std::optional<DecodedPicture> FromObject(Object& object) = 0;
   // The shell's icon for a file that exists. Flags: 0 large, 1 small. Nothing when the shell has none.
   [[nodiscard]] virtual std::optional<DecodedPicture> FileIcon(std::string_view path, uint32_t flags) = 0;
 };

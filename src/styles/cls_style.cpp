@@ -48,7 +48,7 @@ void ClsStyle::Load(const std::string& file) {
   engine_->SetTimeout(kScriptTimeoutMs);
   PFF = MakeRef<ClsPFF>();
   bool is_open = true;
-  const bool ran = Attempt([&] { is_open = PFF->LoadPff(file); });
+  const bool ran = Attempt([&] { is_open = load_archive_(*PFF, file); });
   if (!is_open) {
     MsgBox("Unable to open " + file);
     return;

@@ -20,7 +20,9 @@ namespace kestrun {
 class ClsStyle final : public RefCounted {
  public:
   using EngineMaker = std::function<std::unique_ptr<ScriptEngine>()>;
-  explicit ClsStyle(EngineMaker make_engine = &MakeHostingEngine) : make_engine_(std::move(make_engine)) {}
+  using ArchiveLoader = std::function<bool(ClsPFF& archive, const std::string& file)>;
+  explicit ClsStyle(EngineMaker make_engine = &MakeHostingEngine, ArchiveLoader load_archive = &ClsPFF::LoadPff)
+      : make_engine_(std::move(make_engine)), load_archive_(std::move(load_archive)) {}
 
   std::string designer;
   std::string sitelink;
@@ -50,6 +52,7 @@ class ClsStyle final : public RefCounted {
   [[nodiscard]] static bool ShowScriptError(const std::string& file, const ScriptError& failure);
 
   EngineMaker make_engine_;
+  ArchiveLoader load_archive_;
   std::unique_ptr<ScriptEngine> engine_;
   Ref<ClsPFF> PFF;
   Ref<StyleArchive> archive_;  // PFF as the scripts see it

@@ -1,7 +1,7 @@
 'Sand: the colours of a desert noon, dunes on the first window, and the wind in the about window.
 'Colours are BBGGRR.
-Const Sky = &HD6EEF7&
-Const Dune = &H98C8DE&
+Const Sky = &HCAE6F0&
+Const Dune = &HA8D0E0&
 Const Ground = &HBADCE8&
 Const Field = &HECF8FD&
 Const Plate = &H5E9FC4&
@@ -11,13 +11,15 @@ Const Warning = &H0A128C&
 Const Chosen = &H1F5680&
 Const ChosenInk = &HEAF8FF&
 Const Rule = &H5F8CA8&
-Const Hole = &HFF00FF&
+Const Hole = &H78B0C4&
+'of a button's corners, in twips
+Const Radius = 75
 
 'this sub will be run when a form loads Form is the entire form object
 Sub Form_Load(Form)
   Form.BackColor = Ground
   Form.ForeColor = Ink
-  If Form.Name = "frmsplash" Then ShowDunes Form : Exit Sub
+  If Form.Name = "frmsplash" Then Set Form.Picture = System.LoadPFFPicture("dunes.bmp") : Exit Sub
   ShowNoon Form
   If Form.Name = "frmhelp" Then System.PlaySoundFile "wind.wav"
 End Sub
@@ -25,6 +27,12 @@ End Sub
 'this sub will be run when a control on a form loads
 'control is the entire usercontrol, form the form object
 Sub Control_Load(Control, Form)
+  Skin Control
+  'the last one: now nothing of the window has its old look
+  If Control Is Form.Controls(Form.Controls.Count - 1) Then ShapeWindow Form
+End Sub
+
+Sub Skin(Control)
   'the map info shows the colour of a map's fog with it
   If Control.Name = "lblfogcolor" Then Exit Sub
   Select Case TypeName(Control)
@@ -72,10 +80,63 @@ Sub ShowNoon(Form)
   System.DrawGradientBackground Context, Form.ScaleWidth / Screen.TwipsPerPixelX + 1, Form.ScaleHeight / Screen.TwipsPerPixelY + 1, Sky, Dune
 End Sub
 
-'The first window is cut to the shape of its dunes.
-Sub ShowDunes(Form)
-  Set Form.Picture = System.LoadPFFPicture("dunes.bmp")
-  Form.Show
+'Shapes are cut from what is on the screen, so only a window that is there can be cut.
+Sub ShapeWindow(Form)
+  If Form.Name = "frmsplash" Then
+    Form.Show
+    System.DrawIt
+    System.TransControl Form, Hole
+  ElseIf Form.Visible Then
+    RoundButtons Form
+  End If
+End Sub
+
+'A mask lies over each button while the button is cut to its shape: a plate whose corners are holes.
+Sub RoundButtons(Form)
+  Dim Buttons, Control, Number
+  Buttons = Array()
+  For Each Control In Form.Controls
+    If TypeName(Control) = "CommandButton" Then
+      If Control.Visible Then
+        ReDim Preserve Buttons(UBound(Buttons) + 1)
+        Set Buttons(UBound(Buttons)) = Control
+      End If
+    End If
+  Next
+  For Number = 0 To UBound(Buttons)
+    CoverButton Form, Buttons(Number), "mask" & Number
+  Next
   System.DrawIt
-  System.TransControl Form, Hole
+  For Number = 0 To UBound(Buttons)
+    System.TransControl Buttons(Number), Hole
+  Next
+  For Number = 0 To UBound(Buttons)
+    Form.Controls.Remove "mask" & Number
+  Next
+End Sub
+
+Sub CoverButton(Form, Button, Name)
+  Dim Mask, Dot, Row, Inset
+  Set Mask = Form.Controls.Add("VB.PictureBox", Name)
+  Set Mask.Container = Button.Container
+  Mask.BorderStyle = 0
+  Mask.BackColor = Plate
+  Mask.Move Button.Left, Button.Top, Button.Width, Button.Height
+  Dot = Screen.TwipsPerPixelX
+  For Row = 0 To Round(Radius / Dot)
+    Inset = Round((Radius - Sqr(Radius * Radius - (Radius - Row * Dot) ^ 2)) / Dot) * Dot
+    Corners Mask, Row * Dot, Inset
+    Corners Mask, Button.Height - (Row + 1) * Dot, Inset
+  Next
+  Mask.Visible = True
+  Mask.ZOrder 0
+End Sub
+
+'Both ends of one row of pixels.
+Sub Corners(Mask, Y, Inset)
+  Dim Dot
+  Dot = Screen.TwipsPerPixelX
+  If Inset < Dot Then Exit Sub
+  Mask.Line 0, Y, Inset - Dot, Y, Hole, "BF"
+  Mask.Line Mask.Width - Inset, Y, Mask.Width, Y, Hole, "BF"
 End Sub

@@ -82,6 +82,39 @@ TEST_F(LateBindingTest, FontsAreObjectsOfTheirOwnThatChangeTheControl) {
   EXPECT_EQ(form->Label1.Font->size_points, 12);
 }
 
+// A font that is no control's, as an add-in makes one: its size is a Currency.
+class ForeignFont final : public TableObject {
+ public:
+  template <int kSize>
+  static Variant GetSize(Object&, Arguments) {
+    return Variant::Currency(int64_t{kSize} * 10'000);
+  }
+  static constexpr Member kRows[]{
+      {"Name", MemberKind::kReadOnly, 0, 0, [](Object&, Arguments) -> Variant { return "Verdana"; }},
+      {"Size", MemberKind::kReadOnly, 0, 0, &GetSize<14>},
+      {"Bold", MemberKind::kReadOnly, 0, 0, [](Object&, Arguments) -> Variant { return false; }},
+      {"Italic", MemberKind::kReadOnly, 0, 0, [](Object&, Arguments) -> Variant { return true; }},
+      {"Charset", MemberKind::kReadOnly, 0, 0, [](Object&, Arguments) -> Variant { return int16_t{204}; }},
+  };
+  static constexpr MemberTable kTable{nullptr, kRows};
+  [[nodiscard]] const MemberTable& Members() const override { return kTable; }
+  [[nodiscard]] std::string TypeName() const override { return "StdFont"; }
+};
+
+TEST_F(LateBindingTest, AFontOfSomebodyElseIsTakenOverByItsMembers) {
+  form->Label1.Font = FontDescription{.bold = true};
+  PutMember(form->Label1, "Font", Ref<Object>(MakeRef<ForeignFont>()));
+  EXPECT_EQ(form->Label1.Font.get(),
+            (FontDescription{.name = "Verdana", .size_points = 14, .italic = true, .charset = 204}));
+}
+
+TEST_F(LateBindingTest, AnObjectThatIsNoFontOrNoPictureIsATypeMismatch) {
+  const Variant no_font = Ref<Object>(&form->Text1);
+  EXPECT_EQ(ErrorOf([&] { PutMember(form->Label1, "Font", no_font); }), error::kTypeMismatch);
+  EXPECT_EQ(ErrorOf([&] { PutMember(form->Label1, "Font", Variant::Nothing()); }), error::kTypeMismatch);
+  EXPECT_EQ(ErrorOf([&] { PutMember(*form, "Picture", no_font); }), error::kTypeMismatch);
+}
+
 TEST_F(LateBindingTest, MoveTakesWhatIsGivenAndKeepsTheRest) {
   form->Label1.Move(10, 20, 300, 400);
   CallMember(form->Label1, "Move", {50, Variant::Missing(), 600});

@@ -58,6 +58,11 @@ class OwnStylesTest : public StyleTest, public testing::WithParamInterface<const
     return kinds.contains(control.TypeName()) && !(label && label->Caption.get().empty());
   }
 
+  static int CutsOf(const RecordedEffects& effects) {
+    return static_cast<int>(
+        std::ranges::count_if(effects.calls, [](const std::string& call) { return call.starts_with("cut "); }));
+  }
+
   RecordedEffects effects;
 };
 
@@ -84,6 +89,36 @@ TEST_P(OwnStylesTest, TheColourOfAMapsFogStaysWhatTheMapSays) {
   window.Show();
   desktop.clock().AdvanceMs(2000);
   EXPECT_EQ(swatch.BackColor, Rgb(1, 2, 3));
+}
+
+// The style is applied before the window is shown, and a style that shows it itself does so when all of it is skinned.
+TEST_P(OwnStylesTest, NothingOfTheFirstWindowIsShownInItsOldColours) {
+  struct Splash final : Form {
+    Splash() : Form("frmsplash") {}
+    void Shown() override { colors = Colors(); }
+    [[nodiscard]] std::vector<Color> Colors() const { return {BackColor, lblversion.ForeColor, Label2.ForeColor}; }
+    Label& lblversion = Add<Label>("lblversion");
+    Label& Label2 = Add<Label>("Label2");
+    std::vector<Color> colors;
+  };
+  const Ref<Splash> splash = MakeRef<Splash>();
+  FormLoadStyle(*splash);
+  splash->Show();
+  desktop.clock().AdvanceMs(100);
+  EXPECT_EQ(splash->colors, splash->Colors());
+  for (const Color color : splash->colors) EXPECT_FALSE(IsSystemColor(color));
+  splash->Unload();
+}
+
+// Only "sand" has shapes: of windows that are there, since shapes are cut from the screen.
+TEST_P(OwnStylesTest, TheButtonsOfAWindowAreCutWhenItIsThere) {
+  Form& window = WindowByName("FrmOverWrite");
+  window.Show();
+  EXPECT_EQ(CutsOf(effects), 0);
+  const size_t controls = window.controls().size();
+  desktop.clock().AdvanceMs(2000);
+  EXPECT_EQ(CutsOf(effects), GetParam() == std::string("sand") ? 2 : 0);
+  EXPECT_EQ(window.controls().size(), controls);
 }
 
 INSTANTIATE_TEST_SUITE_P(Styles, OwnStylesTest, testing::Values("night", "sand"),

@@ -154,6 +154,21 @@ TEST_F(StyleFileTest, CancelWhileModulesAreAddedHasNoLastingEffect) {
   EXPECT_TRUE(StyleActive());
 }
 
+TEST_F(StyleFileTest, AnErrorBehindTheLoadedArchiveIsToldAndTheStyleGoesOn) {
+  const Ref<ClsStyle> style = MakeRef<ClsStyle>(&MakeHostingEngine, [](ClsPFF& archive, const std::string& file) {
+    EXPECT_TRUE(archive.LoadPff(file));
+    Raise(error::kDeviceIo);
+    return true;
+  });
+  desktop.dialogs().ExpectBox("Error loading PFF");
+  style->InitStyle(
+      MakeScriptStyle("Sub Form_Load(Form)\r\nForm.Caption = \"on\"\r\nEnd Sub\r\n"
+                      "Sub Control_Load(Control, Form)\r\nEnd Sub"));
+  EXPECT_TRUE(StyleActive());
+  style->FormLoad(*form);
+  EXPECT_EQ(form->Caption.get(), "on");
+}
+
 TEST_F(StyleFileTest, ASyntaxErrorIsToldWithItsModuleAndPlace) {
   ExpectScriptError(ScriptErrorText("main.vbs", 2, 10, 1023, "Expected expression", "  x = 1 +"));
   ModStyle::LoadStyleFile(MakeScriptStyle("y = 1\r\n  x = 1 +\r\n"));

@@ -1,9 +1,12 @@
 // Every window of the program as a script sees it.
 #include <gtest/gtest.h>
 
+#include "base/text.h"
 #include "forms/accessible.h"
 #include "forms/button.h"
+#include "forms/control_kinds.h"
 #include "forms/label.h"
+#include "forms/script_globals.h"
 #include "program/frame_fixture.h"
 #include "windows/main/frmain.h"
 
@@ -42,6 +45,35 @@ TEST_F(WindowMembersTest, EveryReadablePropertyOfEveryWindowAndControlAnswersByN
   }
   EXPECT_GE(windows, 2);
   EXPECT_GE(controls, 20);
+}
+
+// Callers of other languages give arguments by name.
+void ExpectNamedArguments(const Object& object, const std::string& where) {
+  for (const MemberInfo& member : object.ListMembers()) {
+    const size_t names = member.parameters.empty() ? 0 : Split(member.parameters, ", ").size();
+    EXPECT_EQ(names, static_cast<size_t>(member.most_arguments)) << where << "." << member.name;
+  }
+}
+
+TEST_F(WindowMembersTest, EveryArgumentOfEveryWindowControlAndGlobalObjectHasAName) {
+  TellGameFolder();
+  SetSafeMode(true);
+  WriteIni("[launcher]\r\nGAMETIMER=0\r\n");
+  for (const std::string& name : RegisteredWindows()) {
+    if (name == "frmsplash") continue;
+    Form& form = WindowByName(name);
+    ExpectNamedArguments(form, name);
+    ExpectNamedArguments(*GetMember(form, "Controls").object(), name + ".Controls");
+    for (const Ref<Control>& control : form.controls()) ExpectNamedArguments(*control, control->TypeName());
+  }
+  const Ref<Form> scratch = MakeRef<Form>("scratch");
+  for (const std::string& kind : ControlKindNames()) {
+    const std::string name = "new" + std::to_string(scratch->controls().size());
+    ExpectNamedArguments(AddControlOfKind(*scratch, kind, name, nullptr), kind);
+  }
+  ExpectNamedArguments(*MakeRef<ScreenObject>(), "Screen");
+  ExpectNamedArguments(*MakeRef<FormCollection>(), "Forms");
+  ExpectNamedArguments(*MakeRef<ClipboardObject>(), "Clipboard");
 }
 
 // What a screen reader calls it.

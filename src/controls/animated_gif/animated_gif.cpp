@@ -19,8 +19,8 @@ constexpr size_t kMostFrames = 4096;
 constexpr uint64_t kMostFileBytes = 16 * 1024 * 1024;
 
 constexpr Member kRows[]{
-    MethodRow<&AnimatedGIF::RunShellExecute>("RunShellExecute"),
-    MethodRow<&AnimatedGIF::LoadNewPicture>("LoadNewPicture"),
+    MethodRow<&AnimatedGIF::RunShellExecute>("RunShellExecute", "Operation, File, Parameters, Folder, Show"),
+    MethodRow<&AnimatedGIF::LoadNewPicture>("LoadNewPicture", "File, Kind"),
     PropertyRow<&CompositeControl::BorderStyle>("BorderStyle"),
     PropertyRow<&Control::ForeColor>("ForeColor"),
     PropertyRow<&Control::BackColor>("BackColor"),

@@ -19,7 +19,8 @@ constexpr Member kRows[]{
      [](Object& object, Arguments arguments) -> Variant { return Self(object).ListImages(ToLong(arguments[0])); },
      [](Object& object, Arguments arguments, const Variant& value) {
        Self(object).SetListImages(ToLong(arguments[0]), PictureFrom(value));
-     }},
+     },
+     "Picture", "Index"},
     {"ImageCount", MemberKind::kReadWrite, 0, 0,
      [](Object& object, Arguments) -> Variant { return Self(object).ImageCount(); },
      [](Object&, Arguments, const Variant&) {}},
@@ -31,7 +32,7 @@ constexpr Member kRows[]{
      [](Object& object, Arguments, const Variant& value) { Self(object).RemoveImage(ToLong(value)); }},
     {"MoveImageTo", MemberKind::kReadWrite, 0, 0, [](Object&, Arguments) -> Variant { return -1; },
      [](Object& object, Arguments, const Variant& value) { Self(object).MoveImageTo(ToLong(value)); }},
-    MethodRow<&McImageList::CyclePic>("CyclePic"),
+    MethodRow<&McImageList::CyclePic>("CyclePic", "Direction"),
 };
 const MemberTable kTable{&Control::kControlMembers, kRows};
 

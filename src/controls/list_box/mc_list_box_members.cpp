@@ -74,41 +74,44 @@ constexpr Member kRows[]{
     PropertyRow<&McListBox::FlatScrollBar>("FlatScrollBar"),
     PropertyRow<&McListBox::AutoHideScrollBars>("AutoHideScrollBars"),
     ReadOnlyRow<&McListBox::ListCount>("ListCount"),
-    {"ItemData", MemberKind::kReadOnly, 1, 1, &GetItemData, nullptr},
+    {"ItemData", MemberKind::kReadOnly, 1, 1, &GetItemData, nullptr, {}, "Index"},
     {"ListIcon", MemberKind::kReadWrite, 1, 1,
      [](Object& object, Arguments arguments) -> Variant { return Self(object).ListIcon(ToLong(arguments[0])); },
      [](Object& object, Arguments arguments, const Variant& value) {
        Self(object).SetListIcon(ToLong(arguments[0]), ToLong(value));
-     }},
+     },
+     "Long", "Index"},
     {"ListBold", MemberKind::kReadWrite, 1, 1,
      [](Object& object, Arguments arguments) -> Variant { return Self(object).ListBold(ToLong(arguments[0])); },
      [](Object& object, Arguments arguments, const Variant& value) {
        Self(object).SetListBold(ToLong(arguments[0]), ToBoolean(value));
-     }},
+     },
+     "Boolean", "Index"},
     AccessorRow<&McListBox::ListIndex, &McListBox::SetListIndex>("ListIndex"),
     ReadOnlyRow<&McListBox::Text>("Text"),
     {"List", MemberKind::kReadWrite, 1, 1,
      [](Object& object, Arguments arguments) -> Variant { return Self(object).List(ToLong(arguments[0])); },
      [](Object& object, Arguments arguments, const Variant& value) {
        Self(object).SetList(ToLong(arguments[0]), ToText(value));
-     }},
+     },
+     "String", "Index"},
     ReadOnlyRow<&McListBox::SelCount>("SelCount"),
     {"ImageList", MemberKind::kWriteOnly, 0, 0, nullptr,
      [](Object& object, Arguments, const Variant& value) {
        if (!value.Is(VarType::kObject)) Raise(error::kObjectRequired);
        Self(object).SetImageList(Ref<Object>(value.object()));
      }},
-    {"SelItem", MemberKind::kReadOnly, 1, 1, &GetSelItem, nullptr},
+    {"SelItem", MemberKind::kReadOnly, 1, 1, &GetSelItem, nullptr, {}, "Index"},
     MethodRow<&McListBox::ClearSelection>("ClearSelection"),
     MethodRow<&McListBox::SelectAll>("SelectAll"),
-    RawMethodRow("AddItem", 1, 5, &CallAddItem),
-    RawMethodRow("Remove", 0, 1, &CallRemove),
+    RawMethodRow("AddItem", 1, 5, &CallAddItem, "Text, Index, Icon, Bold, Data"),
+    RawMethodRow("Remove", 0, 1, &CallRemove, "Index"),
     MethodRow<&McListBox::Clear>("Clear"),
     MethodRow<&McListBox::Refresh>("Refresh"),
-    RawMethodRow("SplitToLines", 2, 3, &CallSplitToLines),
-    MethodRow<&McListBox::IsDelim>("IsDelim"),
-    MethodRow<&McListBox::BlendColor>("BlendColor"),
-    RawMethodRow("TranslateColor", 1, 2, &CallTranslateColor),
+    RawMethodRow("SplitToLines", 2, 3, &CallSplitToLines, "Text, Width, Strip"),
+    MethodRow<&McListBox::IsDelim>("IsDelim", "Character"),
+    MethodRow<&McListBox::BlendColor>("BlendColor", "First, Second, Alpha"),
+    RawMethodRow("TranslateColor", 1, 2, &CallTranslateColor, "Color, Palette"),
 };
 const MemberTable kTable{&Control::kWindowedMembers, kRows};
 

@@ -51,7 +51,7 @@ constexpr Member kRows[]{
     PropertyRow<&QuickLink::MouseLinkIcon>("MouseLinkIcon"),
     PropertyRow<&QuickLink::FontColor>("FontColor"),
     PropertyRow<&QuickLink::LinkFontColor>("LinkFontColor"),
-    MethodRow<&QuickLink::AddLink>("AddLink"),
+    MethodRow<&QuickLink::AddLink>("AddLink", "Link, Caption"),
     LabelRow<&QuickLink::CloseLabel>("CloseLabel"),
     LabelRow<&QuickLink::ChStartup>("ChStartup"),
     ReadOnlyRow<&QuickLink::LinkCount>("LinkCount"),

@@ -13,6 +13,8 @@ class HeadlessPictures final : public Pictures {
  public:
   // Bitmaps (BMP) of 8, 24 and 32 bits without compression. Any other kind: only what was laid down.
   [[nodiscard]] std::optional<DecodedPicture> Decode(ByteView file) override;
+  // Nobody else has picture objects here.
+  [[nodiscard]] std::optional<DecodedPicture> FromObject(Object&) override { return std::nullopt; }
   // One fixed sheet of paper, 32 by 32 pixels, or 16 by 16 when the small one is asked for.
   [[nodiscard]] std::optional<DecodedPicture> FileIcon(std::string_view path, uint32_t flags) override;
 

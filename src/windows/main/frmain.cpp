@@ -47,15 +47,15 @@ Variant CallGetNewBanner(Object& object, Arguments arguments) {
 }
 
 constexpr Member kRows[]{
-    MethodRow<&frmain::ExtractEditorFiles>("ExtractEditorFiles"),
+    MethodRow<&frmain::ExtractEditorFiles>("ExtractEditorFiles", "Folder"),
     MethodRow<&frmain::mnu_checkforupdate_Click>("mnu_checkforupdate_Click"),
-    RawMethodRow("SetFlashingArrow", 1, 1, &CallSetFlashingArrow),
+    RawMethodRow("SetFlashingArrow", 1, 1, &CallSetFlashingArrow, "Target"),
     MethodRow<&frmain::PlayPack1>("PlayPack1"),
     MethodRow<&frmain::PlayPack2>("PlayPack2"),
     MethodRow<&frmain::PlayDownload>("PlayDownload"),
     MethodRow<&frmain::PlayAutoHost>("PlayAutoHost"),
     MethodRow<&frmain::LoadMenuIcons>("LoadMenuIcons"),
-    RawMethodRow("GetNewBanner", 1, 2, &CallGetNewBanner),
+    RawMethodRow("GetNewBanner", 1, 2, &CallGetNewBanner, "Url, Force"),
     MethodRow<&frmain::InitTransControls>("InitTransControls"),
 };
 const MemberTable kTable{&Form::kFormMembers, kRows};

@@ -14,7 +14,7 @@ namespace {
 
 const WindowRegistration registration(frmmapinfo::kName, [] { return MakeRef<frmmapinfo>(); });
 
-constexpr Member kRows[]{MethodRow<&frmmapinfo::LoadMap>("LoadMap")};
+constexpr Member kRows[]{MethodRow<&frmmapinfo::LoadMap>("LoadMap", "Path")};
 constexpr MemberTable kTable{&Form::kFormMembers, kRows};
 
 }  // namespace

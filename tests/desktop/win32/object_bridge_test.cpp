@@ -8,11 +8,14 @@
 #include "base/convert.h"
 #include "base/member_rows.h"
 #include "desktop/win32/com/object_dispatch.h"
+#include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window_fixture.h"
 #include "forms/label.h"
 #include "forms/list_box.h"
 #include "forms/option_button.h"
 #include "support/late_bound.h"
+// This needs the Windows headers above.
+#include <olectl.h>
 
 namespace kestrun {
 namespace {
@@ -121,6 +124,89 @@ TEST_F(ObjectBridgeTest, ArgumentsMayBeGivenByName) {
   std::wstring wrong = L"Depth";
   names[1] = wrong.data();
   EXPECT_EQ(label.get()->GetIDsOfNames(IID_NULL, names, 2, LOCALE_USER_DEFAULT, numbers), DISP_E_UNKNOWNNAME);
+}
+
+TEST_F(ObjectBridgeTest, TheIndexOfAPropertyMayBeGivenByNameWhenItIsReadAndWhenItIsPut) {
+  form.List1.AddItem("Alpha");
+  form.List1.AddItem("Bravo");
+  const Reference list(outside.Get(L"List1"));
+  std::wstring member = L"List";
+  std::wstring index = L"index";
+  LPOLESTR names[]{member.data(), index.data()};
+  DISPID numbers[2]{};
+  ASSERT_EQ(list.get()->GetIDsOfNames(IID_NULL, names, 2, LOCALE_USER_DEFAULT, numbers), S_OK);
+  EXPECT_EQ(list.Invoke(numbers[0], DISPATCH_PROPERTYGET, {1}, {numbers[1]}).Text(), L"Bravo");
+  list.Invoke(numbers[0], DISPATCH_PROPERTYPUT, {0, L"Charlie"}, {numbers[1]});
+  EXPECT_EQ(form.List1.List(0), "Charlie");
+  member = L"options";
+  ASSERT_EQ(outside.get()->GetIDsOfNames(IID_NULL, names, 2, LOCALE_USER_DEFAULT, numbers), S_OK);
+  const Reference second(outside.Invoke(numbers[0], DISPATCH_PROPERTYGET, {3}, {numbers[1]}));
+  EXPECT_EQ(ObjectOf(second.get()).get(), &form.second);
+}
+
+// ---- pictures and fonts of others ----------------------------------------------------------------------------------
+
+// Takes over what OLE has made.
+Reference Owned(IDispatch* object) {
+  const Reference held(object);
+  if (object) object->Release();
+  return held;
+}
+
+Reference StandardFont(const wchar_t* name, int points, bool is_bold) {
+  FONTDESC wanted{};
+  wanted.cbSizeofstruct = sizeof wanted;
+  wanted.lpstrName = const_cast<LPOLESTR>(name);
+  wanted.cySize.int64 = points * 10'000;
+  wanted.sWeight = is_bold ? FW_BOLD : FW_NORMAL;
+  wanted.sCharset = DEFAULT_CHARSET;
+  IDispatch* font = nullptr;
+  EXPECT_EQ(OleCreateFontIndirect(&wanted, __uuidof(IDispatch), reinterpret_cast<void**>(&font)), S_OK);
+  return Owned(font);
+}
+
+// A row of pixels 0xRRGGBB; none for an empty picture.
+Reference StandardPicture(std::vector<uint32_t> pixels) {
+  PICTDESC wanted{};
+  wanted.cbSizeofstruct = sizeof wanted;
+  wanted.picType = pixels.empty() ? PICTYPE_NONE : PICTYPE_BITMAP;
+  if (!pixels.empty()) {
+    wanted.bmp.hbitmap = CreateBitmap(static_cast<int>(pixels.size()), 1, 1, 32, pixels.data());
+  }
+  IDispatch* picture = nullptr;
+  EXPECT_EQ(OleCreatePictureIndirect(&wanted, __uuidof(IDispatch), TRUE, reinterpret_cast<void**>(&picture)), S_OK);
+  return Owned(picture);
+}
+
+TEST_F(ObjectBridgeTest, AFontThatAnAddInMadeIsTakenOver) {
+  const Reference label(outside.Get(L"Label1"));
+  // The system gives it the name of the font that it found.
+  const Reference font = StandardFont(L"Tahoma", 12, true);
+  label.PutReference(L"Font", font.get());
+  EXPECT_EQ(ToWide(form.Label1.Font->name), font.Get(L"Name").Text());
+  EXPECT_EQ(form.Label1.Font->size_points, 12);
+  EXPECT_TRUE(form.Label1.Font->bold);
+  EXPECT_FALSE(form.Label1.Font->italic);
+}
+
+TEST_F(ObjectBridgeTest, APictureThatAnAddInMadeIsCopiedWithAllItsPixels) {
+  outside.PutReference(L"Picture", StandardPicture({0xFF0000, 0x00FF00, 0x0000FF}).get());
+  ASSERT_TRUE(form.Picture.get());
+  EXPECT_EQ(form.Picture.get()->width_pixels(), 3);
+  EXPECT_EQ(form.Picture.get()->height_pixels(), 1);
+  EXPECT_THAT(form.Picture.get()->pixels(), ElementsAre(0xFFFF0000, 0xFF00FF00, 0xFF0000FF));
+}
+
+TEST_F(ObjectBridgeTest, AnEmptyPictureOfAnAddInTakesThePresentOneAway) {
+  outside.PutReference(L"Picture", StandardPicture({0xFF0000}).get());
+  outside.PutReference(L"Picture", StandardPicture({}).get());
+  EXPECT_FALSE(form.Picture.get());
+}
+
+TEST_F(ObjectBridgeTest, AFontIsNoPictureAndAPictureIsNoFont) {
+  const Reference label(outside.Get(L"Label1"));
+  EXPECT_EQ(FailureOf([&] { label.PutReference(L"Font", StandardPicture({1}).get()); }).number, 13);
+  EXPECT_EQ(FailureOf([&] { outside.PutReference(L"Picture", StandardFont(L"Tahoma", 9, false).get()); }).number, 13);
 }
 
 TEST_F(ObjectBridgeTest, ForEachWalksTheControlsOfAWindow) {

@@ -4,7 +4,9 @@
 #include <cstring>
 #include <string>
 
+#include "base/runtime_error.h"
 #include "base/text.h"
+#include "desktop/win32/com/foreign_object.h"
 #include "desktop/win32/drawing/graphics.h"
 #include "desktop/win32/system/com_owner.h"
 #include "desktop/win32/system/handles.h"
@@ -116,15 +118,26 @@ std::vector<uint32_t> RenderOver(IPicture& picture, int width, int height, uint3
   return pixels;
 }
 
+// A bitmap has pixels of its own; what is measured in himetric alone gets those of 96 to the inch.
+SIZE SizeInPixels(IPicture& picture, OLE_XSIZE_HIMETRIC width, OLE_YSIZE_HIMETRIC height) {
+  SHORT type = PICTYPE_NONE;
+  OLE_HANDLE handle = 0;
+  BITMAP bitmap{};
+  const bool is_bitmap = SUCCEEDED(picture.get_Type(&type)) && type == PICTYPE_BITMAP &&
+                         SUCCEEDED(picture.get_Handle(&handle)) &&
+                         GetObjectW(LongToHandle(static_cast<LONG>(handle)), sizeof bitmap, &bitmap);
+  if (is_bitmap) return {bitmap.bmWidth, bitmap.bmHeight};
+  return {static_cast<LONG>(ToPixels(width)), static_cast<LONG>(ToPixels(height))};
+}
+
 // What comes out the same over black and over white was painted; the rest of the sheet stayed free.
 Decoded RenderPicture(IPicture& picture) {
   OLE_XSIZE_HIMETRIC source_width = 0;
   OLE_YSIZE_HIMETRIC source_height = 0;
   if (FAILED(picture.get_Width(&source_width)) || FAILED(picture.get_Height(&source_height))) return std::nullopt;
-  const int64_t width = ToPixels(source_width);
-  const int64_t height = ToPixels(source_height);
-  if (!IsPictureSizeAllowed(width, height)) return std::nullopt;
-  DecodedPicture decoded{static_cast<int>(width), static_cast<int>(height), {}};
+  const SIZE size = SizeInPixels(picture, source_width, source_height);
+  if (!IsPictureSizeAllowed(size.cx, size.cy)) return std::nullopt;
+  DecodedPicture decoded{static_cast<int>(size.cx), static_cast<int>(size.cy), {}};
   decoded.pixels = RenderOver(picture, decoded.width, decoded.height, 0);
   const std::vector<uint32_t> over_white = RenderOver(picture, decoded.width, decoded.height, kWhite);
   if (decoded.pixels.empty() || over_white.empty()) return std::nullopt;
@@ -153,6 +166,20 @@ std::optional<DecodedPicture> Win32Pictures::Decode(ByteView file) {
   bool refused = false;
   Decoded decoded = DecodeByImaging(file, refused);
   return decoded || refused ? decoded : DecodeByOle(file);
+}
+
+std::optional<DecodedPicture> Win32Pictures::FromObject(Object& object) {
+  const auto* foreign = dynamic_cast<const ForeignObject*>(&object);
+  ComOwner<IPicture> picture;
+  if (!foreign || FAILED(foreign->target()->QueryInterface(__uuidof(IPicture), picture.ReceiveAny()))) {
+    return std::nullopt;
+  }
+  SHORT type = PICTYPE_NONE;
+  if (FAILED(picture->get_Type(&type))) Raise(error::kInvalidPicture);
+  if (type == PICTYPE_NONE || type == PICTYPE_UNINITIALIZED) return DecodedPicture{};
+  Decoded decoded = RenderPicture(*picture.get());
+  if (!decoded) Raise(error::kInvalidPicture);
+  return decoded;
 }
 
 std::optional<DecodedPicture> Win32Pictures::FileIcon(std::string_view path, uint32_t flags) {

@@ -9,6 +9,7 @@ namespace kestrun {
 class Win32Pictures final : public Pictures {
  public:
   [[nodiscard]] std::optional<DecodedPicture> Decode(ByteView file) override;
+  [[nodiscard]] std::optional<DecodedPicture> FromObject(Object& object) override;
   [[nodiscard]] std::optional<DecodedPicture> FileIcon(std::string_view path, uint32_t flags) override;
 };
 

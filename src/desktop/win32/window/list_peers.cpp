@@ -97,13 +97,31 @@ class ListPeer : public WindowedPeer {
     }
     const auto top = static_cast<WPARAM>(SendMessageW(window(), LB_GETTOPINDEX, 0, 0));
     for (int row = 0; row < Model().ListCount(); ++row) {
-      if (IsMarked(row) != Model().Selected(row)) SendMessageW(window(), LB_SETSEL, Model().Selected(row), row);
+      if (IsMarked(row) != Model().Selected(row)) row = ShowChoiceFrom(row);
     }
     if (SendMessageW(window(), LB_GETTOPINDEX, 0, 0) != static_cast<LRESULT>(top)) {
       SendMessageW(window(), LB_SETTOPINDEX, top, 0);
     }
     const bool has_moved = current >= 0 && SendMessageW(window(), LB_GETCARETINDEX, 0, 0) != current;
     if (has_moved) SendMessageW(window(), LB_SETCARETINDEX, static_cast<WPARAM>(current), FALSE);
+  }
+
+  // Chooses or frees that row and those behind it that change in the same way, in one step: each single one would make
+  // the list scroll to it. Gives the last of them.
+  int ShowChoiceFrom(int first) {
+    const bool is_chosen = Model().Selected(first);
+    int last = first;
+    const auto changes = [&](int row) {
+      return row < Model().ListCount() && Model().Selected(row) == is_chosen && IsMarked(row) != is_chosen;
+    };
+    while (changes(last + 1)) ++last;
+    if (last == first) {
+      SendMessageW(window(), LB_SETSEL, is_chosen, first);
+    } else {
+      SendMessageW(window(), LB_SELITEMRANGEEX, static_cast<WPARAM>(is_chosen ? first : last),
+                   is_chosen ? last : first);
+    }
+    return last;
   }
 
   [[nodiscard]] bool IsMarked(int row) const {
