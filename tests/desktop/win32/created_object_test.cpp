@@ -82,25 +82,25 @@ TEST(ComponentRegistrationTest, AFileThatIsNoLibraryOrHasNoEntryIsNot) {
   EXPECT_FALSE(RunRegistrationEntry(SystemLibrary("kernel32.dll"), true));
 }
 
+bool has_entry_returned = false;
+
+DWORD WINAPI CallHangingEntry(void*) {
+  static_cast<void>(RunRegistrationEntry(ProgramBesideTests("tour_inside.dll"), false));
+  has_entry_returned = true;
+  return 0;
+}
+
 // The calling thread waits for ten seconds and ends with the code of one that still runs.
 TEST(ComponentRegistrationTest, AnEntryThatHangsTakesTheCallingThreadDown) {
   SetEnvironmentVariableW(L"TOUR_HANGS", L"1");
-  static bool has_returned = false;
-  const HANDLE caller = CreateThread(
-      nullptr, 0,
-      [](void*) -> DWORD {
-        static_cast<void>(RunRegistrationEntry(ProgramBesideTests("tour_inside.dll"), false));
-        has_returned = true;
-        return 0;
-      },
-      nullptr, 0, nullptr);
+  const HANDLE caller = CreateThread(nullptr, 0, &CallHangingEntry, nullptr, 0, nullptr);
   EXPECT_EQ(WaitForSingleObject(caller, 9'000), static_cast<DWORD>(WAIT_TIMEOUT));
   EXPECT_EQ(WaitForSingleObject(caller, 30'000), WAIT_OBJECT_0);
   DWORD code = 0;
   GetExitCodeThread(caller, &code);
   CloseHandle(caller);
   EXPECT_EQ(code, static_cast<DWORD>(STILL_ACTIVE));
-  EXPECT_FALSE(has_returned);
+  EXPECT_FALSE(has_entry_returned);
   SetEnvironmentVariableW(L"TOUR_HANGS", nullptr);
 }
 

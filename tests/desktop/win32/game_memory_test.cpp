@@ -177,6 +177,9 @@ void PrintTo(const KeyMessage& key, std::ostream* out) {
   *out << std::hex << key.message << " " << key.code << " " << static_cast<uint32_t>(key.data);
 }
 
+// A key's data when it goes up: it was down, and is released.
+LPARAM Released(LPARAM data) { return static_cast<LPARAM>(static_cast<uint32_t>(data) | 0xC0000000); }
+
 std::vector<KeyMessage> WaitingKeys(HWND window) {
   std::vector<KeyMessage> keys;
   MSG message{};
@@ -198,12 +201,12 @@ TEST_F(GameMemoryTest, KeyMessagesCarryRepeatCountScanCodeAndTransition) {
   const LPARAM scan = static_cast<LPARAM>(MapVirtualKeyW(84, MAPVK_VK_TO_VSC)) << 16;
   memory->PressKey(84);
   EXPECT_THAT(WaitingKeys(window), ElementsAre(KeyMessage{WM_KEYDOWN, 84, scan | 1}, KeyMessage{WM_CHAR, 't', scan | 1},
-                                               KeyMessage{WM_KEYUP, 84, scan | 0xC0000001}));
+                                               KeyMessage{WM_KEYUP, 84, Released(scan | 1)}));
   const LPARAM enter = static_cast<LPARAM>(MapVirtualKeyW(VK_RETURN, MAPVK_VK_TO_VSC)) << 16;
   memory->PressKey(13);
   EXPECT_THAT(WaitingKeys(window),
               ElementsAre(KeyMessage{WM_KEYDOWN, VK_RETURN, enter | 1}, KeyMessage{WM_CHAR, '\r', enter | 1},
-                          KeyMessage{WM_KEYUP, VK_RETURN, enter | 0xC0000001}));
+                          KeyMessage{WM_KEYUP, VK_RETURN, Released(enter | 1)}));
 }
 
 TEST_F(GameMemoryTest, AKeyWithoutACharacterPostsNoneAndAnExtendedKeySaysSo) {
@@ -217,7 +220,7 @@ TEST_F(GameMemoryTest, AKeyWithoutACharacterPostsNoneAndAnExtendedKeySaysSo) {
   const LPARAM scan = static_cast<LPARAM>(MapVirtualKeyW(VK_DOWN, MAPVK_VK_TO_VSC) & 0xFF) << 16;
   memory->PressKey(VK_DOWN);
   EXPECT_THAT(WaitingKeys(HandleOf(*form)), ElementsAre(KeyMessage{WM_KEYDOWN, VK_DOWN, scan | kExtended | 1},
-                                                        KeyMessage{WM_KEYUP, VK_DOWN, scan | kExtended | 0xC0000001}));
+                                                        KeyMessage{WM_KEYUP, VK_DOWN, Released(scan | kExtended | 1)}));
 }
 
 TEST_F(GameMemoryTest, ATextOverMemoryThatMayNotBeWrittenIsNotWritten) {

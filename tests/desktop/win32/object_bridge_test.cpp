@@ -556,13 +556,15 @@ TEST_F(ForeignObjectTest, ItsFailuresAreRunTimeErrors) {
   EXPECT_EQ(ErrorOf(use), "1234 the server is tired");
 }
 
+HRESULT STDAPICALLTYPE FillInLater(EXCEPINFO* told) {
+  told->scode = static_cast<SCODE>(0x800A0046);
+  told->bstrDescription = SysAllocString(L"locked");
+  return S_OK;
+}
+
 TEST_F(ForeignObjectTest, ADescriptionThatIsFilledInLaterIsAskedFor) {
   thing.answer = DISP_E_EXCEPTION;
-  thing.exception.pfnDeferredFillIn = [](EXCEPINFO* told) -> HRESULT {
-    told->scode = static_cast<SCODE>(0x800A0046);
-    told->bstrDescription = SysAllocString(L"locked");
-    return S_OK;
-  };
+  thing.exception.pfnDeferredFillIn = &FillInLater;
   EXPECT_EQ(ErrorOf([this] { CallMember(*object, "Thing"); }), "70 locked");
 }
 
