@@ -18,8 +18,8 @@ struct ForeignScriptFault {
   int module = -1;  // which of the modules it is in, from 0 in the order of their adding; -1 for none
   int line = 0;     // from 1; 0 when the fault has no place
   int column = 0;   // from 1
-  std::string description;
-  std::string source;       // who raised it
+  std::string description = {};
+  std::string source = {};  // who raised it
   bool is_time_up = false;  // the script was stopped by its time limit
 };
 

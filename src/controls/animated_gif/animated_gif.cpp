@@ -16,7 +16,7 @@ constexpr int kTwipsPerPixel = 15;  // of a frame's place, on every screen
 // A hostile file may be small and announce any number of frames of any size.
 constexpr int64_t kMostPixels = 8'000'000;
 constexpr size_t kMostFrames = 4096;
-constexpr uint64_t kMostFileBytes = 16 * 1024 * 1024;
+constexpr uint64_t kMostFileBytes = uint64_t{16} * 1024 * 1024;
 
 constexpr Member kRows[]{
     MethodRow<&AnimatedGIF::RunShellExecute>("RunShellExecute", "Operation, File, Parameters, Folder, Show"),

@@ -131,6 +131,7 @@ void McImageList::ReadProperties(const PropertyBag& bag) {
   const int count = ToLong(bag.ReadProperty("ImageCount", 0));
   if (count < 0 || count > kMostPictures) Raise(error::kInvalidFileFormat);
   std::vector<Ref<Picture>> pictures;
+  pictures.reserve(static_cast<size_t>(count));
   for (int position = 0; position < count; ++position) {
     pictures.push_back(PictureFrom(bag.ReadProperty(PictureName(position), Variant::Nothing())));
   }

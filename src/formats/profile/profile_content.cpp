@@ -72,6 +72,15 @@ Bytes Joined(std::string_view mark, std::string_view text) {
   return bytes;
 }
 
+}  // namespace
+
+bool IsAscii(std::string_view text) {
+  // Without an early way out, so that the compiler can look at many characters at once.
+  unsigned char all = 0;
+  for (const char c : text) all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
+  return all < 0x80;
+}
+
 // Without an early way out, so that the compiler can look at many characters at once.
 bool IsPlain(std::string_view text) {
   unsigned char all = 0;
@@ -79,15 +88,6 @@ bool IsPlain(std::string_view text) {
     const auto byte = static_cast<unsigned char>(c);
     all = static_cast<unsigned char>(all | byte | static_cast<unsigned char>(byte - 1));
   }
-  return all < 0x80;
-}
-
-}  // namespace
-
-bool IsAscii(std::string_view text) {
-  // Without an early way out, so that the compiler can look at many characters at once.
-  unsigned char all = 0;
-  for (const char c : text) all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
   return all < 0x80;
 }
 

@@ -12,6 +12,8 @@ namespace kestrun {
 // Bytes above 127 that all form UTF-8, at least once. Line by line the same: no character reaches over a line end.
 [[nodiscard]] bool HoldsUtf8(std::string_view text);
 [[nodiscard]] bool IsAscii(std::string_view text);
+// ASCII without a NUL, and so the same in a code page and in UTF-8.
+[[nodiscard]] bool IsPlain(std::string_view text);
 // Whether all bytes form UTF-8; true of a text without any above 127.
 [[nodiscard]] bool IsValidUtf8(std::string_view text);
 

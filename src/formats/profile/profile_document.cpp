@@ -91,7 +91,6 @@ void ProfileDocument::EndLastLine() {
 
 void ProfileDocument::Insert(Section& section, std::string_view text) {
   if (section.filled > 0 && section.lines[section.filled - 1].end.empty()) EndLastLine();
-  Count(text, 1);
   section.lines.insert(section.lines.begin() + static_cast<std::ptrdiff_t>(section.filled), {text, line_end_});
   ++section.filled;
 }
@@ -117,7 +116,7 @@ void ProfileDocument::Set(std::string_view section, std::string_view key, std::s
     Count(header, 1);
     AddLine(*target, {header, line_end_});
   }
-  Store(*target, line, wanted_key.text(), EncodeProfilePiece(encoding_, CutAtNul(value)));
+  Store(*target, line, wanted_key.text(), EncodeProfilePiece(encoding_, CutAtNul(value)), false);
 }
 
 std::vector<size_t> ProfileDocument::NumberedLines(const Section& section, const ProfileRows& rows) {
@@ -142,18 +141,18 @@ size_t ProfileDocument::SetRowsFrom(const ProfileRows& rows, size_t row) {
   const int times_taken_apart = times_taken_apart_;
   const std::vector<size_t> lines = NumberedLines(*target, rows);
   for (; row < rows.values.size(); ++row) {
-    const std::string_view value = CutAtNul(rows.values[row]);
-    const bool is_ascii = IsAscii(value);
-    if (!is_ascii && !HoldsText(rows.values[row])) return row;
+    const std::string_view value = rows.values[row];
+    const bool is_plain = IsPlain(value);
+    if (!is_plain && !HoldsText(value)) return row;
     Line* const line = lines[row] == 0 ? nullptr : &target->lines[lines[row] - 1];
-    const std::string encoded = is_ascii ? std::string() : EncodeProfilePiece(encoding_, value);
-    Store(*target, line, line ? std::string() : key(row), is_ascii ? value : encoded);
+    const std::string encoded = is_plain ? std::string() : EncodeProfilePiece(encoding_, CutAtNul(value));
+    Store(*target, line, line ? std::string() : key(row), is_plain ? value : encoded, is_plain);
     if (times_taken_apart_ != times_taken_apart) return row + 1;
   }
   return row;
 }
 
-void ProfileDocument::Store(Section& section, Line* line, std::string_view key, std::string_view value) {
+void ProfileDocument::Store(Section& section, Line* line, std::string_view key, std::string_view value, bool is_plain) {
   if (line) {
     const ProfileLine present = ParseProfileLine(line->text);
     if (present.has_value && present.value == value) return;
@@ -162,11 +161,11 @@ void ProfileDocument::Store(Section& section, Line* line, std::string_view key, 
   const std::string_view text = Keep({key, "=", value});
   if (line) {
     if (wide_lines_ > 0 || invalid_lines_ > 0) Count(line->text, -1);
-    Count(text, 1);
     line->text = text;
   } else {
     Insert(section, text);
   }
+  if (!is_plain) Count(text, 1);
   has_changed_ = true;
   FollowEncoding(text, HasLineBreak(value));
 }

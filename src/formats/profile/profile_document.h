@@ -58,8 +58,9 @@ class ProfileDocument {
   // For each row one more than the place of its key's first line; 0 for a row without one.
   [[nodiscard]] static std::vector<size_t> NumberedLines(const Section& section, const ProfileRows& rows);
   [[nodiscard]] bool HoldsText(std::string_view utf8) const;
-  // Makes the line of the key, which may be there already, say the value; both in the encoding of the content.
-  void Store(Section& section, Line* line, std::string_view key, std::string_view value);
+  // Makes the line of the key, which may be there already, say the value; both in the encoding of the content. Plain
+  // says that both are known to be so.
+  void Store(Section& section, Line* line, std::string_view key, std::string_view value, bool is_plain);
   [[nodiscard]] std::string_view Keep(std::initializer_list<std::string_view> parts);
   void EndLastLine();
   void Insert(Section& section, std::string_view text);

@@ -127,6 +127,7 @@ GuardedSource::GuardedSource(std::string_view source, std::string_view call) {
   TokenReader reader(source);
   std::vector<OpenFor> loops;
   std::string_view word;  // the last one that is no blank
+  bool awaits_body = false;
   int depth = 0;
   while (!reader.AtEnd()) {
     const std::string_view token = reader.Next();
@@ -137,6 +138,8 @@ GuardedSource::GuardedSource(std::string_view source, std::string_view call) {
         token == ";" && !loops.empty() && loops.back().depth == depth && loops.back().semicolons == 1 && word == ";";
     if (is_second_end) Insert("true");
     Copy(token);
+    if (token == "{" && awaits_body) Insert(std::string(call) + ";");
+    awaits_body = token == "function" || (awaits_body && token != "{");
     if (token == "(" && word == "while") Insert(guard);
     if (token == "(" && word == "for") loops.push_back({depth});
     if (token == ";" && !loops.empty() && loops.back().depth == depth && ++loops.back().semicolons == 1) Insert(guard);

@@ -1,4 +1,4 @@
-// JavaScript whose loops ask for the time: for engines that nobody can stop from outside.
+// JavaScript whose loops and functions ask for the time: for engines that nobody can stop from outside.
 #pragma once
 
 #include <string>
@@ -12,7 +12,8 @@ namespace kestrun {
 
 class GuardedSource {
  public:
-  // Puts the call, such as "Clock.Check()", before the condition of each loop that may run for ever. Lines stay lines.
+  // Puts the call, such as "Clock.Check()", before the condition of each loop that may run for ever, and at the
+  // beginning of each function, since functions that call themselves may take for ever too. Lines stay lines.
   GuardedSource(std::string_view source, std::string_view call);
 
   [[nodiscard]] const std::string& text() const { return text_; }

@@ -121,7 +121,8 @@ TEST_F(ActiveScriptTest, NoEndlessLoopRunsOn) {
   engine->SetTimeout(200);
   for (const char* loop :
        {"while (true) ;", "for (;;) { }", "do { } while (true);", "for (var i = 0; true; ) i++;",
-        "while (true) { try { while (true) ; } catch (e) { } }", "if (/\\/*\"while\\(/.test('a')) return; while(1);"}) {
+        "while (true) { try { while (true) ; } catch (e) { } }", "if (/\\/*\"while\\(/.test('a')) return; while(1);",
+        "function f(n) { return n < 1 ? 1 : f(n - 1) + f(n - 1); } f(60);"}) {
     engine->SetLanguage("");
     engine->SetLanguage("jscript");
     LoadForm(loop);

@@ -23,6 +23,12 @@ TEST(LoopGuardsTest, LoopsWithinLoopsAskToo) {
   EXPECT_EQ(Guarded("for(;a;) for(;;) while(b) ;"), "for(;T(),a;) for(;T(),true;) while(T(),b) ;");
 }
 
+TEST(LoopGuardsTest, FunctionsAskWhenTheyBegin) {
+  EXPECT_EQ(Guarded("function f(n) { return f(n - 1) + { }; }"), "function f(n) {T(); return f(n - 1) + { }; }");
+  EXPECT_EQ(Guarded("a = function() /* b */ {};"), "a = function() /* b */ {T();};");
+  EXPECT_EQ(Guarded("functions = { function_: 1 };"), "functions = { function_: 1 };");
+}
+
 TEST(LoopGuardsTest, LoopsOverAnObjectsMembersEndByThemselves) {
   EXPECT_EQ(Guarded("for (a in b) c;"), "for (a in b) c;");
 }
