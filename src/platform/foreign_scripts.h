@@ -12,6 +12,9 @@
 
 namespace kestrun {
 
+// Text of error 429 for a language that nobody has an engine for.
+inline constexpr std::string_view kNoSuchLanguage = "A script engine for the specified language can not be created.";
+
 // Why a call into an engine ended early.
 struct ForeignScriptFault {
   int32_t number = 0;

@@ -12,7 +12,6 @@
 namespace kestrun {
 namespace {
 
-constexpr std::string_view kNoSuchLanguage = "A script engine for the specified language can not be created.";
 constexpr std::string_view kCannotBeStopped = "The script engine of this language cannot be stopped, and is not used.";
 constexpr std::string_view kStopped = "The script ran longer than its time limit and was stopped";
 constexpr std::string_view kBuiltInLanguage = "VBScript";

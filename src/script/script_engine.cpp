@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "base/text.h"
+#include "platform/foreign_scripts.h"
 #include "script/vbscript/engine/engine.h"
 #include "script/vbscript/runtime/errors.h"
 
@@ -10,7 +11,6 @@ namespace kestrun {
 namespace {
 
 constexpr std::string_view kBuiltInLanguage = "VBScript";
-constexpr std::string_view kNoSuchLanguage = "A script engine for the specified language can not be created.";
 constexpr int64_t kFirstTimeout = 10000;
 
 class BuiltInEngine final : public ScriptEngine {

@@ -1,7 +1,6 @@
 // Key lines whose name is a prefix and a number: MAP0, MAP1 and so on. In the header, since long lists consist of them.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -18,12 +17,6 @@ struct NumberedLine {
 };
 
 namespace internal {
-
-inline bool StartsWithNoCase(std::string_view text, std::string_view prefix) {
-  return text.size() >= prefix.size() &&
-         std::equal(prefix.begin(), prefix.end(), text.begin(),
-                    [](char wanted, char present) { return LowerAscii(wanted) == LowerAscii(present); });
-}
 
 // The digits at the front of the text as std::to_string would write them, and their number; none for any others.
 inline size_t ReadNumber(std::string_view text, uint64_t& number) {
@@ -43,7 +36,7 @@ inline size_t ReadNumber(std::string_view text, uint64_t& number) {
 // letter, and its case is not looked at.
 [[nodiscard]] inline std::optional<NumberedLine> ParseNumberedLine(std::string_view line, std::string_view prefix) {
   line = TrimProfileBlanks(line);
-  if (!internal::StartsWithNoCase(line, prefix)) return std::nullopt;
+  if (!EqualsNoAsciiCase(line.substr(0, prefix.size()), prefix)) return std::nullopt;
   NumberedLine parsed;
   const size_t digits = internal::ReadNumber(line.substr(prefix.size()), parsed.number);
   if (digits == 0) return std::nullopt;

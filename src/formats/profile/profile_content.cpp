@@ -30,11 +30,6 @@ size_t Utf8Length(std::string_view text) {
   return continues(2) && continues(3) && !is_out_of_range ? 4 : 0;
 }
 
-bool EqualsNoAsciiCase(std::string_view left, std::string_view right) {
-  return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin(),
-                                                   [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
-}
-
 std::string DecodeUtf16(ByteView bytes, bool is_big_endian) {
   std::u16string units(bytes.size() / 2, u'\0');
   for (size_t i = 0; i < units.size(); ++i) {

@@ -1,6 +1,7 @@
 // The bytes of a profile file as text, and names and values on their way between that text and UTF-8.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,10 @@ namespace kestrun {
 [[nodiscard]] bool IsValidUtf8(std::string_view text);
 
 [[nodiscard]] constexpr char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
+// Without regard to the case of ASCII letters; in the header, since long lists are compared line by line.
+[[nodiscard]] constexpr bool EqualsNoAsciiCase(std::string_view left, std::string_view right) {
+  return std::ranges::equal(left, right, [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
+}
 [[nodiscard]] bool HasLineBreak(std::string_view text);
 
 // A piece of a content's text, to UTF-8 and back.
@@ -65,8 +70,6 @@ class WantedProfileName {
 
   // In the encoding of the content.
   [[nodiscard]] const std::string& text() const { return encoded_; }
-  // ASCII without a zero: the text of a line is what its bytes say.
-  [[nodiscard]] bool is_plain() const { return is_ascii_; }
   [[nodiscard]] bool Matches(std::string_view name) const;
   // False for a line that begins neither with this name nor with a blank: it cannot be the key's. The last letter tells
   // numbered keys apart at once.

@@ -20,6 +20,16 @@ inline constexpr const wchar_t* kHostTitle = L"Kestrun - Auto Host";
   return text;
 }
 
+// Also of a window whose program does not answer.
+[[nodiscard]] inline std::wstring CaptionOf(HWND window) {
+  DWORD_PTR length = 0;
+  std::wstring text(1024, L'\0');
+  SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()), SMTO_ABORTIFHUNG, 1000,
+                      &length);
+  text.resize(length);
+  return text;
+}
+
 [[nodiscard]] inline std::wstring ClassOf(HWND window) {
   wchar_t name[64];
   return {name, static_cast<size_t>(GetClassNameW(window, name, 64))};
@@ -51,6 +61,21 @@ inline constexpr const wchar_t* kHostTitle = L"Kestrun - Auto Host";
     const HWND button = parent ? ChildWithText(parent, caption) : nullptr;
     return button && IsWindowEnabled(button) && PostMessageW(button, BM_CLICK, 0, 0);
   });
+}
+
+// What is on the screen, for the report of a window that does not come: class, caption, state and texts of each window.
+[[nodiscard]] inline std::string ScreenReport() {
+  std::string report;
+  const auto describe = [](HWND window, LPARAM target) -> BOOL {
+    if (!IsWindowVisible(window)) return TRUE;
+    std::string& text = *reinterpret_cast<std::string*>(target);
+    text += FromWide(ClassOf(window)) + (IsWindowEnabled(window) ? "" : " (disabled)");
+    for (const HWND part : ChildrenOf(window)) text += " | " + FromWide(CaptionOf(part));
+    text += " \"" + FromWide(CaptionOf(window)) + "\"\n";
+    return TRUE;
+  };
+  EnumWindows(describe, reinterpret_cast<LPARAM>(&report));
+  return report;
 }
 
 // The auto host's window, in a process of its own.

@@ -50,7 +50,7 @@ class AddInRoadTest : public testing::Test {
     ASSERT_TRUE(game->IsThere());
     ASSERT_TRUE(game->Logs("map"));
     host = std::make_unique<HostWindow>(Path("kestrun.exe"), Path("rotation.lst"));
-    ASSERT_TRUE(host->IsThere());
+    ASSERT_TRUE(host->IsThere()) << ScreenReport();
   }
 
   [[nodiscard]] std::string Log(const std::string& program) const {

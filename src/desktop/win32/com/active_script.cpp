@@ -1,6 +1,5 @@
 #include "desktop/win32/com/active_script.h"
 
-#include <deque>
 #include <utility>
 
 #include "base/text.h"
@@ -8,6 +7,7 @@
 #include "desktop/win32/com/automation_value.h"
 #include "desktop/win32/com/bridge_failures.h"
 #include "desktop/win32/com/object_bridge.h"
+#include "desktop/win32/com/outgoing_arguments.h"
 #include "desktop/win32/system/handles.h"
 #include "desktop/win32/system/late_call.h"
 #include "desktop/win32/system/ole_start.h"
@@ -27,7 +27,6 @@ using ScriptParser = IActiveScriptParse32;
 // Without these an engine is not used; the others are set where it knows them.
 constexpr DWORD kLeastSafety = INTERFACESAFE_FOR_UNTRUSTED_DATA | INTERFACE_USES_SECURITY_MANAGER;
 constexpr DWORD kWantedSafety = kLeastSafety | INTERFACESAFE_FOR_UNTRUSTED_CALLER | INTERFACE_USES_DISPEX;
-constexpr std::string_view kNoSuchLanguage = "A script engine for the specified language can not be created.";
 constexpr std::string_view kNotSafe =
     "The script engine of this language does not keep scripts from files and components, and is not used.";
 // The category of components that run script text.
@@ -186,15 +185,11 @@ HRESULT ActiveScript::Invoke(IDispatch& scripts, std::string_view name, const st
   DISPID member = DISPID_UNKNOWN;
   const HRESULT found = scripts.GetIDsOfNames(GUID{}, &names, 1, LOCALE_USER_DEFAULT, &member);
   if (FAILED(found)) return found;
-  std::deque<AutomationValue> held;  // last to first
-  std::vector<VARIANT> given;
-  for (auto value = arguments.rbegin(); value != arguments.rend(); ++value) {
-    given.push_back(held.emplace_back(*value).get());
-  }
-  DISPPARAMS parameters{given.data(), nullptr, static_cast<UINT>(given.size()), 0};
+  std::vector<Variant> values = arguments;
+  OutgoingArguments given(values, nullptr);
   AutomationValue answer;
   const HRESULT called =
-      scripts.Invoke(member, GUID{}, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &answer.get(), &told, nullptr);
+      scripts.Invoke(member, GUID{}, LOCALE_USER_DEFAULT, DISPATCH_METHOD, given.get(), &answer.get(), &told, nullptr);
   if (SUCCEEDED(called)) result = FromAutomation(answer.get());
   return called;
 }

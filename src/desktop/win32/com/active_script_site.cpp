@@ -17,13 +17,13 @@ int32_t NumberOf(HRESULT code) {
 }  // namespace
 
 ForeignScriptFault FaultOf(HRESULT result, EXCEPINFO& told) {
-  if (result == DISP_E_EXCEPTION && told.pfnDeferredFillIn) told.pfnDeferredFillIn(&told);
+  ToldTexts texts;
+  if (result == DISP_E_EXCEPTION) texts = TakeToldTexts(told);
   const HRESULT code = result != DISP_E_EXCEPTION ? result : told.scode ? told.scode : told.wCode;
   ForeignScriptFault fault;
   fault.number = NumberOf(code);
-  fault.description = TakeAutomationText(std::exchange(told.bstrDescription, nullptr));
-  fault.source = TakeAutomationText(std::exchange(told.bstrSource, nullptr));
-  static_cast<void>(TakeAutomationText(std::exchange(told.bstrHelpFile, nullptr)));
+  fault.description = std::move(texts.description);
+  fault.source = std::move(texts.source);
   if (fault.description.empty()) fault.description = TextOfResult(code);
   return fault;
 }

@@ -1,5 +1,7 @@
 #include "desktop/win32/com/bridge_failures.h"
 
+#include <utility>
+
 #include "base/result_codes.h"
 #include "base/runtime_error.h"
 #include "desktop/win32/com/automation_value.h"
@@ -33,15 +35,13 @@ void WithFailure(Action&& action) {
 }
 
 [[noreturn]] void RaiseTold(EXCEPINFO& told) {
-  if (told.pfnDeferredFillIn) told.pfnDeferredFillIn(&told);
+  ToldTexts texts = TakeToldTexts(told);
   const int number = told.wCode ? told.wCode : NumberOfResult(told.scode);
-  const std::string source = TakeAutomationText(told.bstrSource);
-  std::string description = TakeAutomationText(told.bstrDescription);
-  const std::string help_file = TakeAutomationText(told.bstrHelpFile);
-  if (description.empty()) {
-    description = HasStandardErrorText(number) ? std::string(StandardErrorText(number)) : TextOfResult(told.scode);
+  if (texts.description.empty()) {
+    texts.description =
+        HasStandardErrorText(number) ? std::string(StandardErrorText(number)) : TextOfResult(told.scode);
   }
-  throw HostError(number, description, source, help_file, static_cast<int>(told.dwHelpContext));
+  throw HostError(number, texts.description, texts.source, texts.help_file, static_cast<int>(told.dwHelpContext));
 }
 
 }  // namespace
@@ -60,6 +60,13 @@ HRESULT TellFailure(EXCEPINFO* told) noexcept {
     // Without memory for its texts the number alone is told.
   }
   return told ? DISP_E_EXCEPTION : result;
+}
+
+ToldTexts TakeToldTexts(EXCEPINFO& told) {
+  if (told.pfnDeferredFillIn) told.pfnDeferredFillIn(&told);
+  return {.source = TakeAutomationText(std::exchange(told.bstrSource, nullptr)),
+          .description = TakeAutomationText(std::exchange(told.bstrDescription, nullptr)),
+          .help_file = TakeAutomationText(std::exchange(told.bstrHelpFile, nullptr))};
 }
 
 void RaiseResult(HRESULT result, EXCEPINFO* told) {

@@ -22,6 +22,15 @@ template <class Action>
   }
 }
 
+// What an exception of automation says in words.
+struct ToldTexts {
+  std::string source;
+  std::string description;
+  std::string help_file;
+};
+// Asks for what is filled in late, and takes the texts out. Numbers stand in `told` afterwards.
+[[nodiscard]] ToldTexts TakeToldTexts(EXCEPINFO& told);
+
 // Raises a result code as a run-time error; `told` is what came with DISP_E_EXCEPTION, and is let go.
 [[noreturn]] void RaiseResult(HRESULT result, EXCEPINFO* told = nullptr);
 

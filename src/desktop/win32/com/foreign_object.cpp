@@ -1,6 +1,5 @@
 #include "desktop/win32/com/foreign_object.h"
 
-#include <deque>
 #include <map>
 #include <utility>
 
@@ -8,6 +7,7 @@
 #include "desktop/win32/com/bridge_failures.h"
 #include "desktop/win32/com/object_bridge.h"
 #include "desktop/win32/com/object_dispatch.h"
+#include "desktop/win32/com/outgoing_arguments.h"
 #include "desktop/win32/system/wide_text.h"
 
 namespace kestrun {
@@ -20,29 +20,6 @@ std::map<const IDispatch*, ForeignObject*>& Existing() {
   static std::map<const IDispatch*, ForeignObject*> objects;
   return objects;
 }
-
-// The arguments of a call as automation takes them: last to first, and what is assigned before all of them.
-class OutgoingArguments {
- public:
-  OutgoingArguments(Arguments arguments, const Variant* put_value) {
-    if (put_value) held_.emplace_back(*put_value);
-    for (size_t at = arguments.size(); at > 0; --at) held_.emplace_back(arguments[at - 1]);
-    // Borrowed from their owners for the call.
-    for (AutomationValue& value : held_) values_.push_back(value.get());
-    parameters_ = {values_.data(), put_value ? &put_name_ : nullptr, static_cast<UINT>(values_.size()),
-                   put_value ? 1U : 0U};
-  }
-  OutgoingArguments(const OutgoingArguments&) = delete;
-  OutgoingArguments& operator=(const OutgoingArguments&) = delete;
-
-  [[nodiscard]] DISPPARAMS* get() { return &parameters_; }
-
- private:
-  std::deque<AutomationValue> held_;
-  std::vector<VARIANT> values_;
-  DISPID put_name_ = DISPID_PROPERTYPUT;
-  DISPPARAMS parameters_{};
-};
 
 HRESULT Invoke(IDispatch& target, DISPID member, WORD kind, OutgoingArguments& arguments, AutomationValue* result,
                EXCEPINFO& told) {

@@ -1,7 +1,5 @@
 #include "desktop/win32/window/button_face.h"
 
-#include <algorithm>
-
 #include "desktop/win32/drawing/control_parts.h"
 #include "desktop/win32/drawing/graphics.h"
 #include "desktop/win32/system/wide_text.h"
@@ -109,7 +107,7 @@ void DrawMarkedButton(FormWindow& form, const MarkedButtonFace& face, HDC target
   const int gap = MulDiv(4, dpi, 96);
   const int left = face.is_mark_right ? area.right - side : area.left;
   const int top = area.top + (area.bottom - area.top - side) / 2;
-  face.draw_mark(target, {left, top, left + side, top + side}, std::max(1, MulDiv(1, dpi, 96)),
+  face.draw_mark(target, {left, top, left + side, top + side}, form.scale().LineWidth(),
                  PartColorsOf(button.BackColor, button.ForeColor, face.state));
   const RECT text{face.is_mark_right ? area.left : area.left + side + gap, area.top,
                   face.is_mark_right ? area.right - side - gap : area.right, area.bottom};

@@ -54,7 +54,7 @@ LRESULT CALLBACK WatchList(HWND window, UINT message, WPARAM first, LPARAM secon
 void DrawComboFace(FormWindow& form, const ComboBox& box, HWND window, HDC target, ComboState state) {
   RECT area{};
   GetClientRect(window, &area);
-  const int thickness = std::max(1, MulDiv(1, form.scale().dpi(), 96));
+  const int thickness = form.scale().LineWidth();
   const COMBOBOXINFO parts = PartsOf(window);
   const PartState part{box.Enabled, state.is_hot || state.has_focus, false};
   const PartColors edge = PartColorsOf(box.BackColor, box.ForeColor, part);

@@ -100,7 +100,7 @@ void DrawWindowEdge(HWND window, const Control& control, ScreenScale scale) {
   const HDC target = GetWindowDC(window);
   const PartColors colors = PartColorsOf(control.BackColor, control.ForeColor, {control.Enabled});
   DrawLineEdge(target, area, width, colors.face);
-  DrawLineEdge(target, area, std::min(width, MulDiv(1, scale.dpi(), 96)), colors.line);
+  DrawLineEdge(target, area, std::min(width, scale.LineWidth()), colors.line);
   ReleaseDC(window, target);
 }
 

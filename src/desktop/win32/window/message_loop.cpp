@@ -15,12 +15,12 @@ bool IsMenuOpen() {
 }
 
 // Keys and clicks are for the menu while one is open: they wait until its own loop goes on.
-bool TakeWaiting(MSG& message) {
+bool TakeWaiting(MSG& message, bool is_menu_open) {
   const auto take = [&message](UINT first, UINT last) {
     return PeekMessageW(&message, nullptr, first, last, PM_REMOVE) != FALSE;
   };
   constexpr UINT kLastMessage = 0xFFFF;
-  if (!IsMenuOpen()) return take(0, 0);
+  if (!is_menu_open) return take(0, 0);
   return take(0, WM_KEYFIRST - 1) || take(WM_KEYLAST + 1, WM_MOUSEFIRST - 1) || take(WM_MOUSELAST + 1, kLastMessage);
 }
 
@@ -36,7 +36,8 @@ void DispatchOne(MSG& message) {
 
 void DispatchWaiting() {
   MSG message{};
-  while (TakeWaiting(message)) {
+  const bool is_menu_open = IsMenuOpen();
+  while (TakeWaiting(message, is_menu_open)) {
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
