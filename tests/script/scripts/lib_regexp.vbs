@@ -9,6 +9,7 @@ Dim m, ms
 Set ms = re.Execute("10-20 and 3-4")
 WScript.Echo TypeName(ms), ms.Count, ms(0), ms(1).Value, ms.Item(1).FirstIndex, ms(1).Length '=> IMatchCollection2 2 10-20 3-4 10 3
 WScript.Echo ms(0).SubMatches(0), ms(0).SubMatches(1), ms(0).SubMatches.Count '=> 10 20 2
+WScript.Echo ms(0) Is ms(0), ms(1) Is ms.Item(1), ms(0) Is ms(1) '=> True True False
 For Each m In ms
   WScript.Echo m & ":" & m.SubMatches.Item(1)
 Next '=> 10-20:20

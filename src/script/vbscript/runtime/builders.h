@@ -1,6 +1,7 @@
 // Builds texts and lists under the limits of the running script: time and memory are charged as they grow.
 #pragma once
 
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -76,11 +77,11 @@ class ListBuilder {
   Ref<ArrayBody> body_;
 };
 
-// Any vector that a script can make grow: room for one element more, within the memory budget.
+// Any vector that a script can make grow: room for so many elements more, within the memory budget.
 template <class Vector>
-void MakeRoomForOne(RuntimeContext& context, Vector& vector) {
-  if (vector.size() < vector.capacity()) return;
-  const size_t wanted = vector.empty() ? 4 : vector.size() * 2;
+void MakeRoom(RuntimeContext& context, Vector& vector, size_t count) {
+  if (count <= vector.capacity() - vector.size()) return;
+  const size_t wanted = std::max({size_t{4}, vector.size() * 2, vector.size() + count});
   context.ChargeMemory(LiveBytes::Block(wanted * sizeof(typename Vector::value_type)));
   vector.reserve(wanted);
 }

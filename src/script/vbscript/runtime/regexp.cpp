@@ -150,14 +150,13 @@ Variant RegExp::Execute(const Variant& text) {
   const TextArgument subject(text);
   const RegExpProgram& program = Program();
   RegExpMatcher matcher(context(), program, subject.view());
-  std::vector<Ref<Match>> matches;
+  std::vector<TextSpan> spans;
   ForEachMatch(matcher, subject.size(), global_, [&] {
-    MakeRoomForOne(context(), matches);
-    context().Charge(2 + program.group_count / kElementsPerStep);
-    matches.push_back(MakeRef<Match>(subject.value(), SpansOf(matcher, program.group_count)));
-    context().ChargeMemory(0);
+    MakeRoom(context(), spans, program.group_count);
+    context().Charge(1 + program.group_count / kElementsPerStep);
+    AppendSpans(spans, matcher, program.group_count);
   });
-  return MakeRef<Matches>(std::move(matches));
+  return MakeRef<Matches>(subject.value(), program.group_count, std::move(spans));
 }
 
 Variant RegExp::Replace(const Variant& text, const Variant& replacement) {

@@ -66,11 +66,8 @@ constexpr MemberTable kMatchMembers{nullptr, kMatchRows};
 
 }  // namespace
 
-std::vector<TextSpan> SpansOf(const RegExpMatcher& matcher, uint32_t group_count) {
-  std::vector<TextSpan> spans;
-  spans.reserve(group_count);
+void AppendSpans(std::vector<TextSpan>& spans, const RegExpMatcher& matcher, uint32_t group_count) {
   for (uint32_t group = 0; group < group_count; ++group) spans.push_back({matcher.begin(group), matcher.end(group)});
-  return spans;
 }
 
 const MemberTable& SubMatches::Members() const { return kCollectionMembers<SubMatches>; }
@@ -83,7 +80,7 @@ Variant SubMatches::Item(const Variant& index) const { return At(IndexArgument(i
 
 Variant SubMatches::At(size_t index) const { return SpanText(text_, spans_[index]); }
 
-Match::Match(Variant text, const std::vector<TextSpan>& spans)
+Match::Match(Variant text, std::span<const TextSpan> spans)
     : text_(std::move(text)),
       span_(spans.front()),
       groups_(MakeRef<SubMatches>(text_, std::vector<TextSpan>(spans.begin() + 1, spans.end()))) {}
@@ -96,6 +93,16 @@ const MemberTable& Matches::Members() const { return kCollectionMembers<Matches>
 
 std::unique_ptr<Enumeration> Matches::Enumerate() { return std::make_unique<Walk<Matches>>(Ref<Matches>(this)); }
 
-Variant Matches::Item(const Variant& index) const { return At(IndexArgument(index, Count())); }
+Variant Matches::Item(const Variant& index) { return At(IndexArgument(index, Count())); }
+
+Variant Matches::At(size_t index) {
+  if (made_.empty()) {
+    made_.resize(Count());
+    bytes_.Grow(LiveBytes::BlockOf(made_));
+  }
+  Ref<Match>& match = made_[index];
+  if (!match) match = MakeRef<Match>(text_, std::span(spans_).subspan(index * group_count_, group_count_));
+  return match;
+}
 
 }  // namespace kestrun::vbs

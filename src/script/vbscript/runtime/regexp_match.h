@@ -1,6 +1,7 @@
 // The objects that RegExp.Execute gives. All of them share the text that was searched.
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "base/object.h"
@@ -14,8 +15,8 @@ struct TextSpan {
   uint32_t end = kNoPosition;
 };
 
-// The spans of all groups of the matcher's last match, the whole match first.
-[[nodiscard]] std::vector<TextSpan> SpansOf(const RegExpMatcher& matcher, uint32_t group_count);
+// Appends the spans of all groups of the matcher's last match, the whole match first.
+void AppendSpans(std::vector<TextSpan>& spans, const RegExpMatcher& matcher, uint32_t group_count);
 
 class SubMatches final : public TableObject {
  public:
@@ -39,7 +40,8 @@ class SubMatches final : public TableObject {
 
 class Match final : public TableObject {
  public:
-  Match(Variant text, const std::vector<TextSpan>& spans);
+  // With the spans of its groups, the whole match first.
+  Match(Variant text, std::span<const TextSpan> spans);
   [[nodiscard]] std::string TypeName() const override { return "IMatch2"; }
   [[nodiscard]] const MemberTable& Members() const override;
   [[nodiscard]] MemberId DefaultMember() const override { return 0; }
@@ -55,22 +57,29 @@ class Match final : public TableObject {
   Ref<SubMatches> groups_;
 };
 
+// A long text may hold millions of matches: they are kept as places, and a match becomes an object when it is asked
+// for.
 class Matches final : public TableObject {
  public:
-  explicit Matches(std::vector<Ref<Match>> matches) : matches_(std::move(matches)) {
-    bytes_.Set(LiveBytes::BlockOf(matches_));
+  // The spans of all matches, those of one match's groups together.
+  Matches(Variant text, uint32_t group_count, std::vector<TextSpan> spans)
+      : text_(std::move(text)), group_count_(group_count), spans_(std::move(spans)) {
+    bytes_.Set(LiveBytes::BlockOf(spans_));
   }
   [[nodiscard]] std::string TypeName() const override { return "IMatchCollection2"; }
   [[nodiscard]] const MemberTable& Members() const override;
   [[nodiscard]] MemberId DefaultMember() const override { return 0; }
   [[nodiscard]] std::unique_ptr<Enumeration> Enumerate() override;
-  [[nodiscard]] size_t Count() const { return matches_.size(); }
+  [[nodiscard]] size_t Count() const { return spans_.size() / group_count_; }
   // Counted from 0; error 5 outside.
-  [[nodiscard]] Variant Item(const Variant& index) const;
-  [[nodiscard]] Variant At(size_t index) const { return matches_[index]; }
+  [[nodiscard]] Variant Item(const Variant& index);
+  [[nodiscard]] Variant At(size_t index);
 
  private:
-  std::vector<Ref<Match>> matches_;
+  Variant text_;
+  uint32_t group_count_;
+  std::vector<TextSpan> spans_;
+  std::vector<Ref<Match>> made_;  // so that a match is the same object each time; empty before the first
   LiveBytes bytes_;
 };
 
