@@ -1,11 +1,10 @@
 // Controls in dark colours: what the system would draw in its own light ones, at two scales, with a theme and without.
-#include <algorithm>
 #include <functional>
 
 #include "desktop/win32/drawing/control_parts.h"
-#include "desktop/win32/drawing/graphics.h"
 #include "desktop/win32/system/late_call.h"
 #include "desktop/win32/window_fixture.h"
+#include "desktop/win32/window_shot.h"
 #include "forms/check_box.h"
 #include "forms/combo_box.h"
 #include "forms/frame.h"
@@ -22,9 +21,7 @@ namespace kestrun {
 namespace {
 
 constexpr Color kDark = Rgb(0x10, 0x20, 0x30);
-// Darker than whatever the system draws in light colours.
 constexpr Color kInk = Rgb(0xA0, 0xA8, 0xB0);
-constexpr int kLight = 0xC8;
 
 class frmcontrols final : public Form {
  public:
@@ -88,43 +85,6 @@ class frmcontrols final : public Form {
 };
 
 const WindowRegistration registration(frmcontrols::kName, [] { return MakeRef<frmcontrols>(); });
-
-// A window as it is on the screen, its edge included.
-struct Shot {
-  int width = 0;
-  int height = 0;
-  std::vector<Color> pixels;
-  [[nodiscard]] Color At(int x, int y) const { return pixels[static_cast<size_t>(y * width + x)]; }
-  bool operator==(const Shot&) const = default;
-};
-
-Shot ShotOf(HWND window) {
-  RECT place{};
-  GetWindowRect(window, &place);
-  Shot shot{static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top), {}};
-  const PixelBitmap bitmap = MakePixelBitmap(shot.width, shot.height);
-  const HDC source = GetWindowDC(window);
-  const MemoryDevice copy(CreateCompatibleDC(source));
-  const HGDIOBJ previous = SelectObject(copy.get(), bitmap.bitmap.get());
-  BitBlt(copy.get(), 0, 0, shot.width, shot.height, source, 0, 0, SRCCOPY);
-  GdiFlush();
-  for (int at = 0; at < shot.width * shot.height; ++at) {
-    const uint32_t pixel = bitmap.pixels[at];
-    shot.pixels.push_back(Rgb(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF));
-  }
-  SelectObject(copy.get(), previous);
-  ReleaseDC(window, source);
-  return shot;
-}
-
-bool IsLight(Color pixel) {
-  return (pixel & 0xFF) >= kLight && (pixel >> 8 & 0xFF) >= kLight && (pixel >> 16 & 0xFF) >= kLight;
-}
-
-// Light pixels in the whole picture.
-int LightPixels(const Shot& shot) { return static_cast<int>(std::ranges::count_if(shot.pixels, &IsLight)); }
-
-int CountOf(const Shot& shot, Color color) { return static_cast<int>(std::ranges::count(shot.pixels, color)); }
 
 // A scale, and whether the controls have the system's theme.
 struct Surroundings {

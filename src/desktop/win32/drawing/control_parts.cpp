@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <span>
+#include <utility>
 
 #include "desktop/win32/drawing/graphics.h"
 #include "desktop/win32/system/handles.h"
@@ -125,11 +126,16 @@ void DrawOptionMark(HDC target, const RECT& area, int thickness, bool is_chosen,
   if (is_chosen) FillCircle(target, area, kRadius / 2, colors.mark);
 }
 
-void DrawDownArrow(HDC target, const RECT& area, int width, Color mark) {
+void DrawArrow(HDC target, const RECT& area, int width, Color mark, ArrowDirection direction) {
   static constexpr std::array<Spot, 3> kArrow{{{0.1, 0.3}, {0.5, 0.7}, {0.9, 0.3}}};
   constexpr double kHalfStroke = 0.09;
   const POINT corner{(area.left + area.right - width) / 2, (area.top + area.bottom - width) / 2};
-  FillFigure(target, corner, width, mark, [](Spot spot) { return IsOnLines(spot, kArrow, kHalfStroke); });
+  FillFigure(target, corner, width, mark, [direction](Spot spot) {
+    const bool is_sideways = direction == ArrowDirection::kLeft || direction == ArrowDirection::kRight;
+    if (is_sideways) std::swap(spot.x, spot.y);
+    if (direction == ArrowDirection::kUp || direction == ArrowDirection::kLeft) spot.y = 1 - spot.y;
+    return IsOnLines(spot, kArrow, kHalfStroke);
+  });
 }
 
 }  // namespace kestrun

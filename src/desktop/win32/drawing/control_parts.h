@@ -1,5 +1,5 @@
 // Parts of controls in the controls' own colours, in place of the system's drawing, which knows only its own: edges,
-// the marks of check boxes and option buttons, the arrow of combo boxes.
+// the marks of check boxes and option buttons, the arrows of combo boxes and scroll bars.
 #pragma once
 
 #include "desktop/win32/system/windows_api.h"
@@ -34,7 +34,8 @@ enum class CheckMark { kNone, kTick, kSquare };
 // The areas are squares; what lies around a round mark stays.
 void DrawCheckMark(HDC target, const RECT& area, int thickness, CheckMark mark, const PartColors& colors);
 void DrawOptionMark(HDC target, const RECT& area, int thickness, bool is_chosen, const PartColors& colors);
-// An arrow that points down, in the middle of the area, as wide as told.
-void DrawDownArrow(HDC target, const RECT& area, int width, Color mark);
+enum class ArrowDirection { kUp, kDown, kLeft, kRight };
+// In the middle of the area, as wide as told.
+void DrawArrow(HDC target, const RECT& area, int width, Color mark, ArrowDirection direction);
 
 }  // namespace kestrun

@@ -6,6 +6,7 @@
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/button_face.h"
 #include "desktop/win32/window/control_peer.h"
+#include "desktop/win32/window/scroll_bar_face.h"
 
 namespace kestrun {
 namespace {
@@ -32,20 +33,39 @@ void DrawChoice(FormWindow& form, const ComboBox& box, HDC target, RECT area, bo
   SelectObject(target, previous);
 }
 
-// What the list's window ran before it was watched, kept with the window.
-constexpr const wchar_t* kListProcedure = L"KestrunComboList";
+// What a watched list holds as its user data, from its watching to its last message.
+struct WatchedList {
+  HWND combo;
+  WNDPROC procedure;  // the window's own
+  ScrollBarFace bars = {};
+};
 
-LRESULT CALLBACK WatchList(HWND window, UINT message, WPARAM first, LPARAM second) {
-  const auto procedure = reinterpret_cast<WNDPROC>(GetPropW(window, kListProcedure));
-  if (message == WM_NCDESTROY) RemovePropW(window, kListProcedure);
-  const LRESULT result = CallWindowProcW(procedure, window, message, first, second);
-  if (message != WM_NCPAINT) return result;
-  const auto combo = reinterpret_cast<HWND>(GetWindowLongPtrW(window, GWLP_USERDATA));
+WatchedList* WatchedOf(HWND list) { return reinterpret_cast<WatchedList*>(GetWindowLongPtrW(list, GWLP_USERDATA)); }
+
+// The peer of the list's combo box, when that has colours of its own; null otherwise.
+const ControlPeer* ColoredPeerOf(HWND combo) {
   const FormWindow* form = FormWindow::Find(combo);
   const ControlPeer* peer = form ? form->PeerOf(combo) : nullptr;
-  if (peer && HasOwnColors(peer->control(), kFieldColors)) {
-    DrawWindowEdge(window, peer->control(), form->scale());
+  return peer && HasOwnColors(peer->control(), kFieldColors) ? peer : nullptr;
+}
+
+LRESULT CALLBACK WatchList(HWND window, UINT message, WPARAM first, LPARAM second) {
+  WatchedList* watched = WatchedOf(window);
+  if (!watched) return DefWindowProcW(window, message, first, second);
+  const WNDPROC procedure = watched->procedure;
+  if (message == WM_NCDESTROY) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    delete watched;
+    return CallWindowProcW(procedure, window, message, first, second);
   }
+  const bool is_taken = ColoredPeerOf(watched->combo) && watched->bars.TakeMessage(window, message, first, second);
+  const LRESULT result = is_taken ? 0 : CallWindowProcW(procedure, window, message, first, second);
+  watched = WatchedOf(window);
+  const ControlPeer* peer = watched ? ColoredPeerOf(watched->combo) : nullptr;
+  if (!peer) return result;
+  const Control& control = peer->control();
+  if (message == WM_NCPAINT) DrawWindowEdge(window, control, peer->form().scale());
+  watched->bars.AfterMessage(window, message, control.BackColor, control.ForeColor, peer->form().scale());
   return result;
 }
 
@@ -71,15 +91,15 @@ void DrawComboFace(FormWindow& form, const ComboBox& box, HWND window, HDC targe
       PartColorsOf(box.BackColor, box.ForeColor, {box.Enabled, state.is_hot, is_pressed && box.Enabled});
   RECT place{parts.rcButton.left, area.top + thickness, area.right - thickness, area.bottom - thickness};
   FillColor(target, place, button.face);
-  DrawDownArrow(target, place, MulDiv(kArrowWidth, form.scale().dpi(), 96), button.mark);
+  DrawArrow(target, place, MulDiv(kArrowWidth, form.scale().dpi(), 96), button.mark, ArrowDirection::kDown);
   if (!box.CanBeTyped()) DrawChoice(form, box, target, parts.rcItem, state.has_focus && !state.is_open);
 }
 
 void WatchComboList(HWND combo) {
   const HWND list = PartsOf(combo).hwndList;
-  if (!list || GetPropW(list, kListProcedure)) return;
-  SetPropW(list, kListProcedure, reinterpret_cast<HANDLE>(GetWindowLongPtrW(list, GWLP_WNDPROC)));
-  SetWindowLongPtrW(list, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(combo));
+  if (!list || WatchedOf(list)) return;
+  auto* watched = new WatchedList{combo, reinterpret_cast<WNDPROC>(GetWindowLongPtrW(list, GWLP_WNDPROC))};
+  SetWindowLongPtrW(list, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(watched));
   SetWindowLongPtrW(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WatchList));
 }
 

@@ -15,7 +15,8 @@ struct ComboState {
 
 // The whole of a combo box but the windows inside it.
 void DrawComboFace(FormWindow& form, const ComboBox& box, HWND window, HDC target, ComboState state);
-// Gives the list of a combo box an edge in the box's colours for as long as they are its own. Once for each window.
+// Gives the list of a combo box its edge and scroll bar in the box's colours for as long as they are its own. Once for
+// each window.
 void WatchComboList(HWND combo);
 
 }  // namespace kestrun

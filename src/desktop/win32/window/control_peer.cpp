@@ -200,7 +200,7 @@ void WindowedPeer::Update(PropertyId property) {
     case PropertyId::kAppearance: ShowEdge(); break;
     case PropertyId::kForeColor:
     case PropertyId::kBackColor:
-      if (shown_edge_ == EdgeKind::kSunken) RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+      RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
       Repaint();
       break;
     default: break;
@@ -284,13 +284,27 @@ LRESULT CALLBACK WindowedPeer::Watch(HWND window, UINT message, WPARAM first, LP
   } else if (WindowedPeer* peer = watched->peer) {
     const auto keep = peer->form().shared_from_this();
     LRESULT result = 0;
-    if (peer->HandleMessage(message, first, second, result)) return result;
+    const bool is_bars = HasOwnBackground(peer->control()) && peer->bars_.TakeMessage(window, message, first, second);
+    if (is_bars || peer->HandleMessage(message, first, second, result)) {
+      FollowBars(window, message);
+      return result;
+    }
   }
   const LRESULT result = CallWindowProcW(procedure, window, message, first, second);
   // The message may have taken the peer with it, and the window.
   watched = reinterpret_cast<Watched*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (watched && watched->peer) watched->peer->AfterMessage(message);
+  FollowBars(window, message);
   return result;
+}
+
+void WindowedPeer::FollowBars(HWND window, UINT message) {
+  const auto* watched = reinterpret_cast<Watched*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (!watched || !watched->peer) return;
+  WindowedPeer& peer = *watched->peer;
+  const Control& control = peer.control();
+  if (!HasOwnBackground(control)) return;
+  peer.bars_.AfterMessage(window, message, control.BackColor, control.ForeColor, peer.form().scale());
 }
 
 // ---- controls that their container draws ---------------------------------------------------------------------------

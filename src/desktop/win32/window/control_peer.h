@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "desktop/win32/window/form_window.h"
+#include "desktop/win32/window/scroll_bar_face.h"
 #include "forms/control.h"
 
 namespace kestrun {
@@ -158,8 +159,12 @@ class WindowedPeer : public ControlPeer {
   void PassMouse(UINT message, WPARAM first, LPARAM second);
   void ShowPointerNow();
 
+  // After each message, also one that the peer has done with.
+  static void FollowBars(HWND window, UINT message);
+
   WindowHandle window_;
   EdgeKind shown_edge_ = EdgeKind::kNone;
+  ScrollBarFace bars_;
 };
 
 // A control that its container draws.
