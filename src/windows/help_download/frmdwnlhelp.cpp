@@ -62,9 +62,15 @@ void frmdwnlhelp::Append(const std::string& line) {
 void frmdwnlhelp::Check() {
   const Ref<Form> keep(this);
   Append("Connecting ...");
-  const FetchScope fetch(this);
-  if (FetchSiteFile()) return Compare();
-  if (!fetch.IsCancelled()) MsgBox("Can't access files on server please try again later.");
+  bool is_there = false;
+  bool is_cancelled = false;
+  {
+    const FetchScope fetch(this);
+    is_there = FetchSiteFile();
+    is_cancelled = fetch.IsCancelled();
+  }
+  if (is_there) return Compare();
+  if (!is_cancelled) MsgBox("Can't access files on server please try again later.");
   Unload();
 }
 

@@ -61,13 +61,21 @@ void FrmUpdate::Update() {
   }
 }
 
-// Tells the user why not, unless the user has ended the fetch.
-bool FrmUpdate::HasNewVersion() {
-  const FetchScope fetch(this);
-  if (!FetchSiteFile()) {
-    if (!fetch.IsCancelled()) MsgBox("Can't access the server try again later.");
-    return false;
+// False when the user has ended the fetch, or when it has failed, which is told.
+bool FrmUpdate::HasSiteFile() {
+  bool is_there = false;
+  bool is_cancelled = false;
+  {
+    const FetchScope fetch(this);
+    is_there = FetchSiteFile();
+    is_cancelled = fetch.IsCancelled();
   }
+  if (!is_there && !is_cancelled) MsgBox("Can't access the server try again later.");
+  return is_there;
+}
+
+bool FrmUpdate::HasNewVersion() {
+  if (!HasSiteFile()) return false;
   const int64_t own = ProgramVersionNumber();
   if (ReadSiteNumber(SiteFilePath(), site::kVersion) > own) return true;
   MsgBox("There is no new version.(" + std::to_string(own) + ")");

@@ -33,6 +33,7 @@ class FrmUpdate final : public Form, private FetchDisplay {
  private:
   void LayOut();
   void Update();
+  [[nodiscard]] bool HasSiteFile();
   [[nodiscard]] bool HasNewVersion();
   void FetchProgram();
   void Install(const std::string& path);
