@@ -119,6 +119,8 @@ class Windowing {
                                                 int width_twips) = 0;
   // Null when there is no memory for it.
   [[nodiscard]] virtual std::unique_ptr<DrawingSurface> MakeSurface(PixelSize size, int dpi) = 0;
+  // The system's sound for what the user typed and what is not taken.
+  virtual void Beep() = 0;
   // Names of the fonts that the user has, sorted.
   [[nodiscard]] virtual std::vector<std::string> FontNames() = 0;
 };

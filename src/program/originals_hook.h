@@ -36,6 +36,8 @@ void InstallOriginals(OriginalsService service);
 
 // Keeps nothing while no ledger is installed. One for each command.
 [[nodiscard]] std::unique_ptr<OriginalsKeeper> KeepOriginals();
+// What a window asks when the original of a file or entry cannot be kept. No is the default.
+[[nodiscard]] bool AskToGoOnWithoutOriginal(const std::string& name);
 // -restore "archive" ["name"]
 void RestoreCommand(const std::string& command);
 void CheckGameArchive();

@@ -22,7 +22,11 @@ using StyleEntries = std::vector<std::pair<std::string, std::string>>;
 
 class StyleTest : public FrameTest {
  protected:
-  StyleTest() { ModStyle::Install(); }
+  StyleTest() {
+    ModStyle::Install();
+    // The name editor tells of a game folder without the players' file.
+    WriteFile(GamePath("dflwplyr.sav"), "");
+  }
   ~StyleTest() override {
     CloseAllWindows();
     ModStyle::Forget();

@@ -15,6 +15,8 @@ namespace {
 
 class WindowMembersTest : public FrameTest {
  protected:
+  // The name editor tells of a game folder without the players' file.
+  WindowMembersTest() { WriteFile(GamePath("dflwplyr.sav"), ""); }
   // Reads every readable property that takes no arguments; each must answer without a failure.
   static void ReadAll(Object& object, const std::string& where) {
     for (const MemberInfo& member : object.ListMembers()) {

@@ -81,6 +81,7 @@ class HeadlessWindowing final : public Windowing {
   [[nodiscard]] PixelSize MeasureText(std::string_view text, const FontDescription& font, int dpi) override;
   [[nodiscard]] TextExtent MeasureLines(std::string_view text, const FontDescription& font, int width_twips) override;
   [[nodiscard]] std::unique_ptr<DrawingSurface> MakeSurface(PixelSize size, int dpi) override;
+  void Beep() override { ++beeps; }
   [[nodiscard]] std::vector<std::string> FontNames() override { return fonts; }
 
   // The control, or the form, whose window has that number; null for a number that no window has now.
@@ -95,6 +96,7 @@ class HeadlessWindowing final : public Windowing {
   ScreenSize screen{1024 * 15, 768 * 15, 15};
   std::vector<std::string> fonts{"Arial", "MS Sans Serif", "Tahoma"};
   uint64_t longest_run_ms = uint64_t{60} * 60 * 1000;
+  int beeps = 0;
   // Names of all forms that were shown, in order.
   std::vector<std::string> shown_forms;
   // What all peers were told, in order, where recording is on.

@@ -3,25 +3,10 @@
 #include <memory>
 
 #include "base/runtime_error.h"
-#include "platform/platform.h"
 #include "program/command_log.h"
 #include "program/originals_hook.h"
-#include "program/path_text.h"
 
 namespace kestrun {
-namespace {
-
-bool AskToGoOnWithout(const std::string& name) {
-  MessageBoxRequest request;
-  request.text = FillPlaceholders("The original of \"%1\" cannot be kept. Go on without?", {name});
-  request.buttons = BoxButtons::kYesNo;
-  request.icon = BoxIcon::kWarning;
-  request.default_button = 2;
-  return platform().dialogs().ShowMessage(request) == BoxAnswer::kYes;
-}
-
-}  // namespace
-
 bool KeepBeforePut(ClsPFF* archive, const MapToPut& map, bool warn) {
   std::string failure;
   const auto keep = [&](auto&& step) {
@@ -34,7 +19,7 @@ bool KeepBeforePut(ClsPFF* archive, const MapToPut& map, bool warn) {
     keep([&] { keeper->Finish(); });
   }
   if (failure.empty()) return true;
-  if (warn) return AskToGoOnWithout(map.name);
+  if (warn) return AskToGoOnWithoutOriginal(map.name);
   Attempt([&] { LogNotKept(map.name, failure); });
   return true;
 }

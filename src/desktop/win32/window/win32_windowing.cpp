@@ -134,6 +134,8 @@ ScreenSize Win32Windowing::Screen() {
   return {scale.Twips(GetSystemMetrics(SM_CXSCREEN)), scale.Twips(GetSystemMetrics(SM_CYSCREEN)), 1440 / scale.dpi()};
 }
 
+void Win32Windowing::Beep() { MessageBeep(MB_OK); }
+
 std::optional<uint32_t> Win32Windowing::SystemColor(int number) {
   if (number < 0 || number > COLOR_MENUBAR) return std::nullopt;
   return GetSysColor(number);

@@ -15,6 +15,7 @@ class Win32Windowing final : public Windowing {
   void RunUntilQuit() override;
   void Quit() override;
   [[nodiscard]] ScreenSize Screen() override;
+  void Beep() override;
   [[nodiscard]] std::optional<uint32_t> SystemColor(int number) override;
   [[nodiscard]] int TextWidth(std::string_view text, const FontDescription& font) override;
   [[nodiscard]] PixelSize MeasureText(std::string_view text, const FontDescription& font, int dpi) override;

@@ -1,0 +1,85 @@
+// Captions, tips and places of the name editor's controls.
+#include "program/window_kit/fill_menu.h"
+#include "program/window_kit/place_controls.h"
+#include "windows/names/frmname.h"
+
+namespace kestrun {
+namespace {
+
+constexpr int kMargin = 180;
+constexpr int kGap = 120;
+constexpr int kClientWidth = 6000;
+constexpr int kInside = kClientWidth - 2 * kMargin;
+constexpr int kBoxHeight = 315;
+constexpr int kBrowseWidth = 480;
+constexpr int kFolderTop = kMargin + kLabelHeight + 30;
+constexpr int kPlayersTop = kFolderTop + kBoxHeight + kMargin;
+// Inside the frame.
+constexpr int kPad = 180;
+constexpr int kFirstRow = 330;
+constexpr int kRow = 420;
+constexpr int kNameLeft = 1200;
+constexpr int kPlayersHeight = kFirstRow + static_cast<int>(kPlayerCount) * kRow + 60;
+constexpr int kNoteTop = kPlayersTop + kPlayersHeight + 90;
+constexpr int kNoteHeight = 2 * kLabelHeight;
+constexpr int kButtonsTop = kNoteTop + kNoteHeight + 60;
+constexpr int kCharMapWidth = 1500;
+
+}  // namespace
+
+std::vector<frmname::Player> frmname::AddPlayers() {
+  std::vector<Player> added;
+  for (int player = 0; player < static_cast<int>(kPlayerCount); ++player) {
+    added.push_back(
+        {Add<Label>("LblPlayer", player), Add<ComboBox>("CmbName", player), Add<TextBox>("txtPlayer", player)});
+  }
+  return added;
+}
+
+void frmname::LayOut() {
+  LayOutFixedWindow(*this, "Kestrun - Name Editor", StartPosition::kCenterScreen);
+  SetClientSize(kClientWidth, kButtonsTop + kDialogButtonHeight + kMargin);
+  PlaceLabel(LblFolder, kMargin, kMargin, kInside, "Game Folder:");
+  Text1.ToolTipText = "Your DFLW demo or full version game folder.";
+  Text1.Move(kMargin, kFolderTop, kInside - kBrowseWidth - 60, kBoxHeight);
+  PlaceButton(Command2, {kClientWidth - kMargin - kBrowseWidth, kFolderTop, kBrowseWidth, kBoxHeight}, "...",
+              "Browse for folder.");
+  LayOutPlayers();
+  PlaceLabel(LblNote, kMargin, kNoteTop, kInside, "");
+  LblNote.Height = kNoteHeight;
+  LblNote.WordWrap = true;
+  LblNote.UseMnemonic = false;
+  const int cancel_left = kClientWidth - kMargin - kDialogButtonWidth;
+  PlaceButton(cmdCharMap, {kMargin, kButtonsTop, kCharMapWidth, kDialogButtonHeight}, "Run Char Map",
+              "Run a special character map.");
+  PlaceButton(cmdSave, {cancel_left - kGap - kDialogButtonWidth, kButtonsTop, kDialogButtonWidth, kDialogButtonHeight},
+              "Save", "Save everything.");
+  PlaceButton(Command1, {cancel_left, kButtonsTop, kDialogButtonWidth, kDialogButtonHeight}, "Cancel", "Cancel this.");
+  cmdSave.Default = true;
+  Command1.Cancel = true;
+  FillMenu(mnu_file, "File", {{mnu_loadnames, "Load names"}, {mnu_savenames, "Save names"}, {mnu_exit, "Exit"}});
+  mnu_loadnames.Shortcut = "F5";
+  mnu_savenames.Shortcut = "Ctrl+S";
+  for (Image* picture : {&ImgOpen, &ImgSave, &ImgClose}) picture->Visible = false;
+}
+
+void frmname::LayOutPlayers() {
+  Frame1.Caption = "Players:";
+  Frame1.Move(kMargin, kPlayersTop, kInside, kPlayersHeight);
+  int top = kFirstRow;
+  for (size_t player = 0; player < players.size(); ++player) {
+    const Player& row = players[player];
+    row.label.SetContainer(Frame1);
+    PlaceLabel(row.label, kPad, top + 45, kNameLeft - kPad - 60, "Player " + std::to_string(player + 1));
+    row.name.SetContainer(Frame1);
+    row.name.ToolTipText = "The player's name: type it, or choose one that was used before.";
+    row.name.Move(kNameLeft, top, kInside - kPad - kNameLeft, kBoxHeight);
+    row.in_file.SetContainer(Frame1);
+    row.in_file.ToolTipText = "Right click to paste your name here.";
+    row.in_file.Move(kNameLeft, top, kInside - kPad - kNameLeft, kBoxHeight);
+    row.in_file.Visible = false;
+    top += kRow;
+  }
+}
+
+}  // namespace kestrun
