@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <iostream>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -81,14 +82,17 @@ inline constexpr const wchar_t* kHostTitle = L"Kestrun - Auto Host";
 // The auto host's window, in a process of its own.
 class HostWindow {
  public:
-  HostWindow(const std::string& program, const std::string& list)
-      : process_(StartProcess(ToWide("\"" + program + "\" \"" + list + "\""))) {
-    is_there_ = WaitFor([this] { return window() && IsWindowVisible(window()) && RowCount() > 0; });
+  // A process of Wine's now and then, once in many hundred starts, stands still before its first window: such a one is
+  // told of and started again.
+  HostWindow(const std::string& program, const std::string& list) {
+    for (int start = 0; start < 2 && !is_there_; ++start) {
+      if (start > 0) std::cout << "The auto host did not come up, " << StateOfProcess() << ":\n" << ScreenReport();
+      End();
+      process_ = StartProcess(ToWide("\"" + program + "\" \"" + list + "\""));
+      is_there_ = WaitFor([this] { return window() && IsWindowVisible(window()) && RowCount() > 0; });
+    }
   }
-  ~HostWindow() {
-    TerminateProcess(process_.get(), 1);
-    WaitForSingleObject(process_.get(), kPatienceMs);
-  }
+  ~HostWindow() { End(); }
   HostWindow(const HostWindow&) = delete;
   HostWindow& operator=(const HostWindow&) = delete;
 
@@ -136,6 +140,17 @@ class HostWindow {
   [[nodiscard]] static HWND Box() { return FindWindowW(L"#32770", nullptr); }
 
  private:
+  void End() {
+    if (!process_.IsValid()) return;
+    TerminateProcess(process_.get(), 1);
+    WaitForSingleObject(process_.get(), kPatienceMs);
+  }
+  [[nodiscard]] std::string StateOfProcess() const {
+    if (!process_.IsValid()) return "which could not be started";
+    DWORD code = 0;
+    GetExitCodeProcess(process_.get(), &code);
+    return code == STILL_ACTIVE ? "which runs" : "which has ended with " + std::to_string(code);
+  }
   static bool IsMenuOpen() {
     const HWND menu = FindWindowW(L"#32768", nullptr);
     return menu && IsWindowVisible(menu);
