@@ -18,11 +18,6 @@
 namespace kestrun {
 namespace {
 
-// A map keeps its picture whether it is zipped or not.
-std::string AsUnzipped(const std::string& map) {
-  return FindNoCase(GetExtension(map), "zip") == std::string::npos ? map : ReplaceAll(map, ".zip", ".bms");
-}
-
 std::string BareName(const std::string& map) {
   return GetFileName(ReplaceAll(ReplaceAll(map, "/", "\\"), "%20", " "), true);
 }
@@ -40,10 +35,17 @@ std::string Fetched(const std::string& address) {
 
 }  // namespace
 
+// A map keeps its picture whether it is zipped or not.
+std::string PictureKey(const std::string& map) {
+  return FindNoCase(GetExtension(map), "zip") == std::string::npos ? map : ReplaceAll(map, ".zip", ".bms");
+}
+
+std::string PictureNameKey(const std::string& map) { return BareName(PictureKey(map)); }
+
 std::string GetMapPath(std::string Map, std::string* Url) {
   std::string path;
   const auto find = [&] {
-    std::string value = StoredPicture(AsUnzipped(Map));
+    std::string value = StoredPicture(PictureKey(Map));
     if (Url) *Url = value;
     if (IsUrl(value)) value = Fetched(value);
     if (!value.empty() && FileExists(value)) path = value;

@@ -13,6 +13,11 @@ namespace kestrun {
 // the stored value, web address or path. Failures are shown.
 [[nodiscard]] std::string GetMapPath(std::string Map, std::string* Url = nullptr);
 
+// Under which names the settings keep a map's picture: its whole path and its file name, a zip's as those of its
+// mission.
+[[nodiscard]] std::string PictureKey(const std::string& map);
+[[nodiscard]] std::string PictureNameKey(const std::string& map);
+
 // What a picture file is by its first bytes.
 namespace image_kind {
 inline constexpr int32_t kMissing = 0;

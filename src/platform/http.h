@@ -53,6 +53,17 @@ class HttpReceiver {
   virtual void StillWaiting(bool user_leaves) { static_cast<void>(user_leaves); }
 };
 
+// An exchange that goes on while the program does other things. Its end leaves the server, however much is still to
+// come.
+class HttpExchange {
+ public:
+  virtual ~HttpExchange() = default;
+  // Hands some of what has arrived to the receiver, after at most so long a wait for it; `StillWaiting` is left out.
+  // True while there may be more. Raises as HttpSession::Exchange does, and what the receiver raises travels on; either
+  // way the exchange is over then.
+  [[nodiscard]] virtual bool Advance(HttpReceiver& receiver, int wait_ms) = 0;
+};
+
 // What one request and those that it leads to have in common, such as cookies.
 class HttpSession {
  public:
@@ -61,6 +72,8 @@ class HttpSession {
   // the service does by default. No other input of the user's than Esc goes anywhere meanwhile. Raises error 440 with a
   // sentence for every failure: no connection, a bad URL, a time-out, an answer that is no HTTP.
   virtual void Exchange(const HttpRequest& request, HttpReceiver& receiver) = 0;
+  // The same in the background; the session has one exchange at a time. Its own copy of the body is made.
+  [[nodiscard]] virtual std::unique_ptr<HttpExchange> Start(const HttpRequest& request) = 0;
 };
 
 }  // namespace kestrun

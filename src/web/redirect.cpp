@@ -1,6 +1,7 @@
 #include "web/redirect.h"
 
 #include <algorithm>
+#include <array>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -10,6 +11,8 @@ namespace {
 
 constexpr int kMostRedirects = 10;
 constexpr std::string_view kSecureScheme = "https://";
+
+[[noreturn]] void Refuse(const char* why) { Raise(error::kAutomationError, why); }
 
 bool IsSecure(std::string_view url) { return EqualsNoCase(url.substr(0, kSecureScheme.size()), kSecureScheme); }
 
@@ -85,17 +88,29 @@ std::string ResolveLocation(std::string_view page, std::string_view location) {
   return std::string(from.site) + WithoutDotSegments(whole) + std::string(location.substr(path_end));
 }
 
+bool IsHttpUrl(std::string_view url) {
+  constexpr std::array<std::string_view, 2> kSchemes{"http://", "https://"};
+  return std::any_of(kSchemes.begin(), kSchemes.end(),
+                     [url](std::string_view scheme) { return EqualsNoCase(url.substr(0, scheme.size()), scheme); });
+}
+
+HttpRequest RedirectTrail::Next(HttpRequest request, int status, const HttpHeaders& headers) {
+  if (++followed_ > kMostRedirects) Refuse("The server sends the request from place to place.");
+  std::string url = ResolveLocation(request.url, FindHeader(headers, "Location").value_or(""));
+  if (!IsHttpUrl(url)) Refuse("The server sends the request to an address that is no web address.");
+  if (IsSecure(request.url) && !IsSecure(url)) {
+    Refuse("The server sends the request from a safe connection to an open one.");
+  }
+  return Redirected(std::move(request), status, std::move(url));
+}
+
 HttpResponse FollowRedirects(HttpRequest request, const std::function<HttpResponse(const HttpRequest& request)>& send) {
-  for (int redirects = 0; redirects <= kMostRedirects; ++redirects) {
+  RedirectTrail trail;
+  for (;;) {
     HttpResponse response = send(request);
     if (!IsRedirect(response.status, response.headers)) return response;
-    std::string url = ResolveLocation(request.url, *response.Header("Location"));
-    if (IsSecure(request.url) && !IsSecure(url)) {
-      Raise(error::kAutomationError, "The server sends the request from a safe connection to an open one.");
-    }
-    request = Redirected(std::move(request), response.status, std::move(url));
+    request = trail.Next(std::move(request), response.status, response.headers);
   }
-  Raise(error::kAutomationError, "The server sends the request from place to place.");
 }
 
 }  // namespace kestrun

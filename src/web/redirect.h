@@ -13,9 +13,22 @@ namespace kestrun {
 // True for an answer that says where to ask instead.
 [[nodiscard]] bool IsRedirect(int status, const HttpHeaders& headers);
 
-// Sends a request with `send` and then what the answers ask for: 301, 302 and 303 turn all but GET and HEAD into a GET
-// without a body, 307 and 308 repeat the request. Gives the last answer. Raises error 440 after ten of them, and for
-// one that leads from https to anything else.
+// The way of one request from place to place.
+class RedirectTrail {
+ public:
+  // What the answer to a request asks for: 301, 302 and 303 turn all but GET and HEAD into a GET without a body, 307
+  // and 308 repeat the request. Raises error 440 after ten of them, for one that leads from https to anything else, and
+  // for one that leads to what is neither http nor https.
+  [[nodiscard]] HttpRequest Next(HttpRequest request, int status, const HttpHeaders& headers);
+
+ private:
+  int followed_ = 0;
+};
+
+// True for addresses that are asked for by HTTP: "http://" or "https://" in any case.
+[[nodiscard]] bool IsHttpUrl(std::string_view url);
+
+// Sends a request with `send`, and then what the answers ask for. Gives the last answer. Raises as RedirectTrail does.
 [[nodiscard]] HttpResponse FollowRedirects(HttpRequest request,
                                            const std::function<HttpResponse(const HttpRequest& request)>& send);
 

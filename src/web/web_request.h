@@ -9,15 +9,13 @@
 #include <string_view>
 
 #include "platform/http.h"
+#include "web/redirect.h"
 
 namespace kestrun {
 
 // A body that is held in memory ends its request as a failure when it has more bytes: nothing that the program asks for
 // in this way comes near it.
 inline constexpr size_t kMostResponseBytes = size_t{64} << 20;
-
-// True for addresses that are asked for by HTTP: "http://" or "https://" in any case.
-[[nodiscard]] bool IsHttpUrl(std::string_view url);
 
 // Hands the last answer to the receiver: redirects are followed, the body is neither more nor less than its length
 // says. Any status is an answer. Shows how far it is in the FetchScope around it. Raises error 440 with a sentence for

@@ -102,7 +102,8 @@ class StyleRoutesTest : public StyleTest {
     applied.clear();
     shown_ms = desktop.clock().NowMs();
     WindowByName(name).Show();
-    desktop.clock().AdvanceMs(2000);
+    // All styles are on by then, and no window has begun its own work.
+    desktop.clock().AdvanceMs(900);
     return applied[name];
   }
 
@@ -169,7 +170,7 @@ TEST_F(GoldenStyleTest, GetsEachWindowOnceAndEachOfItsControlsInTheFormsOrder) {
     Form& window = WindowByName(name);
     const std::string expected = CallsFor(window);
     window.Show();
-    desktop.clock().AdvanceMs(2000);
+    desktop.clock().AdvanceMs(900);
     EXPECT_EQ(desktop.clipboard().text, expected) << name;
     ++windows;
   }

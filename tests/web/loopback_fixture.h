@@ -14,7 +14,7 @@
 #ifdef _WIN32
 #include "desktop/win32/system/win32_http.h"
 #else
-#include "desktop/headless/socket_http.h"
+#include "desktop/headless/curl_http.h"
 #endif
 
 namespace kestrun {
@@ -25,7 +25,7 @@ class LoopbackTest : public HeadlessTest {
 #ifdef _WIN32
     desktop.internet().transport = OpenWinHttpSession;
 #else
-    desktop.internet().transport = OpenSocketSession;
+    desktop.internet().transport = OpenCurlSession;
 #endif
   }
 

@@ -18,7 +18,7 @@
 
 #include "base/runtime_error.h"
 #include "base/text.h"
-#include "desktop/headless/socket_http.h"
+#include "desktop/headless/curl_http.h"
 
 namespace kestrun {
 namespace {
@@ -145,7 +145,7 @@ CommandLineHost::CommandLineHost(std::string command_line) {
     std::_Exit(0);
   };
   platform_.internet().connected = HasNetworkInterface();
-  platform_.internet().transport = OpenSocketSession;
+  platform_.internet().transport = OpenCurlSession;
   platform_.shell().open_result = kNoAssociation;
   platform_.clock().SetLocalDateTime(SystemDateTime());
   platform_.OnUnexpected(PrintQuestion);

@@ -101,12 +101,65 @@ void HeadlessInternet::Answer(std::string url, HttpResponse response) {
   answers_[std::move(url)] = std::move(response);
 }
 
+// Hands a laid-down answer over: its head, and then a piece at a time.
+class HeadlessInternet::CannedExchange final : public HttpExchange {
+ public:
+  CannedExchange(const HeadlessInternet& internet, const HttpRequest& request)
+      : piece_bytes_(internet.piece_bytes), is_silent_(internet.silent.count(request.url) != 0) {
+    const auto found = internet.answers_.find(request.url);
+    if (found != internet.answers_.end()) response_ = found->second;
+  }
+
+  bool Advance(HttpReceiver& receiver, int) override {
+    if (is_silent_) return true;
+    if (!response_) Raise(error::kAutomationError, "The server cannot be reached.");
+    if (!std::exchange(has_head_, true)) {
+      return receiver.TakeHead(response_->status, response_->headers) && !response_->body.empty();
+    }
+    const size_t count = std::min(piece_bytes_, response_->body.size() - at_);
+    const ByteView piece = ByteView(response_->body).subspan(at_, count);
+    at_ += count;
+    return receiver.TakePiece(piece) && at_ < response_->body.size();
+  }
+
+  [[nodiscard]] uint64_t HandedOn() const { return at_; }
+  [[nodiscard]] bool HasHead() const { return has_head_; }
+  [[nodiscard]] bool IsSilent() const { return is_silent_; }
+
+ private:
+  // A copy: the receiver may lay down other answers.
+  std::optional<HttpResponse> response_;
+  size_t piece_bytes_;
+  bool is_silent_;
+  bool has_head_ = false;
+  size_t at_ = 0;
+};
+
 class HeadlessInternet::CannedSession final : public HttpSession {
  public:
   explicit CannedSession(HeadlessInternet& internet) : internet_(internet) {}
-  void Exchange(const HttpRequest& request, HttpReceiver& receiver) override;
+
+  void Exchange(const HttpRequest& request, HttpReceiver& receiver) override {
+    Note(request);
+    CannedExchange exchange(internet_, request);
+    receiver.StillWaiting(UserLeaves(0));
+    if (exchange.IsSilent()) Raise(error::kAutomationError, "The server does not answer in time.");
+    for (bool goes_on = true; goes_on;) {
+      goes_on = exchange.Advance(receiver, 0);
+      if (exchange.HandedOn() > 0) receiver.StillWaiting(UserLeaves(exchange.HandedOn()));
+    }
+  }
+
+  std::unique_ptr<HttpExchange> Start(const HttpRequest& request) override {
+    Note(request);
+    return std::make_unique<CannedExchange>(internet_, request);
+  }
 
  private:
+  void Note(const HttpRequest& request) {
+    internet_.requests.push_back({request.method, request.url, request.headers, std::string(AsChars(request.body))});
+  }
+
   // Whether the user presses Esc once so many bytes have arrived.
   [[nodiscard]] bool UserLeaves(uint64_t received) const {
     return (internet_.leave_after_requests && internet_.requests.size() > *internet_.leave_after_requests) ||
@@ -119,22 +172,6 @@ class HeadlessInternet::CannedSession final : public HttpSession {
 std::unique_ptr<HttpSession> HeadlessInternet::OpenSession() {
   if (transport) return transport();
   return std::make_unique<CannedSession>(*this);
-}
-
-void HeadlessInternet::CannedSession::Exchange(const HttpRequest& request, HttpReceiver& receiver) {
-  internet_.requests.push_back({request.method, request.url, request.headers, std::string(AsChars(request.body))});
-  receiver.StillWaiting(UserLeaves(0));
-  const auto found = internet_.answers_.find(request.url);
-  if (found == internet_.answers_.end()) Raise(error::kAutomationError, "The server cannot be reached.");
-  // A copy: the receiver may lay down other answers.
-  const HttpResponse response = found->second;
-  if (!receiver.TakeHead(response.status, response.headers)) return;
-  for (size_t at = 0; at < response.body.size();) {
-    const size_t count = std::min(internet_.piece_bytes, response.body.size() - at);
-    if (!receiver.TakePiece(ByteView(response.body).subspan(at, count))) return;
-    at += count;
-    receiver.StillWaiting(UserLeaves(at));
-  }
 }
 
 }  // namespace kestrun

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -103,6 +104,8 @@ class HeadlessInternet final : public Internet {
   std::optional<uint64_t> leave_after_bytes;
   // The user presses Esc in every exchange behind so many.
   std::optional<size_t> leave_after_requests;
+  // Addresses whose server takes the request and never answers: in the background for ever, else until the time is up.
+  std::set<std::string, std::less<>> silent;
   // Where set, opens the sessions in the place of the laid-down answers: real sockets, for those who ask for them.
   std::function<std::unique_ptr<HttpSession>()> transport;
 
@@ -111,6 +114,7 @@ class HeadlessInternet final : public Internet {
     int error_number = 0;
     Bytes content;
   };
+  class CannedExchange;
   class CannedSession;
   // Error 53 when there is no such file.
   [[nodiscard]] Bytes ContentOf(std::string_view url);

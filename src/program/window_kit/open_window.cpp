@@ -91,6 +91,8 @@ void OpenPreviewManager(const std::string& map, PreviewTask task) {
   if (!IsWindowRegistered(window_name::kPreviewManager)) return;
   const Ref<Form> window(&WindowByName(window_name::kPreviewManager));
   PutMember(ControlOf(*window, "lblmap"), "Caption", map);
+  // One that is on the screen already shows another map's picture.
+  if (window->IsShown() && window->FindMember("ShowMap") != kNoMember) CallMember(*window, "ShowMap");
   window->Show();
   if (task == PreviewTask::kSearch) CallMember(*window, "CmdDownload_Click");
 }

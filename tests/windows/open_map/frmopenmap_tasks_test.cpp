@@ -59,6 +59,7 @@ class NotingSession final : public HttpSession {
     note_();
     Raise(error::kAutomationError);
   }
+  std::unique_ptr<HttpExchange> Start(const HttpRequest&) override { Raise(error::kAutomationError); }
 
  private:
   std::function<void()> note_;

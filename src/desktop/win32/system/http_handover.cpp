@@ -23,18 +23,6 @@ void RunOnThread(const std::function<void(HttpHandover& handover)>& exchange, Ht
   }
 }
 
-// Tells the thread that asks when this one goes, however it does.
-class Listener {
- public:
-  explicit Listener(HttpHandover& handover) : handover_(handover) {}
-  ~Listener() { handover_.Leave(); }
-  Listener(const Listener&) = delete;
-  Listener& operator=(const Listener&) = delete;
-
- private:
-  HttpHandover& handover_;
-};
-
 // Gives whether there is more to come.
 bool HandOn(HttpHandover::Item item, HttpReceiver& receiver) {
   if (item.failure) Raise(error::kAutomationError, *item.failure);
@@ -42,6 +30,30 @@ bool HandOn(HttpHandover::Item item, HttpReceiver& receiver) {
   if (item.status != 0) return receiver.TakeHead(item.status, item.headers);
   return receiver.TakePiece(item.piece);
 }
+
+// Hands on what the thread has put.
+class ThreadExchange final : public HttpExchange {
+ public:
+  explicit ThreadExchange(std::shared_ptr<HttpHandover> handover) : handover_(std::move(handover)) {}
+  ~ThreadExchange() override { handover_->Leave(); }
+  ThreadExchange(const ThreadExchange&) = delete;
+  ThreadExchange& operator=(const ThreadExchange&) = delete;
+
+  bool Advance(HttpReceiver& receiver, int wait_ms) override {
+    for (int taken = 0; taken < kMostItems; ++taken) {
+      std::optional<HttpHandover::Item> item = handover_->Take(taken == 0 ? wait_ms : 0);
+      if (!item) return true;
+      if (!HandOn(std::move(*item), receiver)) return false;
+    }
+    return true;
+  }
+
+ private:
+  // A server that is quicker than the disk must not hold up the windows.
+  static constexpr int kMostItems = 64;
+
+  std::shared_ptr<HttpHandover> handover_;
+};
 
 }  // namespace
 
@@ -92,21 +104,21 @@ void HttpHandover::Leave() {
   changed_.notify_all();
 }
 
-void ReceiveThroughThread(std::function<void(HttpHandover& handover)> exchange, HttpReceiver& receiver) {
-  using Clock = std::chrono::steady_clock;
+std::unique_ptr<HttpExchange> StartOnThread(std::function<void(HttpHandover& handover)> exchange) {
   const auto handover = std::make_shared<HttpHandover>();
-  const Listener listener(*handover);
-  Waiting waiting;
   std::thread([handover, exchange = std::move(exchange)] { RunOnThread(exchange, *handover); }).detach();
+  return std::make_unique<ThreadExchange>(handover);
+}
+
+void WaitForAnswer(HttpExchange& exchange, HttpReceiver& receiver) {
+  using Clock = std::chrono::steady_clock;
+  Waiting waiting;
   Clock::time_point next = Clock::now();
-  for (bool goes_on = true; goes_on;) {
-    if (Clock::now() >= next) {
-      receiver.StillWaiting(waiting.PaintAndListen());
-      next = Clock::now() + std::chrono::milliseconds(kTellEveryMs);
-    }
-    std::optional<HttpHandover::Item> item = handover->Take(kTellEveryMs / 2);
-    if (item) goes_on = HandOn(std::move(*item), receiver);
-  }
+  do {
+    if (Clock::now() < next) continue;
+    receiver.StillWaiting(waiting.PaintAndListen());
+    next = Clock::now() + std::chrono::milliseconds(kTellEveryMs);
+  } while (exchange.Advance(receiver, kTellEveryMs / 2));
 }
 
 }  // namespace kestrun

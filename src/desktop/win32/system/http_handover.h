@@ -5,6 +5,7 @@
 #include <condition_variable>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -43,8 +44,11 @@ class HttpHandover {
   bool is_left_ = false;
 };
 
-// Runs the exchange on a thread and hands what it puts to the receiver on this one. A RuntimeError of the exchange is
-// raised here as error 440.
-void ReceiveThroughThread(std::function<void(HttpHandover& handover)> exchange, HttpReceiver& receiver);
+// Runs the exchange on a thread. A RuntimeError of it is raised where its answer is handed over, as error 440. When
+// the object goes the thread is left behind and ends as soon as the library lets it.
+[[nodiscard]] std::unique_ptr<HttpExchange> StartOnThread(std::function<void(HttpHandover& handover)> exchange);
+
+// Hands the whole answer over while the windows are painted and nothing else.
+void WaitForAnswer(HttpExchange& exchange, HttpReceiver& receiver);
 
 }  // namespace kestrun

@@ -212,14 +212,17 @@ void RunExchange(const Session& session, const HttpRequest& request, HttpHandove
 class WinHttpSession final : public HttpSession {
  public:
   void Exchange(const HttpRequest& request, HttpReceiver& receiver) override {
+    const std::unique_ptr<HttpExchange> exchange = Start(request);
+    WaitForAnswer(*exchange, receiver);
+  }
+
+  std::unique_ptr<HttpExchange> Start(const HttpRequest& request) override {
     if (!session_) session_ = std::make_shared<const Session>();
-    ReceiveThroughThread(
-        [session = session_, copy = request,
-         body = Bytes(request.body.begin(), request.body.end())](HttpHandover& handover) mutable {
-          copy.body = body;
-          RunExchange(*session, copy, handover);
-        },
-        receiver);
+    return StartOnThread([session = session_, copy = request,
+                          body = Bytes(request.body.begin(), request.body.end())](HttpHandover& handover) mutable {
+      copy.body = body;
+      RunExchange(*session, copy, handover);
+    });
   }
 
  private:
