@@ -5,6 +5,9 @@
 #include <cstdlib>
 #include <string>
 
+#include "base/runtime_error.h"
+#include "desktop/headless/headless_platform.h"
+#include "fuzz_files.h"
 #include "maps/preview_search.h"
 #include "web/redirect.h"
 
@@ -16,7 +19,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (!kestrun::IsHttpUrl(address)) std::abort();
     if (kestrun::PreviewName(address).find_first_of("/\\\r\n") != std::string::npos) std::abort();
   }
-  const std::string name = kestrun::PreviewSearchName(reply);
+  kestrun::MemoryFiles files;
+  kestrun::HeadlessPlatform platform(files);
+  const kestrun::PlatformInstallation installation(platform);
+  // Not everything is a path.
+  std::string name;
+  kestrun::Attempt([&] { name = kestrun::PreviewSearchName(reply); });
   if (name.find_first_of("?'*\\/[]\"") != std::string::npos) std::abort();
   return 0;
 }
