@@ -89,7 +89,7 @@ TEST_F(MainWindowTest, TheTabKeyGoesThroughTheWindowInReadingOrder) {
   for (const Control* control : Main().TabOrder()) order += control->Name() + " ";
   EXPECT_EQ(order,
             "Text1 Command1 ListBox Command6 opcapflag opdeath oprename txtoutput Command2 Command7 Command3 Command4 "
-            "Command5 ");
+            "Command8 Command5 ");
 }
 
 // ---- windows of their own ------------------------------------------------------------------------------------------
