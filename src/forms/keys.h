@@ -12,6 +12,7 @@ inline constexpr int kEnd = 35;
 inline constexpr int kHome = 36;
 inline constexpr int kUp = 38;
 inline constexpr int kDown = 40;
+inline constexpr int kInsert = 45;
 inline constexpr int kDelete = 46;
 inline constexpr int kMenu = 93;
 inline constexpr int kF2 = 113;

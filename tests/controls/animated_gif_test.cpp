@@ -123,6 +123,20 @@ TEST_F(AnimatedGifTest, LoadingANewPictureRemovesTheOldFramesFirst) {
   EXPECT_EQ(gif.AnimationTimer.Interval, 700);
 }
 
+// As on systems whose loader wants the trailer that a frame lacks when another follows.
+TEST_F(AnimatedGifTest, AFrameThatDecodesOnlyWithItsTrailerIsShownToo) {
+  const std::string file = AnimatedGifFile({{}, {}});
+  gif::FrameReader reader(AsBytes(file));
+  Bytes first = reader.PictureOf(*reader.Next());
+  ASSERT_EQ(first.back(), '!');
+  first.back() = ';';
+  desktop.pictures().Answer(std::string(AsChars(first)), {5, 1, std::vector<uint32_t>(5)});
+  WriteFile(Path("banner.gif"), file);
+  gif.LoadNewPicture(Path("banner.gif"), 1);
+  ASSERT_TRUE(gif.ImgPic(0).Picture.get());
+  EXPECT_EQ(gif.ImgPic(0).Picture.get()->width_pixels(), 5);
+}
+
 TEST_F(AnimatedGifTest, AStillPictureStopsTheAnimation) {
   gif.LoadNewPicture(WriteGif({{10}, {10}}), 1);
   desktop.pictures().Answer("jpeg", {30, 10, std::vector<uint32_t>(300)});

@@ -1,6 +1,7 @@
 #include "controls/animated_gif/animated_gif.h"
 
 #include <charconv>
+#include <utility>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -36,6 +37,17 @@ Bytes ReadPictureFile(const std::string& path) {
   Bytes content(static_cast<size_t>(file->Size()));
   content.resize(file->ReadAt(0, content));
   return content;
+}
+
+// A frame that another follows ends where that one's extension begins. Windows takes it without the trailer that should
+// stand there; other systems want it.
+Ref<Picture> DecodeFrame(Bytes picture) {
+  constexpr uint8_t kExtension = 0x21;
+  constexpr uint8_t kTrailer = 0x3B;
+  const Ref<Picture> decoded = PictureFromBits(picture);
+  if (decoded || picture.empty() || picture.back() != kExtension) return decoded;
+  picture.back() = kTrailer;
+  return PictureFromBits(picture);
 }
 
 void ShowLoadFailure(std::string_view what) {
@@ -138,9 +150,9 @@ void AnimatedGIF::ShowFrame(const gif::FrameReader& reader, const gif::Frame& fr
   image.Left = frames_.front().image->Left + frame.left_pixels * kTwipsPerPixel;
   image.Top = frames_.front().image->Top + frame.top_pixels * kTwipsPerPixel;
   image.Tag = std::to_string(frame.delay_ms);
-  const Bytes picture = reader.PictureOf(frame);
+  Bytes picture = reader.PictureOf(frame);
   pixels_ += gif::LargestPicturePixels(picture);
-  image.Picture = pixels_ > kMostPixels ? nullptr : PictureFromBits(picture);
+  image.Picture = pixels_ > kMostPixels ? nullptr : DecodeFrame(std::move(picture));
 }
 
 void AnimatedGIF::StartAnimation() {

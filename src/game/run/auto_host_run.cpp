@@ -7,13 +7,13 @@
 #include "base/number.h"
 #include "base/runtime_error.h"
 #include "game/builds.h"
+#include "game/memory/type_message.h"
 
 namespace kestrun {
 namespace {
 
 constexpr double kUnitsPerSecond = 62.5;
 constexpr uint32_t kLineOpensMs = 900;
-constexpr uint32_t kTextIsTakenMs = 500;
 // The game gets about five seconds to leave its mission.
 constexpr int kWaitRounds = 500;
 constexpr uint32_t kWaitMs = 10;
@@ -104,7 +104,8 @@ void AutoHostRun::ResetTime() {
 // ---- the tick ------------------------------------------------------------------------------------------------------
 
 void AutoHostRun::Tick() {
-  if (is_ticking_) return;
+  // The messenger types into the same game: its line is left alone, and the next tick sees what this one would have.
+  if (is_ticking_ || IsTextLineTaken()) return;
   const FlagScope ticking(is_ticking_);
   if (window_.UsesGameTimer()) {
     FollowGameTimer();
@@ -241,12 +242,7 @@ void AutoHostRun::WriteMessage(const std::string& message, int32_t key, int32_t 
 }
 
 void AutoHostRun::TypeMessage(const std::string& message, int32_t key, int32_t address) {
-  around_.game.PressKey(key);
-  around_.clock.RunPendingEvents();
-  around_.clock.SleepMs(kLineOpensMs);
-  around_.game.WriteTextAt(address, message);
-  around_.clock.SleepMs(kTextIsTakenMs);
-  around_.game.PressKey(kEnterKey);
+  kestrun::TypeMessage(around_.game, around_.clock, {key, address, kLineOpensMs}, message);
   TellRefusal();
 }
 

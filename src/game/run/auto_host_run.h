@@ -13,9 +13,6 @@ class AutoHostRun {
   // What the surroundings and the window are must outlive the run.
   AutoHostRun(RunWindow& window, RunSurroundings surroundings);
 
-  // The keys and texts that the game's console knows.
-  static constexpr int32_t kConsoleKey = 192;
-  static constexpr int32_t kEnterKey = 13;
   static constexpr int kTickMs = 999;
 
   RunFields fields;

@@ -17,18 +17,11 @@
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/run_command.h"
 #include "styles/mod_trans_control.h"
-#include "web/site.h"
-#include "web/web_paths.h"
 
 namespace kestrun {
 namespace {
 
 const WindowRegistration registration(frmain::kName, [] { return MakeRef<frmain>(); });
-
-BannerService& banner_service() {
-  static BannerService service;
-  return service;
-}
 
 constexpr const char* kLoading = "Loading Kestrun ";
 
@@ -62,8 +55,6 @@ const MemberTable kTable{&Form::kFormMembers, kRows};
 
 }  // namespace
 
-void InstallBannerService(BannerService service) { banner_service() = std::move(service); }
-
 const MemberTable& frmain::Members() const { return kTable; }
 
 frmain::frmain() : Form(kName) {
@@ -75,6 +66,7 @@ frmain::frmain() : Form(kName) {
   ConnectCommands();
   AddWindowCommands();
   ConnectGuide();
+  ConnectBanner();
   ConnectStatusLine();
 }
 
@@ -113,6 +105,7 @@ void frmain::LoadSafely() {
 
 void frmain::Shown() {
   if (SafeMode()) return;
+  BeginDueBanner();
   RunCommand([this] { AskForZipIcon(); }, kLoading);
   RunCommand([] { CheckGameArchive(); }, kLoading);
 }
@@ -124,28 +117,7 @@ void frmain::Unloading() {
   Attempt([&] { SaveSetting("DFLWKESTRUN", "launcher", "PATH", path); });
 }
 
-void frmain::LoadBanner() {
-  const bool wanted = TextToBoolean(ReadSetting(setting::kShowBanner)) && banner_service().get_new_banner;
-  if (!wanted || !IsOnline()) {
-    ShowBannerPlace(false);
-  } else {
-    ShowBannerPlace(true);
-    GetNewBanner(SiteUrl("MAPS.INI"));
-  }
-}
-
-void frmain::GetNewBanner(const std::string& Url, bool force) {
-  if (banner_service().get_new_banner) banner_service().get_new_banner(*this, Url, force);
-}
-
 void frmain::InitTransControls() { CutAllControls(*this); }
-
-void frmain::EnableNews() {
-  mnu_refreshbanner.Enabled = static_cast<bool>(banner_service().refresh_banner);
-  mnu_checkformaps.Enabled = static_cast<bool>(banner_service().check_for_maps);
-  mnu_refreshbanner.Click = [this] { banner_service().refresh_banner(*this); };
-  mnu_checkformaps.Click = [this] { banner_service().check_for_maps(*this); };
-}
 
 bool frmain::ExtractEditorFiles(const std::string& Folder) { return kestrun::ExtractEditorFiles(Folder); }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/animated_gif/animated_gif.h"
 #include "controls/image_list/image_list.h"
 #include "controls/list_box/mc_list_box.h"
 #include "controls/progress_bar/progress_bar.h"
@@ -25,6 +26,7 @@
 #include "forms/window_registry.h"
 #include "program/window_kit/open_window.h"
 #include "program/window_kit/status_line.h"
+#include "web/downloader.h"
 
 namespace kestrun {
 
@@ -60,6 +62,9 @@ class frmain final : public Form {
   CommandButton& Command4 = Add<CommandButton>("Command4");
   CommandButton& Command8 = Add<CommandButton>("Command8");
   CommandButton& Command5 = Add<CommandButton>("Command5");
+  // The banner, with its link as its address and its format as its tag; the words stand in its place without one.
+  Label& lblnews = Add<Label>("lblnews");
+  AnimatedGIF& AnimGIF1 = Add<AnimatedGIF>("AnimGIF1");
   PictureBox& Picture2 = Add<PictureBox>("Picture2");
   TextBox& txtstatusbar = Add<TextBox>("txtstatusbar");
   ProgressBar& prgfetch = Add<ProgressBar>("prgfetch");
@@ -72,6 +77,9 @@ class frmain final : public Form {
   // Paints ListBox once after its rows have changed.
   Timer& Timer1 = Add<Timer>("Timer1");
   Timer& TmrQuickLinks = Add<Timer>("TmrQuickLinks");
+  // Fetches the site file and the banner's picture, once the window stands.
+  kestrun::Downloader& Downloader = Add<kestrun::Downloader>("Downloader");
+  Timer& TmrBanner = Add<Timer>("TmrBanner");
   CommonDialog& dlgcopyto = Add<CommonDialog>("dlgcopyto");
   CommonDialog& dlgCommonDialog = Add<CommonDialog>("dlgCommonDialog");
 
@@ -102,6 +110,7 @@ class frmain final : public Form {
   MenuItem& mnu_view = Add<MenuItem>("mnu_view");
   MenuItem& mnu_refresh = Add<MenuItem>("mnu_refresh");
   MenuItem& mnu_refreshbanner = Add<MenuItem>("mnu_refreshbanner");
+  MenuItem& mnu_openbanner = Add<MenuItem>("mnu_openbanner");
   MenuItem& mnu_line6 = Add<MenuItem>("mnu_line", 6);
   MenuItem& mnu_status = Add<MenuItem>("mnu_status");
   MenuItem& mnu_line7 = Add<MenuItem>("mnu_line", 7);
@@ -163,6 +172,11 @@ class frmain final : public Form {
   // Fetches the next banner as the settings file at the address says; `force` passes over what the system has kept of
   // an earlier visit. Nothing happens while no banner service is installed.
   void GetNewBanner(const std::string& Url, bool force = false);
+  // What the program's own banner service does: begins to fetch the site file, offers to switch the banner on again,
+  // tells how many maps are new.
+  void FetchBanner(const std::string& url, bool force);
+  void RefreshBanner();
+  void CheckForMaps();
   // Makes the window higher by the banner's place above the status line, or lower again.
   void ShowBannerPlace(bool shown);
   // Adds the user's own programs to the actions menu.
@@ -179,7 +193,18 @@ class frmain final : public Form {
 
  private:
   void LoadSafely();
+
+  // The banner.
   void LoadBanner();
+  void BeginDueBanner();
+  void ConnectBanner();
+  void TakeBannerFile();
+  void BeginBanner(const std::string& url, const std::string& format, const std::string& link);
+  void TakeBanner(const std::string& path);
+  void OpenBanner();
+  void ShowUpdateNotice();
+  void LayOutBanner();
+  void PlaceBanner();
 
   // Layout.
   void LayOut();
@@ -259,17 +284,22 @@ class frmain final : public Form {
   std::vector<std::string> program_paths_;
   bool stays_closed_at_startup_ = false;
   bool has_banner_place_ = false;
+  bool is_banner_due_ = false;    // to be fetched once the window is shown
+  bool has_tried_again_ = false;  // to fetch the banner's picture
   bool is_sliding_ = false;
   bool is_zip_icon_asked_ = false;
   bool keeps_stored_folder_ = false;
 };
 
-// Who fetches the banner and the news of the site. The window leaves no room for a banner while nobody does.
+// Who fetches the banner and the news of the site: the program's own service until another is installed. The window
+// leaves no room for a banner while nobody does.
 struct BannerService {
   std::function<void(frmain& window, const std::string& url, bool force)> get_new_banner;
   std::function<void(frmain& window)> refresh_banner;
   std::function<void(frmain& window)> check_for_maps;
 };
 void InstallBannerService(BannerService service);
+// The program's own.
+[[nodiscard]] BannerService SiteBannerService();
 
 }  // namespace kestrun

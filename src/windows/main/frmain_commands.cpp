@@ -1,6 +1,4 @@
 // The commands of the main window's buttons and menu items.
-#include <algorithm>
-
 #include "base/text.h"
 #include "maps/fetch/fetch_map.h"
 #include "maps/fetch/fetch_turn.h"
@@ -12,19 +10,13 @@
 #include "program/game_paths.h"
 #include "program/path_text.h"
 #include "program/settings.h"
+#include "program/user_programs.h"
 #include "program/window_kit/open_window.h"
 #include "program/window_kit/run_command.h"
 #include "web/site.h"
 #include "windows/main/frmain.h"
 
 namespace kestrun {
-namespace {
-
-// No more programs than a menu can show; their count comes from a file.
-constexpr int kMostPrograms = 500;
-
-}  // namespace
-
 void frmain::ConnectCommands() {
   SetCommand({&Command2.Click, &mnu_putmapin.Click}, [this] { PutSelectedMap(kPutInArchive); });
   SetCommand({&Command7.Click, &mnu_imalreadyplaying.Click}, [this] { PutSelectedMap(kPutBesideOnly); });
@@ -117,12 +109,8 @@ void frmain::HandMapToPreviewManager(PreviewTask task) {
 
 void frmain::Load_Programs() {
   const auto load = [this] {
-    const ProfileSnapshot settings = ReadSettingsSnapshot();
-    const int highest = std::min(ToLong(ReadSetting(settings, setting::kProgramCount)), kMostPrograms);
-    for (int number = 0; number <= highest; ++number) {
-      const std::string open_part = std::to_string(number);
-      const std::string name = ReadSetting(settings, setting::kProgramName, open_part);
-      if (name != "ERROR") AddProgram(number, name, ReadSetting(settings, setting::kProgramPath, open_part));
+    for (const UserProgram& program : ReadUserPrograms().programs) {
+      AddProgram(program.number, program.name, program.path);
     }
   };
   RunCommand(load, "Load_Programs()");

@@ -54,6 +54,7 @@ void frmain::LayOut() {
   LayOutFolderAndList();
   LayOutChoices();
   LayOutStatusLine();
+  LayOutBanner();
   BuildMenus();
   SetClientSize(kClientWidth, kClientHeight);
   NoteLeastSize();
@@ -162,6 +163,31 @@ void frmain::LayOutStatusLine() {
   PctArrow.Move(0, 0, kArrow, kArrow);
 }
 
+void frmain::LayOutBanner() {
+  constexpr const char* kNews = "DFLW news";
+  lblnews.Caption = kNews;
+  lblnews.Alignment = static_cast<int>(TextAlignment::kCenter);
+  lblnews.ForeColor = color::kGrayText;
+  lblnews.BackStyle = 0;
+  AnimGIF1.Stretch = true;
+  AnimGIF1.Url = "";
+  AnimGIF1.BackStyle = 0;
+  AnimGIF1.ToolTipText = kNews;
+  AnimGIF1.Visible = false;
+  lblnews.Visible = false;
+}
+
+// In its own proportions above the status line.
+void frmain::PlaceBanner() {
+  const Ref<kestrun::Picture> picture = AnimGIF1.ImgPic(0).Picture;
+  const Place room{kMargin, ScaleHeight() - kStatusLineHeight - kBannerHeight, ScaleWidth() - 2 * kMargin,
+                   kBannerHeight - kGap};
+  lblnews.Move(room.left, room.top + (room.height - kLabelHeight) / 2, room.width, kLabelHeight);
+  MoveTo(AnimGIF1, FitPicture(picture, room, SmallPicture::kKeepSize));
+  lblnews.Visible = has_banner_place_ && !picture;
+  AnimGIF1.Visible = has_banner_place_ && picture;
+}
+
 int frmain::SpareWidth() const { return std::max(ScaleWidth() - kClientWidth, 0); }
 
 int frmain::SpareHeight() const {
@@ -179,6 +205,7 @@ void frmain::Arrange() {
   PlaceFolderAndList();
   PlaceChoices();
   PlacePreview();
+  PlaceBanner();
   PlaceStatusLine();
 }
 
@@ -231,7 +258,8 @@ void frmain::PlaceStatusLine() {
 void frmain::ShowBannerPlace(bool shown) {
   has_banner_place_ = shown;
   NoteLeastSize();
-  Height = shown ? kHeightWithBanner : kHeightWithoutBanner;
+  // One that the user has made higher keeps its height.
+  Height = shown ? std::max(Height.get(), kHeightWithBanner) : kHeightWithoutBanner;
   Arrange();
 }
 

@@ -51,6 +51,7 @@ void frmain::BuildOtherMenus() {
   FillMenu(mnu_view, "&View",
            {{mnu_refresh, "&Refresh list"},
             {mnu_refreshbanner, "R&efresh banner"},
+            {mnu_openbanner, "Open the news &page"},
             {mnu_line6, kMenuLine},
             {mnu_status, "&Status bar"},
             {mnu_line7, kMenuLine},

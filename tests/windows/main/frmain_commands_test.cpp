@@ -31,7 +31,7 @@ TEST_F(MainWindowTest, TheMenusReadAsPlayersKnowThem) {
             "preview|&Search map preview|-|C&opy map to ...|&Rename map|&Delete selected map|Copy map "
             "&name|-|&Change folder|&Open folder|&Refresh list|-|&Exit|");
   EXPECT_EQ(Captions(Main().mnu_loadmap), "&URL|&File on hard disk|");
-  EXPECT_EQ(Captions(Main().mnu_view), "&Refresh list|R&efresh banner|-|&Status bar|-|&Options|");
+  EXPECT_EQ(Captions(Main().mnu_view), "&Refresh list|R&efresh banner|Open the news &page|-|&Status bar|-|&Options|");
   EXPECT_EQ(Captions(Main().mnu_actions),
             "&Launch DFLW|Launch &Editor|Restore &stock missions ...|-|&Make maplist (auto host)|&Auto "
             "Messenger|Launch &name editor|&Map "
@@ -89,7 +89,7 @@ TEST_F(MainWindowTest, TheTabKeyGoesThroughTheWindowInReadingOrder) {
   for (const Control* control : Main().TabOrder()) order += control->Name() + " ";
   EXPECT_EQ(order,
             "Text1 Command1 ListBox Command6 opcapflag opdeath oprename txtoutput Command2 Command7 Command3 Command4 "
-            "Command5 ");
+            "Command8 Command5 ");
 }
 
 // ---- windows of their own ------------------------------------------------------------------------------------------

@@ -13,12 +13,18 @@ namespace kestrun {
 class MainWindowTest : public FrameTest {
  protected:
   MainWindowTest() {
+    InstallBannerService({});  // most tests are about a window without one
     TellGameFolder();
     MakeArchive(GamePath("dflw.pff"), {"D08M03.BMS", "D08M04.BMS"});
     WriteFile(MapPath("Desert.bms"), "BMS desert");
     WriteFile(MapPath("Oasis.bms"), "BMS oasis");
     WriteFile(MapPath("notes.txt"), "no map");
     WriteIni("[launcher]\r\nWARNOVERWRITE=False\r\nSHOWQUICKLINKS=1\r\n");
+  }
+
+  ~MainWindowTest() override {
+    CloseAllWindows();
+    InstallBannerService(SiteBannerService());
   }
 
   frmain& Main() { return Window<frmain>(); }

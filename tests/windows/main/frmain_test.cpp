@@ -205,6 +205,9 @@ TEST_F(MainWindowTest, TheBannerServiceIsAskedWhenTheUserWantsABannerAndIsOnline
   InstallBannerService({[&](frmain&, const std::string& url, bool force) { asked.push_back(url + (force ? "!" : "")); },
                         [&](frmain&) { asked.push_back("refresh"); }, [&](frmain&) { asked.push_back("news"); }});
   EXPECT_EQ(Main().Height.get(), 8490);
+  Main().Show();
+  EXPECT_TRUE(asked.empty());  // the window is painted first
+  desktop.clock().AdvanceMs(1000);
   ASSERT_EQ(asked.size(), 1U);
   EXPECT_TRUE(asked[0].ends_with("/MAPS.INI"));
   Main().mnu_refreshbanner.Choose();

@@ -1,0 +1,68 @@
+#include "maps/update/map_comparison.h"
+
+#include <ctime>
+
+#include "base/calendar.h"
+#include "base/text.h"
+#include "maps/file_tools.h"
+#include "platform/file_error.h"
+#include "platform/platform.h"
+
+namespace kestrun {
+namespace {
+
+constexpr uint64_t kBelievedMs = 1000;
+constexpr uint64_t kFileTimeUnitsPerSecond = 10'000'000;
+constexpr int64_t kUnixEpochSeconds = 11'644'473'600;  // behind 1601-01-01
+
+}  // namespace
+
+bool IsUpToDate(const MapMeasure& local, const MapMeasure& remote) {
+  return local.bytes == remote.bytes && local.crc == remote.crc && local.time >= remote.time;
+}
+
+void ListedFolder::List(const std::string& folder) {
+  sizes_.clear();
+  for (const FolderEntry& entry : platform().files().List(folder)) {
+    if (!entry.is_folder) sizes_.emplace(ToLower(entry.name), entry.size);
+  }
+  folder_ = folder;
+  is_listed_ = true;
+  listed_ms_ = platform().clock().NowMs();
+}
+
+bool ListedFolder::Find(const std::string& folder, const std::string& name, uint64_t* bytes) {
+  const bool is_believed = platform().clock().NowMs() - listed_ms_ < kBelievedMs;
+  if (!is_listed_ || !is_believed || folder != folder_) List(folder);
+  const auto found = sizes_.find(ToLower(name));
+  if (found == sizes_.end()) return false;
+  if (bytes) *bytes = found->second;
+  return true;
+}
+
+MapPair MapComparison::Measure(const std::string& local_folder, const std::string& remote_folder,
+                               const std::string& name, const CompareBy& by) {
+  const auto measure = [&](ListedFolder& listed, const std::string& folder) {
+    MapMeasure measured;
+    const std::string path = folder + "\\" + name;
+    if (by.crc) measured.crc = FileChecksum(path);
+    if (by.size && !listed.Find(folder, name, &measured.bytes)) throw FileError(error::kFileNotFound, path);
+    if (by.date) measured.time = platform().files().WriteTime(path);
+    return measured;
+  };
+  MapPair pair;
+  pair.local = measure(local_, local_folder);
+  pair.remote = measure(remote_, remote_folder);
+  return pair;
+}
+
+double LocalDateOfFileTime(uint64_t file_time) {
+  const auto seconds =
+      static_cast<std::time_t>(static_cast<int64_t>(file_time / kFileTimeUnitsPerSecond) - kUnixEpochSeconds);
+  const std::tm* const local = std::localtime(&seconds);
+  if (!local) return 0;
+  const int64_t day = DayNumber(local->tm_year + 1900, local->tm_mon + 1, local->tm_mday);
+  return JoinDate(day, local->tm_hour * 3600.0 + local->tm_min * 60.0 + local->tm_sec);
+}
+
+}  // namespace kestrun

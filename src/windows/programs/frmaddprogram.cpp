@@ -1,0 +1,205 @@
+#include "windows/programs/frmaddprogram.h"
+
+#include <algorithm>
+
+#include "base/runtime_error.h"
+#include "base/text.h"
+#include "forms/keys.h"
+#include "maps/file_tools.h"
+#include "platform/file_error.h"
+#include "platform/platform.h"
+#include "program/game_paths.h"
+#include "program/path_text.h"
+#include "program/settings.h"
+#include "program/user_programs.h"
+#include "program/window_kit/apply_style.h"
+#include "program/window_kit/ask.h"
+#include "program/window_kit/place_controls.h"
+#include "program/window_kit/run_command.h"
+
+namespace kestrun {
+namespace {
+
+const WindowRegistration registration(frmaddprogram::kName, [] { return MakeRef<frmaddprogram>(); });
+
+constexpr const char* kFilter =
+    "All supported programs|*.exe;*.bat;*.cmd|Windows Programs (*.exe)|*.exe|MS-DOS batch files "
+    "(*.bat;*.cmd)|*.bat;*.cmd|All files (*.*)|*.*|";
+constexpr int kStyleTimerMs = 50;
+constexpr int kMargin = 180;
+constexpr int kGap = 120;
+constexpr int kWidth = 5400;
+constexpr int kPad = 180;
+constexpr int kButtonWidth = 1380;
+constexpr int kButtonStep = kDialogButtonHeight + kGap;
+constexpr int kListTop = 300;
+constexpr int kListHeight = 2100;
+constexpr int kFrameHeightInside = kListTop + kListHeight + kPad;
+constexpr int kEndTop = kMargin + kFrameHeightInside + kMargin;
+
+// A failure of one of the window's commands ends it without a word.
+void SetSilentCommand(CommandButton& button, const std::function<void()>& command) {
+  button.Click = [command] { Attempt(command); };
+}
+
+}  // namespace
+
+frmaddprogram::frmaddprogram() : Form(kName) {
+  LayOut();
+  Connect();
+  SetUpStyleTimer(*this, Timer1, kStyleTimerMs, "applystyle ");
+}
+
+void frmaddprogram::LayOut() {
+  LayOutDialog(*this, "Program Manager");
+  SetClientSize(kWidth + 2 * kMargin, kEndTop + kDialogButtonHeight + kMargin);
+  Frame1.Caption = "Programs:";
+  Frame1.Move(kMargin, kMargin, kWidth, kFrameHeightInside);
+  const int right = kWidth - kPad - kButtonWidth;
+  Lstprograms.SetContainer(Frame1);
+  Lstprograms.Move(kPad, kListTop, right - kGap - kPad, kListHeight);
+  Lstprograms.ToolTipText = "Your programs in the order of the actions menu.";
+  struct Row {
+    CommandButton& button;
+    const char* caption;
+    const char* tip;
+  };
+  int top = kListTop;
+  for (const Row& row :
+       {Row{Command1, "Add", "Add a program to the list."}, Row{Command2, "Remove", "Remove the selected program."},
+        Row{Command5, "Properties", "Show its name and its path."}}) {
+    row.button.SetContainer(Frame1);
+    PlaceButton(row.button, {right, top, kButtonWidth, kDialogButtonHeight}, row.caption, row.tip);
+    top += kButtonStep;
+  }
+  const int cancel_left = kMargin + kWidth - kDialogButtonWidth;
+  PlaceButton(Command3, {cancel_left - kGap - kDialogButtonWidth, kEndTop, kDialogButtonWidth, kDialogButtonHeight},
+              "Save", "Store the list.");
+  PlaceButton(Command4, {cancel_left, kEndTop, kDialogButtonWidth, kDialogButtonHeight}, "Cancel",
+              "Close the window and store nothing.");
+  Command4.Cancel = true;
+}
+
+void frmaddprogram::Connect() {
+  SetSilentCommand(Command1, [this] { AddOne(); });
+  SetSilentCommand(Command2, [this] { RemoveOne(); });
+  SetSilentCommand(Command5, [this] { ShowProperties(); });
+  SetCommand({&Command3.Click}, [this] { SaveAll(); });
+  SetSilentCommand(Command4, [this] { Unload(); });
+  Lstprograms.DblClick = [this] { Command5.Press(); };
+  Lstprograms.KeyDown = [this](int& key_code, int) { HandleListKey(key_code); };
+  FilesDropped = [this](const std::vector<std::string>& paths) { Attempt([&] { TakeDropped(paths); }); };
+}
+
+void frmaddprogram::HandleListKey(int& key_code) {
+  struct Row {
+    int key;
+    CommandButton& button;
+  };
+  for (const Row& row : {Row{key::kInsert, Command1}, Row{key::kDelete, Command2}, Row{key::kEnter, Command5}}) {
+    if (key_code != row.key) continue;
+    key_code = 0;
+    row.button.Press();
+    return;
+  }
+}
+
+void frmaddprogram::Load() {
+  RunCommand([this] { LoadPrograms(); });
+  StartStyleTimer(Timer1);
+}
+
+void frmaddprogram::LoadPrograms() {
+  const UserPrograms stored = ReadUserPrograms();
+  highest_ = stored.highest;
+  for (const UserProgram& program : stored.programs) {
+    Lstprograms.AddItem(program.name);
+    paths_.resize(static_cast<size_t>(program.number) + 1);
+    paths_.back() = program.path;
+  }
+  FitListWidth(*this, Lstprograms);
+}
+
+void frmaddprogram::AddOne() {
+  const std::string name = platform()
+                               .dialogs()
+                               .AskText("Enter a name for the program. This name will be in the actions menu.", "", "")
+                               .value_or("");
+  if (name.empty()) return;
+  CommonDialog1.DialogTitle = "Select program on HD ...";
+  CommonDialog1.Filter = kFilter;
+  CommonDialog1.FileName = "";
+  if (CommonDialog1.ShowOpen()) AddProgram(name, CommonDialog1.FileName);
+}
+
+void frmaddprogram::AddProgram(const std::string& name, const std::string& path) {
+  const auto number = static_cast<size_t>(Lstprograms.ListCount());
+  Lstprograms.AddItem(name);
+  paths_.resize(std::max(paths_.size(), number + 1));
+  paths_[number] = path;
+  highest_ = static_cast<int>(number);
+  FitListWidth(*this, Lstprograms);
+}
+
+// Each takes the name of its file.
+void frmaddprogram::TakeDropped(const std::vector<std::string>& paths) {
+  for (const std::string& path : paths) {
+    if (platform().files().IsFolder(path)) continue;
+    const std::string file = GetFileName(path, true);
+    AddProgram(file.substr(0, file.rfind('.')), path);
+  }
+}
+
+void frmaddprogram::RemoveOne() {
+  const int row = Lstprograms.ListIndex;
+  if (row < 0) {
+    MsgBox("Select program!");
+    return;
+  }
+  Lstprograms.RemoveItem(row);
+  paths_.erase(paths_.begin() + row);
+  // A single program leaves its place empty.
+  if (highest_ > 0) {
+    --highest_;
+  } else {
+    paths_.emplace_back();
+  }
+  Lstprograms.ListIndex = std::min(row, Lstprograms.ListCount() - 1);
+}
+
+void frmaddprogram::ShowProperties() {
+  const int row = Lstprograms.ListIndex;
+  if (row < 0) return;
+  const std::string line_break(kCrLf);
+  MsgBox("Program properties:" + line_break + "Name:" + line_break + Lstprograms.List(row) + line_break +
+         "Path:" + line_break + paths_.at(static_cast<size_t>(row)));
+}
+
+void frmaddprogram::SaveAll() {
+  UserPrograms all;
+  all.highest = highest_;
+  paths_.resize(std::max(paths_.size(), static_cast<size_t>(highest_) + 1));
+  for (int number = 0; number <= highest_; ++number) {
+    all.programs.push_back({number, Lstprograms.List(number), paths_[static_cast<size_t>(number)]});
+  }
+  const std::string file = AppFile("packit.ini");
+  if (!WriteUserPrograms(all)) throw FileError(error::kPathFileAccess, file);
+  const bool restart =
+      AskYesNo("You made changes to the list. You need to restart this program to refresh the actions list." +
+                   std::string(kCrLf) + "Do you want to restart it now?",
+               BoxIcon::kQuestion);
+  if (restart) {
+    Restart();
+  } else {
+    Unload();
+  }
+}
+
+// A new instance, then the end of this one.
+void frmaddprogram::Restart() {
+  const std::string folder = platform().program().Folder();
+  ShellOpen("open", folder + "\\" + platform().program().ExeName() + ".exe", std::string(), folder, kShowNormal);
+  platform().processes().EndProcess();
+}
+
+}  // namespace kestrun
