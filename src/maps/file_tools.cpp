@@ -1,12 +1,14 @@
 #include "maps/file_tools.h"
 
 #include <algorithm>
+#include <array>
+#include <memory>
 #include <string_view>
 #include <utility>
 
+#include "base/crc32.h"
 #include "base/number.h"
 #include "base/runtime_error.h"
-#include "formats/zip/cls_crc32.h"
 #include "platform/platform.h"
 #include "program/folders.h"
 #include "program/path_text.h"
@@ -85,9 +87,15 @@ void RemoveTree(const std::string& folder) {
 }  // namespace
 
 int32_t FileChecksum(const std::string& Path) {
-  Bytes content = platform().files().ReadAll(Path);
-  content.push_back(0);
-  return static_cast<int32_t>(Cls_CRC32().CalcCRC32File(content));
+  const std::unique_ptr<File> file = platform().files().Open(Path, OpenMode::kRead);
+  std::array<uint8_t, 0x10000> piece;
+  uint32_t state = crc32::kStart;
+  size_t taken = piece.size();
+  for (uint64_t offset = 0; taken == piece.size(); offset += taken) {
+    taken = file->ReadAt(offset, piece);
+    state = crc32::Update(state, ByteView(piece).first(taken));
+  }
+  return static_cast<int32_t>(~crc32::Next(state, 0));
 }
 
 bool DeleteFolder(const std::string& Path) {

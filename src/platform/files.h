@@ -78,6 +78,7 @@ struct FolderEntry {
   std::string name;
   bool is_folder = false;
   uint64_t size = 0;
+  uint64_t write_time = 0;  // as WriteTime gives it
 };
 
 class FileSystem {

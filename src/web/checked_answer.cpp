@@ -26,11 +26,18 @@ bool IsPacked(const HttpHeaders& headers) {
   return !coding.empty() && !EqualsNoCase(coding, "identity");
 }
 
+// Libraries differ on "http:///path": some take the path for the server.
+bool NamesServer(std::string_view url) {
+  const size_t host = url.find("//") + 2;
+  return url.find_first_of("/?#", host) != host && host < url.size();
+}
+
 }  // namespace
 
 void CheckRequest(const HttpRequest& request) {
   if (!IsWellFormed(request)) Refuse("The request is malformed.");
   if (!IsHttpUrl(request.url)) Refuse("Only http addresses can be asked for.");
+  if (!NamesServer(request.url)) Refuse("The address names no server.");
 }
 
 bool CheckedAnswer::TakeHead(int status, const HttpHeaders& headers) {

@@ -45,7 +45,7 @@ struct Downloader::Read {
   bool is_busy = false;  // inside one of its own events
 };
 
-// A download is over once its last event is, whatever came of that.
+// Ends the download when its last event has run, also when that event raises.
 class Downloader::Ending {
  public:
   explicit Ending(Downloader& downloader) : downloader_(downloader) {}
@@ -109,9 +109,12 @@ void Downloader::AdvanceAll() {
   const Ref<Downloader> keep(this);
   const std::vector<std::shared_ptr<Read>> reads = reads_;
   for (const std::shared_ptr<Read>& read : reads) {
-    const bool is_left = std::find(reads_.begin(), reads_.end(), read) == reads_.end();
-    if (!is_left && !read->is_busy) DispatchEvent(form(), [&] { Advance(read); });
+    if (Holds(*read) && !read->is_busy) DispatchEvent(form(), [&] { Advance(read); });
   }
+}
+
+bool Downloader::Holds(const Read& read) const {
+  return std::ranges::any_of(reads_, [&](const auto& held) { return held.get() == &read; });
 }
 
 void Downloader::Advance(const std::shared_ptr<Read>& read) {
@@ -123,8 +126,8 @@ void Downloader::Advance(const std::shared_ptr<Read>& read) {
     if (!goes_on && read->receiver.Size() > 0) read->receiver.PutInPlace();
   };
   if (!Attempt(receive, [&](const RuntimeError& failure) { why = failure.description(); })) return Fail(read, why);
-  ShowProgress(*read);
-  if (std::find(reads_.begin(), reads_.end(), read) == reads_.end()) return;  // its window has left it
+  DispatchEvent(form(), [&] { ShowProgress(*read); });  // a fault is told, and the download goes on
+  if (!Holds(*read)) return;                            // its window has left it
   read->is_busy = false;
   if (!goes_on) Complete(read);
 }
@@ -133,6 +136,7 @@ void Downloader::ShowProgress(Read& read) {
   const uint64_t received = read.request.ReceivedBytes();
   const std::optional<uint64_t> total = read.request.TotalBytes();
   Receiving({url_, received, total});
+  if (!Holds(read)) return;
   if (total.value_or(0) == 0 || received == read.shown_bytes) return;
   read.shown_bytes = received;
   constexpr double kKilobyte = 1024;

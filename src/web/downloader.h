@@ -54,6 +54,8 @@ class Downloader final : public CompositeControl {
   void Wait();
   void AdvanceAll();
   void Advance(const std::shared_ptr<Read>& read);
+  // False once the window has left the download.
+  [[nodiscard]] bool Holds(const Read& read) const;
   void ShowProgress(Read& read);
   void Complete(const std::shared_ptr<Read>& read);
   void Fail(const std::shared_ptr<Read>& read, const std::string& why);

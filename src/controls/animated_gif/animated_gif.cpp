@@ -44,7 +44,7 @@ Bytes ReadPictureFile(const std::string& path) {
 Ref<Picture> DecodeFrame(Bytes picture) {
   constexpr uint8_t kExtension = 0x21;
   constexpr uint8_t kTrailer = 0x3B;
-  const Ref<Picture> decoded = PictureFromBits(picture);
+  Ref<Picture> decoded = PictureFromBits(picture);
   if (decoded || picture.empty() || picture.back() != kExtension) return decoded;
   picture.back() = kTrailer;
   return PictureFromBits(picture);

@@ -7,6 +7,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 
 #include <algorithm>
 #include <array>
@@ -186,9 +187,13 @@ class PosixFile final : public File {
   }
   void Reserve(uint64_t bytes) override {
     if (HasRoomFor(bytes)) return;
+    RequireFreeRoom(bytes);
     if (::fallocate(descriptor_.get(), FALLOC_FL_KEEP_SIZE, 0, FileOffset(bytes)) == 0) return;
-    if (errno != EOPNOTSUPP && errno != ENOSYS) RaiseErrno();
-    ReserveByZeros(bytes);
+    const int failure = errno;
+    if (failure == EOPNOTSUPP || failure == ENOSYS) return ReserveByZeros(bytes);
+    // What the system has taken behind the file's end before it refused.
+    static_cast<void>(::ftruncate(descriptor_.get(), StatusOf(descriptor_).st_size));
+    Raise(ErrorNumberOfErrno(failure));
   }
   void Close() override {
     // An interrupted close has closed all the same.
@@ -196,11 +201,20 @@ class PosixFile final : public File {
   }
 
  private:
+  // The system takes whatever is left of the disk before it refuses: until the file is cut again no other program could
+  // write anything.
+  void RequireFreeRoom(uint64_t bytes) {
+    struct statvfs disk {};
+    if (::fstatvfs(descriptor_.get(), &disk) != 0) return;
+    const uint64_t free_bytes = uint64_t{disk.f_bavail} * disk.f_frsize;
+    const uint64_t taken = static_cast<uint64_t>(StatusOf(descriptor_).st_blocks) * kBlockUnit;
+    if (bytes > taken && bytes - taken > free_bytes) Raise(error::kDiskFull);
+  }
+  static constexpr uint64_t kBlockUnit = 512;  // of st_blocks
   // Asking for room that is there already would make the next flush wait for the file system's own journal. A file with
   // holes has less room than bytes.
   [[nodiscard]] bool HasRoomFor(uint64_t bytes) {
     const Status status = StatusOf(descriptor_);
-    constexpr uint64_t kBlockUnit = 512;
     const auto length = static_cast<uint64_t>(status.st_size);
     return bytes <= length && static_cast<uint64_t>(status.st_blocks) * kBlockUnit >= length;
   }
@@ -293,21 +307,22 @@ void RenameWithoutReplacing(const std::string& from, const std::string& to) {
   ::unlink(from.c_str());
 }
 
-FolderEntry MakeEntry(int folder, const char* name) {
-  FolderEntry entry{name, false, 0};
-  Status status{};
-  if (::fstatat(folder, name, &status, 0) != 0) return entry;  // a dangling link
-  entry.is_folder = S_ISDIR(status.st_mode);
-  if (S_ISREG(status.st_mode)) entry.size = static_cast<uint64_t>(status.st_size);
-  return entry;
-}
-
 constexpr uint64_t kUnitsPerSecond = 10'000'000;
 constexpr int64_t kSecondsFrom1601To1970 = 11'644'473'600;
 
 uint64_t ToFileTime(const timespec& time) {
   return static_cast<uint64_t>(time.tv_sec + kSecondsFrom1601To1970) * kUnitsPerSecond +
          static_cast<uint64_t>(time.tv_nsec) / 100;
+}
+
+FolderEntry MakeEntry(int folder, const char* name) {
+  FolderEntry entry{.name = name};
+  Status status{};
+  if (::fstatat(folder, name, &status, 0) != 0) return entry;  // a dangling link
+  entry.is_folder = S_ISDIR(status.st_mode);
+  if (S_ISREG(status.st_mode)) entry.size = static_cast<uint64_t>(status.st_size);
+  entry.write_time = ToFileTime(status.st_mtim);
+  return entry;
 }
 
 timespec ToTimespec(uint64_t file_time) {

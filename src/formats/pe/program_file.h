@@ -1,4 +1,4 @@
-// What a downloaded file is, seen from its own headers (Microsoft's PE format specification).
+// What a downloaded file is, seen from its own headers (Microsoft's PE format).
 #pragma once
 
 #include <cstdint>

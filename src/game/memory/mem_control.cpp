@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "forms/member_rows.h"
+#include "game/memory/type_message.h"
 #include "platform/platform.h"
 #include "program/settings.h"
 
@@ -54,7 +55,8 @@ bool MemControl::AttachToWindow(std::string_view title) { return Link().AttachTo
 std::string MemControl::Refusal() { return Link().Refusal(); }
 
 void MemControl::Disconnect() {
-  link_.reset();
+  // A line of text that is open in the game is still written and closed: the link goes with the control.
+  if (!IsTextLineTaken()) link_.reset();
   Control::Disconnect();
 }
 

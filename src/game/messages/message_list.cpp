@@ -30,16 +30,14 @@ int32_t KeyOfMessage(int32_t type) {
   return known ? known->key : type;
 }
 
-std::vector<Message> ReadMessages() {
+void ReadMessages(const std::function<void(const Message&)>& take) {
   const ProfileSnapshot settings = ReadSettingsSnapshot();
   const int32_t count = std::min(TextToLong(ReadSetting(settings, setting::kChatCount)), kMostMessages);
-  std::vector<Message> messages;
   for (int32_t number = 1; number <= count; ++number) {
     const std::string part = std::to_string(number);
-    messages.push_back({ReadSetting(settings, setting::kChatMessage, part),
-                        TextToLong(ReadSetting(settings, setting::kChatMessageType, part))});
+    take({ReadSetting(settings, setting::kChatMessage, part),
+          TextToLong(ReadSetting(settings, setting::kChatMessageType, part))});
   }
-  return messages;
 }
 
 void WriteMessengerSettings(const MessengerSettings& settings) {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,8 +41,9 @@ struct Message {
 // No more are read: their count comes from a file.
 inline constexpr int32_t kMostMessages = 1000;
 
-// What is stored in packit.ini. Error 13 or 6 for a count or a type that is no number.
-[[nodiscard]] std::vector<Message> ReadMessages();
+// Hands over what is stored in packit.ini, one after the other. Error 13 or 6 for a count or a type that is no number,
+// behind the messages before it.
+void ReadMessages(const std::function<void(const Message&)>& take);
 
 struct MessengerSettings {
   int build = 0;  // row of kMessengerBuilds

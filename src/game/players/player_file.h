@@ -17,8 +17,8 @@ inline constexpr size_t kPlayerNameLength = 15;
 
 using PlayerNames = std::array<std::string, kPlayerCount>;
 
-// Each name up to its first zero byte, as it stands there: one that the game has not written may be longer than it
-// should be. What lies behind the end of the bytes is empty.
+// Each name up to its first zero byte. It is not cut to 15 characters here: a file written by something else may hold a
+// longer one. What lies behind the end of the bytes is empty.
 [[nodiscard]] PlayerNames ReadPlayerNames(ByteView file);
 // The bytes that the file has when the names have been written into it.
 [[nodiscard]] Bytes WithPlayerNames(Bytes file, const PlayerNames& names);

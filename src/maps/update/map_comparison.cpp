@@ -22,22 +22,20 @@ bool IsUpToDate(const MapMeasure& local, const MapMeasure& remote) {
 }
 
 void ListedFolder::List(const std::string& folder) {
-  sizes_.clear();
+  files_.clear();
   for (const FolderEntry& entry : platform().files().List(folder)) {
-    if (!entry.is_folder) sizes_.emplace(ToLower(entry.name), entry.size);
+    if (!entry.is_folder) files_.emplace(ToLower(entry.name), entry);
   }
   folder_ = folder;
   is_listed_ = true;
   listed_ms_ = platform().clock().NowMs();
 }
 
-bool ListedFolder::Find(const std::string& folder, const std::string& name, uint64_t* bytes) {
+const FolderEntry* ListedFolder::Find(const std::string& folder, const std::string& name) {
   const bool is_believed = platform().clock().NowMs() - listed_ms_ < kBelievedMs;
   if (!is_listed_ || !is_believed || folder != folder_) List(folder);
-  const auto found = sizes_.find(ToLower(name));
-  if (found == sizes_.end()) return false;
-  if (bytes) *bytes = found->second;
-  return true;
+  const auto found = files_.find(ToLower(name));
+  return found == files_.end() ? nullptr : &found->second;
 }
 
 MapPair MapComparison::Measure(const std::string& local_folder, const std::string& remote_folder,
@@ -46,8 +44,11 @@ MapPair MapComparison::Measure(const std::string& local_folder, const std::strin
     MapMeasure measured;
     const std::string path = folder + "\\" + name;
     if (by.crc) measured.crc = FileChecksum(path);
-    if (by.size && !listed.Find(folder, name, &measured.bytes)) throw FileError(error::kFileNotFound, path);
-    if (by.date) measured.time = platform().files().WriteTime(path);
+    if (!by.size && !by.date) return measured;
+    const FolderEntry* const entry = listed.Find(folder, name);
+    if (!entry) throw FileError(error::kFileNotFound, path);
+    if (by.size) measured.bytes = entry->size;
+    if (by.date) measured.time = entry->write_time;
     return measured;
   };
   MapPair pair;

@@ -5,6 +5,8 @@
 #include <map>
 #include <string>
 
+#include "platform/files.h"
+
 namespace kestrun {
 
 // What is compared; the rest counts as equal.
@@ -23,18 +25,18 @@ struct MapMeasure {
 // True when sizes and checksums are equal and the local map is not older.
 [[nodiscard]] bool IsUpToDate(const MapMeasure& local, const MapMeasure& remote);
 
-// The files of a folder with their sizes, by name without regard to case, as one listing gave them. What a listing says
-// is believed for a second.
+// The files of a folder by name without regard to case, as one listing gave them. What a listing says is believed for
+// a second.
 class ListedFolder {
  public:
-  // Whether the file is there; its size, where `bytes` is wanted. Raises when the folder cannot be listed.
-  [[nodiscard]] bool Find(const std::string& folder, const std::string& name, uint64_t* bytes = nullptr);
+  // Null when the file is not there. Raises when the folder cannot be listed.
+  [[nodiscard]] const FolderEntry* Find(const std::string& folder, const std::string& name);
 
  private:
   void List(const std::string& folder);
 
   std::string folder_;
-  std::map<std::string, uint64_t, std::less<>> sizes_;
+  std::map<std::string, FolderEntry, std::less<>> files_;
   bool is_listed_ = false;
   uint64_t listed_ms_ = 0;
 };
@@ -49,7 +51,7 @@ class MapComparison {
  public:
   // Both folders without a separator at the end. Raises what the file system raises.
   [[nodiscard]] bool IsLocal(const std::string& local_folder, const std::string& name) {
-    return local_.Find(local_folder, name);
+    return local_.Find(local_folder, name) != nullptr;
   }
   [[nodiscard]] MapPair Measure(const std::string& local_folder, const std::string& remote_folder,
                                 const std::string& name, const CompareBy& by);

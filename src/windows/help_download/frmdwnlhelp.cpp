@@ -98,6 +98,7 @@ void frmdwnlhelp::BeginFetch(const std::string& path, int64_t version) {
   Append("Downloading");
   const std::string url = ReadSiteValue(SiteFilePath(), site::kHelp);
   LblNotice.Caption = OpenConnectionNotice(url);
+  hash_ = ReadSiteValue(SiteFilePath(), site::kHelpHash);
   const bool begun = Downloader1.BeginDownload(url, path, false);
   WriteSetting(setting::kHelpPath, path);
   WriteSetting(setting::kHelpVersion, std::to_string(version));
@@ -105,7 +106,7 @@ void frmdwnlhelp::BeginFetch(const std::string& path, int64_t version) {
 }
 
 void frmdwnlhelp::TakeHelp(const std::string& path) {
-  if (HasHash(path, ReadSiteValue(SiteFilePath(), site::kHelpHash))) return OpenHelp();
+  if (HasHash(path, hash_)) return OpenHelp();
   Append("The downloaded file is not the one that the site announces: its SHA-256 differs. It is kept as " +
          PutAside(path));
 }

@@ -42,6 +42,8 @@ class frmdwnlhelp final : public Form, private FetchDisplay {
   void OpenHelp();
   void ShowFetch(const FetchState& state) override;
   void EndFetch() override;
+
+  std::string hash_;  // what the site says of the document when its download begins
 };
 
 }  // namespace kestrun

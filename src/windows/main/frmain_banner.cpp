@@ -94,7 +94,7 @@ void frmain::GetNewBanner(const std::string& Url, bool force) {
   if (banner_service().get_new_banner) banner_service().get_new_banner(*this, Url, force);
 }
 
-// All that is fetched is fetched anew, so that there is nothing to do about a forced one.
+// Every request goes past the caches, so that a forced fetch is like any other.
 void frmain::FetchBanner(const std::string& url, bool) {
   static_cast<void>(Downloader.BeginDownload(url, SiteFileForBanner(), false));
 }
@@ -106,7 +106,7 @@ void frmain::TakeBannerFile() {
   if (drawn >= 1 && drawn <= count) {
     const int number = static_cast<int>(std::min<int64_t>(drawn, std::numeric_limits<int>::max()));
     RunPendingEvents();
-    if (!IsLoaded()) return;
+    if (!IsLoaded()) return DeleteQuietly(file);
     if (ReadSiteNumber(file, site::kVersion) > ProgramVersionNumber()) ShowUpdateNotice();
     BeginBanner(ReadSiteValue(file, site::kBannerPicture, number), ReadSiteValue(file, site::kBannerFormat, number),
                 ReadSiteValue(file, site::kBannerLink, number));

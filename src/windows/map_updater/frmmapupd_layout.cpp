@@ -94,7 +94,7 @@ void frmmapupd::LayOutChoices() {
   PlaceButton(Command1, {left, kChoicesTop, kStartWidth, kDialogButtonHeight}, "Start updating",
               "Copy the maps that are missing or different here.");
   PlaceButton(CmdStop, {left - kGap - 900, kChoicesTop, 900, kDialogButtonHeight}, "Stop",
-              "End behind the file that is at work. Esc");
+              "Stop after the file that is being compared (Esc).");
   CmdStop.Enabled = false;
   ProgressBar1.ToolTipText = "Progress";
   ProgressBar1.Move(kMargin, kBarTop, kInside, kBarHeight);

@@ -96,7 +96,10 @@ void frmchat::Load() {
 
 void frmchat::LoadSettings() {
   CmbVersion.ListIndex = TextToLong(ReadSetting(setting::kChatVersion));
-  for (const Message& message : ReadMessages()) TakeMessage(-1, message.text, message.type);
+  ReadMessages([this](const Message& message) {
+    lstmsg.AddItem(message.text);
+    lstmsg.SetItemData(lstmsg.NewIndex(), message.type);
+  });
   Text1.Text = ReadSetting(setting::kChatSeconds);
   Check1.Value = TextToLong(ReadSetting(setting::kChatRandom));
   lbltime.Caption = Text1.Text.get();

@@ -7,6 +7,8 @@
 #include "program/window_kit/run_command.h"
 #include "windows/messenger/frmchat.h"
 
+#include <utility>
+
 namespace kestrun {
 namespace {
 
@@ -33,6 +35,7 @@ void frmchat::Enable() {
 
 void frmchat::Disable() {
   Timer.Enabled = false;
+  if (std::exchange(start_messages_wait_, false)) TmrGameStart.Enabled = true;
   Command3.Enabled = true;
   Command4.Enabled = false;
   ShowState();
@@ -43,7 +46,8 @@ void frmchat::ShowState() {
   if (!refusal.empty()) {
     LblState.Caption = refusal;
   } else if (!Timer.Enabled) {
-    LblState.Caption = "Off: nothing is sent.";
+    LblState.Caption = game_runs_ && TmrGameStart.Enabled ? "Off: only the messages of the game's start are still sent."
+                                                          : "Off: nothing is sent.";
   } else {
     LblState.Caption = game_runs_ ? "A game is running." : "Waiting for a game to run.";
   }
@@ -116,7 +120,8 @@ void frmchat::SendNextMessage() {
 void frmchat::SendGameStartMessages() {
   TmrGameStart.Enabled = false;
   if (IsTextLineTaken()) {
-    start_messages_wait_ = true;
+    start_messages_wait_ = Timer.Enabled;
+    TmrGameStart.Enabled = !Timer.Enabled;  // without the tick this timer itself tries again
     return;
   }
   start_messages_wait_ = false;

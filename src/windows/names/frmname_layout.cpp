@@ -29,6 +29,7 @@ constexpr int kCharMapWidth = 1500;
 
 std::vector<frmname::Player> frmname::AddPlayers() {
   std::vector<Player> added;
+  added.reserve(kPlayerCount);
   for (int player = 0; player < static_cast<int>(kPlayerCount); ++player) {
     added.push_back(
         {Add<Label>("LblPlayer", player), Add<ComboBox>("CmbName", player), Add<TextBox>("txtPlayer", player)});

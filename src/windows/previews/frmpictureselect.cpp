@@ -108,8 +108,8 @@ void FrmpictureSelect::RefreshList(const std::string& Reply, const std::string& 
 }
 
 std::string FrmpictureSelect::ChosenAddress() const {
-  const int row = LstPictures.ListIndex;
-  return row < 0 ? std::string() : addresses_[static_cast<size_t>(row)];
+  const auto row = static_cast<size_t>(LstPictures.ListIndex.get());  // none is past every end
+  return row < addresses_.size() ? addresses_[row] : std::string();
 }
 
 void FrmpictureSelect::ShowChosen() {
@@ -123,7 +123,7 @@ void FrmpictureSelect::ShowChosen() {
   if (!ImgPreview.Picture.get() && !fetch.IsCancelled()) MsgBox("Unable to download picture.");
 }
 
-// What is no picture never takes the place of one.
+// The download is checked to be a picture before it replaces the one of the map.
 void FrmpictureSelect::TakeChosen() {
   const Ref<Form> keep(this);
   const std::string address = ChosenAddress();

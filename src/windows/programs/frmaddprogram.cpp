@@ -195,10 +195,14 @@ void frmaddprogram::SaveAll() {
   }
 }
 
-// A new instance, then the end of this one.
+// A new instance, then the end of this one; without the first this one stays.
 void frmaddprogram::Restart() {
   const std::string folder = platform().program().Folder();
-  ShellOpen("open", folder + "\\" + platform().program().ExeName() + ".exe", std::string(), folder, kShowNormal);
+  const std::string program = folder + "\\" + platform().program().ExeName() + ".exe";
+  constexpr int kLeastSuccess = 33;
+  if (platform().shell().Open("open", program, "", folder, kShowNormal) < kLeastSuccess) {
+    throw FileError(error::kFileNotFound, program);
+  }
   platform().processes().EndProcess();
 }
 

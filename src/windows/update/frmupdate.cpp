@@ -87,6 +87,9 @@ void FrmUpdate::FetchProgram() {
   const std::string url = ReadSiteValue(SiteFilePath(), site::kProgram);
   LblState.Caption = "Fetching the new version ...";
   LblNotice.Caption = OpenConnectionNotice(url);
+  // Before the download: meanwhile another window may fetch the site file anew, or delete it.
+  hash_ = ReadSiteValue(SiteFilePath(), site::kProgramHash);
+  notice_ = ReadSiteValue(SiteFilePath(), site::kUpdateNotice);
   const bool is_there = Downloader1.BeginDownload(url, path, true);
   if (is_cancelled_ || !IsLoaded()) return;  // closed meanwhile
   if (is_there) return Install(path);
@@ -97,15 +100,14 @@ void FrmUpdate::FetchProgram() {
 
 void FrmUpdate::Install(const std::string& path) {
   LblState.Caption = "The new version is there.";
-  if (!HasHash(path, ReadSiteValue(SiteFilePath(), site::kProgramHash))) {
+  if (!HasHash(path, hash_)) {
     return Refuse(path, "The downloaded file is not the one that the site announces: its SHA-256 differs.");
   }
   if (!IsProgramOfSize(path, told_bytes_)) {
     return Refuse(path, "The downloaded file is no complete Windows program.");
   }
   if (AskYesNo("The download has finished (" + path + "). Start instalation?")) {
-    const std::string notice = ReadSiteValue(SiteFilePath(), site::kUpdateNotice);
-    if (!notice.empty()) MsgBox(notice, BoxButtons::kOk, BoxIcon::kInformation);
+    if (!notice_.empty()) MsgBox(notice_, BoxButtons::kOk, BoxIcon::kInformation);
     DeleteSiteFile();
     ShellOpen("open", path, "", platform().program().Folder(), kShowNormal);
     platform().processes().EndProcess();

@@ -43,6 +43,8 @@ class FrmUpdate final : public Form, private FetchDisplay {
   void EndFetch() override;
 
   int64_t told_bytes_ = 0;
+  std::string hash_;    // what the site says of the program when its download begins
+  std::string notice_;  // the same
   bool is_cancelled_ = false;
 };
 

@@ -523,7 +523,12 @@ TEST_F(PosixFilesTest, RoomThatIsReservedLeavesTheFileAsItIs) {
 TEST_F(PosixFilesTest, RoomThatIsNotThereIsAFullDisk) {
   Write("a.pff", "archive");
   const auto file = files_.Open(Path("a.pff"), OpenMode::kReadWrite);
+  struct stat before {};
+  ASSERT_EQ(::stat(Path("a.pff").c_str(), &before), 0);
   EXPECT_EQ(ErrorNumberOf([&] { file->Reserve(uint64_t{1} << 43); }), error::kDiskFull);
+  struct stat after {};
+  ASSERT_EQ(::stat(Path("a.pff").c_str(), &after), 0);
+  EXPECT_EQ(after.st_blocks, before.st_blocks) << "nothing of the disk stays taken";
   EXPECT_EQ(Read("a.pff"), "archive");
 }
 

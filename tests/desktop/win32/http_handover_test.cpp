@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <functional>
+#include <memory>
 #include <thread>
+#include <utility>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
@@ -32,6 +35,11 @@ class Keeper final : public HttpReceiver {
   size_t leave_after = SIZE_MAX;
   int calls = 0;
 };
+
+void ReceiveThroughThread(std::function<void(HttpHandover&)> run, HttpReceiver& receiver) {
+  const std::unique_ptr<HttpExchange> exchange = StartOnThread(std::move(run));
+  WaitForAnswer(*exchange, receiver);
+}
 
 void PressKey(WPARAM key) { PostThreadMessageW(GetCurrentThreadId(), WM_KEYDOWN, key, 0); }
 

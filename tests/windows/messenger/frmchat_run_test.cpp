@@ -304,5 +304,20 @@ TEST_F(MessengerRunTest, ClosingTheWindowInTheMiddleOfAMessageEndsTheRun) {
   EXPECT_EQ(game->keys, (std::vector<int32_t>{84, 13})) << "the line that is open is sent and closed";
 }
 
+TEST_F(MessengerRunTest, TheUserClosesTheWindowInTheMiddleOfAMessageAndTheLineIsStillWrittenAndClosed) {
+  const auto game = desktop.running_games().Start(std::string(kMessengerBuilds[0].window_title));
+  game->AddMemory(0xDE575C, 256);
+  game->SetByte(0x5A7F54, 1);
+  Fill({{"hello", kPublic}, {"again", kPublic}});
+  Open().Text1.Text = "1";
+  game->on_key = [&](int32_t key) {
+    if (key == kPublic) desktop.clock().Post([this] { Chat().Unload(); });
+  };
+  Chat().Command3.Press();
+  Seconds(60);
+  EXPECT_EQ(game->keys, (std::vector<int32_t>{84, 13}));
+  EXPECT_EQ(game->TextAt(0xDE575C), "again");
+}
+
 }  // namespace
 }  // namespace kestrun

@@ -82,6 +82,13 @@ TEST_F(MessengerListTest, ATypeThatIsNoNumberIsTold) {
   Open();
 }
 
+TEST_F(MessengerListTest, TheMessagesBeforeATypeThatIsNoNumberAreThere) {
+  WriteIni("[Chat]\r\nTOTMSG=3\r\nMSG1=a\r\nMSG2=b\r\nMSGKEY2=T\r\n");
+  desktop.dialogs().ExpectBox("Error: 13\r\nType mismatch");
+  Open();
+  EXPECT_EQ(Rows(), "a 84|");
+}
+
 TEST_F(MessengerListTest, AShorterListLeavesTheKeysOfALongerOneUnread) {
   WriteIni("[Chat]\r\nTOTMSG=2\r\nMSG1=a\r\nMSG2=b\r\n");
   Open().lstmsg.ListIndex = 1;

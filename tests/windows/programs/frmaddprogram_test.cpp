@@ -161,6 +161,16 @@ TEST_F(ProgramManagerTest, YesStartsTheProgramAnewAndEndsThisOne) {
   EXPECT_EQ(desktop.processes().end_count, 1);
 }
 
+TEST_F(ProgramManagerTest, AProgramThatCannotBeStartedAnewGoesOn) {
+  Add("a", "C:\\a.exe");
+  desktop.shell().open_result = 2;
+  ExpectRestartQuestion(BoxAnswer::kYes);
+  desktop.dialogs().ExpectFileFailure("Error: 53\r\nFile not found", ProgramPath("kestrun.exe"));
+  Open().Command3.Press();
+  EXPECT_EQ(desktop.processes().end_count, 0);
+  EXPECT_TRUE(LoadedWindow(frmaddprogram::kName));
+}
+
 TEST_F(ProgramManagerTest, NumbersWithAGapShowBothInTheMenuAndSavingThenMixesThePairs) {
   WriteIni(
       "[PROGRAMS]\r\nTOT=2\r\n[PROGRAM0]\r\nNAME=zero\r\nPATH=C:\\0.exe\r\n"

@@ -144,6 +144,7 @@ std::wstring FinalPath(const std::wstring& path) {
   return final_path.starts_with(kMark) ? final_path.substr(kMark.size()) : final_path;
 }
 
+uint64_t FromFileTime(FILETIME time) { return (uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime; }
 FILETIME ToFileTime(uint64_t units) { return {static_cast<DWORD>(units), static_cast<DWORD>(units >> 32)}; }
 
 FILETIME LocalToFileTime(uint64_t units) {
@@ -256,7 +257,10 @@ std::vector<FolderEntry> Win32FileSystem::List(std::string_view folder) {
     const std::wstring_view name(found.cFileName);
     if (name == L"." || name == L"..") continue;
     const uint64_t size = (static_cast<uint64_t>(found.nFileSizeHigh) << 32) | found.nFileSizeLow;
-    entries.push_back({FromWide(name), (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0, size});
+    entries.push_back({.name = FromWide(name),
+                       .is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0,
+                       .size = size,
+                       .write_time = FromFileTime(found.ftLastWriteTime)});
   } while (FindNextFileW(search.get(), &found));
   const auto is_before = [](const FolderEntry& left, const FolderEntry& right) {
     const int order = CompareNoCase(left.name, right.name);
@@ -270,7 +274,7 @@ std::vector<FolderEntry> Win32FileSystem::List(std::string_view folder) {
 uint64_t Win32FileSystem::WriteTime(std::string_view path) {
   WIN32_FILE_ATTRIBUTE_DATA data{};
   if (!GetFileAttributesExW(ToWidePath(path).c_str(), GetFileExInfoStandard, &data)) RaiseForPath(path);
-  return (uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32) | data.ftLastWriteTime.dwLowDateTime;
+  return FromFileTime(data.ftLastWriteTime);
 }
 
 void Win32FileSystem::SetWriteTime(std::string_view path, uint64_t file_time) {
