@@ -52,7 +52,7 @@ TEST_F(MessengerProcessTest, MessagesArriveOnceInOrderOnTheirLines) {
   const GameProcess game(0, "-round 900");
   ASSERT_TRUE(game.IsThere());
   ASSERT_TRUE(game.Logs("map D08M03.BMS"));
-  Open(0, {{"zero", kPublic}, {"one \xC3\xA9", kTeam}, {"resetgames", kCommand}}, "1");
+  Open(0, {{"zero", kPublic}, {"one \xC3\xA9", kTeam}, {"resetgames", kCommand}}, "3");
   Chat().Command3.Press();
   ASSERT_TRUE(Hears(game, "public chat zero")) << game.Log();
   const std::string log = game.Log();
