@@ -1,6 +1,7 @@
 #include "game/players/name_history.h"
 
 #include "formats/profile/profile_file.h"
+#include "platform/file_error.h"
 #include "program/settings.h"
 
 namespace kestrun {
@@ -30,7 +31,7 @@ void WriteNameHistory(const NameHistory& names) {
       values.push_back({SectionOf(player), std::to_string(row), names[player][row]});
     }
   }
-  static_cast<void>(SetIniValues(HistoryFile(), {}, values));
+  if (!SetIniValues(HistoryFile(), {}, values)) throw FileError(error::kPathFileAccess, HistoryFile());
 }
 
 }  // namespace kestrun

@@ -16,7 +16,8 @@ inline constexpr int kHistoryRows = 21;
 
 // Names that are not empty, in the order of their rows.
 [[nodiscard]] NameHistory ReadNameHistory();
-// Rows of a longer list that was saved before stay in the file. A failure is ignored.
+// Rows of a longer list that was saved before stay in the file. Error 75 with the file's name
+// where it cannot be written.
 void WriteNameHistory(const NameHistory& names);
 
 }  // namespace kestrun

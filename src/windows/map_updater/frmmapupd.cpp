@@ -150,6 +150,11 @@ void frmmapupd::DeleteMap(const std::string& folder, FileListBox& list) {
     MsgBox(kSelectMap);
     return;
   }
+  // An empty box leaves the list at the folder that it showed before: the path would be one of the drive's root.
+  if (folder.empty()) {
+    MsgBox(kLocalPathIsWrong);
+    return;
+  }
   TxtPC.Text = WithoutLastBackslash(TxtPC.Text);
   const std::string path = WithoutLastBackslash(folder) + "\\" + name;
   if (!AskYesNo("Are you sure you want to delete " + path + " ?")) return;

@@ -80,6 +80,8 @@ class frmmapupd final : public Form {
   void Unloading() override;
 
  private:
+  static constexpr const char* kLocalPathIsWrong = "Local path is wrong!";
+
   void LayOut();
   void LayOutFolder(Frame& frame, int left, Label& label, const std::string& caption, TextBox& box,
                     CommandButton& browse, FileListBox& list);

@@ -43,7 +43,7 @@ std::string DateAndTime(std::string_view between) {
 bool frmmapupd::CanRun() {
   std::string refusal;
   if (TxtPC.Text.get().empty()) {
-    refusal = "Local path is wrong!";
+    refusal = kLocalPathIsWrong;
   } else if (TxtRem.Text.get().empty()) {
     refusal = "Remote path is wrong!";
   } else if (LstmapsRem.ListCount() == 0) {

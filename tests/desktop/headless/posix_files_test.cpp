@@ -15,6 +15,7 @@
 #include "desktop/headless/file_descriptor.h"
 #include "support/error_number.h"
 #include "support/headless_fixture.h"
+#include "support/without_rights.h"
 
 namespace kestrun {
 namespace {
@@ -142,19 +143,6 @@ TEST_F(PosixFilesTest, RunningProgramCannotBeWritten) {
   EXPECT_EQ(ErrorNumberOf([&] { static_cast<void>(files_.Open("/proc/self/exe", OpenMode::kReadWrite)); }),
             error::kPermissionDenied);
 }
-
-// Takes the rights of the superuser away for as long as it lives.
-class WithoutRights {
- public:
-  WithoutRights() { EXPECT_EQ(::seteuid(before_ == 0 ? kNobody : before_), 0); }
-  ~WithoutRights() { EXPECT_EQ(::seteuid(before_), 0); }
-  WithoutRights(const WithoutRights&) = delete;
-  WithoutRights& operator=(const WithoutRights&) = delete;
-
- private:
-  static constexpr uid_t kNobody = 65534;
-  uid_t before_ = ::geteuid();
-};
 
 TEST_F(PosixFilesTest, ReadOnlyFileCannotBeWrittenOrReplacedByACopy) {
   Write("old.bms", "old");

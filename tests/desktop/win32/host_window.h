@@ -64,6 +64,20 @@ inline constexpr const wchar_t* kHostTitle = L"Kestrun - Auto Host";
   });
 }
 
+[[nodiscard]] inline bool IsMenuOpen() {
+  const HWND menu = FindWindowW(L"#32768", nullptr);
+  return menu && IsWindowVisible(menu);
+}
+
+// Chooses an item of a menu by the access keys of both, as the keyboard does, once the window takes input.
+[[nodiscard]] inline bool ChooseIn(const std::function<HWND()>& window, wchar_t menu, wchar_t item) {
+  if (!WaitFor([&] { return IsWindowEnabled(window()) && !IsMenuOpen(); })) return false;
+  PostMessageW(window(), WM_SYSCOMMAND, SC_KEYMENU, menu);
+  if (!WaitFor(&IsMenuOpen)) return false;
+  PostMessageW(window(), WM_CHAR, static_cast<WPARAM>(item), 0);
+  return WaitFor([] { return !IsMenuOpen(); });
+}
+
 // What is on the screen, for the report of a window that does not come: class, caption, state and texts of each window.
 [[nodiscard]] inline std::string ScreenReport() {
   std::string report;
@@ -102,14 +116,7 @@ class HostWindow {
   [[nodiscard]] static bool HasButton(std::wstring_view caption) { return FindButton(caption) != nullptr; }
   // Presses the button with that caption, once there is one and it is enabled.
   [[nodiscard]] static bool Press(std::wstring_view caption) { return PressIn(&HostWindow::window, caption); }
-  // Chooses an item of a menu by the access keys of both, as the keyboard does, once the window takes input.
-  [[nodiscard]] static bool Choose(wchar_t menu, wchar_t item) {
-    if (!WaitFor([] { return IsWindowEnabled(window()) && !IsMenuOpen(); })) return false;
-    PostMessageW(window(), WM_SYSCOMMAND, SC_KEYMENU, menu);
-    if (!WaitFor(&IsMenuOpen)) return false;
-    PostMessageW(window(), WM_CHAR, static_cast<WPARAM>(item), 0);
-    return WaitFor([] { return !IsMenuOpen(); });
-  }
+  [[nodiscard]] static bool Choose(wchar_t menu, wchar_t item) { return ChooseIn(&HostWindow::window, menu, item); }
 
   [[nodiscard]] DWORD Id() const { return GetProcessId(process_.get()); }
   // Waits for the end of the process, and gives its exit code; nothing when it goes on.
@@ -150,10 +157,6 @@ class HostWindow {
     DWORD code = 0;
     GetExitCodeProcess(process_.get(), &code);
     return code == STILL_ACTIVE ? "which runs" : "which has ended with " + std::to_string(code);
-  }
-  static bool IsMenuOpen() {
-    const HWND menu = FindWindowW(L"#32768", nullptr);
-    return menu && IsWindowVisible(menu);
   }
   static HWND FindButton(std::wstring_view caption) { return ChildWithText(window(), caption); }
   static std::wstring RowText(HWND list, LRESULT row) {

@@ -1,11 +1,16 @@
 // The map updater between two real folders: what it copies, asks, logs and says.
 #include "windows/map_updater/frmmapupd.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include "base/calendar.h"
 #include "base/text.h"
 #include "program/frame_fixture.h"
 #include "support/forwarding_files.h"
 #include "support/registered_window.h"
+#include "support/without_rights.h"
 
 namespace kestrun {
 namespace {
@@ -246,6 +251,26 @@ TEST_F(MapUpdaterTest, AMapThatCannotBeWrittenKeepsItsOldContent) {
   EXPECT_EQ(ReadFile(Pc("Oasis.bms")), "longer");
 }
 
+#ifndef _WIN32
+TEST_F(MapUpdaterTest, AReadOnlyFolderKeepsItsMapsAndEndsTheRun) {
+  Put(Remote("Oasis.bms"), "new");
+  Put(Pc("Oasis.bms"), "longer");
+  Open();
+  constexpr mode_t kReadOnly = 0555;
+  const std::string folder = native_files.TruePath(Path("pc"));
+  ASSERT_EQ(chmod(folder.c_str(), kReadOnly), 0);
+  desktop.dialogs().ExpectFileFailure("Error update failed: 70\r\nPermission denied", Pc("Oasis.bms"));
+  {
+    const WithoutRights nobody;
+    Open().Command1.Press();
+  }
+  EXPECT_EQ(ReadFile(Pc("Oasis.bms")), "longer");
+  EXPECT_EQ(native_files.List(Path("pc")).size(), 1U);
+  EXPECT_TRUE(LogText().ends_with("---------------- ERROR: 70 Permission denied----------------")) << LogText();
+  ASSERT_EQ(chmod(folder.c_str(), 0755), 0);
+}
+#endif
+
 TEST_F(MapUpdaterTest, APathThatIsNoFolderIsToldWhileItIsTyped) {
   Open();
   desktop.dialogs().ExpectFileFailure("Error: 76\r\nPath not found", Path("nowhere"));
@@ -329,6 +354,16 @@ TEST_F(MapUpdaterTest, DeletingAsksAndTakesTheFileAway) {
   desktop.dialogs().ExpectBox("Are you sure you want to delete " + Remote("Arena.bms") + " ?", BoxAnswer::kYes);
   Open().mnu_delRem.Click();
   EXPECT_FALSE(FileIsThere(Remote("Arena.bms")));
+}
+
+TEST_F(MapUpdaterTest, WithAnEmptyFolderBoxNothingIsDeleted) {
+  Put(Pc("Oasis.bms"), "map");
+  Open().lstmapsPC.ListIndex = 0;
+  Open().TxtPC.Text = "";
+  EXPECT_EQ(Open().lstmapsPC.ListCount(), 1);  // the list stays at its folder
+  desktop.dialogs().ExpectBox("Local path is wrong!");
+  Open().mnu_pcdelete.Click();
+  EXPECT_TRUE(FileIsThere(Pc("Oasis.bms")));
 }
 
 TEST_F(MapUpdaterTest, CopyingAMapAsksForTheTargetFirst) {

@@ -87,6 +87,16 @@ TEST_F(NameEditorTest, SavingWritesTheNamesAndTheHistoryAndSaysSo) {
   EXPECT_TRUE(Window<frmname>().IsShown());
 }
 
+TEST_F(NameEditorTest, AHistoryThatCannotBeStoredIsToldAndTheNamesAreWritten) {
+  WriteNames({"Neo", "b", "c", "d", "e"});
+  Open();
+  Type(0, "Trinity");
+  native_files.MakeFolder(ProgramPath("names.index"));
+  desktop.dialogs().ExpectFileFailure("Error: 75\r\nPath/File access error", ProgramPath("names.index"));
+  Open().mnu_savenames.Choose();
+  EXPECT_EQ(ReadPlayerFile(SaveFile())[0], "Trinity");
+}
+
 TEST_F(NameEditorTest, ATypedNameEntersTheHistoryByWayOfTheFile) {
   WriteNames({"Neo", "", "", "", ""});
   Open();
