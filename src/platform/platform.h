@@ -8,6 +8,7 @@
 #include "platform/game_memory.h"
 #include "platform/pictures.h"
 #include "platform/program.h"
+#include "platform/registry.h"
 #include "platform/settings.h"
 #include "platform/shell.h"
 #include "platform/windowing.h"

@@ -1,4 +1,4 @@
-// The per-user settings store: application, section, key, text. And the registry's string values.
+// The per-user settings store: application, section, key, text.
 #pragma once
 
 #include <optional>
@@ -16,20 +16,6 @@ class UserSettings {
                     std::string_view value) = 0;
   // Error 5 when the key does not exist.
   virtual void Delete(std::string_view application, std::string_view section, std::string_view key) = 0;
-};
-
-enum class RegistryRoot { kClassesRoot, kCurrentUser, kLocalMachine };
-
-class Registry {
- public:
-  virtual ~Registry() = default;
-  // A string value, empty name for the key's default value; nothing when key or value is absent or no string.
-  [[nodiscard]] virtual std::optional<std::string> Read(RegistryRoot root, std::string_view key,
-                                                        std::string_view name) = 0;
-  // Creates the key as needed. False when the system refuses.
-  virtual bool Write(RegistryRoot root, std::string_view key, std::string_view name, std::string_view value) = 0;
-  // Removes a key with its values; false when it is absent, has subkeys, or the system refuses.
-  virtual bool DeleteKey(RegistryRoot root, std::string_view key) = 0;
 };
 
 }  // namespace kestrun

@@ -10,6 +10,20 @@
 
 namespace kestrun {
 
+// What a shell link says of its target. Texts that are empty are left out; show commands and hot keys are those of
+// IShellLink.
+struct Shortcut {
+  std::string target;
+  std::string work_folder;
+  std::string arguments;
+  std::string icon_file;
+  int icon_index = 0;
+  std::string description;
+  int hot_key = 0;
+  int show_command = 1;
+  friend bool operator==(const Shortcut&, const Shortcut&) = default;
+};
+
 class Shell {
  public:
   virtual ~Shell() = default;
@@ -17,6 +31,8 @@ class Shell {
   // never raises.
   virtual int Open(std::string_view operation, std::string_view file, std::string_view parameters,
                    std::string_view directory, int show_command) = 0;
+  // Writes a shell link (.lnk) to that path, in the place of one that is there. Never raises.
+  virtual bool WriteShortcut(std::string_view link, const Shortcut& shortcut) = 0;
   // The temporary, Windows and system folders, and a shell folder by its CSIDL number; empty when unknown.
   // No trailing separator is promised.
   [[nodiscard]] virtual std::string TemporaryFolder() = 0;

@@ -35,6 +35,7 @@ struct Command {
   std::string_view help = {};       // its line, empty for none
   int page = 1;                     // of the help
   std::string_view procedure = {};  // called on the window by name in place of opening it
+  std::string_view warning = {};    // what the user is asked about where a link says it; empty: it only opens a window
 };
 
 int ShowHelp(const Command&, const std::string&) {
@@ -93,6 +94,7 @@ int EditStyle(const Command& command, const std::string& text) {
 }
 
 constexpr int kSecondPage = 2;
+constexpr std::string_view kOpensFile = "It would open a file.";
 
 // One row a word, in the order of the help. No text matches two of them.
 // clang-format off
@@ -113,10 +115,10 @@ constexpr std::array kCommands{
     Command{Match::kWord, "-update", CallProcedure, "frmain", "-update: connects to internet and downloads the new update.", 1, "mnu_checkforupdate_Click"},
     Command{Match::kNone, {}, nullptr, {}, "C:\\map.bms: loads map c:\\map.bms"},
     Command{Match::kWord, "-options", OpenWordsWindow, "frmoptions", "-options: shows the options screen."},
-    Command{Match::kStart, "-mapinfo", ShowMission, {}, "-mapinfo filename: shows the map info of filename"},
+    Command{Match::kStart, "-mapinfo", ShowMission, {}, "-mapinfo filename: shows the map info of filename", 1, {}, kOpensFile},
     // Start-up looks for this word itself, before it does anything else.
     Command{Match::kNone, {}, nullptr, {}, "-safe: use safe mode (don't load too much things at startup) use this if kestrun has errors at startup"},
-    Command{Match::kStart, "-style", LoadStyle, {}, "-style filename: use a style file"},
+    Command{Match::kStart, "-style", LoadStyle, {}, "-style filename: use a style file", 1, {}, "It would load a style file, whose scripts then run."},
     Command{Match::kNone, {}, nullptr, {}, "-<FORMNAME>: loads a window with name=<FORMNAME>", kSecondPage},
     Command{Match::kWord, "-frmaddinmngr", OpenWordsWindow, "FrmAddinMngr"},
     Command{Match::kWord, "-frmaddmessage", OpenWordsWindow, "frmaddmessage"},
@@ -140,9 +142,9 @@ constexpr std::array kCommands{
     Command{Match::kWord, "-frmzip", OpenWordsWindow, "frmzip"},
     Command{Match::kWord, "-frmcenter", OpenWordsWindow, "FrmCenter"},
     Command{Match::kWord, "-frmpictureselect", OpenWordsWindow, "FrmpictureSelect"},
-    Command{Match::kStart, "-pack ", Pack, {}, "-pack \"pfffile\" \"rename\" \"filepath or url\" /z: packs a file into the pfffile with 'rename' as filename downloads urls, use /z to for zipped file extraction.", kSecondPage},
-    Command{Match::kStart, "-edit ", EditStyle},
-    Command{Match::kStart, "-restore ", Restore},
+    Command{Match::kStart, "-pack ", Pack, {}, "-pack \"pfffile\" \"rename\" \"filepath or url\" /z: packs a file into the pfffile with 'rename' as filename downloads urls, use /z to for zipped file extraction.", kSecondPage, {}, "It would put a file into an archive."},
+    Command{Match::kStart, "-edit ", EditStyle, {}, {}, kSecondPage, {}, "It would open a file in the style editor."},
+    Command{Match::kStart, "-restore ", Restore, {}, {}, kSecondPage, {}, "It would bring back files of the game."},
 };
 // clang-format on
 
@@ -169,6 +171,13 @@ std::string PageEnd(int page) {
 }
 
 }  // namespace
+
+std::string_view LinkWarning(const std::string& command) {
+  const Command* const row = FindCommand(command);
+  if (row) return row->warning;
+  // A word that nobody knows stands in the window that loads maps, and opens nothing.
+  return command.starts_with('-') ? std::string_view() : kOpensFile;
+}
 
 int ProcessCommand(const std::string& command) {
   int result = kCommandIsFileName;

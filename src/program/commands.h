@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace kestrun {
 
@@ -13,6 +14,10 @@ inline constexpr int kCommandStyleLoaded = 2;  // a style was given: start-up go
 // Carries out one command text. A failure is reported and gives the result so far, 0 when the failing
 // branch had not finished.
 int ProcessCommand(const std::string& command);
+
+// What the user is asked about before a link with that text is followed: a sentence, empty where it only opens a
+// window.
+[[nodiscard]] std::string_view LinkWarning(const std::string& command);
 
 // The two boxes that list the words.
 void ShowCommandHelp();

@@ -14,6 +14,7 @@ constexpr const char* kNotedApplication = "Kes_Trn";
 constexpr const char* kSection = "DEFAULT";
 constexpr const char* kFolderKey = "APP";
 constexpr const char* kFileKey = "EXE";
+constexpr const char* kAskedKey = "ASKEDFORMAPS";
 
 std::string OwnFile() { return platform().program().ExeName() + ".exe"; }
 
@@ -36,6 +37,12 @@ void NoteDefaultCopy() {
   Attempt([] { SaveSetting(kNotedApplication, kSection, kFolderKey, platform().program().Folder()); });
   Attempt([] { SaveSetting(kApplication, kSection, kFileKey, OwnFile()); });
 }
+
+bool HasNotedCopy() { return !GetSetting(kApplication, kSection, kFileKey, "").empty(); }
+
+bool HasAskedForMaps() { return !GetSetting(kApplication, kSection, kAskedKey, "").empty(); }
+
+void NoteAskedForMaps() { SaveSetting(kApplication, kSection, kAskedKey, "True"); }
 
 void ForgetDefaultCopy() {
   Attempt([] { DeleteSetting(kApplication, kSection, kFolderKey); });

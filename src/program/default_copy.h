@@ -10,8 +10,14 @@ namespace kestrun {
 void MakeDefaultCopy();
 // At a start: notes this copy, unless one was made the default.
 void NoteDefaultCopy();
+// Whether any copy has been noted, by an earlier start.
+[[nodiscard]] bool HasNotedCopy();
 // Takes both stored values away.
 void ForgetDefaultCopy();
+
+// Whether this user was asked, by a version that can do it, if maps are to be opened with the program.
+[[nodiscard]] bool HasAskedForMaps();
+void NoteAskedForMaps();
 
 // Full path of the link.
 [[nodiscard]] std::string SendToShortcut();

@@ -14,6 +14,7 @@
 #include "program/default_copy.h"
 #include "program/folders.h"
 #include "program/game_paths.h"
+#include "program/link_guard.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/shell_integration.h"
@@ -28,11 +29,9 @@
 namespace kestrun {
 namespace {
 
-constexpr std::string_view kProtocolPrefix = "kestrun://";
-
 std::string WithoutProtocol(std::string text) {
-  const size_t at = FindNoCase(text, kProtocolPrefix);
-  if (at != std::string::npos) text.erase(at, kProtocolPrefix.size());
+  const size_t at = FindNoCase(text, kLinkPrefix);
+  if (at != std::string::npos) text.erase(at, kLinkPrefix.size());
   return text;
 }
 
@@ -91,8 +90,15 @@ void RepairAppPath() {
   if (current.empty() || !FileExists(current)) shell.register_app_path();
 }
 
-void AskFirstRun() {
-  if (!TextToBoolean(ReadSetting(setting::kFirstRun))) return;
+// Earlier versions put the question too, and could do nothing about a Yes: where one of them has run, it is put once
+// more.
+void AskFirstRun(bool has_run_before) {
+  const bool is_asked_for_nothing = has_run_before && !HasAskedForMaps() && shell_integration().is_bms_associated &&
+                                    !shell_integration().is_bms_associated();
+  Attempt([] {
+    if (!HasAskedForMaps()) NoteAskedForMaps();
+  });
+  if (!TextToBoolean(ReadSetting(setting::kFirstRun)) && !is_asked_for_nothing) return;
   const BoxAnswer answer = MsgBox(
       "Kestrun can set itself as default editor for *.bms files (maps). Do you want to set Kestrun as default "
       "editor?" +
@@ -205,10 +211,16 @@ void RunStartUp(Form& splash, Label& version, const std::string& raw_command_lin
   });
   Attempt([&] { RegisterProtocolOnce(); });
   Attempt([&] { RepairAppPath(); });
+  bool has_run_before = false;
+  Attempt([&] { has_run_before = HasNotedCopy(); });
   Attempt([&] { NoteDefaultCopy(); });
-  Attempt([&] { AskFirstRun(); });
+  Attempt([&] { AskFirstRun(has_run_before); });
   Attempt([&] { WriteSetting(setting::kFirstRun, "False"); });
-  if (!CarryOut(splash, command)) OpenMainWindow(splash);
+  if (IsLink(raw_command_line) && !MayFollowLink(command)) {
+    splash.Unload();
+  } else if (!CarryOut(splash, command)) {
+    OpenMainWindow(splash);
+  }
   NoteStartWithStyle();
   CloseWhatNobodySees();
   EndWithLastShownWindow();

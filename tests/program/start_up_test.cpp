@@ -321,6 +321,57 @@ TEST_F(StartUpTest, ABrokenSettingIsPassedOverSilently) {
   EXPECT_EQ(Ini("launcher", "FIRSTRUN"), "False");
 }
 
+TEST_F(StartUpTest, ALinkThatWouldDoMoreIsShownFirstAndNoEndsTheStart) {
+  desktop.dialogs()
+      .ExpectBox(
+          "A link wants Kestrun to do this:\r\n\r\nC:\\a.bms\r\n\r\nIt would open a file. Anybody can write a "
+          "link. Do you want to follow this one?",
+          BoxAnswer::kNo)
+      .WithDefaultButton(2);
+  Start("\"kestrun://C:\\a.bms\"");
+  EXPECT_TRUE(LoadedWindows().empty());
+}
+
+TEST_F(StartUpTest, ALinkThatIsFollowedReachesWhatItsTextReaches) {
+  desktop.dialogs().ExpectBox(
+      "A link wants Kestrun to do this:\r\n\r\nC:\\a.bms\r\n\r\nIt would open a file. Anybody can write a link. Do you "
+      "want to follow this one?",
+      BoxAnswer::kYes);
+  Start("\"kestrun://C:\\a.bms\"");
+  EXPECT_EQ(Address(), "C:\\a.bms");
+}
+
+TEST_F(StartUpTest, ALinkThatHidesASecondCommandEndsTheStart) {
+  desktop.dialogs().ExpectBox(
+      "This link was not followed:\r\n\r\n-options\" -pack \"a\" \"b\" \"c\r\n\r\nIt holds more than one command.");
+  Start("\"kestrun://-options\" -pack \"a\" \"b\" \"c\"");
+  EXPECT_TRUE(LoadedWindows().empty());
+}
+
+// Versions before the association existed put the question and could do nothing about a Yes.
+TEST_F(StartUpTest, ACopyThatAnsweredBeforeTheAssociationExistedIsAskedOnce) {
+  ShellIntegration shell;
+  int associations = 0;
+  shell.is_bms_associated = [&] { return associations > 0; };
+  shell.associate_bms = [&] { return ++associations > 0; };
+  InstallShellIntegration(shell);
+  desktop.user_settings().Save("Kes_Trun", "DEFAULT", "EXE", "kestrun.exe");
+  desktop.dialogs().ExpectBox(kFirstRunQuestion, BoxAnswer::kNo);
+  Start("");
+  CloseAllWindows();
+  Start("");
+  EXPECT_EQ(associations, 0);
+}
+
+TEST_F(StartUpTest, AUserWhoNeverHadAnEarlierVersionIsNotAskedAgain) {
+  ShellIntegration shell;
+  shell.is_bms_associated = [] { return false; };
+  InstallShellIntegration(shell);
+  Start("");
+  CloseAllWindows();
+  Start("");
+}
+
 // A failing association left the question unanswered, so that it came again at each start.
 TEST_F(StartUpTest, TheFirstRunIsNotedThoughTheAssociationFails) {
   WriteIni("");

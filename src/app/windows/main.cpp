@@ -8,12 +8,14 @@
 #include "forms/window_registry.h"
 #include "game/add_ins/add_ins.h"
 #include "platform/foreign_scripts.h"
+#include "program/shell_registration.h"
 #include "styles/mod_style.h"
 
 int main() {
   kestrun::Win32Platform platform;
   const kestrun::PlatformInstallation installation(platform);
   kestrun::InstallAddInServices({&kestrun::CreateObjectOfClass, &kestrun::RunRegistrationEntry});
+  kestrun::InstallShellIntegration(kestrun::RegistryShellIntegration());
   kestrun::InstallForeignScripts(&kestrun::OpenActiveScript);
   kestrun::DispatchEvent(nullptr, [] { static_cast<void>(kestrun::WindowByName("frmsplash")); });
   if (!kestrun::LoadedWindows().empty()) platform.windowing().RunUntilQuit();

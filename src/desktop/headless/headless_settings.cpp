@@ -35,19 +35,36 @@ HeadlessRegistry::KeyPath HeadlessRegistry::PathOf(RegistryRoot root, std::strin
   return {root, path};
 }
 
-std::optional<std::string> HeadlessRegistry::Read(RegistryRoot root, std::string_view key, std::string_view name) {
-  const auto found = keys_.find(PathOf(root, key));
-  if (found == keys_.end()) return std::nullopt;
-  const auto value = found->second.find(ToLower(name));
-  return value == found->second.end() ? std::nullopt : std::optional(value->second);
+std::optional<HeadlessRegistry::KeyPath> HeadlessRegistry::OwnClassOf(const KeyPath& path) const {
+  if (!merges_classes_ || path.first != RegistryRoot::kClassesRoot) return std::nullopt;
+  return KeyPath{RegistryRoot::kCurrentUser, "software\\classes\\" + path.second};
 }
 
-bool HeadlessRegistry::Write(RegistryRoot root, std::string_view key, std::string_view name, std::string_view value) {
+std::optional<RegistryValue> HeadlessRegistry::ReadValue(RegistryRoot root, std::string_view key,
+                                                         std::string_view name) {
+  const KeyPath path = PathOf(root, key);
+  for (const KeyPath& each : {OwnClassOf(path).value_or(path), path}) {
+    const auto found = keys_.find(each);
+    if (found == keys_.end()) continue;
+    const auto value = found->second.find(ToLower(name));
+    if (value != found->second.end()) return value->second;
+  }
+  return std::nullopt;
+}
+
+bool HeadlessRegistry::WriteValue(RegistryRoot root, std::string_view key, std::string_view name,
+                                  const RegistryValue& value) {
+  if (!CreateKey(root, key)) return false;
+  keys_[PathOf(root, key)][ToLower(name)] = value;
+  return true;
+}
+
+bool HeadlessRegistry::CreateKey(RegistryRoot root, std::string_view key) {
   if (closed_[root]) return false;
   const KeyPath path = PathOf(root, key);
   for (size_t end = path.second.find('\\'); end != std::string::npos; end = path.second.find('\\', end + 1))
     keys_.try_emplace({root, path.second.substr(0, end)});
-  keys_[path][ToLower(name)] = value;
+  keys_.try_emplace(path);
   return true;
 }
 
@@ -61,8 +78,9 @@ bool HeadlessRegistry::DeleteKey(RegistryRoot root, std::string_view key) {
   return true;
 }
 
-bool HeadlessRegistry::HasKey(RegistryRoot root, std::string_view key) const {
-  return keys_.contains(PathOf(root, key));
+bool HeadlessRegistry::HasKey(RegistryRoot root, std::string_view key) {
+  const KeyPath path = PathOf(root, key);
+  return keys_.contains(path) || keys_.contains(OwnClassOf(path).value_or(path));
 }
 
 void HeadlessRegistry::CloseForWriting(RegistryRoot root) { closed_[root] = true; }

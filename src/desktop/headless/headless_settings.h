@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/registry.h"
 #include "platform/settings.h"
 
 namespace kestrun {
@@ -25,22 +26,28 @@ class HeadlessUserSettings final : public UserSettings {
 // Keys and value names are found without regard to case. A root can be closed, as it is for users without rights.
 class HeadlessRegistry final : public Registry {
  public:
-  [[nodiscard]] std::optional<std::string> Read(RegistryRoot root, std::string_view key,
-                                                std::string_view name) override;
-  bool Write(RegistryRoot root, std::string_view key, std::string_view name, std::string_view value) override;
+  [[nodiscard]] std::optional<RegistryValue> ReadValue(RegistryRoot root, std::string_view key,
+                                                       std::string_view name) override;
+  bool WriteValue(RegistryRoot root, std::string_view key, std::string_view name, const RegistryValue& value) override;
+  [[nodiscard]] bool HasKey(RegistryRoot root, std::string_view key) override;
+  bool CreateKey(RegistryRoot root, std::string_view key) override;
   bool DeleteKey(RegistryRoot root, std::string_view key) override;
 
-  [[nodiscard]] bool HasKey(RegistryRoot root, std::string_view key) const;
+  // From now on the user's own classes show in the classes root before those of the machine, as Windows merges them.
+  void MergeClasses() { merges_classes_ = true; }
   // From now on this root refuses every change.
   void CloseForWriting(RegistryRoot root);
 
  private:
-  using Values = std::map<std::string, std::string>;
+  using Values = std::map<std::string, RegistryValue>;
   using KeyPath = std::pair<RegistryRoot, std::string>;
+  // The same key where the user's own classes stand; nothing but for keys of the classes root that are merged.
+  [[nodiscard]] std::optional<KeyPath> OwnClassOf(const KeyPath& path) const;
   [[nodiscard]] static KeyPath PathOf(RegistryRoot root, std::string_view key);
 
   std::map<KeyPath, Values> keys_;  // every key on the way to a key stands here too
   std::map<RegistryRoot, bool> closed_;
+  bool merges_classes_ = false;
 };
 
 }  // namespace kestrun

@@ -5,6 +5,7 @@
 
 #include "base/runtime_error.h"
 #include "base/text.h"
+#include "base/url_escapes.h"
 
 namespace kestrun {
 namespace {
@@ -15,26 +16,9 @@ bool IsSchemeCharacter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';
 }
 
-int HexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  const char lower = static_cast<char>(c | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
-std::string WithoutPercentEscapes(std::string_view text) {
-  std::string plain;
-  for (size_t i = 0; i < text.size(); ++i) {
-    const bool escape =
-        text[i] == '%' && i + 2 < text.size() && HexDigit(text[i + 1]) >= 0 && HexDigit(text[i + 2]) >= 0;
-    plain += escape ? static_cast<char>(HexDigit(text[i + 1]) * 16 + HexDigit(text[i + 2])) : text[i];
-    if (escape) i += 2;
-  }
-  return plain;
-}
-
 // "file:///tmp/x" and "file:///C:/x", the second without the slash before the letter.
 std::string PathOfFileUrl(std::string_view url) {
-  std::string path = WithoutPercentEscapes(url.substr(kFileScheme.size()));
+  std::string path = WithoutUrlEscapes(url.substr(kFileScheme.size()));
   if (path.size() > 2 && path[0] == '/' && path[2] == ':') path.erase(0, 1);
   return path;
 }
@@ -46,6 +30,12 @@ int HeadlessShell::Open(std::string_view operation, std::string_view file, std::
   openings.push_back(
       {std::string(operation), std::string(file), std::string(parameters), std::string(directory), show_command});
   return open_result;
+}
+
+bool HeadlessShell::WriteShortcut(std::string_view link, const Shortcut& shortcut) {
+  if (refuses_shortcuts) return false;
+  shortcuts[std::string(link)] = shortcut;
+  return true;
 }
 
 std::string HeadlessShell::ShellFolder(int csidl) {

@@ -28,12 +28,16 @@ class HeadlessShell final : public Shell {
  public:
   int Open(std::string_view operation, std::string_view file, std::string_view parameters, std::string_view directory,
            int show_command) override;
+  bool WriteShortcut(std::string_view link, const Shortcut& shortcut) override;
   [[nodiscard]] std::string TemporaryFolder() override { return temporary_folder; }
   [[nodiscard]] std::string WindowsFolder() override { return windows_folder; }
   [[nodiscard]] std::string SystemFolder() override { return system_folder; }
   [[nodiscard]] std::string ShellFolder(int csidl) override;
 
   std::vector<ShellOpening> openings;
+  // The links that were written, by their paths.
+  std::map<std::string, Shortcut, std::less<>> shortcuts;
+  bool refuses_shortcuts = false;
   int open_result = 33;  // the least number that means success
   std::string temporary_folder;
   std::string windows_folder;

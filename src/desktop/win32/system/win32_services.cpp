@@ -10,6 +10,7 @@
 #include "desktop/win32/system/file_holders.h"
 #include "desktop/win32/system/handles.h"
 #include "desktop/win32/system/late_call.h"
+#include "desktop/win32/system/shell_link.h"
 #include "desktop/win32/system/waiting.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/system/win32_files.h"
@@ -134,36 +135,59 @@ void Win32UserSettings::Delete(std::string_view application, std::string_view se
   if (!deleted) Raise(error::kInvalidProcedureCall);
 }
 
-std::optional<std::string> Win32Registry::Read(RegistryRoot root, std::string_view key, std::string_view name) {
+std::optional<RegistryValue> Win32Registry::ReadValue(RegistryRoot root, std::string_view key, std::string_view name) {
   const RegistryKey opened = OpenKey(root, key, KEY_QUERY_VALUE);
   if (!opened.IsValid()) return std::nullopt;
   const std::wstring value_name = ToWide(name);
   DWORD type = 0;
   DWORD bytes = 0;
-  if (RegQueryValueExW(opened.get(), value_name.c_str(), nullptr, &type, nullptr, &bytes) != ERROR_SUCCESS) {
-    return std::nullopt;
+  const auto query = [&](BYTE* target) {
+    return RegQueryValueExW(opened.get(), value_name.c_str(), nullptr, &type, target, &bytes) == ERROR_SUCCESS;
+  };
+  if (!query(nullptr)) return std::nullopt;
+  // A text need not end with its zero.
+  Bytes data(bytes + sizeof(wchar_t));
+  if (!query(data.data())) return std::nullopt;
+  if (type == REG_SZ || type == REG_EXPAND_SZ) {
+    std::wstring text(bytes / sizeof(wchar_t) + 1, L'\0');
+    std::memcpy(text.data(), data.data(), bytes / sizeof(wchar_t) * sizeof(wchar_t));
+    return FromWide(text.c_str());
   }
-  if (type != REG_SZ && type != REG_EXPAND_SZ) return std::nullopt;
-  std::wstring text(bytes / sizeof(wchar_t) + 1, L'\0');
-  bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-  if (RegQueryValueExW(opened.get(), value_name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(text.data()),
-                       &bytes) != ERROR_SUCCESS) {
-    return std::nullopt;
-  }
-  return FromWide(text.c_str());
+  data.resize(bytes);
+  if (type == REG_BINARY) return data;
+  if (type != REG_DWORD || bytes != sizeof(uint32_t)) return std::nullopt;
+  uint32_t number = 0;
+  std::memcpy(&number, data.data(), sizeof number);
+  return number;
 }
 
-bool Win32Registry::Write(RegistryRoot root, std::string_view key, std::string_view name, std::string_view value) {
+bool Win32Registry::WriteValue(RegistryRoot root, std::string_view key, std::string_view name,
+                               const RegistryValue& value) {
   HKEY created = nullptr;
   if (RegCreateKeyExW(RootKey(root), ToWide(key).c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &created, nullptr) !=
       ERROR_SUCCESS) {
     return false;
   }
   const RegistryKey opened(created);
-  const std::wstring text = ToWide(value);
-  const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-  return RegSetValueExW(opened.get(), ToWide(name).c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                        bytes) == ERROR_SUCCESS;
+  const auto set = [&](DWORD type, const void* data, size_t bytes) {
+    return RegSetValueExW(opened.get(), ToWide(name).c_str(), 0, type, static_cast<const BYTE*>(data),
+                          static_cast<DWORD>(bytes)) == ERROR_SUCCESS;
+  };
+  if (const auto* const number = std::get_if<uint32_t>(&value)) return set(REG_DWORD, number, sizeof *number);
+  if (const auto* const bytes = std::get_if<Bytes>(&value)) return set(REG_BINARY, bytes->data(), bytes->size());
+  const std::wstring text = ToWide(std::get<std::string>(value));
+  return set(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
+}
+
+bool Win32Registry::HasKey(RegistryRoot root, std::string_view key) {
+  return OpenKey(root, key, KEY_QUERY_VALUE).IsValid();
+}
+
+bool Win32Registry::CreateKey(RegistryRoot root, std::string_view key) {
+  HKEY created = nullptr;
+  const LSTATUS status = RegCreateKeyExW(RootKey(root), ToWide(key).c_str(), 0, nullptr, 0, KEY_CREATE_SUB_KEY, nullptr,
+                                         &created, nullptr);
+  return RegistryKey(status == ERROR_SUCCESS ? created : nullptr).IsValid();
 }
 
 bool Win32Registry::DeleteKey(RegistryRoot root, std::string_view key) {
@@ -186,6 +210,10 @@ int Win32Shell::Open(std::string_view operation, std::string_view file, std::str
       KESTRUN_LATE(L"shell32.dll", ShellExecuteW)(GetDesktopWindow(), ToWide(operation).c_str(), ToWide(file).c_str(),
                                                   ToWide(parameters).c_str(), ToWide(directory).c_str(), show_command);
   return static_cast<int>(reinterpret_cast<INT_PTR>(result));
+}
+
+bool Win32Shell::WriteShortcut(std::string_view link, const Shortcut& shortcut) {
+  return WriteShellLink(std::string(link), shortcut);
 }
 
 std::string Win32Shell::TemporaryFolder() {

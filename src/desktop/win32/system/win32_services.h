@@ -40,9 +40,11 @@ class Win32UserSettings final : public UserSettings {
 
 class Win32Registry final : public Registry {
  public:
-  [[nodiscard]] std::optional<std::string> Read(RegistryRoot root, std::string_view key,
-                                                std::string_view name) override;
-  bool Write(RegistryRoot root, std::string_view key, std::string_view name, std::string_view value) override;
+  [[nodiscard]] std::optional<RegistryValue> ReadValue(RegistryRoot root, std::string_view key,
+                                                       std::string_view name) override;
+  bool WriteValue(RegistryRoot root, std::string_view key, std::string_view name, const RegistryValue& value) override;
+  [[nodiscard]] bool HasKey(RegistryRoot root, std::string_view key) override;
+  bool CreateKey(RegistryRoot root, std::string_view key) override;
   bool DeleteKey(RegistryRoot root, std::string_view key) override;
 };
 
@@ -50,6 +52,7 @@ class Win32Shell final : public Shell {
  public:
   int Open(std::string_view operation, std::string_view file, std::string_view parameters, std::string_view directory,
            int show_command) override;
+  bool WriteShortcut(std::string_view link, const Shortcut& shortcut) override;
   [[nodiscard]] std::string TemporaryFolder() override;
   [[nodiscard]] std::string WindowsFolder() override;
   [[nodiscard]] std::string SystemFolder() override;
