@@ -8,7 +8,7 @@ list(REMOVE_ITEM KESTRUN_FLOORS app)  # the programs: each its own target
 # The standard headers that most files include, parsed once. The x86 build does without: it shows what a file forgot to
 # include.
 set(KESTRUN_STANDARD_HEADERS <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory> <optional> <span> <string>
-  <string_view> <utility> <vector>)
+  <string_view> <utility> <variant> <vector>)
 # Floors whose code the tests and fuzzers run in long loops: optimised a little in Debug builds too.
 set(KESTRUN_BUSY_FLOORS base formats script)
 set(KESTRUN_BUSY_OPTIONS $<$<CONFIG:Debug>:-O1>)

@@ -4,9 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <memory>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,56 +30,24 @@ using NativeFileSystem = PosixFileSystem;
 // A new empty folder, removed with all it holds at the end. UTF-8 path without a trailing separator.
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    std::random_device random;
-    do
-      path_ =
-          std::filesystem::temp_directory_path() / std::filesystem::path(u8"kestrun Карты 地図 é😀 " + Digits(random()));
-    while (!std::filesystem::create_directory(path_));
-  }
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
+  TemporaryFolder();
+  ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  [[nodiscard]] std::string path() const {
-    const std::u8string text = path_.u8string();
-    return {text.begin(), text.end()};
-  }
+  [[nodiscard]] const std::string& path() const { return path_; }
 
  private:
-  static std::u8string Digits(unsigned number) {
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-  }
-
-  std::filesystem::path path_;
+  std::string path_;
 };
 
 class HeadlessTest : public testing::Test {
  protected:
-  HeadlessTest() {
-    native_files.MakeFolder(Path("program"));
-    native_files.MakeFolder(Path("temp"));
-    desktop.program().folder = Path("program");
-    desktop.shell().temporary_folder = Path("temp");
-    desktop.OnUnexpected([](const UnexpectedQuestion& question) {
-      ADD_FAILURE() << "nobody expected: " << question.text << "\n(" << question.detail << ")";
-    });
-  }
-
+  HeadlessTest();
   // Windows, and what the clock still holds of them, go while the platform is there.
-  ~HeadlessTest() override {
-    CloseAllWindows();
-    desktop.clock().Clear();
-  }
+  ~HeadlessTest() override;
 
-  void TearDown() override {
-    for (const std::string& line : desktop.dialogs().Unused()) ADD_FAILURE() << "expected, but never shown: " << line;
-    for (const std::string& line : desktop.windowing().Unused()) ADD_FAILURE() << "expected, but never shown: " << line;
-  }
+  void TearDown() override;
 
   // Paths as the program joins them: with "\".
   [[nodiscard]] std::string Folder() const { return folder_.path(); }
@@ -91,9 +57,7 @@ class HeadlessTest : public testing::Test {
   }
 
   // What a user does who drops files from the desktop on a window: nothing, unless the window is shown and takes them.
-  static void DropFiles(Form& form, const std::vector<std::string>& paths) {
-    if (form.IsShown()) DispatchEvent(&form, [&] { form.FilesDropped(paths); });
-  }
+  static void DropFiles(Form& form, const std::vector<std::string>& paths);
 
   // Whole files by path. Always through the real file system, whatever the platform uses at the moment.
   void WriteFile(std::string_view path, std::string_view content) { native_files.WriteAll(path, AsBytes(content)); }

@@ -8,6 +8,10 @@ Bytes HeadlessProgram::Resource(std::string_view type, int number) {
   return found->second;
 }
 
+HeadlessPlatform::HeadlessPlatform(FileSystem& files) : files_(files) {}
+
+HeadlessPlatform::~HeadlessPlatform() = default;
+
 void HeadlessPlatform::OnUnexpected(const UnexpectedHandler& handler) {
   dialogs_.on_unexpected = handler;
   windowing_.on_unexpected = handler;

@@ -44,7 +44,8 @@ class HeadlessClipboard final : public Clipboard {
 class HeadlessPlatform final : public Platform {
  public:
   // The file system must outlive this object.
-  explicit HeadlessPlatform(FileSystem& files) : files_(files) {}
+  explicit HeadlessPlatform(FileSystem& files);
+  ~HeadlessPlatform() override;
 
   // Puts another file system in the place of the first, such as one that fails.
   void UseFiles(FileSystem& files) { files_.Use(files); }
