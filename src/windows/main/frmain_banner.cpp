@@ -152,22 +152,16 @@ void frmain::RefreshBanner() {
 }
 
 void frmain::CheckForMaps() {
-  bool is_there = false;
-  bool is_cancelled = false;
-  {
-    const FetchScope fetch(&status_line_);
-    is_there = FetchSiteFile();
-    is_cancelled = fetch.IsCancelled();
-  }
-  if (is_cancelled) return;
-  if (!is_there) {
+  const SiteFetch fetch = FetchSiteFile(&status_line_);
+  if (fetch == SiteFetch::kCancelled) return;
+  if (fetch == SiteFetch::kFailed) {
     MsgBox("Cannot connect to the server make sure you are connected to the internet.");
     return;
   }
   const int64_t count = ReadSiteNumber(SiteFilePath(), site::kMapCount);
   MsgBox("There are " + std::to_string(count - NumberAtStart(ReadSetting(setting::kLastVisit))) +
          " new maps on the site.");
-  DeleteQuietly(SiteFilePath());
+  DeleteSiteFile();
   WriteSetting(setting::kLastVisit, std::to_string(count));
 }
 
