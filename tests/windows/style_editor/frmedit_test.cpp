@@ -333,6 +333,16 @@ TEST_F(FrmEditTest, TheAssistantIsATextThatOpensNothing) {
   EXPECT_EQ(editor().LstDebug.FindNode("X")->Children(), 0);
 }
 
+TEST_F(FrmEditTest, TheSplashWindowIsShownWithoutStartingTheProgramAgain) {
+  editor().Show();
+  desktop.program().command_line = "-edit nobody.stl";
+  DoubleClick(editor().LstDebug, "frmsplash");
+  ASSERT_TRUE(LoadedWindow("frmsplash"));
+  EXPECT_TRUE(LoadedWindow("frmsplash")->IsShown());
+  static_cast<Label&>(*LoadedWindow("frmsplash")->FindControl("Label2")).Click();
+  EXPECT_FALSE(LoadedWindow("frmsplash"));
+}
+
 TEST_F(FrmEditTest, ATestRunMakesTheUnsavedProjectTheCurrentStyle) {
   const std::string path = MakeStyle(
       "try.stl", {{"assembly.txt", "designer one\r\nlanguage VBScript\r\ninclude main.vbs"}, {"main.vbs", "x = 1"}});
