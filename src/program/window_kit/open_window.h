@@ -59,6 +59,9 @@ void OpenPreviewManager(const std::string& map, PreviewTask task = PreviewTask::
 // Shows a picture at its full size and waits until that window is closed. Without a picture nothing happens.
 void ShowLargePicture(const Ref<Picture>& picture);
 
+// The main window with the map's folder in its path field, and the map selected.
+void ShowInMainWindow(const std::string& map);
+
 // The uploader with this zip selected.
 void OpenUploader(const std::string& zip);
 
