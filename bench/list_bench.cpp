@@ -1,9 +1,9 @@
 // A list of 10,000 and of 100,000 rows: adding a row costs much the same in both (fresh memory costs its pages),
 // sorting at Refresh at most three times a stable sort of the same keys, and painting the rows that show only.
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/text.h"
@@ -12,6 +12,7 @@
 #include "desktop/headless/posix_files.h"
 #include "desktop/headless/raster_canvas.h"
 #include "forms/form.h"
+#include "timing.h"
 
 namespace kestrun {
 namespace {
@@ -27,16 +28,13 @@ class BenchForm final : public Form {
 };
 
 template <class Prepare, class Work>
-double Median(Prepare&& prepare, Work&& work) {
+double MedianOf(Prepare&& prepare, Work&& work) {
   std::vector<double> times;
   for (int round = 0; round < kRounds; ++round) {
     auto ground = prepare();
-    const auto start = std::chrono::steady_clock::now();
-    work(ground);
-    times.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    times.push_back(Milliseconds([&] { work(ground); }));
   }
-  std::nth_element(times.begin(), times.begin() + kRounds / 2, times.end());
-  return times[kRounds / 2];
+  return Median(std::move(times));
 }
 
 std::vector<std::string> Names(int count) {
@@ -67,24 +65,24 @@ bool Report(const char* what, double value, double limit) {
 
 bool BenchAdding(const std::vector<std::string>& few, const std::vector<std::string>& many) {
   const auto empty = [] { return MakeRef<BenchForm>(); };
-  const double few_each = Median(empty, [&](Ref<BenchForm>& form) { AddAll(form->list, few); }) / kFew;
-  const double many_each = Median(empty, [&](Ref<BenchForm>& form) { AddAll(form->list, many); }) / kMany;
-  std::printf("AddItem: %.0f ns a row among 10,000, %.0f ns among 100,000\n", few_each * 1e9, many_each * 1e9);
+  const double few_each = MedianOf(empty, [&](Ref<BenchForm>& form) { AddAll(form->list, few); }) / kFew;
+  const double many_each = MedianOf(empty, [&](Ref<BenchForm>& form) { AddAll(form->list, many); }) / kMany;
+  std::printf("AddItem: %.0f ns a row among 10,000, %.0f ns among 100,000\n", few_each * 1e6, many_each * 1e6);
   return Report("a row among 100,000 to one among 10,000", many_each / few_each, 3);
 }
 
 bool BenchSorting(const std::vector<std::string>& names) {
   std::vector<std::string> keys;
   for (const std::string& name : names) keys.push_back(ToLower(name + "<%S%>-1<%S%>False"));
-  const double peer =
-      Median([&] { return keys; }, [](std::vector<std::string>& rows) { std::stable_sort(rows.begin(), rows.end()); });
+  const double peer = MedianOf([&] { return keys; },
+                               [](std::vector<std::string>& rows) { std::stable_sort(rows.begin(), rows.end()); });
   const auto unsorted = [&] {
     Ref<BenchForm> form = Filled(names);
     form->list.SortOrder = -1;
     return form;
   };
-  const double ours = Median(unsorted, [](Ref<BenchForm>& form) { form->list.Refresh(); });
-  std::printf("Refresh that sorts 100,000 rows: %.1f ms, stable sort of the keys %.1f ms\n", ours * 1e3, peer * 1e3);
+  const double ours = MedianOf(unsorted, [](Ref<BenchForm>& form) { form->list.Refresh(); });
+  std::printf("Refresh that sorts 100,000 rows: %.1f ms, stable sort of the keys %.1f ms\n", ours, peer);
   return Report("times a stable sort of the keys", ours / peer, 3);
 }
 
@@ -93,10 +91,10 @@ double PaintTime(const std::vector<std::string>& names) {
   form->list.Refresh();
   form->list.OnScroll(static_cast<int>(names.size()) / 2);
   RasterCanvas canvas({400, 440});
-  return Median([] { return 0; },
-                [&](int) {
-                  for (int paint = 0; paint < 20; ++paint) form->list.Paint(canvas);
-                });
+  return MedianOf([] { return 0; },
+                  [&](int) {
+                    for (int paint = 0; paint < 20; ++paint) form->list.Paint(canvas);
+                  });
 }
 
 bool BenchPainting(const std::vector<std::string>& few, const std::vector<std::string>& many) {

@@ -3,7 +3,6 @@
 #include <malloc.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -12,6 +11,7 @@
 #include "bench_folder.h"
 #include "forms/list_box.h"
 #include "game/lists/map_list_file.h"
+#include "timing.h"
 
 namespace kestrun {
 namespace {
@@ -20,17 +20,9 @@ constexpr int kRowCount = 10000;
 constexpr int kRounds = 50;
 constexpr double kMostTimes = 10;
 
-template <class Work>
-void KeepFastest(double& fastest_us, Work&& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  const std::chrono::duration<double, std::micro> taken = std::chrono::steady_clock::now() - start;
-  fastest_us = std::min(fastest_us, taken.count());
-}
-
 struct Times {
-  double bare_us = 1e18;
-  double our_us = 1e18;
+  double bare_ms = 1e18;
+  double our_ms = 1e18;
 };
 
 // The fastest of many rounds, which take turns, so that both find the caches in the same state.
@@ -38,17 +30,17 @@ template <class Bare, class Ours>
 Times FastestOf(Bare&& bare, Ours&& ours) {
   Times fastest;
   for (int round = 0; round < kRounds; ++round) {
-    KeepFastest(fastest.bare_us, bare);
-    KeepFastest(fastest.our_us, ours);
+    KeepFastest(fastest.bare_ms, bare);
+    KeepFastest(fastest.our_ms, ours);
   }
   return fastest;
 }
 
 bool Report(const char* what, const Times& fastest) {
-  const double times = fastest.our_us / fastest.bare_us;
+  const double times = fastest.our_ms / fastest.bare_ms;
   const bool passes = times <= kMostTimes;
-  std::printf("%s %s of %d rows: the file once %.0f us, ours %.0f us, %.1f times (at most %.0f)\n",
-              passes ? "PASS" : "FAIL", what, kRowCount, fastest.bare_us, fastest.our_us, times, kMostTimes);
+  std::printf("%s %s of %d rows: the file once %.2f ms, ours %.2f ms, %.1f times (at most %.0f)\n",
+              passes ? "PASS" : "FAIL", what, kRowCount, fastest.bare_ms, fastest.our_ms, times, kMostTimes);
   return passes;
 }
 

@@ -1,13 +1,12 @@
 // Two folders of 2,000 maps compared: by checksum beside reading each file once, by size and by date beside listing
 // both folders.
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <string>
 #include <vector>
 
 #include "bench_folder.h"
 #include "maps/update/map_comparison.h"
+#include "timing.h"
 
 namespace kestrun {
 namespace {
@@ -17,14 +16,6 @@ constexpr size_t kMapBytes = 60000;
 constexpr int kRounds = 7;
 constexpr double kMostOfReading = 1.25;
 constexpr double kMostOfListing = 1.5;
-
-template <class Work>
-void KeepFastest(double& fastest_ms, Work&& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
-  fastest_ms = std::min(fastest_ms, taken.count());
-}
 
 std::string NameOf(int map) { return "map" + std::to_string(map) + ".bms"; }
 

@@ -10,8 +10,6 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -23,6 +21,7 @@
 #include "formats/pff/cls_pff.h"
 #include "platform/turn.h"
 #include "program/originals_hook.h"
+#include "timing.h"
 
 namespace kestrun {
 namespace {
@@ -32,18 +31,6 @@ constexpr size_t kMapBytes = 60000;
 constexpr int kRounds = 15;
 constexpr double kMostOfPlain = 2.5;
 constexpr double kLeastOfRewriting = 10.0;
-
-template <class Work>
-double Seconds(Work&& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> times) {
-  std::nth_element(times.begin(), times.begin() + kRounds / 2, times.end());
-  return times[kRounds / 2];
-}
 
 // 200 MB of data in which every entry has its part, the last 60 KB the mission's own.
 std::string MakeArchive(const std::string& folder, int32_t entries) {
@@ -139,22 +126,22 @@ bool Run(const std::string& folder, int32_t entries) {
   const auto next_map = [&] { std::fill(map.begin(), map.end(), static_cast<uint8_t>(++maps)); };
   for (int round = 0; round < kRounds; ++round) {
     next_map();
-    puts.push_back(Seconds([&] { Put(path, map, true); }));
+    puts.push_back(Milliseconds([&] { Put(path, map, true); }));
     // What goes in without the ledger would be another program's to it: the same map again leaves nothing to keep.
     const Bytes same = map;
     next_map();
-    journal_puts.push_back(Seconds([&] { Put(path, map, false); }));
+    journal_puts.push_back(Milliseconds([&] { Put(path, map, false); }));
     next_map();
-    plain_puts.push_back(Seconds([&] { PlainPut(path, map, entries); }));
+    plain_puts.push_back(Milliseconds([&] { PlainPut(path, map, entries); }));
     Put(path, same, false);
   }
   const double put = Median(puts);
   const double plain = Median(plain_puts);
-  const double rewriting = Seconds([&] { Rewrite(path); });
+  const double rewriting = Milliseconds([&] { Rewrite(path); });
   std::printf(
       "a 60 KB map into 200 MB with %d entries: %.3f ms (without the ledger %.3f ms, without both %.3f ms, rewriting "
       "%.0f ms)\n",
-      entries, put * 1e3, Median(journal_puts) * 1e3, plain * 1e3, rewriting * 1e3);
+      entries, put, Median(journal_puts), plain, rewriting);
   const bool beside_plain = Report("times the same put without", put / plain, kMostOfPlain, true);
   const bool beside_rewriting = Report("times less than rewriting", rewriting / put, kLeastOfRewriting, false);
   // What no put can pass that reads and writes the table once.

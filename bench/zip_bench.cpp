@@ -2,11 +2,10 @@
 // to take at most twice the time, and twice the members at most two and a half times as long.
 #include <unistd.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/calendar.h"
@@ -14,6 +13,7 @@
 #include "desktop/headless/posix_files.h"
 #include "formats/zip/cls_zip.h"
 #include "support/zip_builder.h"
+#include "timing.h"
 
 namespace kestrun {
 namespace {
@@ -24,15 +24,12 @@ constexpr double kMostOfUnzip = 2.0;
 constexpr double kMostOfHalf = 2.5;
 
 template <class Work>
-double Median(Work&& work) {
+double MedianOf(Work&& work) {
   std::vector<double> times;
   for (int round = 0; round < kRounds; ++round) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    times.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    times.push_back(Milliseconds(work));
   }
-  std::nth_element(times.begin(), times.begin() + kRounds / 2, times.end());
-  return times[kRounds / 2];
+  return Median(std::move(times));
 }
 
 void WriteArchive(const std::string& path, int count) {
@@ -77,11 +74,11 @@ bool Run(const std::string& folder) {
   WriteArchive(half, kMembers / 2);
   WriteArchive(one, 1);
   size_t shown = 0;
-  const double listing = Median([&] { shown += List(full); });
-  const double half_listing = Median([&] { shown += List(half); });
-  const double unzip = Median([&] { Unzip(full); }) - Median([&] { Unzip(one); });
-  std::printf("listing %d members: %.2f ms (unzip -l %.2f ms; %zu characters shown)\n", kMembers, listing * 1e3,
-              unzip * 1e3, shown);
+  const double listing = MedianOf([&] { shown += List(full); });
+  const double half_listing = MedianOf([&] { shown += List(half); });
+  const double unzip = MedianOf([&] { Unzip(full); }) - MedianOf([&] { Unzip(one); });
+  std::printf("listing %d members: %.2f ms (unzip -l %.2f ms; %zu characters shown)\n", kMembers, listing, unzip,
+              shown);
   const bool beside_unzip = Report("times unzip -l", listing / unzip, kMostOfUnzip);
   const bool is_linear = Report("times half the members", listing / half_listing, kMostOfHalf);
   for (const std::string& path : {full, half, one}) unlink(path.c_str());

@@ -11,6 +11,7 @@
 #include "forms/file_list_box.h"
 #include "forms/frame.h"
 #include "forms/image.h"
+#include "forms/image_list.h"
 #include "forms/label.h"
 #include "forms/line_control.h"
 #include "forms/list_box.h"
@@ -20,6 +21,7 @@
 #include "forms/shape_control.h"
 #include "forms/text_box.h"
 #include "forms/timer.h"
+#include "forms/tree_view.h"
 
 namespace kestrun {
 namespace {
@@ -40,6 +42,8 @@ constexpr std::array kKinds{
     ControlKind{"VB.CheckBox", &AddKind<CheckBox>, 1215, 495},
     ControlKind{"VB.ComboBox", &AddKind<ComboBox>, 1215, 315},
     ControlKind{"VB.CommandButton", &AddKind<CommandButton>, 1215, 495},
+    ControlKind{"ComctlLib.ImageList", &AddKind<ImageList>, 0, 0},
+    ControlKind{"ComctlLib.TreeView", &AddKind<TreeView>, 1215, 840},
     ControlKind{"MSComDlg.CommonDialog", &AddKind<CommonDialog>, 0, 0},
     ControlKind{"VB.FileListBox", &AddKind<FileListBox>, 1215, 870},
     ControlKind{"VB.Frame", &AddKind<Frame>, 1215, 495},

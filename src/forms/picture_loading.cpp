@@ -30,4 +30,10 @@ Ref<Picture> LoadPictureFile(const std::string& Path) {
   return picture;
 }
 
+Ref<Picture> LoadPictureOrNull(const std::string& path) {
+  Ref<Picture> picture;
+  Attempt([&] { picture = LoadPictureFile(path); });
+  return picture;
+}
+
 }  // namespace kestrun

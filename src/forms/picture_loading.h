@@ -14,5 +14,7 @@ namespace kestrun {
 // The decoded picture of a file: JPEG, GIF, BMP, ICO, CUR, WMF, EMF or PNG. Error 53 when it is missing, 481 when it is
 // no picture.
 [[nodiscard]] Ref<Picture> LoadPictureFile(const std::string& Path);
+// The same; null in place of an error.
+[[nodiscard]] Ref<Picture> LoadPictureOrNull(const std::string& path);
 
 }  // namespace kestrun

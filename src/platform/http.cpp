@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/runtime_error.h"
 #include "base/text.h"
 
 namespace kestrun {
@@ -12,5 +13,7 @@ std::optional<std::string> FindHeader(const HttpHeaders& headers, std::string_vi
   if (found == headers.end()) return std::nullopt;
   return found->value;
 }
+
+void RefuseExchange(const std::string& why) { Raise(error::kAutomationError, why); }
 
 }  // namespace kestrun

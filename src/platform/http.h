@@ -41,6 +41,9 @@ struct HttpResponse {
   [[nodiscard]] std::optional<std::string> Header(std::string_view name) const { return FindHeader(headers, name); }
 };
 
+// Raises error 440 with a sentence: how every failure of an exchange ends.
+[[noreturn]] void RefuseExchange(const std::string& why);
+
 // Takes an answer in as it arrives, on the thread that asked. What a call raises ends the exchange and travels on.
 class HttpReceiver {
  public:

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "formats/pe/program_file.h"
 #include "platform/platform.h"
+#include "platform/unused_name.h"
 
 namespace kestrun {
 namespace {
@@ -41,8 +42,7 @@ bool IsProgramOfSize(const std::string& path, int64_t bytes) {
 }
 
 std::string PutAside(const std::string& path) {
-  std::string name = path + ".refused";
-  for (int number = 2; platform().files().Exists(name); ++number) name = path + ".refused" + std::to_string(number);
+  const std::string name = UnusedName(path, ".refused");
   return Attempt([&] { platform().files().Rename(path, name); }) ? name : path;
 }
 

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "formats/profile/profile_file.h"
 #include "forms/window_registry.h"
+#include "platform/file_error.h"
 #include "platform/platform.h"
 #include "program/folders.h"
 #include "program/originals_hook.h"
@@ -133,6 +134,14 @@ void ShellOpen(const std::string& Operation, const Variant& File, const Variant&
       platform().shell().Open(Operation, ToText(File), ToText(Parameters), ToText(Directory), ShowCommand));
 }
 
+void StartProgram(const std::string& program, const std::string& folder) {
+  constexpr int kLeastSuccess = 33;  // of the shell's open service
+  const int result = platform().shell().Open("open", program, "", folder, kShowNormal);
+  if (result < kLeastSuccess) throw FileError(error::kFileNotFound, program);
+}
+
 void OpenDocument(const std::string& path_or_address) { ShellOpen("open", path_or_address, "", "", kShowNormal); }
+
+void OpenHelpFile() { OpenDocument(AppFile(platform().program().ExeName() + ".chm")); }
 
 }  // namespace kestrun

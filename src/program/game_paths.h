@@ -47,7 +47,11 @@ bool launchDFLW();
 void ShellOpen(const std::string& Operation, const Variant& File, const Variant& Parameters, const Variant& Directory,
                int32_t ShowCommand);
 inline constexpr int32_t kShowNormal = 1;
+// Starts a program in the folder, which may be empty. Error 53 where it cannot be started.
+void StartProgram(const std::string& program, const std::string& folder);
 // A file or a web address in the program that the system opens it with.
 void OpenDocument(const std::string& path_or_address);
+// The help file beside the program.
+void OpenHelpFile();
 
 }  // namespace kestrun

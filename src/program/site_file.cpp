@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "base/runtime_error.h"
 #include "base/text.h"
 #include "platform/platform.h"
 #include "program/settings.h"
@@ -14,7 +15,16 @@ std::string SiteFileUrl() { return SiteUrl("MAPS.INI"); }
 
 std::string SiteFilePath() { return AppFile("maps.ini"); }
 
-bool FetchSiteFile() { return DownloadFile(SiteFileUrl(), SiteFilePath()); }
+SiteFetch FetchSiteFile(FetchDisplay* display) {
+  const FetchScope fetch(display);
+  const bool is_there = DownloadFile(SiteFileUrl(), SiteFilePath());
+  if (fetch.IsCancelled()) return SiteFetch::kCancelled;
+  return is_there ? SiteFetch::kThere : SiteFetch::kFailed;
+}
+
+void DeleteSiteFile() {
+  Attempt([] { platform().files().Delete(SiteFilePath()); });
+}
 
 std::string ReadSiteValue(const std::string& path, const SiteRow& row, int number) {
   std::string section(row.section);

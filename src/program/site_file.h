@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "web/fetch_scope.h"
+
 namespace kestrun {
 
 // Names and default of one value. Section and key names match in any case.
@@ -39,8 +41,12 @@ inline constexpr SiteRow kBannerLink{"BANNER", "LINK", "", true};
 [[nodiscard]] std::string SiteFilePath();
 inline constexpr const char* kBannerSiteFile = "banners.dat";
 
-// Fetches it to SiteFilePath; false when that fails, and the one that was there stays.
-[[nodiscard]] bool FetchSiteFile();
+// Fetches it to SiteFilePath. Where it does not come, the one that was there stays. `display` shows how far it is;
+// without one the scope around it does.
+enum class SiteFetch { kThere, kFailed, kCancelled };
+[[nodiscard]] SiteFetch FetchSiteFile(FetchDisplay* display = nullptr);
+// Behind its use. Where that cannot be, it stays until the next fetch.
+void DeleteSiteFile();
 
 // One value of a site file at a path. `number` is that of a banner.
 [[nodiscard]] std::string ReadSiteValue(const std::string& path, const SiteRow& row, int number = 0);

@@ -8,15 +8,13 @@
 namespace kestrun {
 namespace {
 
-[[noreturn]] void Refuse(const char* why) { Raise(error::kAutomationError, why); }
-
 // How many bytes the body has by its head; nothing where the head does not say, or says it in another way.
 std::optional<uint64_t> ToldLength(const std::string& method, int status, const HttpHeaders& headers) {
   if (HasNoBody(method, status) || FindHeader(headers, "Transfer-Encoding")) return std::nullopt;
   const std::optional<std::string> told = FindHeader(headers, "Content-Length");
   if (!told) return std::nullopt;
   const std::optional<uint64_t> length = ParseLength(*told);
-  if (!length) Refuse("The answer's length is no number.");
+  if (!length) RefuseExchange("The answer's length is no number.");
   return length;
 }
 
@@ -35,18 +33,20 @@ bool NamesServer(std::string_view url) {
 }  // namespace
 
 void CheckRequest(const HttpRequest& request) {
-  if (!IsWellFormed(request)) Refuse("The request is malformed.");
-  if (!IsHttpUrl(request.url)) Refuse("Only http addresses can be asked for.");
-  if (!NamesServer(request.url)) Refuse("The address names no server.");
+  if (!IsWellFormed(request)) RefuseExchange("The request is malformed.");
+  if (!IsHttpUrl(request.url)) RefuseExchange("Only http addresses can be asked for.");
+  if (!NamesServer(request.url)) RefuseExchange("The address names no server.");
 }
 
 bool CheckedAnswer::TakeHead(int status, const HttpHeaders& headers) {
   head_ = {status, headers, {}};
   if (IsRedirect(status, headers)) return Leave();
-  if (IsPacked(headers)) Refuse("The answer is packed, which nobody asked for.");
   total_bytes_ = ToldLength(request_.method, status, headers);
   Show();
-  return receiver_.TakeHead(status, headers) || Leave();
+  if (!receiver_.TakeHead(status, headers)) return Leave();
+  // Who wants the head alone has it.
+  if (IsPacked(headers)) RefuseExchange("The answer is packed, which nobody asked for.");
+  return true;
 }
 
 bool CheckedAnswer::TakePiece(ByteView piece) {
@@ -58,7 +58,7 @@ bool CheckedAnswer::TakePiece(ByteView piece) {
 }
 
 HttpResponse CheckedAnswer::TakeResult() {
-  if (!has_left_ && total_bytes_ && received_bytes_ < *total_bytes_) Refuse("The answer is cut off.");
+  if (!has_left_ && total_bytes_ && received_bytes_ < *total_bytes_) RefuseExchange("The answer is cut off.");
   return std::move(head_);
 }
 

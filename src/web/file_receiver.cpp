@@ -2,18 +2,9 @@
 
 #include "base/runtime_error.h"
 #include "platform/platform.h"
+#include "platform/unused_name.h"
 
 namespace kestrun {
-namespace {
-
-std::string UnusedNameBeside(const std::string& path) {
-  std::string name = path + ".part";
-  for (int number = 2; platform().files().Exists(name); ++number) name = path + ".part" + std::to_string(number);
-  return name;
-}
-
-}  // namespace
-
 HttpRequest FreshFileRequest(const std::string& url) {
   return {"GET", url, {{"Cache-Control", "no-cache"}, {"Pragma", "no-cache"}}, {}};
 }
@@ -31,7 +22,7 @@ void FileReceiver::Discard() {
 bool FileReceiver::TakeHead(int status, const HttpHeaders&) {
   status_ = status;
   if (status < 200 || status > 299) Raise(error::kFileNotFound);
-  part_ = UnusedNameBeside(target_);
+  part_ = UnusedName(target_, ".part");
   file_ = platform().files().Open(part_, OpenMode::kCreate);
   return true;
 }

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <functional>
 
-#include "base/runtime_error.h"
 #include "platform/http.h"
 
 namespace kestrun {
@@ -27,9 +26,7 @@ class MemoryReceiver final : public HttpReceiver {
   }
 
   bool TakePiece(ByteView piece) override {
-    if (piece.size() > kMostResponseBytes - response.body.size()) {
-      Raise(error::kAutomationError, "The answer is too large.");
-    }
+    if (piece.size() > kMostResponseBytes - response.body.size()) RefuseExchange("The answer is too large.");
     response.body.insert(response.body.end(), piece.begin(), piece.end());
     if (on_event_) on_event_();
     return true;

@@ -12,8 +12,6 @@ namespace {
 constexpr int kMostRedirects = 10;
 constexpr std::string_view kSecureScheme = "https://";
 
-[[noreturn]] void Refuse(const char* why) { Raise(error::kAutomationError, why); }
-
 bool IsSecure(std::string_view url) { return EqualsNoCase(url.substr(0, kSecureScheme.size()), kSecureScheme); }
 
 // A scheme and a colon stand before any other part of a URL.
@@ -95,11 +93,11 @@ bool IsHttpUrl(std::string_view url) {
 }
 
 HttpRequest RedirectTrail::Next(HttpRequest request, int status, const HttpHeaders& headers) {
-  if (++followed_ > kMostRedirects) Refuse("The server sends the request from place to place.");
+  if (++followed_ > kMostRedirects) RefuseExchange("The server sends the request from place to place.");
   std::string url = ResolveLocation(request.url, FindHeader(headers, "Location").value_or(""));
-  if (!IsHttpUrl(url)) Refuse("The server sends the request to an address that is no web address.");
+  if (!IsHttpUrl(url)) RefuseExchange("The server sends the request to an address that is no web address.");
   if (IsSecure(request.url) && !IsSecure(url)) {
-    Refuse("The server sends the request from a safe connection to an open one.");
+    RefuseExchange("The server sends the request from a safe connection to an open one.");
   }
   return Redirected(std::move(request), status, std::move(url));
 }

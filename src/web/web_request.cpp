@@ -13,8 +13,6 @@
 namespace kestrun {
 namespace {
 
-[[noreturn]] void Refuse(const char* why) { Raise(error::kAutomationError, why); }
-
 // An answer that is waited for: it shows how far it is, and Esc ends it.
 class WaitedAnswer final : public CheckedAnswer {
  public:
@@ -23,7 +21,7 @@ class WaitedAnswer final : public CheckedAnswer {
   void StillWaiting(bool user_leaves) override {
     if (user_leaves) {
       FetchScope::Cancel();
-      Refuse("The fetch was cancelled.");
+      RefuseExchange("The fetch was cancelled.");
     }
     Show();
   }
@@ -51,7 +49,7 @@ bool IsUtf8(std::string_view charset) { return EqualsNoCase(charset, "utf-8") ||
 }  // namespace
 
 void ReceiveAnswer(const HttpRequest& request, HttpReceiver& receiver) {
-  if (FetchScope::IsAnyCancelled()) Refuse("The fetch was cancelled.");
+  if (FetchScope::IsAnyCancelled()) RefuseExchange("The fetch was cancelled.");
   const std::unique_ptr<HttpSession> session = platform().internet().OpenSession();
   static_cast<void>(
       FollowRedirects(request, [&](const HttpRequest& next) { return SendOnce(*session, next, receiver); }));

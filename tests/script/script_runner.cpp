@@ -16,6 +16,8 @@ namespace {
 constexpr std::string_view kPrinted = "'=>";
 constexpr std::string_view kFailure = "'!!";
 constexpr std::string_view kTitle = "'----";
+// The scripts end by themselves, on a busy machine late.
+constexpr int64_t kTimeoutMs = 600'000;
 
 struct ExpectedError {
   int number = 0;
@@ -129,6 +131,7 @@ int RunScriptCase(const ScriptCase& script, const std::string& file) {
   {
     const std::unique_ptr<ScriptEngine> engine = MakeScriptEngine();
     engine->SetLanguage("VBScript");
+    engine->SetTimeout(kTimeoutMs);
     engine->AddObject("WScript", recorder);
     engine->AddCode(script.text);
     error = engine->Error();

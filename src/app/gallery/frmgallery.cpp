@@ -10,6 +10,7 @@
 #include "forms/option_button.h"
 #include "forms/picture_box.h"
 #include "forms/text_box.h"
+#include "forms/tree_view.h"
 #include "forms/window_registry.h"
 #include "program/program_pictures.h"
 
@@ -20,6 +21,8 @@ const WindowRegistration registration(frmgallery::kName, [] { return MakeRef<frm
 
 constexpr int kMargin = 180;
 constexpr int kFirstColumn = 3000;
+constexpr int kLinksHeight = 1900;
+constexpr int kTreeHeight = 840;
 constexpr int kListLeft = kMargin + kFirstColumn + kMargin;
 constexpr int kListWidth = 2500;
 constexpr int kListHeight = 1710;  // five rows at 100 %
@@ -39,7 +42,7 @@ void Fill(McListBox& list, int rows) {
 
 frmgallery::frmgallery() : Form(kName) {
   Caption = "Gallery";
-  SetClientSize(kListLeft + 4 * (kListWidth + kMargin), 9300);
+  SetClientSize(kListLeft + 4 * (kListWidth + kMargin), 9300 + kMargin + kTreeHeight);
   icons_.AddNewImage(MapPicture());
   icons_.AddNewImage(ArchivePicture());
   AddPlainControls();
@@ -116,11 +119,22 @@ void frmgallery::AddProgressBars() {
 
 void frmgallery::AddLinks() {
   QuickLink& links = Add<QuickLink>("QuickLinks");
-  links.Move(kMargin, kMargin + 5000 + kMargin + 1700 + kMargin, kFirstColumn, 1900);
+  const int links_top = kMargin + 5000 + kMargin + 1700 + kMargin;
+  links.Move(kMargin, links_top, kFirstColumn, kLinksHeight);
   links.BorderStyle = 1;
   links.AddLink("one", "Play a new map");
   links.AddLink("two", "Change map when hosting");
   links.AddLink("three", "Download a map");
+
+  TreeView& tree = Add<TreeView>("Tree1");
+  tree.Move(kMargin, links_top + kLinksHeight + kMargin, kFirstColumn, kTreeHeight);
+  auto& pictures = Add<ImageList>("TreePictures");
+  pictures.AddImage("map", MapPicture());
+  pictures.AddImage("archive", ArchivePicture());
+  tree.SetImages(Ref<ImageList>(&pictures));
+  TreeNode& branch = tree.AddChild(nullptr, "", "A branch", "archive");
+  tree.AddChild(&branch, "", "A leaf", "map");
+  tree.Select(&tree.AddChild(&branch, "", "The chosen leaf", "map"));
 }
 
 McListBox& frmgallery::AddList(const char* caption, int column, int row) {

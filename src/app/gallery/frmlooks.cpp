@@ -11,6 +11,7 @@
 #include "forms/picture_box.h"
 #include "forms/shape_control.h"
 #include "forms/text_box.h"
+#include "forms/tree_view.h"
 #include "forms/window_registry.h"
 #include "program/program_pictures.h"
 
@@ -167,6 +168,14 @@ void frmlooks::AddShapes() {
   auto& box = Add<PictureBox>("Picture1");
   Place(box, 2, 900);
   box.BackColor = kField;
+  auto& tree = Add<TreeView>("Tree1");
+  Place(tree, 2, 1500);
+  tree.BackColor = kField;
+  TreeNode& open = tree.AddChild(nullptr, "", "An open branch");
+  open.SetExpanded(true);
+  tree.AddChild(&open, "", "A leaf");
+  tree.Select(&tree.AddChild(&open, "", "The chosen leaf"));
+  tree.AddChild(&tree.AddChild(nullptr, "", "A closed branch"), "", "A leaf");
 }
 
 }  // namespace kestrun

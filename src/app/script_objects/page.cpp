@@ -9,6 +9,7 @@
 #include "forms/font_object.h"
 #include "forms/script_globals.h"
 #include "forms/timer.h"
+#include "forms/tree_view.h"
 #include "forms/window_registry.h"
 
 namespace kestrun {
@@ -121,6 +122,9 @@ void NoteOtherClasses(Classes& classes, Form& scratch) {
         Ref<TableObject>(MakeRef<AppObject>()), Ref<TableObject>(MakeRef<ClipboardObject>())}) {
     NoteClass(classes, *object);
   }
+  auto& tree = scratch.Add<TreeView>("newTree");
+  NoteClass(classes, tree.AddChild(nullptr, "", ""));
+  NoteClass(classes, *MakeRef<TreeNodes>(Ref<TreeView>(&tree)));
   const Variant controls = GetMember(scratch, "Controls");
   NoteClass(classes, static_cast<TableObject&>(*controls.object()));
   scratch.Add<Timer>("elements", 0);

@@ -22,15 +22,14 @@ using SteadyClock = std::chrono::steady_clock;
 
 constexpr long kConnectMs = 60000;
 constexpr std::chrono::seconds kMostSilence{30};
+constexpr std::chrono::seconds kMostSilenceBeforeHead{60};
 constexpr size_t kMostHeadBytes = size_t{64} << 10;
 constexpr int kTellEveryMs = 100;
-
-[[noreturn]] void Refuse(const std::string& why) { Raise(error::kAutomationError, why); }
 
 // The library's own start, once in a process.
 void EnsureStarted() {
   static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
-  if (started != CURLE_OK) Refuse("The HTTP library cannot start.");
+  if (started != CURLE_OK) RefuseExchange("The HTTP library cannot start.");
 }
 
 struct EasyEnd {
@@ -52,7 +51,7 @@ struct Common {
     EnsureStarted();
     multi.reset(curl_multi_init());
     share.reset(curl_share_init());
-    if (!multi || !share) Refuse("The HTTP library cannot start.");
+    if (!multi || !share) RefuseExchange("The HTTP library cannot start.");
     curl_share_setopt(share.get(), CURLSHOPT_SHARE, CURL_LOCK_DATA_COOKIE);
   }
   std::unique_ptr<CURLM, MultiEnd> multi;
@@ -78,10 +77,10 @@ class CurlExchange final : public HttpExchange {
  public:
   CurlExchange(std::shared_ptr<Common> common, const HttpRequest& request)
       : common_(std::move(common)), easy_(curl_easy_init()), body_(AsChars(request.body)) {
-    if (!easy_) Refuse("The HTTP library cannot start.");
+    if (!easy_) RefuseExchange("The HTTP library cannot start.");
     SetUp(request);
     SetUpCalls();
-    if (curl_multi_add_handle(multi(), easy()) != CURLM_OK) Refuse("The request cannot be sent.");
+    if (curl_multi_add_handle(multi(), easy()) != CURLM_OK) RefuseExchange("The request cannot be sent.");
   }
   ~CurlExchange() override { curl_multi_remove_handle(multi(), easy()); }
   CurlExchange(const CurlExchange&) = delete;
@@ -101,7 +100,7 @@ class CurlExchange final : public HttpExchange {
 
   template <class Value>
   void Set(CURLoption option, Value value) {
-    if (curl_easy_setopt(easy(), option, value) != CURLE_OK) Refuse("The request cannot be prepared.");
+    if (curl_easy_setopt(easy(), option, value) != CURLE_OK) RefuseExchange("The request cannot be prepared.");
   }
 
   void SetUp(const HttpRequest& request) {
@@ -147,7 +146,7 @@ class CurlExchange final : public HttpExchange {
 
   void AddHeader(const std::string& line) {
     curl_slist* const longer = curl_slist_append(headers_.get(), line.c_str());
-    if (!longer) Refuse("The request cannot be prepared.");
+    if (!longer) RefuseExchange("The request cannot be prepared.");
     static_cast<void>(headers_.release());
     headers_.reset(longer);
   }
@@ -197,7 +196,7 @@ class CurlExchange final : public HttpExchange {
     heard_at_ = SteadyClock::now();
     if (has_head_) return true;  // what stands behind the last chunk
     head_bytes_ += line.size();
-    if (head_bytes_ > kMostHeadBytes) Refuse("The answer's head is too long.");
+    if (head_bytes_ > kMostHeadBytes) RefuseExchange("The answer's head is too long.");
     line = line.substr(0, line.find_last_not_of("\r\n") + 1);
     if (line.empty()) return EndHead();
     if (StartsWith(line, "HTTP/")) {
@@ -205,7 +204,7 @@ class CurlExchange final : public HttpExchange {
     } else if (std::optional<HttpHeader> header = ParseHeaderLine(DecodeText(line))) {
       header_lines_.push_back(std::move(*header));
     } else {
-      Refuse("The answer's head is malformed.");
+      RefuseExchange("The answer's head is malformed.");
     }
     return true;
   }
@@ -225,10 +224,10 @@ class CurlExchange final : public HttpExchange {
     const CURLMcode worked = curl_multi_perform(multi(), &running);
     if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
     if (has_left_) return false;
-    if (worked != CURLM_OK) Refuse(curl_multi_strerror(worked));
+    if (worked != CURLM_OK) RefuseExchange(curl_multi_strerror(worked));
     if (running == 0) return End();
-    if (SteadyClock::now() - heard_at_ > kMostSilence + (has_head_ ? kNothing : kConnecting)) {
-      Refuse("The server does not answer in time.");
+    if (SteadyClock::now() - heard_at_ > (has_head_ ? kMostSilence : kMostSilenceBeforeHead)) {
+      RefuseExchange("The server does not answer in time.");
     }
     return true;
   }
@@ -237,14 +236,11 @@ class CurlExchange final : public HttpExchange {
     int left = 0;
     while (const CURLMsg* const message = curl_multi_info_read(multi(), &left)) {
       if (message->msg != CURLMSG_DONE || message->data.result == CURLE_OK) continue;
-      Refuse(std::string(curl_easy_strerror(message->data.result)) + ".");
+      RefuseExchange(std::string(curl_easy_strerror(message->data.result)) + ".");
     }
-    if (!has_head_) Refuse("The answer never begins.");
+    if (!has_head_) RefuseExchange("The answer never begins.");
     return false;
   }
-
-  static constexpr std::chrono::seconds kNothing{0};
-  static constexpr std::chrono::seconds kConnecting{30};
 
   std::shared_ptr<Common> common_;
   std::unique_ptr<CURL, EasyEnd> easy_;

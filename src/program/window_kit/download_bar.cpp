@@ -5,11 +5,15 @@
 #include <memory>
 
 #include "base/text.h"
+#include "program/window_kit/place_controls.h"
 
 namespace kestrun {
 namespace {
 
 constexpr int kWhole = 100;
+constexpr int kBarHeight = 330;
+constexpr int kWordsHeight = 2 * kLabelHeight;
+constexpr int kGap = kDownloadHeight - kBarHeight - kWordsHeight;
 
 std::string InKilobytes(int64_t bytes) {
   constexpr int64_t kKilobyte = 1024;
@@ -50,12 +54,22 @@ void FollowDownload(Downloader& downloader, ProgressBar& bar, Label& words) {
   };
 }
 
-void LayOutDownloadBar(ProgressBar& bar, const std::string& name) {
+void PlaceDownload(ProgressBar& bar, Label& words, int left, int top, int width) {
+  bar.Move(left, top, width, kBarHeight);
   bar.BorderStyle = 1;
   bar.BackColor = color::kWindowBackground;
   bar.Progresscolor = color::kHighlight;
   bar.ShowPercent = false;
-  bar.ToolTipText = name;
+  bar.ToolTipText = "Progress of the download";
+  PlaceLabel(words, left, top + kBarHeight + kGap, width, "");
+  words.Height = kWordsHeight;
+  words.WordWrap = true;
+}
+
+void PlaceDownloadCancel(CommandButton& button, int right, int top) {
+  PlaceButton(button, {right - kDialogButtonWidth, top, kDialogButtonWidth, kDialogButtonHeight}, "Cancel",
+              "End the download and close the window.");
+  button.Cancel = true;
 }
 
 std::string OpenConnectionNotice(const std::string& url) {

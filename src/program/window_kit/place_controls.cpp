@@ -24,12 +24,18 @@ void LayOutDialog(Form& window, const std::string& caption, InTaskbar in_taskbar
   window.ShowInTaskbar = in_taskbar == InTaskbar::kYes;
 }
 
+void PlaceEndButtons(const EndButton& take, const EndButton& leave, int right, int top) {
+  int left = right - 2 * kDialogButtonWidth - kButtonGap;
+  for (const EndButton& row : {take, leave}) {
+    PlaceButton(row.button, {left, top, kDialogButtonWidth, kDialogButtonHeight}, row.caption, row.tip);
+    left += kDialogButtonWidth + kButtonGap;
+  }
+  leave.button.Cancel = true;
+}
+
 void PlaceOkAndCancel(CommandButton& ok, CommandButton& cancel, int right, int top) {
-  const int cancel_left = right - kDialogButtonWidth;
-  PlaceButton(ok, {cancel_left - kButtonGap - kDialogButtonWidth, top, kDialogButtonWidth, kDialogButtonHeight}, "OK");
-  PlaceButton(cancel, {cancel_left, top, kDialogButtonWidth, kDialogButtonHeight}, "Cancel");
+  PlaceEndButtons({ok, "OK"}, {cancel, "Cancel"}, right, top);
   ok.Default = true;
-  cancel.Cancel = true;
 }
 
 void SetCaptionAndTip(CommandButton& button, const std::string& caption, const std::string& tip) {

@@ -40,8 +40,15 @@ void LayOutFixedWindow(Form& window, const std::string& caption, StartPosition p
 enum class InTaskbar { kNo, kYes };
 void LayOutDialog(Form& window, const std::string& caption, InTaskbar in_taskbar = InTaskbar::kNo);
 
-// The buttons that end a dialogue, at the right of its client area with their top there; Enter presses OK, Escape
-// Cancel.
+// The two buttons that end a dialogue, side by side with the right edge of the second at `right`; Escape presses the
+// second.
+struct EndButton {
+  CommandButton& button;
+  const char* caption;
+  const char* tip = "";
+};
+void PlaceEndButtons(const EndButton& take, const EndButton& leave, int right, int top);
+// The usual two; Enter presses OK.
 void PlaceOkAndCancel(CommandButton& ok, CommandButton& cancel, int right, int top);
 
 void SetCaptionAndTip(CommandButton& button, const std::string& caption, const std::string& tip = "");

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "base/runtime_error.h"
 #include "forms/property.h"
 #include "platform/failure_box.h"
 
@@ -28,6 +29,11 @@ bool RunCommand(Command&& command, const std::string& context = "", BoxIcon icon
 // The same command behind several controls.
 inline void SetCommand(std::initializer_list<Event<>*> events, const std::function<void()>& command) {
   for (Event<>* event : events) *event = [command] { RunCommand(command); };
+}
+
+// One whose failure ends it without a word.
+inline void SetSilentCommand(Event<>& event, const std::function<void()>& command) {
+  event = [command] { Attempt(command); };
 }
 
 }  // namespace kestrun

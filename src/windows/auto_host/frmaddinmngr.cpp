@@ -63,11 +63,7 @@ void FrmAddinMngr::LayOut() {
     PlaceButton(row.button, {right, top, kButtonWidth, kDialogButtonHeight}, row.caption, row.tip);
     top += kButtonStep;
   }
-  const int cancel_left = kMargin + kWidth - kDialogButtonWidth;
-  PlaceButton(Command3, {cancel_left - kGap - kDialogButtonWidth, kEndTop, kDialogButtonWidth, kDialogButtonHeight},
-              "Save", "Save list");
-  PlaceButton(Command5, {cancel_left, kEndTop, kDialogButtonWidth, kDialogButtonHeight}, "Cancel");
-  Command5.Cancel = true;
+  PlaceEndButtons({Command3, "Save", "Save list"}, {Command5, "Cancel"}, kMargin + kWidth, kEndTop);
 }
 
 void FrmAddinMngr::Load() {

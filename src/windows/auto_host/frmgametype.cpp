@@ -29,7 +29,6 @@ constexpr int kFrameInside = kFirstBox + kRowsOfBoxes * kBoxStep + 90;
 constexpr int kBarTop = kFrameTop + kFrameInside + 150;
 constexpr int kBarHeight = 315;
 constexpr int kButtonTop = kBarTop + kBarHeight + kMargin;
-constexpr int kButtonGap = 120;
 
 }  // namespace
 
@@ -72,13 +71,8 @@ void FrmGameType::LayOut() {
   ProgressBar1.Move(kMargin, kBarTop, kWidth, kBarHeight);
   ProgressBar1.BroderStyle = 1;
   ProgressBar1.ToolTipText = "How many of the maps are done";
-  const int cancel_left = kMargin + kWidth - kDialogButtonWidth;
-  PlaceButton(Command1,
-              {cancel_left - kButtonGap - kDialogButtonWidth, kButtonTop, kDialogButtonWidth, kDialogButtonHeight},
-              "Run");
-  PlaceButton(Command2, {cancel_left, kButtonTop, kDialogButtonWidth, kDialogButtonHeight}, "Cancel");
+  PlaceEndButtons({Command1, "Run"}, {Command2, "Cancel"}, kMargin + kWidth, kButtonTop);
   Command1.Default = true;
-  Command2.Cancel = true;
 }
 
 void FrmGameType::Load() { StartStyleTimer(Timer1); }

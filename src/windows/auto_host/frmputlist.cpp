@@ -2,6 +2,7 @@
 #include "windows/auto_host/frmputlist.h"
 
 #include "base/convert.h"
+#include "base/field_row.h"
 #include "forms/member_rows.h"
 #include "maps/map_picture.h"
 #include "platform/platform.h"
@@ -19,21 +20,7 @@ const WindowRegistration registration(frmputlist::kName, [] { return MakeRef<frm
 
 frmputlist& Self(Object& object) { return static_cast<frmputlist&>(object); }
 
-// A public field of the run.
-template <auto kField>
-constexpr Member FieldRow(std::string_view name) {
-  using Value = std::remove_cvref_t<decltype(std::declval<RunFields>().*kField)>;
-  return {
-      name,
-      MemberKind::kReadWrite,
-      0,
-      0,
-      [](Object& object, Arguments) -> Variant { return VariantTraits<Value>::To(Self(object).run.fields.*kField); },
-      [](Object& object, Arguments, const Variant& value) {
-        Self(object).run.fields.*kField = VariantTraits<Value>::From(value);
-      },
-      VariantTraits<Value>::kTypeName};
-}
+RunFields& FieldsOf(Object& object) { return Self(object).run.fields; }
 
 // The second argument takes the stored address.
 Variant CallGetPicturePath(Object&, Arguments arguments) {
@@ -44,18 +31,17 @@ Variant CallGetPicturePath(Object&, Arguments arguments) {
 }
 
 constexpr Member kRows[]{
-    FieldRow<&RunFields::Random>("Random"),
-    FieldRow<&RunFields::Rename>("Rename"),
-    FieldRow<&RunFields::NextMap>("NextMap"),
-    FieldRow<&RunFields::Errors>("Errors"),
-    FieldRow<&RunFields::DfVersion>("DfVersion"),
-    FieldRow<&RunFields::MemoryAdress>("MemoryAdress"),
-    FieldRow<&RunFields::GameTimer>("GameTimer"),
-    FieldRow<&RunFields::GameEndAddr>("GameEndAddr"),
-    FieldRow<&RunFields::PState>("PState"),
-    FieldRow<&RunFields::LTime>("LTime"),
-    {"Edited", MemberKind::kReadWrite, 0, 0, [](Object& object, Arguments) -> Variant { return Self(object).Edited; },
-     [](Object& object, Arguments, const Variant& value) { Self(object).Edited = ToBoolean(value); }, "Boolean"},
+    FieldRow<&RunFields::Random, FieldsOf>("Random"),
+    FieldRow<&RunFields::Rename, FieldsOf>("Rename"),
+    FieldRow<&RunFields::NextMap, FieldsOf>("NextMap"),
+    FieldRow<&RunFields::Errors, FieldsOf>("Errors"),
+    FieldRow<&RunFields::DfVersion, FieldsOf>("DfVersion"),
+    FieldRow<&RunFields::MemoryAdress, FieldsOf>("MemoryAdress"),
+    FieldRow<&RunFields::GameTimer, FieldsOf>("GameTimer"),
+    FieldRow<&RunFields::GameEndAddr, FieldsOf>("GameEndAddr"),
+    FieldRow<&RunFields::PState, FieldsOf>("PState"),
+    FieldRow<&RunFields::LTime, FieldsOf>("LTime"),
+    FieldRow<&frmputlist::Edited, Self>("Edited"),
     MethodRow<&frmputlist::GetAddin>("GetAddin", "Index"),
     MethodRow<&frmputlist::GetForm>("GetForm", "Index"),
     MethodRow<&frmputlist::GetFormIndex>("GetFormIndex", "Name"),
@@ -109,7 +95,7 @@ void frmputlist::Connect() {
   SetCommand({&mnu_addgametype.Click}, [] { OpenWindow(window_name::kGameTypes, ShowWay::kShowModal); });
   SetCommand({&mnu_changeDFversion.Click}, [] { OpenWindow(window_name::kGameVersion, ShowWay::kShowModal); });
   SetCommand({&mnu_addin.Click}, [] { OpenWindow(window_name::kAddInManager, ShowWay::kShowModal); });
-  SetCommand({&mnu_quickhelp.Click}, [] { OpenDocument(AppFile(platform().program().ExeName() + ".chm")); });
+  SetCommand({&mnu_quickhelp.Click}, [] { OpenHelpFile(); });
   SetCommand({&mnu_helpAbout.Click}, [] { OpenWindow(window_name::kAbout, ShowWay::kShowModal); });
 }
 

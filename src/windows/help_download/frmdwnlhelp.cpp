@@ -62,15 +62,10 @@ void frmdwnlhelp::Append(const std::string& line) {
 void frmdwnlhelp::Check() {
   const Ref<Form> keep(this);
   Append("Connecting ...");
-  bool is_there = false;
-  bool is_cancelled = false;
-  {
-    const FetchScope fetch(this);
-    is_there = FetchSiteFile();
-    is_cancelled = fetch.IsCancelled();
-  }
-  if (is_there) return Compare();
-  if (!is_cancelled) MsgBox("Can't access files on server please try again later.");
+  FetchLabel label(LblAmount);
+  const SiteFetch fetch = FetchSiteFile(&label);
+  if (fetch == SiteFetch::kThere) return Compare();
+  if (fetch == SiteFetch::kFailed) MsgBox("Can't access files on server please try again later.");
   Unload();
 }
 
@@ -117,9 +112,5 @@ void frmdwnlhelp::OpenHelp() {
   ShellOpen("Open", path, "", platform().program().Folder(), kShowNormal);
   Unload();
 }
-
-void frmdwnlhelp::ShowFetch(const FetchState& state) { LblAmount.Caption = DescribeFetch(state); }
-
-void frmdwnlhelp::EndFetch() { LblAmount.Caption = ""; }
 
 }  // namespace kestrun

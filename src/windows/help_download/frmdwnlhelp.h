@@ -13,7 +13,7 @@
 
 namespace kestrun {
 
-class frmdwnlhelp final : public Form, private FetchDisplay {
+class frmdwnlhelp final : public Form {
  public:
   static constexpr const char* kName = window_name::kHelpDownload;
   frmdwnlhelp();
@@ -40,8 +40,6 @@ class frmdwnlhelp final : public Form, private FetchDisplay {
   void BeginFetch(const std::string& path, int64_t version);
   void TakeHelp(const std::string& path);
   void OpenHelp();
-  void ShowFetch(const FetchState& state) override;
-  void EndFetch() override;
 
   std::string hash_;  // what the site says of the document when its download begins
 };

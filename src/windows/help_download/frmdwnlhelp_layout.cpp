@@ -11,10 +11,7 @@ constexpr int kGap = 120;
 constexpr int kClientWidth = 6600;
 constexpr int kInside = kClientWidth - 2 * kMargin;
 constexpr int kBarTop = kMargin + 2 * kLabelHeight + kGap;
-constexpr int kBarHeight = 330;
-constexpr int kAmountTop = kBarTop + kBarHeight + kGap;
-constexpr int kAmountHeight = 2 * kLabelHeight;
-constexpr int kLogTop = kAmountTop + kAmountHeight + kGap;
+constexpr int kLogTop = kBarTop + kDownloadHeight + kGap;
 constexpr int kLogHeight = 1800;
 constexpr int kNoticeTop = kLogTop + kLogHeight + kGap;
 constexpr int kButtonTop = kNoticeTop + kLabelHeight + kGap;
@@ -27,11 +24,7 @@ void frmdwnlhelp::LayOut() {
   SetClientSize(kClientWidth, kButtonTop + kDialogButtonHeight + kMargin);
   PlaceLabel(Label1, kMargin, kMargin, kInside, "Downloading help from internet please wait ...");
   PlaceLabel(Label2, kMargin, kBarTop - kLabelHeight - kGap / 4, kInside, "Progress:");
-  ProgressBar1.Move(kMargin, kBarTop, kInside, kBarHeight);
-  LayOutDownloadBar(ProgressBar1, "Progress of the download");
-  PlaceLabel(LblAmount, kMargin, kAmountTop, kInside, "");
-  LblAmount.Height = kAmountHeight;
-  LblAmount.WordWrap = true;
+  PlaceDownload(ProgressBar1, LblAmount, kMargin, kBarTop, kInside);
   txtprogress.Move(kMargin, kLogTop, kInside, kLogHeight);
   txtprogress.MultiLine = true;
   txtprogress.Locked = true;
@@ -39,10 +32,7 @@ void frmdwnlhelp::LayOut() {
   txtprogress.ToolTipText = "What has been done so far.";
   txtprogress.Text = "Please wait ..." + std::string(kCrLf);
   PlaceLabel(LblNotice, kMargin, kNoticeTop, kInside, "");
-  PlaceButton(Command1,
-              {kClientWidth - kMargin - kDialogButtonWidth, kButtonTop, kDialogButtonWidth, kDialogButtonHeight},
-              "Cancel", "End the download and close the window.");
-  Command1.Cancel = true;
+  PlaceDownloadCancel(Command1, kClientWidth - kMargin, kButtonTop);
   Timer1.Enabled = false;
   Timer1.Interval = kTimerMs;
 }

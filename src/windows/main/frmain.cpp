@@ -113,7 +113,7 @@ void frmain::Shown() {
 void frmain::Unloading() {
   TmrQuickLinks.Enabled = false;
   Attempt([this] { WriteSetting(setting::kStatusLine, BooleanToText(txtstatusbar.Visible)); });
-  const std::string path = platform().program().Folder() + "\\" + platform().program().ExeName() + ".exe";
+  const std::string path = AppFile(platform().program().ExeName() + ".exe");
   Attempt([&] { SaveSetting("DFLWKESTRUN", "launcher", "PATH", path); });
 }
 

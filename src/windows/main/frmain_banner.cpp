@@ -122,10 +122,11 @@ void frmain::BeginBanner(const std::string& url, const std::string& format, cons
   if (IsFormat(format)) static_cast<void>(Downloader.BeginDownload(url, AppFile("banner." + format), false));
 }
 
-// What is no picture leaves the banner as it was, without a word.
+// What cannot be shown to its end leaves the banner as it was, without a word.
 void frmain::TakeBanner(const std::string& path) {
-  if (Attempt([&] { static_cast<void>(LoadPictureFile(path)); })) {
-    AnimGIF1.LoadNewPicture(path, EqualsNoCase(AnimGIF1.Tag.get(), kAnimatedFormat) ? kAnimatedGif : 0);
+  const int kind = EqualsNoCase(AnimGIF1.Tag.get(), kAnimatedFormat) ? kAnimatedGif : 0;
+  if (AnimatedGIF::CanLoad(path, kind)) {
+    AnimGIF1.LoadNewPicture(path, kind);
     PlaceBanner();
   }
   DeleteQuietly(path);
@@ -152,22 +153,16 @@ void frmain::RefreshBanner() {
 }
 
 void frmain::CheckForMaps() {
-  bool is_there = false;
-  bool is_cancelled = false;
-  {
-    const FetchScope fetch(&status_line_);
-    is_there = FetchSiteFile();
-    is_cancelled = fetch.IsCancelled();
-  }
-  if (is_cancelled) return;
-  if (!is_there) {
+  const SiteFetch fetch = FetchSiteFile(&status_line_);
+  if (fetch == SiteFetch::kCancelled) return;
+  if (fetch == SiteFetch::kFailed) {
     MsgBox("Cannot connect to the server make sure you are connected to the internet.");
     return;
   }
   const int64_t count = ReadSiteNumber(SiteFilePath(), site::kMapCount);
   MsgBox("There are " + std::to_string(count - NumberAtStart(ReadSetting(setting::kLastVisit))) +
          " new maps on the site.");
-  DeleteQuietly(SiteFilePath());
+  DeleteSiteFile();
   WriteSetting(setting::kLastVisit, std::to_string(count));
 }
 

@@ -184,9 +184,7 @@ void frmain::ShowPreviewOfSelection() {
 // separator.
 void frmain::ShowPreviewOfFolder() {
   const std::string stored = ReadSetting(setting::kPreviewPicture, FileMaps.Path() + FileMaps.FileName());
-  Ref<kestrun::Picture> picture;
-  if (!stored.empty()) Attempt([&] { picture = LoadPictureFile(stored); });
-  ShowPicture(picture);
+  ShowPicture(LoadPictureOrNull(stored));
 }
 
 void frmain::ShowPicture(const Ref<kestrun::Picture>& picture) {

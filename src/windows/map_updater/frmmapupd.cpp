@@ -33,11 +33,6 @@ constexpr const char* kWhatsThis =
     "that aren't in your map folder or have a bigger file size on the remote computer. Then it copies those maps to "
     "your PC.";
 
-// A failure ends such a command without a word.
-void SetSilentCommand(MenuItem& item, const std::function<void()>& command) {
-  item.Click = [command] { Attempt(command); };
-}
-
 }  // namespace
 
 const MemberTable& frmmapupd::Members() const { return kTable; }
@@ -81,13 +76,13 @@ void frmmapupd::Connect() {
 void frmmapupd::ConnectPopUps() {
   ConnectList(lstmapsPC, mnu_PCMAP, mnu_pcdelete, mnu_PCrename);
   ConnectList(LstmapsRem, mnu_REMMAP, mnu_delRem, mnu_renameRem);
-  SetSilentCommand(mnu_pcdelete, [this] { DeleteMap(TxtPC.Text, lstmapsPC); });
-  SetSilentCommand(mnu_delRem, [this] { DeleteMap(LstmapsRem.Path(), LstmapsRem); });
-  SetSilentCommand(mnu_PCcopyto, [this] { CopyMap(lstmapsPC.Path() + "\\", lstmapsPC); });
+  SetSilentCommand(mnu_pcdelete.Click, [this] { DeleteMap(TxtPC.Text, lstmapsPC); });
+  SetSilentCommand(mnu_delRem.Click, [this] { DeleteMap(LstmapsRem.Path(), LstmapsRem); });
+  SetSilentCommand(mnu_PCcopyto.Click, [this] { CopyMap(lstmapsPC.Path() + "\\", lstmapsPC); });
   // The remote list's path and name are joined as they are.
-  SetSilentCommand(mnu_CopRem, [this] { CopyMap(LstmapsRem.Path(), LstmapsRem); });
-  SetSilentCommand(mnu_PCrename, [this] { RenameMap(TxtPC, lstmapsPC); });
-  SetSilentCommand(mnu_renameRem, [this] { RenameMap(TxtRem, LstmapsRem); });
+  SetSilentCommand(mnu_CopRem.Click, [this] { CopyMap(LstmapsRem.Path(), LstmapsRem); });
+  SetSilentCommand(mnu_PCrename.Click, [this] { RenameMap(TxtPC, lstmapsPC); });
+  SetSilentCommand(mnu_renameRem.Click, [this] { RenameMap(TxtRem, LstmapsRem); });
 }
 
 void frmmapupd::ConnectList(FileListBox& list, MenuItem& menu, MenuItem& remove, MenuItem& rename) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/convert.h"
+#include "base/field_row.h"
 #include "forms/keys.h"
 #include "forms/member_rows.h"
 #include "game/builds.h"
@@ -11,6 +12,7 @@
 #include "platform/platform.h"
 #include "program/settings.h"
 #include "program/window_kit/apply_style.h"
+#include "program/window_kit/list_keys.h"
 #include "program/window_kit/run_command.h"
 #include "windows/messenger/frmaddmessage.h"
 
@@ -24,23 +26,10 @@ constexpr const char* kDefaultSeconds = "60";
 
 frmchat& Self(Object& object) { return static_cast<frmchat&>(object); }
 
-template <auto kField>
-constexpr Member FieldRow(std::string_view name) {
-  using Value = std::remove_cvref_t<decltype(std::declval<frmchat>().*kField)>;
-  return {
-      name,
-      MemberKind::kReadWrite,
-      0,
-      0,
-      [](Object& object, Arguments) -> Variant { return VariantTraits<Value>::To(Self(object).*kField); },
-      [](Object& object, Arguments, const Variant& value) { Self(object).*kField = VariantTraits<Value>::From(value); },
-      VariantTraits<Value>::kTypeName};
-}
-
 constexpr Member kRows[]{
-    FieldRow<&frmchat::MemoryAdress>("MemoryAdress"),
-    FieldRow<&frmchat::GameEndAddress>("GameEndAddress"),
-    FieldRow<&frmchat::Changed>("Changed"),
+    FieldRow<&frmchat::MemoryAdress, Self>("MemoryAdress"),
+    FieldRow<&frmchat::GameEndAddress, Self>("GameEndAddress"),
+    FieldRow<&frmchat::Changed, Self>("Changed"),
     MethodRow<&frmchat::SendNextMessage>("SendNextMessage"),
     MethodRow<&frmchat::SendGameStartMessages>("SendGameStartMessages"),
     MethodRow<&frmchat::Writemessage>("Writemessage", "Message, KeyAscii, MemoryAdress"),
@@ -63,25 +52,14 @@ void frmchat::Connect() {
   SetCommand({&Command3.Click}, [this] { Enable(); });
   SetCommand({&Command4.Click}, [this] { Disable(); });
   Command5.Click = [this] { Save(); };
-  lstmsg.KeyDown = [this](int& key_code, int) { HandleListKey(key_code); };
+  lstmsg.KeyDown = [this](int& key_code, int) {
+    PressForKey(key_code,
+                {{key::kInsert, Command1}, {key::kDelete, Command2}, {key::kEnter, Command6}, {key::kF2, Command6}});
+  };
   SetCommand({&Text1.Change}, [this] { CheckSeconds(); });
   Timer.Tick = [this] { Tick(); };
   TmrGameStart.Tick = [this] { SendGameStartMessages(); };
   QueryUnload = [this](bool& cancel) { AskToSave(cancel); };
-}
-
-void frmchat::HandleListKey(int& key_code) {
-  struct Row {
-    int key;
-    CommandButton& button;
-  };
-  for (const Row& row : {Row{key::kInsert, Command1}, Row{key::kDelete, Command2}, Row{key::kEnter, Command6},
-                         Row{key::kF2, Command6}}) {
-    if (key_code != row.key) continue;
-    key_code = 0;
-    row.button.Press();
-    return;
-  }
 }
 
 // ---- settings ------------------------------------------------------------------------------------------------------

@@ -70,7 +70,6 @@ class frmchat final : public Form {
   void LayOut();
   void LayOutMessages();
   void Connect();
-  void HandleListKey(int& key_code);
 
   void LoadSettings();
   // False when they could not be stored.

@@ -7,7 +7,6 @@ namespace kestrun {
 namespace {
 
 constexpr int kMargin = 180;
-constexpr int kGap = 120;
 constexpr int kClientWidth = 6000;
 constexpr int kInside = kClientWidth - 2 * kMargin;
 constexpr int kBoxHeight = 315;
@@ -50,14 +49,11 @@ void frmname::LayOut() {
   LblNote.Height = kNoteHeight;
   LblNote.WordWrap = true;
   LblNote.UseMnemonic = false;
-  const int cancel_left = kClientWidth - kMargin - kDialogButtonWidth;
   PlaceButton(cmdCharMap, {kMargin, kButtonsTop, kCharMapWidth, kDialogButtonHeight}, "Run Char Map",
               "Run a special character map.");
-  PlaceButton(cmdSave, {cancel_left - kGap - kDialogButtonWidth, kButtonsTop, kDialogButtonWidth, kDialogButtonHeight},
-              "Save", "Save everything.");
-  PlaceButton(Command1, {cancel_left, kButtonsTop, kDialogButtonWidth, kDialogButtonHeight}, "Cancel", "Cancel this.");
+  PlaceEndButtons({cmdSave, "Save", "Save everything."}, {Command1, "Cancel", "Cancel this."}, kClientWidth - kMargin,
+                  kButtonsTop);
   cmdSave.Default = true;
-  Command1.Cancel = true;
   FillMenu(mnu_file, "File", {{mnu_loadnames, "Load names"}, {mnu_savenames, "Save names"}, {mnu_exit, "Exit"}});
   mnu_loadnames.Shortcut = "F5";
   mnu_savenames.Shortcut = "Ctrl+S";

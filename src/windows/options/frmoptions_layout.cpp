@@ -67,13 +67,9 @@ void frmoptions::LayOut() {
   Image1.Picture = ProgramIcon();
   Image1.Stretch = true;
   Image1.Move(kLogoLeft, kButtonsTop, kLogo, kLogo);
-  const int cancel_left = kClientWidth - kMargin - kDialogButtonWidth;
-  PlaceButton(Command1, {cancel_left - kGap - kDialogButtonWidth, kButtonsTop, kDialogButtonWidth, kDialogButtonHeight},
-              "&Save", "Store what is shown here.");
-  PlaceButton(Command2, {cancel_left, kButtonsTop, kDialogButtonWidth, kDialogButtonHeight}, "Cancel",
-              "Close the window and change nothing.");
+  PlaceEndButtons({Command1, "&Save", "Store what is shown here."},
+                  {Command2, "Cancel", "Close the window and change nothing."}, kClientWidth - kMargin, kButtonsTop);
   Command1.Default = true;
-  Command2.Cancel = true;
 }
 
 void frmoptions::PlaceRow(Frame& frame, int row, Label& label, const std::string& caption, TextBox& box,

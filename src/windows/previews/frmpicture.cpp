@@ -89,9 +89,7 @@ void frmpicture::ShowMap() {
   const bool is_by_name = ReadSetting(setting::kPreviewPicture, PictureKey(map)).empty() && !link.empty();
   (is_by_name ? OptNameOnly : OptFullPath).Value = true;
   txtimage.Text = link;
-  Ref<kestrun::Picture> picture;
-  if (!path.empty()) Attempt([&] { picture = LoadPictureFile(path); });
-  SetPicture(picture);
+  SetPicture(LoadPictureOrNull(path));
 }
 
 // ---- where the picture comes from ----------------------------------------------------------------------------------
@@ -125,7 +123,7 @@ void frmpicture::CmdDownload_Click() {
   std::string reply;
   {
     const FetchScope fetch(&status_line_);
-    const bool is_there = FetchSiteFile();
+    const bool is_there = FetchSiteFile() == SiteFetch::kThere;
     if (is_there) reply = SearchPreviews(ReadSiteValue(SiteFilePath(), site::kMapCenter), lblmap.Caption);
     if (fetch.IsCancelled()) return;
     if (!is_there) {

@@ -54,13 +54,9 @@ void frmpicture::LayOut() {
   LblNoPicture.Alignment = static_cast<int>(TextAlignment::kCenter);
   LblNoPicture.ForeColor = color::kGrayText;
   SetPicture({});
-  const int cancel_left = kClientWidth - kMargin - kDialogButtonWidth;
-  PlaceButton(Command1, {cancel_left - kGap - kDialogButtonWidth, kButtonTop, kDialogButtonWidth, kDialogButtonHeight},
-              "Save", "Store this picture for the map.");
-  PlaceButton(Command2, {cancel_left, kButtonTop, kDialogButtonWidth, kDialogButtonHeight}, "Cancel",
-              "Close the window and change nothing.");
+  PlaceEndButtons({Command1, "Save", "Store this picture for the map."},
+                  {Command2, "Cancel", "Close the window and change nothing."}, kClientWidth - kMargin, kButtonTop);
   Command1.Default = true;
-  Command2.Cancel = true;
   status_line_.LayOut("A picture can also be dropped on this window.");
   status_line_.Place(kClientWidth, ScaleHeight());
 }

@@ -39,13 +39,6 @@ constexpr int kStyleTimerMs = 50;
 constexpr Member kRows[]{MethodRow<&FrmpictureSelect::RefreshList>("RefreshList", "Reply, MapName")};
 const MemberTable kTable{&Form::kFormMembers, kRows};
 
-// Null when the file is no picture that can be shown.
-Ref<Picture> PictureIn(const std::string& path) {
-  Ref<Picture> picture;
-  Attempt([&] { picture = LoadPictureFile(path); });
-  return picture;
-}
-
 std::string PreviewFile() { return SpecialFolder(folder::kTemporary) + "preview.jpg"; }
 
 }  // namespace
@@ -119,7 +112,7 @@ void FrmpictureSelect::ShowChosen() {
   const FetchScope fetch(&status_line_);
   const std::string path = PreviewFile();
   const bool is_there = DownloadFile(address, path);
-  SetPicture(is_there ? PictureIn(path) : Ref<kestrun::Picture>());
+  SetPicture(is_there ? LoadPictureOrNull(path) : Ref<kestrun::Picture>());
   if (!ImgPreview.Picture.get() && !fetch.IsCancelled()) MsgBox("Unable to download picture.");
 }
 
@@ -134,7 +127,7 @@ void FrmpictureSelect::TakeChosen() {
     const FetchScope fetch(&status_line_);
     const bool is_there = DownloadFile(address, fetched);
     if (fetch.IsCancelled()) return;
-    if (!is_there || !PictureIn(fetched) || !Attempt([&] { platform().files().Copy(fetched, target); })) {
+    if (!is_there || !LoadPictureOrNull(fetched) || !Attempt([&] { platform().files().Copy(fetched, target); })) {
       MsgBox("Failed to download picture.");
       return;
     }

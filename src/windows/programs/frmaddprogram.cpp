@@ -14,6 +14,7 @@
 #include "program/user_programs.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/ask.h"
+#include "program/window_kit/list_keys.h"
 #include "program/window_kit/place_controls.h"
 #include "program/window_kit/run_command.h"
 
@@ -36,11 +37,6 @@ constexpr int kListTop = 300;
 constexpr int kListHeight = 2100;
 constexpr int kFrameHeightInside = kListTop + kListHeight + kPad;
 constexpr int kEndTop = kMargin + kFrameHeightInside + kMargin;
-
-// A failure of one of the window's commands ends it without a word.
-void SetSilentCommand(CommandButton& button, const std::function<void()>& command) {
-  button.Click = [command] { Attempt(command); };
-}
 
 }  // namespace
 
@@ -72,36 +68,21 @@ void frmaddprogram::LayOut() {
     PlaceButton(row.button, {right, top, kButtonWidth, kDialogButtonHeight}, row.caption, row.tip);
     top += kButtonStep;
   }
-  const int cancel_left = kMargin + kWidth - kDialogButtonWidth;
-  PlaceButton(Command3, {cancel_left - kGap - kDialogButtonWidth, kEndTop, kDialogButtonWidth, kDialogButtonHeight},
-              "Save", "Store the list.");
-  PlaceButton(Command4, {cancel_left, kEndTop, kDialogButtonWidth, kDialogButtonHeight}, "Cancel",
-              "Close the window and store nothing.");
-  Command4.Cancel = true;
+  PlaceEndButtons({Command3, "Save", "Store the list."}, {Command4, "Cancel", "Close the window and store nothing."},
+                  kMargin + kWidth, kEndTop);
 }
 
 void frmaddprogram::Connect() {
-  SetSilentCommand(Command1, [this] { AddOne(); });
-  SetSilentCommand(Command2, [this] { RemoveOne(); });
-  SetSilentCommand(Command5, [this] { ShowProperties(); });
+  SetSilentCommand(Command1.Click, [this] { AddOne(); });
+  SetSilentCommand(Command2.Click, [this] { RemoveOne(); });
+  SetSilentCommand(Command5.Click, [this] { ShowProperties(); });
   SetCommand({&Command3.Click}, [this] { SaveAll(); });
-  SetSilentCommand(Command4, [this] { Unload(); });
+  SetSilentCommand(Command4.Click, [this] { Unload(); });
   Lstprograms.DblClick = [this] { Command5.Press(); };
-  Lstprograms.KeyDown = [this](int& key_code, int) { HandleListKey(key_code); };
-  FilesDropped = [this](const std::vector<std::string>& paths) { Attempt([&] { TakeDropped(paths); }); };
-}
-
-void frmaddprogram::HandleListKey(int& key_code) {
-  struct Row {
-    int key;
-    CommandButton& button;
+  Lstprograms.KeyDown = [this](int& key_code, int) {
+    PressForKey(key_code, {{key::kInsert, Command1}, {key::kDelete, Command2}, {key::kEnter, Command5}});
   };
-  for (const Row& row : {Row{key::kInsert, Command1}, Row{key::kDelete, Command2}, Row{key::kEnter, Command5}}) {
-    if (key_code != row.key) continue;
-    key_code = 0;
-    row.button.Press();
-    return;
-  }
+  FilesDropped = [this](const std::vector<std::string>& paths) { Attempt([&] { TakeDropped(paths); }); };
 }
 
 void frmaddprogram::Load() {
@@ -197,12 +178,7 @@ void frmaddprogram::SaveAll() {
 
 // A new instance, then the end of this one; without the first this one stays.
 void frmaddprogram::Restart() {
-  const std::string folder = platform().program().Folder();
-  const std::string program = folder + "\\" + platform().program().ExeName() + ".exe";
-  constexpr int kLeastSuccess = 33;
-  if (platform().shell().Open("open", program, "", folder, kShowNormal) < kLeastSuccess) {
-    throw FileError(error::kFileNotFound, program);
-  }
+  StartProgram(AppFile(platform().program().ExeName() + ".exe"), platform().program().Folder());
   platform().processes().EndProcess();
 }
 

@@ -39,7 +39,6 @@ class frmaddprogram final : public Form {
  private:
   void LayOut();
   void Connect();
-  void HandleListKey(int& key_code);
   void LoadPrograms();
   void AddOne();
   void AddProgram(const std::string& name, const std::string& path);

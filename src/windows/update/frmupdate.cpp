@@ -20,10 +20,6 @@ const WindowRegistration registration(FrmUpdate::kName, [] { return MakeRef<FrmU
 
 constexpr const char* kUpdateFile = "Updkestrun.exe";
 
-void DeleteSiteFile() {
-  Attempt([] { platform().files().Delete(SiteFilePath()); });
-}
-
 }  // namespace
 
 FrmUpdate::FrmUpdate() : Form(kName) {
@@ -63,15 +59,10 @@ void FrmUpdate::Update() {
 
 // False when the user has ended the fetch, or when it has failed, which is told.
 bool FrmUpdate::HasSiteFile() {
-  bool is_there = false;
-  bool is_cancelled = false;
-  {
-    const FetchScope fetch(this);
-    is_there = FetchSiteFile();
-    is_cancelled = fetch.IsCancelled();
-  }
-  if (!is_there && !is_cancelled) MsgBox("Can't access the server try again later.");
-  return is_there;
+  FetchLabel label(LblAmount);
+  const SiteFetch fetch = FetchSiteFile(&label);
+  if (fetch == SiteFetch::kFailed) MsgBox("Can't access the server try again later.");
+  return fetch == SiteFetch::kThere;
 }
 
 bool FrmUpdate::HasNewVersion() {
@@ -122,9 +113,5 @@ void FrmUpdate::Refuse(const std::string& path, const std::string& why) {
   DeleteSiteFile();
   Unload();
 }
-
-void FrmUpdate::ShowFetch(const FetchState& state) { LblAmount.Caption = DescribeFetch(state); }
-
-void FrmUpdate::EndFetch() { LblAmount.Caption = ""; }
 
 }  // namespace kestrun

@@ -12,7 +12,7 @@
 
 namespace kestrun {
 
-class FrmUpdate final : public Form, private FetchDisplay {
+class FrmUpdate final : public Form {
  public:
   static constexpr const char* kName = window_name::kUpdate;
   FrmUpdate();
@@ -39,8 +39,6 @@ class FrmUpdate final : public Form, private FetchDisplay {
   void Install(const std::string& path);
   void Refuse(const std::string& path, const std::string& why);
   void Leave();
-  void ShowFetch(const FetchState& state) override;
-  void EndFetch() override;
 
   int64_t told_bytes_ = 0;
   std::string hash_;    // what the site says of the program when its download begins

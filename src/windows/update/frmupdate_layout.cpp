@@ -10,10 +10,7 @@ constexpr int kGap = 120;
 constexpr int kClientWidth = 6600;
 constexpr int kInside = kClientWidth - 2 * kMargin;
 constexpr int kBarTop = kMargin + kLabelHeight + kGap;
-constexpr int kBarHeight = 330;
-constexpr int kAmountTop = kBarTop + kBarHeight + kGap;
-constexpr int kAmountHeight = 2 * kLabelHeight;  // an address may need both lines
-constexpr int kNoticeTop = kAmountTop + kAmountHeight + kGap / 2;
+constexpr int kNoticeTop = kBarTop + kDownloadHeight + kGap / 2;
 constexpr int kButtonTop = kNoticeTop + kLabelHeight + kGap;
 constexpr int kTimerMs = 1000;
 
@@ -23,16 +20,9 @@ void FrmUpdate::LayOut() {
   LayOutDialog(*this, "Kestrun - Update", InTaskbar::kYes);
   SetClientSize(kClientWidth, kButtonTop + kDialogButtonHeight + kMargin);
   PlaceLabel(LblState, kMargin, kMargin, kInside, "Looking for a new version ...");
-  ProgressBar1.Move(kMargin, kBarTop, kInside, kBarHeight);
-  LayOutDownloadBar(ProgressBar1, "Progress of the download");
-  PlaceLabel(LblAmount, kMargin, kAmountTop, kInside, "");
-  LblAmount.Height = kAmountHeight;
-  LblAmount.WordWrap = true;
+  PlaceDownload(ProgressBar1, LblAmount, kMargin, kBarTop, kInside);
   PlaceLabel(LblNotice, kMargin, kNoticeTop, kInside, "");
-  PlaceButton(Command1,
-              {kClientWidth - kMargin - kDialogButtonWidth, kButtonTop, kDialogButtonWidth, kDialogButtonHeight},
-              "Cancel", "End the download and close the window.");
-  Command1.Cancel = true;
+  PlaceDownloadCancel(Command1, kClientWidth - kMargin, kButtonTop);
   Timer.Enabled = false;
   Timer.Interval = kTimerMs;
 }

@@ -45,7 +45,7 @@ void FrmCenter::ConnectControls() {
   SetCommand({&mnu_savelog.Click}, [this] { SaveLog(); });
   SetCommand({&mnu_exit.Click}, [this] { Unload(); });
   SetCommand({&mnu_refresh.Click}, [this] { RefreshList(); });
-  SetCommand({&mnu_index.Click}, [] { OpenDocument(AppFile(platform().program().ExeName() + ".chm")); });
+  SetCommand({&mnu_index.Click}, [] { OpenHelpFile(); });
   SetCommand({&mnu_about.Click}, [] { OpenWindow(window_name::kAbout); });
   FilesDropped = [this](const std::vector<std::string>& paths) { RunCommand([&] { TakeDropped(paths); }); };
   KeyDown = [this](int& key_code, int) {
@@ -136,7 +136,7 @@ void FrmCenter::Connect() {
   std::string failure;
   {
     const FetchScope fetch(&status_line_);
-    if (!FetchSiteFile()) {
+    if (FetchSiteFile() != SiteFetch::kThere) {
       failure = kNoLocation;
     } else {
       service_ = ReadSiteValue(SiteFilePath(), site::kMapCenter);

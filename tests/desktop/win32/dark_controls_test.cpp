@@ -13,6 +13,7 @@
 #include "forms/option_button.h"
 #include "forms/picture_box.h"
 #include "forms/text_box.h"
+#include "forms/tree_view.h"
 
 // Needs the system's types.
 #include <uxtheme.h>
@@ -59,6 +60,12 @@ class frmcontrols final : public Form {
     Picture1.BorderStyle = 1;
     Label1.Move(4200, 3750, 1500, 315);
     Label1.BorderStyle = 1;
+    Tree1.Move(2250, 2700, 1500, 2400);
+    for (int branch = 0; branch < 3; ++branch) {
+      TreeNode& node = Tree1.AddChild(nullptr, "", "Branch");
+      node.SetExpanded(branch == 1);
+      for (int leaf = 0; leaf < 12; ++leaf) Tree1.AddChild(&node, "", "Leaf with a long name");
+    }
   }
   void MakeDark() {
     BackColor = kDark;
@@ -82,6 +89,7 @@ class frmcontrols final : public Form {
   Frame& Frame1 = Add<Frame>("Frame1");
   PictureBox& Picture1 = Add<PictureBox>("Picture1");
   Label& Label1 = Add<Label>("Label1");
+  TreeView& Tree1 = Add<TreeView>("Tree1");
 };
 
 const WindowRegistration registration(frmcontrols::kName, [] { return MakeRef<frmcontrols>(); });
@@ -270,6 +278,20 @@ TEST_P(DarkControlsTest, AnOpenListAndItsArrowShowIt) {
   EXPECT_EQ(ShotOf(ListOf(form().Combo0)).At(0, 0), Mixed(45));
   EXPECT_EQ(LightPixels(shot), 0);
   SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
+}
+
+TEST_P(DarkControlsTest, ATreeShowsItsTextsAndBranchesInItsColours) {
+  const Shot shot = ShotOf(HandleOf(form().Tree1));
+  EXPECT_GT(CountOf(shot, kInk), 50);
+  EXPECT_GT(CountOf(shot, Mixed(45)), 20) << "the lines between the branches";
+}
+
+TEST_P(DarkControlsTest, TheSelectedNodeOfATreeWithoutTheFocusIsReadable) {
+  form().Tree1.Select(form().Tree1.roots().front());
+  PumpAndPaint();
+  const Shot shot = ShotOf(HandleOf(form().Tree1));
+  EXPECT_GT(CountOf(shot, Mixed(25)), 50);
+  EXPECT_EQ(LightPixels(shot), 0);
 }
 
 TEST_P(DarkControlsTest, TypedTextStaysInItsBox) {

@@ -9,7 +9,6 @@
 #include "desktop/win32/window/hover.h"
 #include "desktop/win32/window/peer_kinds.h"
 #include "forms/combo_box.h"
-#include "platform/platform.h"
 
 namespace kestrun {
 namespace {
@@ -70,12 +69,7 @@ class ComboBoxPeer final : public WindowedPeer {
   void ListChanged() override {
     if (stale_) return;
     stale_ = true;
-    platform().clock().Post(
-        [keep = std::weak_ptr<FormWindow>(form().shared_from_this()), control = Ref<Control>(&control())] {
-          const auto form = keep.lock();
-          ControlPeer* peer = form && form->is_open() ? form->PeerOf(*control) : nullptr;
-          if (peer) static_cast<ComboBoxPeer*>(peer)->Fill();
-        });
+    RunLater([](ControlPeer& peer) { static_cast<ComboBoxPeer&>(peer).Fill(); });
   }
 
   void Notify(int code) override {

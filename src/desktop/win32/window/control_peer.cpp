@@ -6,6 +6,7 @@
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/reader_name.h"
 #include "forms/accessible.h"
+#include "platform/platform.h"
 
 namespace kestrun {
 namespace {
@@ -241,6 +242,15 @@ POINT WindowedPeer::OnScreen(POINT place) const {
 void WindowedPeer::Dispatch(const std::function<void()>& action) {
   const auto keep = form().shared_from_this();
   DispatchEvent(&form().form(), action);
+}
+
+void WindowedPeer::RunLater(void (*action)(ControlPeer& peer)) {
+  platform().clock().Post(
+      [keep = std::weak_ptr<FormWindow>(form().shared_from_this()), control = Ref<Control>(&control()), action] {
+        const auto form = keep.lock();
+        ControlPeer* peer = form && form->is_open() ? form->PeerOf(*control) : nullptr;
+        if (peer) action(*peer);
+      });
 }
 
 void WindowedPeer::PassMouse(UINT message, WPARAM first, LPARAM second) {

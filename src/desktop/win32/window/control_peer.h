@@ -151,6 +151,8 @@ class WindowedPeer : public ControlPeer {
   virtual void AfterMessage(UINT message);
   // Runs what the user set off, with the form kept alive.
   void Dispatch(const std::function<void()>& action);
+  // In the next pass of the message loop, if the control is still there; the action gets its peer.
+  void RunLater(void (*action)(ControlPeer& peer));
   [[nodiscard]] POINT OnScreen(POINT place) const;
 
  private:

@@ -45,7 +45,7 @@ class ListPeer : public WindowedPeer {
   // that nobody sees is filled when it is shown.
   void ListChanged() override {
     if (std::exchange(stale_, true)) return;
-    Later([](ListPeer& peer) { peer.Fill(); });
+    RunLater([](ControlPeer& peer) { static_cast<ListPeer&>(peer).Fill(); });
   }
 
   void Notify(int code) override {
@@ -70,22 +70,12 @@ class ListPeer : public WindowedPeer {
   virtual void Filled() {}
 
  private:
-  // In the next pass of the message loop, if the control is still there.
-  void Later(void (*action)(ListPeer& peer)) {
-    platform().clock().Post(
-        [keep = std::weak_ptr<FormWindow>(form().shared_from_this()), control = Ref<Control>(&control()), action] {
-          const auto form = keep.lock();
-          ControlPeer* peer = form && form->is_open() ? form->PeerOf(*control) : nullptr;
-          if (peer) action(static_cast<ListPeer&>(*peer));
-        });
-  }
-
   // A choice of several rows is shown at once for all rows that it changes.
   void ChoiceChanged() {
     if (Model().MultiSelect == 0) {
       ShowChoice();
     } else if (!std::exchange(choice_stale_, true)) {
-      Later([](ListPeer& peer) { peer.ShowChoice(); });
+      RunLater([](ControlPeer& peer) { static_cast<ListPeer&>(peer).ShowChoice(); });
     }
   }
 

@@ -16,6 +16,7 @@ std::unique_ptr<ControlPeer> MakeOptionButtonPeer(FormWindow& form, Control& con
 std::unique_ptr<ControlPeer> MakeListBoxPeer(FormWindow& form, Control& control);
 std::unique_ptr<ControlPeer> MakeFileListBoxPeer(FormWindow& form, Control& control);
 std::unique_ptr<ControlPeer> MakeComboBoxPeer(FormWindow& form, Control& control);
+std::unique_ptr<ControlPeer> MakeTreeViewPeer(FormWindow& form, Control& control);
 // One that its container draws, or a link with a window when it answers clicks.
 std::unique_ptr<ControlPeer> MakeLabelPeer(FormWindow& form, Control& control);
 std::unique_ptr<ControlPeer> MakeImagePeer(FormWindow& form, Control& control);

@@ -26,6 +26,7 @@ constexpr std::array kPeers{
     PeerRow{"ListBox", &MakeListBoxPeer},
     PeerRow{"FileListBox", &MakeFileListBoxPeer},
     PeerRow{"ComboBox", &MakeComboBoxPeer},
+    PeerRow{"TreeView", &MakeTreeViewPeer},
     PeerRow{"Label", &MakeLabelPeer},
     PeerRow{"Image", &MakeImagePeer},
     PeerRow{"Line", &MakeLinePeer},

@@ -1,4 +1,4 @@
-// How long something takes, for benchmarks that compare medians of rounds.
+// How long something takes, for benchmarks that compare the medians or the fastest of rounds.
 #pragma once
 
 #include <algorithm>
@@ -12,6 +12,12 @@ template <class Work>
   const auto start = std::chrono::steady_clock::now();
   work();
   return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+// The shorter of `fastest_ms` and the time that the work takes now.
+template <class Work>
+void KeepFastest(double& fastest_ms, Work&& work) {
+  fastest_ms = std::min(fastest_ms, Milliseconds(work));
 }
 
 // Of at least one time.
