@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
+#include <memory>
 #include <thread>
 
 #include "web/loopback_fixture.h"
@@ -164,16 +166,17 @@ TEST_F(HttpRequestTest, ARequestBesideWhichTheWindowsStayUsableGetsTheSameAnswer
 }
 
 TEST_F(HttpRequestTest, ARequestThatIsLeftGivesNothing) {
-  std::atomic<bool> is_left = false;
-  server.Handle("/", [&](ServedConnection& connection) {
-    while (!is_left) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  // The server's thread may look at it when this test is over.
+  const auto is_left = std::make_shared<std::atomic<bool>>(false);
+  server.Handle("/", [is_left](ServedConnection& connection) {
+    while (!*is_left) std::this_thread::sleep_for(std::chrono::milliseconds(1));
     connection.Write("HTTP/1.1 200 OK\r\nContent-Length: 4\r\nConnection: close\r\n\r\nlate");
   });
   int times = 0;
   http.StayUsable([&] { return ++times < 50; });
   EXPECT_EQ(Get("/"), "");
   EXPECT_EQ(times, 50);
-  is_left = true;
+  *is_left = true;
 }
 
 TEST_F(HttpRequestTest, ABodyInChunksIsPutTogether) {
