@@ -42,6 +42,8 @@ void SelectFile(Object& list, const std::string& name) {
   for (int32_t row = 0; row < count; ++row) {
     if (!EqualsNoCase(ToText(GetMember(list, "List", {row})), name)) continue;
     PutMember(list, "ListIndex", row);
+    // Where several can be chosen, the current row is not chosen by that.
+    if (list.FindMember("Selected") != kNoMember) PutMember(list, "Selected", true, {row});
     return;
   }
 }
@@ -107,6 +109,13 @@ void ShowLargePicture(const Ref<Picture>& picture, WithoutPicture without) {
   window->Width = box->Left + box->Width + kLargePreviewRight;
   window->Height = box->Top + box->Height + kLargePreviewBottom;
   window->ShowModal();
+}
+
+void ShowInMainWindow(const std::string& map) {
+  const Ref<Form> window(&WindowByName(window_name::kMain));
+  PutMember(ControlOf(*window, "Text1"), "Text", ParentFolder(map));
+  for (const char* list : {"FileMaps", "ListBox"}) SelectFile(ControlOf(*window, list), GetFileName(map, true));
+  window->Show();
 }
 
 void OpenUploader(const std::string& zip) {

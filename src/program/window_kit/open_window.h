@@ -61,6 +61,9 @@ void OpenPreviewManager(const std::string& map, PreviewTask task = PreviewTask::
 enum class WithoutPicture { kNothing, kEmptyWindow };
 void ShowLargePicture(const Ref<Picture>& picture, WithoutPicture without = WithoutPicture::kNothing);
 
+// The main window with the map's folder in its path field, and the map selected.
+void ShowInMainWindow(const std::string& map);
+
 // The uploader with this zip selected.
 void OpenUploader(const std::string& zip);
 
