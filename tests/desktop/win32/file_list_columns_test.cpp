@@ -28,7 +28,7 @@ class FileListColumnsTest : public RealWindowTest {
     list().ColumnTexts = [](const std::string& name) -> std::vector<std::string> {
       return {name == "Oasis.zip" ? "IIII" : "", "MMM"};
     };
-    list().BackColor = 0x302010;
+    list().BackColor = kGround;
     list().ForeColor = 0x00FFFF;
     list().SetPath(folder);
   }
@@ -45,34 +45,43 @@ class FileListColumnsTest : public RealWindowTest {
     UpdateWindow(HandleOf(list()));
     return HandleOf(list());
   }
-  // How much is drawn in that colour between two places of a row, in twips.
-  int Drawn(int row, int left, int right, Color color) {
+  // How many pixels between two places of a row, in twips, have that colour, and how many another. The edges of letters
+  // are of colours between those of the text and of its ground.
+  RECT PlaceOf(int row, int left, int right) {
     RECT place{};
     SendMessageW(HandleOf(list()), LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
     const ScreenScale scale = WindowOf(*form).scale();
-    place.left = scale.Pixels(left);
-    place.right = scale.Pixels(right);
-    return CountPixels(HandleOf(list()), place, color);
+    return {scale.Pixels(left), place.top + 1, scale.Pixels(right), place.bottom - 1};  // inside a focus rectangle
+  }
+  int OfColor(int row, int left, int right, Color color) {
+    return CountPixels(HandleOf(list()), PlaceOf(row, left, right), color);
+  }
+  int OfOthers(int row, int left, int right, Color ground) {
+    const RECT place = PlaceOf(row, left, right);
+    const auto pixels = (place.right - place.left) * (place.bottom - place.top);
+    return static_cast<int>(pixels) - CountPixels(HandleOf(list()), place, ground);
   }
 
+  static constexpr Color kGround = 0x302010;
   std::string folder;
   const Ref<ListForm> form = MakeRef<ListForm>();
 };
 
 TEST_F(FileListColumnsTest, EachColumnStandsAtItsPlaceInTheListsColours) {
   Show();
-  EXPECT_GT(Drawn(1, 3000, 4500, 0x00FFFF), 0);
-  EXPECT_EQ(Drawn(0, 3000, 4500, 0x00FFFF), 0) << "an empty text";
-  EXPECT_GT(Drawn(0, 4500, 5400, 0x00FFFF), 0);
-  EXPECT_GT(Drawn(0, 0, 3000, 0x302010), 0);
+  EXPECT_GT(OfColor(1, 3000, 4500, kGround), 0);
+  EXPECT_GT(OfOthers(1, 3000, 4500, kGround), 0);
+  EXPECT_EQ(OfOthers(0, 3000, 4500, kGround), 0) << "an empty text";
+  EXPECT_GT(OfOthers(0, 4500, 5400, kGround), 0);
 }
 
 TEST_F(FileListColumnsTest, AChosenRowIsDrawnInTheSystemsColoursOfAChoice) {
   list().ListIndex = 1;
   Show();
-  EXPECT_GT(Drawn(1, 3000, 4500, GetSysColor(COLOR_HIGHLIGHT)), 0);
-  EXPECT_GT(Drawn(1, 3000, 4500, GetSysColor(COLOR_HIGHLIGHTTEXT)), 0);
-  EXPECT_EQ(Drawn(0, 3000, 4500, GetSysColor(COLOR_HIGHLIGHT)), 0);
+  EXPECT_GT(OfColor(1, 3000, 4500, GetSysColor(COLOR_HIGHLIGHT)), 0);
+  EXPECT_EQ(OfColor(1, 3000, 4500, kGround), 0);
+  EXPECT_GT(OfOthers(1, 3000, 4500, GetSysColor(COLOR_HIGHLIGHT)), 0);
+  EXPECT_EQ(OfColor(0, 3000, 4500, GetSysColor(COLOR_HIGHLIGHT)), 0);
 }
 
 TEST_F(FileListColumnsTest, AReaderOfTheScreenHearsTheWholeRow) {
@@ -91,8 +100,8 @@ TEST_F(FileListColumnsTest, ALongNameEndsWhereTheFirstColumnBegins) {
   platform.files().Delete(long_name);
   // The second column of this row is empty: nothing of the name reaches there.
   ASSERT_EQ(list().ListCount(), 3);
-  EXPECT_GT(Drawn(2, 2700, 3000, 0x00FFFF), 0);
-  EXPECT_EQ(Drawn(2, 3030, 4500, 0x00FFFF), 0);
+  EXPECT_GT(OfOthers(2, 2700, 3000, kGround), 0);
+  EXPECT_EQ(OfOthers(2, 3000, 4500, kGround), 0);
 }
 
 }  // namespace
