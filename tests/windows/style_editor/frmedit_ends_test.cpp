@@ -278,7 +278,9 @@ class EndsTest : public EditorTest, public testing::WithParamInterface<Fault> {
     const bool is_asked = platform().files().Exists(WorkingCopy(kProject));
     if (is_asked) dialogs().ExpectBox(RecoveryQuestion(kProject), BoxAnswer::kYes);
     editor().LoadStyle(kProject);
-    if (is_asked) EXPECT_EQ(Present().working, left) << when;
+    if (is_asked) {
+      EXPECT_EQ(Present().working, left) << when;
+    }
     OpenEntry("assembly.txt");
     Type("written after the recovery");
     editor().SaveStyle(kProject);
