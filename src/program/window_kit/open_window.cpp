@@ -99,8 +99,9 @@ void OpenPreviewManager(const std::string& map, PreviewTask task) {
   if (task == PreviewTask::kSearch) CallMember(*window, "CmdDownload_Click");
 }
 
-void ShowLargePicture(const Ref<Picture>& picture) {
-  if (!picture || !IsWindowRegistered(window_name::kLargePreview)) return;
+void ShowLargePicture(const Ref<Picture>& picture, WithoutPicture without) {
+  if (!picture && without == WithoutPicture::kNothing) return;
+  if (!IsWindowRegistered(window_name::kLargePreview)) return;
   const Ref<Form> window(&WindowByName(window_name::kLargePreview));
   Control* box = window->FindControl("Picture1");
   if (!box) Raise(error::kObjectRequired);
