@@ -1,6 +1,8 @@
 // The files of one folder that match a pattern, in the file list's own order: by name without regard to case.
 #pragma once
 
+#include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +22,12 @@ class FileListBox final : public Control {
 
   // 0 one row, 1 several by click, 2 several with Ctrl and Shift.
   Property<int> MultiSelect{*this, PropertyId::kMultiSelect};
+
+  // A list may show more of its files than their names: texts in columns behind them, which are asked for when the rows
+  // are shown and are no part of List. Each column begins so many twips from the list's left edge; the names are cut
+  // where the first one begins. Set before the list is shown.
+  std::vector<int> ColumnLefts;
+  std::function<std::vector<std::string>(const std::string& name)> ColumnTexts;
 
   // The folder without a trailing separator (a drive's root has one). Assigning lists the new folder and fires
   // PathChange; error 76, with nothing changed, when the folder does not exist. Empty at first: the process's current

@@ -3,6 +3,7 @@
 
 namespace kestrun::key {
 
+inline constexpr int kTab = 9;
 inline constexpr int kEnter = 13;
 inline constexpr int kEscape = 27;
 inline constexpr int kSpace = 32;
@@ -17,5 +18,6 @@ inline constexpr int kDelete = 46;
 inline constexpr int kMenu = 93;
 inline constexpr int kF2 = 113;
 inline constexpr int kF5 = 116;
+inline constexpr int kF6 = 117;
 
 }  // namespace kestrun::key

@@ -25,6 +25,20 @@ constexpr Member kRows[]{
 };
 const MemberTable kTable{&Control::kWindowedMembers, kRows};
 
+// The text is being replaced, for as long as the object lives.
+class ReplacementScope {
+ public:
+  ReplacementScope(const std::string*& replacement, const std::string& text) : replacement_(replacement) {
+    replacement_ = &text;
+  }
+  ~ReplacementScope() { replacement_ = nullptr; }
+  ReplacementScope(const ReplacementScope&) = delete;
+  ReplacementScope& operator=(const ReplacementScope&) = delete;
+
+ private:
+  const std::string*& replacement_;
+};
+
 }  // namespace
 
 TextBox::TextBox(Form* form, std::string name, int index) : Control(form, std::move(name), index) {
@@ -37,6 +51,8 @@ std::string TextBox::SelText() const { return SelectedPart(Text.get(), SelStart,
 
 void TextBox::SetSelText(std::string_view replacement) {
   ReplacedText replaced = ReplaceSelection(Text.get(), SelStart, SelLength, replacement);
+  const std::string typed(replacement);
+  const ReplacementScope scope(replacement_, typed);
   Text = std::move(replaced.text);
   SelStart = replaced.end;
   SelLength = 0;

@@ -30,6 +30,9 @@ class TextBox final : public Control {
   [[nodiscard]] std::string SelText() const;
   // Replaces the selection and puts the insertion point behind the new text.
   void SetSelText(std::string_view text);
+  // What takes the place of the selection while SetSelText changes the text, null at any other time: a peer types it,
+  // so that the user can take it back.
+  [[nodiscard]] const std::string* Replacement() const { return replacement_; }
 
   [[nodiscard]] std::string TypeName() const override { return "TextBox"; }
   [[nodiscard]] const MemberTable& Members() const override;
@@ -37,6 +40,9 @@ class TextBox final : public Control {
 
  protected:
   void PropertyChanged(PropertyId id) override;
+
+ private:
+  const std::string* replacement_ = nullptr;
 };
 
 }  // namespace kestrun

@@ -22,11 +22,6 @@ std::string BareName(const std::string& map) {
   return GetFileName(ReplaceAll(ReplaceAll(map, "/", "\\"), "%20", " "), true);
 }
 
-std::string StoredPicture(const std::string& map) {
-  std::string stored = ReadSetting(setting::kPreviewPicture, map);
-  return stored.empty() ? ReadSetting(setting::kPreviewPicture, BareName(map)) : stored;
-}
-
 // The address itself when it cannot be fetched: no file of that name exists.
 std::string Fetched(const std::string& address) {
   const std::string local = SpecialFolder(folder::kTemporary) + "preview.jpg";
@@ -40,12 +35,18 @@ std::string PictureKey(const std::string& map) {
   return FindNoCase(GetExtension(map), "zip") == std::string::npos ? map : ReplaceAll(map, ".zip", ".bms");
 }
 
+std::string StoredPicture(const ProfileSnapshot& settings, const std::string& map) {
+  const std::string key = PictureKey(map);
+  std::string stored = ReadSetting(settings, setting::kPreviewPicture, key);
+  return stored.empty() ? ReadSetting(settings, setting::kPreviewPicture, BareName(key)) : stored;
+}
+
 std::string PictureNameKey(const std::string& map) { return BareName(PictureKey(map)); }
 
 std::string GetMapPath(std::string Map, std::string* Url) {
   std::string path;
   const auto find = [&] {
-    std::string value = StoredPicture(PictureKey(Map));
+    std::string value = StoredPicture(ReadSettingsSnapshot(), Map);
     if (Url) *Url = value;
     if (IsUrl(value)) value = Fetched(value);
     if (!value.empty() && FileExists(value)) path = value;

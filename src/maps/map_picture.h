@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "formats/profile/profile_snapshot.h"
 #include "forms/picture.h"
 
 namespace kestrun {
@@ -17,6 +18,9 @@ namespace kestrun {
 // mission.
 [[nodiscard]] std::string PictureKey(const std::string& map);
 [[nodiscard]] std::string PictureNameKey(const std::string& map);
+
+// What these settings hold for a map, a path or an address; empty when there is nothing.
+[[nodiscard]] std::string StoredPicture(const ProfileSnapshot& settings, const std::string& map);
 
 // What a picture file is by its first bytes.
 namespace image_kind {

@@ -71,6 +71,8 @@ class WindowEffects {
   virtual void SetWindowRegion(WindowNumber window, RegionNumber region) = 0;
   // Plays a wave file's bytes and returns when it has ended.
   virtual void PlaySoundAndWait(ByteView wave) = 0;
+  // Begins to play one and returns at once; one that still plays ends.
+  virtual void StartSound(Bytes wave) = 0;
 };
 
 // Null takes the installed one away. It must outlive its use.

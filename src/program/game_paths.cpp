@@ -142,4 +142,6 @@ void StartProgram(const std::string& program, const std::string& folder) {
 
 void OpenDocument(const std::string& path_or_address) { ShellOpen("open", path_or_address, "", "", kShowNormal); }
 
+void OpenHelpFile() { OpenDocument(AppFile(platform().program().ExeName() + ".chm")); }
+
 }  // namespace kestrun

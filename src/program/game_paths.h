@@ -51,5 +51,7 @@ inline constexpr int32_t kShowNormal = 1;
 void StartProgram(const std::string& program, const std::string& folder);
 // A file or a web address in the program that the system opens it with.
 void OpenDocument(const std::string& path_or_address);
+// The help file beside the program.
+void OpenHelpFile();
 
 }  // namespace kestrun

@@ -41,10 +41,12 @@ void CheckRequest(const HttpRequest& request) {
 bool CheckedAnswer::TakeHead(int status, const HttpHeaders& headers) {
   head_ = {status, headers, {}};
   if (IsRedirect(status, headers)) return Leave();
-  if (IsPacked(headers)) RefuseExchange("The answer is packed, which nobody asked for.");
   total_bytes_ = ToldLength(request_.method, status, headers);
   Show();
-  return receiver_.TakeHead(status, headers) || Leave();
+  if (!receiver_.TakeHead(status, headers)) return Leave();
+  // Who wants the head alone has it.
+  if (IsPacked(headers)) RefuseExchange("The answer is packed, which nobody asked for.");
+  return true;
 }
 
 bool CheckedAnswer::TakePiece(ByteView piece) {

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "platform/platform.h"
 #include "web/cod_base64.h"
+#include "web/usable_request.h"
 #include "web/web_request.h"
 
 namespace kestrun {
@@ -30,6 +31,10 @@ void ClsHTTP::AddParameter(std::string_view name, std::string_view value, bool e
   std::string bytes = EncodeText(value);
   const size_t characters = CountCharacters(value, bytes);
   parameters_.push_back({EncodeText(name), std::move(bytes), encode, EncodeText(content_type), characters});
+}
+
+void ClsHTTP::AddFile(std::string_view name, ByteView bytes, std::string_view content_type) {
+  parameters_.push_back({EncodeText(name), std::string(AsChars(bytes)), true, EncodeText(content_type), bytes.size()});
 }
 
 std::string ClsHTTP::PartHead(const Parameter& parameter) {
@@ -70,6 +75,7 @@ std::optional<HttpResponse> ClsHTTP::Send(const std::string& url, const std::str
   const std::string body = Body();
   HttpRequest request{method, url, {}, AsBytes(body)};
   if (!parameters_.empty()) request.headers.push_back({"Content-Type", std::string(kContentType)});
+  if (goes_on_ && wanted == Wanted::kAnswer) return SendWhileUsable(request, goes_on_);
   std::function<void()> on_event;
   if (runs_events_) on_event = [] { RunPendingEvents(); };
   return wanted == Wanted::kHead ? SendRequestForHead(request, on_event) : SendRequest(request, on_event);

@@ -2,9 +2,11 @@
 // (docs/web.md). A request holds up its caller until it ends. Every failure is an empty string and shows nothing.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/object.h"
@@ -17,6 +19,8 @@ class ClsHTTP final : public TableObject {
   // Appends a parameter: a field name, its value, whether the value is sent in base64, and the content type of its
   // part. The value crosses to the wire in the code page. Parameters stay from request to request.
   void AddParameter(std::string_view name, std::string_view value, bool encode, std::string_view content_type);
+  // The same for the bytes of a file, which go to the wire as they are, in base64.
+  void AddFile(std::string_view name, ByteView bytes, std::string_view content_type);
   void ClearParameters() { parameters_.clear(); }
 
   // What stands behind the first "; filename=" of the response's Content-Disposition, quotes included.
@@ -32,6 +36,10 @@ class ClsHTTP final : public TableObject {
   // Lets the message loop run once at the start of a response and at each piece of data. Off at first, and then the
   // window waits with the request.
   void RunEventsWhileWaiting(bool run) { runs_events_ = run; }
+
+  // Requests no longer hold up the windows: the message loop runs while they wait. `goes_on` is asked again and again;
+  // false leaves the request as a failure.
+  void StayUsable(std::function<bool()> goes_on) { goes_on_ = std::move(goes_on); }
 
   // The body of the next request, as bytes; empty without parameters.
   [[nodiscard]] std::string Body() const;
@@ -58,6 +66,7 @@ class ClsHTTP final : public TableObject {
 
   std::vector<Parameter> parameters_;
   bool runs_events_ = false;
+  std::function<bool()> goes_on_;
 };
 
 }  // namespace kestrun

@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 #include "web/checked_answer.h"
 #include "web/fetch_scope.h"
+#include "web/memory_receiver.h"
 #include "web/redirect.h"
 
 namespace kestrun {
@@ -36,35 +37,9 @@ HttpResponse SendOnce(HttpSession& session, const HttpRequest& request, HttpRece
   return answer.TakeResult();
 }
 
-// An answer in memory, or the head of one.
-class MemoryReceiver final : public HttpReceiver {
- public:
-  MemoryReceiver(bool wants_body, const std::function<void()>& on_event)
-      : wants_body_(wants_body), on_event_(on_event) {}
-
-  bool TakeHead(int status, const HttpHeaders& headers) override {
-    response = {status, headers, {}};
-    if (on_event_) on_event_();
-    return wants_body_;
-  }
-
-  bool TakePiece(ByteView piece) override {
-    if (piece.size() > kMostResponseBytes - response.body.size()) RefuseExchange("The answer is too large.");
-    response.body.insert(response.body.end(), piece.begin(), piece.end());
-    if (on_event_) on_event_();
-    return true;
-  }
-
-  HttpResponse response;
-
- private:
-  bool wants_body_;
-  const std::function<void()>& on_event_;
-};
-
-std::optional<HttpResponse> SendToMemory(const HttpRequest& request, bool wants_body,
+std::optional<HttpResponse> SendToMemory(const HttpRequest& request, MemoryReceiver::Wanted wanted,
                                          const std::function<void()>& on_event) {
-  MemoryReceiver receiver(wants_body, on_event);
+  MemoryReceiver receiver(wanted, on_event);
   if (!Attempt([&] { ReceiveAnswer(request, receiver); })) return std::nullopt;
   return std::move(receiver.response);
 }
@@ -81,11 +56,11 @@ void ReceiveAnswer(const HttpRequest& request, HttpReceiver& receiver) {
 }
 
 std::optional<HttpResponse> SendRequest(const HttpRequest& request, const std::function<void()>& on_event) {
-  return SendToMemory(request, true, on_event);
+  return SendToMemory(request, MemoryReceiver::Wanted::kAnswer, on_event);
 }
 
 std::optional<HttpResponse> SendRequestForHead(const HttpRequest& request, const std::function<void()>& on_event) {
-  return SendToMemory(request, false, on_event);
+  return SendToMemory(request, MemoryReceiver::Wanted::kHead, on_event);
 }
 
 std::string ResponseText(const HttpResponse& response) {

@@ -2,20 +2,16 @@
 // be asked for at all. All of the program's requests go this way.
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/http.h"
+#include "web/memory_receiver.h"
 #include "web/redirect.h"
 
 namespace kestrun {
-
-// A body that is held in memory ends its request as a failure when it has more bytes: nothing that the program asks for
-// in this way comes near it.
-inline constexpr size_t kMostResponseBytes = size_t{64} << 20;
 
 // Hands the last answer to the receiver: redirects are followed, the body is neither more nor less than its length
 // says. Any status is an answer. Shows how far it is in the FetchScope around it. Raises error 440 with a sentence for

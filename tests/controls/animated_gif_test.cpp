@@ -177,6 +177,22 @@ TEST_F(AnimatedGifTest, AFrameOf65535PixelsIsNotDecoded) {
   EXPECT_EQ(gif.ImgPic(0).Picture.get(), nullptr);
 }
 
+TEST_F(AnimatedGifTest, WhatWouldBringABoxUpIsKnownBefore) {
+  const std::string file = WriteGif({{10, 0, 0, 4, 2}, {20, 0, 0, 4, 2}});
+  EXPECT_TRUE(AnimatedGIF::CanLoad(file, kAnimatedGif));
+  EXPECT_FALSE(AnimatedGIF::CanLoad(Path("none.gif"), kAnimatedGif));
+  // The last frame is a marker without its fields.
+  const std::string whole = ReadFile(file);
+  WriteFile(file, whole.substr(0, whole.size() - 1) + std::string("\0\x21\xF9", 3));
+  EXPECT_FALSE(AnimatedGIF::CanLoad(file, kAnimatedGif));
+  WriteFile(file, AnimatedGifFile({{10, 0, 0, 65535, 65535}}));
+  EXPECT_FALSE(AnimatedGIF::CanLoad(file, kAnimatedGif));
+  WriteFile(file, "<html>");
+  EXPECT_FALSE(AnimatedGIF::CanLoad(file, kAnimatedGif));
+  EXPECT_FALSE(AnimatedGIF::CanLoad(file, 0));
+  EXPECT_EQ(gif.FrameCount(), 1);
+}
+
 TEST_F(AnimatedGifTest, AClickOnAnyFrameIsAClickOnTheControl) {
   gif.LoadNewPicture(WriteGif({{10, 0, 0, 40, 20}, {10, 2, 1, 8, 4}}), 1);
   std::vector<std::string> heard;

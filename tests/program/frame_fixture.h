@@ -12,6 +12,7 @@
 #include "program/settings.h"
 #include "program/start_mode.h"
 #include "support/headless_fixture.h"
+#include "web/site.h"
 
 namespace kestrun {
 
@@ -35,6 +36,11 @@ class FrameTest : public HeadlessTest {
     desktop.registry().Write(RegistryRoot::kLocalMachine,
                              "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwdem.exe", "Path",
                              Path("game"));
+  }
+  // The site answers, which the uploader asks when it loads.
+  void PutSite() {
+    desktop.internet().Reply(SiteUrl("MAPS.INI"), "[launcher]\r\nMAPCENTER=http://center.example\r\n");
+    desktop.internet().Reply("http://center.example/script.php", "OK\nDelta Force\n");
   }
   void WriteIni(std::string_view content) { WriteFile(ProgramPath("packit.ini"), content); }
   [[nodiscard]] std::string Ini(std::string section, std::string key, std::string missing = "(none)") {

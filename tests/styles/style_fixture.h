@@ -24,8 +24,9 @@ class StyleTest : public FrameTest {
  protected:
   StyleTest() {
     ModStyle::Install();
-    // The name editor tells of a game folder without the players' file.
+    // The name editor tells of a game folder without the players' file, the uploader of a site without an answer.
     WriteFile(GamePath("dflwplyr.sav"), "");
+    PutSite();
   }
   ~StyleTest() override {
     CloseAllWindows();

@@ -48,6 +48,7 @@ class RecordedEffects final : public WindowEffects {
     calls.push_back("cut " + std::to_string(window) + " " + std::to_string(region));
   }
   void PlaySoundAndWait(ByteView wave) override { sounds.emplace_back(wave.begin(), wave.end()); }
+  void StartSound(Bytes wave) override { started_sounds.push_back(std::move(wave)); }
 
   // The number of the bitmap that a window's picture has, and of the window's context.
   static constexpr BitmapNumber kWindowBitmap = 71;
@@ -62,6 +63,7 @@ class RecordedEffects final : public WindowEffects {
   RegionNumber last_region = 0;
   std::array<GradientVertex, 2> gradient{};
   std::vector<Bytes> sounds;
+  std::vector<Bytes> started_sounds;
 };
 
 }  // namespace kestrun

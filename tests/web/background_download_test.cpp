@@ -96,7 +96,7 @@ TEST_F(BackgroundDownloadTest, AnEmptyBodyWithStatus200IsAnError) {
 }
 
 TEST_F(BackgroundDownloadTest, APackedFileIsAnError) {
-  ExpectRefused("HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 2\r\n\r\n\x1f\x8b", 0);
+  ExpectRefused("HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 2\r\n\r\n\x1f\x8b", 200);
 }
 
 TEST_F(BackgroundDownloadTest, ACircleOfRedirectsIsAnError) {

@@ -183,7 +183,7 @@ TEST_F(DownloaderTest, ARedirectIsFollowedAndOneToAnotherSchemeIsRefused) {
 TEST_F(DownloaderTest, APackedAnswerIsRefused) {
   Answer("\x1f\x8b", {{"Content-Encoding", "gzip"}});
   EXPECT_FALSE(Fetch().BeginDownload(kUrl, target, true));
-  EXPECT_THAT(errors, ElementsAre(std::string("0 The answer is packed, which nobody asked for. ") + kUrl));
+  EXPECT_THAT(errors, ElementsAre(std::string("200 The answer is packed, which nobody asked for. ") + kUrl));
 }
 
 TEST_F(DownloaderTest, WithWaitAndAHostThatNeverAnswersTheWindowStaysResponsive) {

@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
+#include <memory>
 #include <thread>
 
 #include "web/loopback_fixture.h"
@@ -141,6 +143,40 @@ TEST_F(HttpRequestTest, TheHeadAloneCanBeAskedFor) {
   server.Answer("/", "HTTP/1.1 200 OK\r\nContent-Length: 1000\r\nX-Map: a\r\nConnection: close\r\n\r\n");
   EXPECT_EQ(http.GetURLHeader(server.Url("/"), "X-Map", "HEAD"), "a");
   EXPECT_EQ(LastServed().line, "HEAD / HTTP/1.1");
+}
+
+TEST_F(HttpRequestTest, AHeaderOfAPackedAnswerIsFoundWhileItsBodyIsRefused) {
+  server.Answer("/",
+                "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Disposition: x; filename=a.zip\r\n"
+                "Content-Length: 2\r\nConnection: close\r\n\r\n\x1f\x8b");
+  EXPECT_EQ(http.GetURLHeader(server.Url("/"), "Content-Encoding", "GET"), "gzip");
+  EXPECT_EQ(http.GetURLFileName(server.Url("/"), "GET"), "a.zip");
+  EXPECT_EQ(Get("/"), "");
+}
+
+TEST_F(HttpRequestTest, ARequestBesideWhichTheWindowsStayUsableGetsTheSameAnswer) {
+  server.AnswerPage("/", "Content-Type: text/plain; charset=utf-8\r\n", "Grüße " + std::string(300000, 'x'));
+  const std::string waited_for = Get("/");
+  int times = 0;
+  http.StayUsable([&] { return ++times, true; });
+  http.AddParameter("a", "b", false, "file");
+  EXPECT_EQ(http.DownloadURl(server.Url("/"), "POST"), waited_for);
+  EXPECT_GT(times, 0);
+  EXPECT_EQ(LastServed().body, http.Body());
+}
+
+TEST_F(HttpRequestTest, ARequestThatIsLeftGivesNothing) {
+  // The server's thread may look at it when this test is over.
+  const auto is_left = std::make_shared<std::atomic<bool>>(false);
+  server.Handle("/", [is_left](ServedConnection& connection) {
+    while (!*is_left) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    connection.Write("HTTP/1.1 200 OK\r\nContent-Length: 4\r\nConnection: close\r\n\r\nlate");
+  });
+  int times = 0;
+  http.StayUsable([&] { return ++times < 50; });
+  EXPECT_EQ(Get("/"), "");
+  EXPECT_EQ(times, 50);
+  *is_left = true;
 }
 
 TEST_F(HttpRequestTest, ABodyInChunksIsPutTogether) {

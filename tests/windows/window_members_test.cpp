@@ -15,8 +15,12 @@ namespace {
 
 class WindowMembersTest : public FrameTest {
  protected:
-  // The name editor tells of a game folder without the players' file.
-  WindowMembersTest() { WriteFile(GamePath("dflwplyr.sav"), ""); }
+  WindowMembersTest() {
+    // The name editor tells of a game folder without the players' file, and the uploader of a site without an answer.
+    WriteFile(GamePath("dflwplyr.sav"), "");
+    PutSite();
+  }
+
   // Reads every readable property that takes no arguments; each must answer without a failure.
   static void ReadAll(Object& object, const std::string& where) {
     for (const MemberInfo& member : object.ListMembers()) {

@@ -14,10 +14,14 @@ namespace {
 
 constexpr int kShowNormal = 1;
 constexpr int kTwipsPerPixel = 15;  // of a frame's place, on every screen
-// A hostile file may be small and announce any number of frames of any size.
-constexpr int64_t kMostPixels = 8'000'000;
+// A hostile file may be small and announce any number of frames of any size, or have a header of megabytes that each
+// of thousands of frames begins with. All together take less than 64 MB: the file and a copy of it, the pixels of all
+// frames, and one more time those of the frame that is being decoded.
+constexpr int64_t kMostFramePixels = 4'000'000;
+constexpr int64_t kMostPixels = 6'000'000;
 constexpr size_t kMostFrames = 4096;
-constexpr uint64_t kMostFileBytes = uint64_t{16} * 1024 * 1024;
+constexpr uint64_t kMostFileBytes = uint64_t{8} * 1024 * 1024;
+constexpr size_t kMostCopiedBytes = size_t{64} * 1024 * 1024;
 
 constexpr Member kRows[]{
     MethodRow<&AnimatedGIF::RunShellExecute>("RunShellExecute", "Operation, File, Parameters, Folder, Show"),
@@ -37,6 +41,11 @@ Bytes ReadPictureFile(const std::string& path) {
   Bytes content(static_cast<size_t>(file->Size()));
   content.resize(file->ReadAt(0, content));
   return content;
+}
+
+// Whether the pictures of these bytes may be made.
+bool HasRoomFor(int64_t pixels, int64_t pixels_before) {
+  return pixels <= kMostFramePixels && pixels <= kMostPixels - pixels_before;
 }
 
 // A frame that another follows ends where that one's extension begins. Windows takes it without the trailer that should
@@ -95,6 +104,22 @@ void AnimatedGIF::UnloadFrames() {
   current_ = 0;
   repeat_count_ = 0;
   pixels_ = 0;
+  copied_bytes_ = 0;
+}
+
+bool AnimatedGIF::CanLoad(const std::string& file, int kind) {
+  if (kind != kAnimatedGif) return Attempt([&] { static_cast<void>(LoadPictureFile(file)); });
+  bool is_whole = false;
+  const auto look = [&] {
+    const Bytes content = ReadPictureFile(file);
+    gif::FrameReader reader(content);
+    const std::optional<gif::Frame> first = reader.Next();
+    Bytes picture = reader.PictureOf(first.value());
+    is_whole = HasRoomFor(gif::LargestPicturePixels(picture), 0) && DecodeFrame(std::move(picture));
+    for (size_t number = 1; number < kMostFrames && reader.Next(); ++number) {
+    }
+  };
+  return Attempt(look) && is_whole;
 }
 
 // ---- loading -------------------------------------------------------------------------------------------------------
@@ -134,15 +159,15 @@ bool AnimatedGIF::LoadFrames(gif::FrameReader& reader) {
     if (number > 0) {
       AddFrameImage().Stretch = frames_.front().image->Stretch.get();
     }
-    ShowFrame(reader, *frame, number);
-    if (pixels_ > kMostPixels) break;
+    if (!ShowFrame(reader, *frame, number)) break;
     platform().clock().RunPendingEvents();
     if (load != loads_ || !form()) return false;
   }
   return true;
 }
 
-void AnimatedGIF::ShowFrame(const gif::FrameReader& reader, const gif::Frame& frame, size_t number) {
+// False when there is no room for it, nor for what follows.
+bool AnimatedGIF::ShowFrame(const gif::FrameReader& reader, const gif::Frame& frame, size_t number) {
   FrameImage& shown = frames_[number];
   shown.left_pixels = frame.left_pixels;
   shown.top_pixels = frame.top_pixels;
@@ -151,8 +176,15 @@ void AnimatedGIF::ShowFrame(const gif::FrameReader& reader, const gif::Frame& fr
   image.Top = frames_.front().image->Top + frame.top_pixels * kTwipsPerPixel;
   image.Tag = std::to_string(frame.delay_ms);
   Bytes picture = reader.PictureOf(frame);
-  pixels_ += gif::LargestPicturePixels(picture);
-  image.Picture = pixels_ > kMostPixels ? nullptr : DecodeFrame(std::move(picture));
+  const int64_t pixels = gif::LargestPicturePixels(picture);
+  copied_bytes_ += picture.size();
+  if (!HasRoomFor(pixels, pixels_) || copied_bytes_ > kMostCopiedBytes) {
+    image.Picture = nullptr;
+    return false;
+  }
+  pixels_ += pixels;
+  image.Picture = DecodeFrame(std::move(picture));
+  return true;
 }
 
 void AnimatedGIF::StartAnimation() {

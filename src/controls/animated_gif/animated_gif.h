@@ -35,9 +35,12 @@ class AnimatedGIF final : public CompositeControl, public StoredControl {
   Timer& AnimationTimer = AddConstituent<Timer>("AnimationTimer");
 
   // Shows a file: kind 1 is an animated GIF, any other a still picture. The message loop runs once for each frame. A
-  // failure is shown in a box, and the frames before it stay. What is too much for a small panel is left out: frames
-  // behind the first 4,096, and those that would make more than 8 million pixels of all.
+  // failure is shown in a box, and the frames before it stay. What is too much for a small panel is left out, so that
+  // no file takes more than 64 MB: a file of more than 8 MB, a frame of more than 4 million pixels and what follows it,
+  // the frames behind the first 4,096, and those that would make more than 6 million pixels of all.
   void LoadNewPicture(const std::string& file, int kind);
+  // Whether LoadNewPicture shows the file to its end without a box.
+  [[nodiscard]] static bool CanLoad(const std::string& file, int kind);
   // Opens Url with the shell, shown normally.
   void OpenUrl() const;
   // The shell's open service with the desktop as owner; its own number, above 32 on success.
@@ -73,7 +76,7 @@ class AnimatedGIF final : public CompositeControl, public StoredControl {
   void LoadStill(const std::string& file);
   // Adds all frames; false when another picture was loaded or the form closed meanwhile.
   [[nodiscard]] bool LoadFrames(gif::FrameReader& reader);
-  void ShowFrame(const gif::FrameReader& reader, const gif::Frame& frame, size_t number);
+  [[nodiscard]] bool ShowFrame(const gif::FrameReader& reader, const gif::Frame& frame, size_t number);
   void StartAnimation();
   void UnloadFrames();
   Image& AddFrameImage();
@@ -88,6 +91,7 @@ class AnimatedGIF final : public CompositeControl, public StoredControl {
   int current_ = 0;
   int repeat_count_ = 0;
   int64_t pixels_ = 0;
+  size_t copied_bytes_ = 0;
   int loads_ = 0;  // counts the calls of LoadNewPicture
 };
 

@@ -42,6 +42,8 @@ void SelectFile(Object& list, const std::string& name) {
   for (int32_t row = 0; row < count; ++row) {
     if (!EqualsNoCase(ToText(GetMember(list, "List", {row})), name)) continue;
     PutMember(list, "ListIndex", row);
+    // Where several can be chosen, the current row is not chosen by that.
+    if (list.FindMember("Selected") != kNoMember) PutMember(list, "Selected", true, {row});
     return;
   }
 }
@@ -97,8 +99,9 @@ void OpenPreviewManager(const std::string& map, PreviewTask task) {
   if (task == PreviewTask::kSearch) CallMember(*window, "CmdDownload_Click");
 }
 
-void ShowLargePicture(const Ref<Picture>& picture) {
-  if (!picture || !IsWindowRegistered(window_name::kLargePreview)) return;
+void ShowLargePicture(const Ref<Picture>& picture, WithoutPicture without) {
+  if (!picture && without == WithoutPicture::kNothing) return;
+  if (!IsWindowRegistered(window_name::kLargePreview)) return;
   const Ref<Form> window(&WindowByName(window_name::kLargePreview));
   Control* box = window->FindControl("Picture1");
   if (!box) Raise(error::kObjectRequired);
@@ -106,6 +109,13 @@ void ShowLargePicture(const Ref<Picture>& picture) {
   window->Width = box->Left + box->Width + kLargePreviewRight;
   window->Height = box->Top + box->Height + kLargePreviewBottom;
   window->ShowModal();
+}
+
+void ShowInMainWindow(const std::string& map) {
+  const Ref<Form> window(&WindowByName(window_name::kMain));
+  PutMember(ControlOf(*window, "Text1"), "Text", ParentFolder(map));
+  for (const char* list : {"FileMaps", "ListBox"}) SelectFile(ControlOf(*window, list), GetFileName(map, true));
+  window->Show();
 }
 
 void OpenUploader(const std::string& zip) {

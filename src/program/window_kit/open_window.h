@@ -56,8 +56,13 @@ void LoadMapList(const std::string& path);
 // The window in which a map, by its path or address, is given a picture. kSearch lets it look for one on the web.
 enum class PreviewTask { kChoose, kSearch };
 void OpenPreviewManager(const std::string& map, PreviewTask task = PreviewTask::kChoose);
-// Shows a picture at its full size and waits until that window is closed. Without a picture nothing happens.
-void ShowLargePicture(const Ref<Picture>& picture);
+// Shows a picture at its full size and waits until that window is closed. Without a picture nothing happens, unless the
+// window is to show that there is none.
+enum class WithoutPicture { kNothing, kEmptyWindow };
+void ShowLargePicture(const Ref<Picture>& picture, WithoutPicture without = WithoutPicture::kNothing);
+
+// The main window with the map's folder in its path field, and the map selected.
+void ShowInMainWindow(const std::string& map);
 
 // The uploader with this zip selected.
 void OpenUploader(const std::string& zip);

@@ -95,7 +95,7 @@ void frmputlist::Connect() {
   SetCommand({&mnu_addgametype.Click}, [] { OpenWindow(window_name::kGameTypes, ShowWay::kShowModal); });
   SetCommand({&mnu_changeDFversion.Click}, [] { OpenWindow(window_name::kGameVersion, ShowWay::kShowModal); });
   SetCommand({&mnu_addin.Click}, [] { OpenWindow(window_name::kAddInManager, ShowWay::kShowModal); });
-  SetCommand({&mnu_quickhelp.Click}, [] { OpenDocument(AppFile(platform().program().ExeName() + ".chm")); });
+  SetCommand({&mnu_quickhelp.Click}, [] { OpenHelpFile(); });
   SetCommand({&mnu_helpAbout.Click}, [] { OpenWindow(window_name::kAbout, ShowWay::kShowModal); });
 }
 

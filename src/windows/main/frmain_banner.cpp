@@ -122,10 +122,11 @@ void frmain::BeginBanner(const std::string& url, const std::string& format, cons
   if (IsFormat(format)) static_cast<void>(Downloader.BeginDownload(url, AppFile("banner." + format), false));
 }
 
-// What is no picture leaves the banner as it was, without a word.
+// What cannot be shown to its end leaves the banner as it was, without a word.
 void frmain::TakeBanner(const std::string& path) {
-  if (Attempt([&] { static_cast<void>(LoadPictureFile(path)); })) {
-    AnimGIF1.LoadNewPicture(path, EqualsNoCase(AnimGIF1.Tag.get(), kAnimatedFormat) ? kAnimatedGif : 0);
+  const int kind = EqualsNoCase(AnimGIF1.Tag.get(), kAnimatedFormat) ? kAnimatedGif : 0;
+  if (AnimatedGIF::CanLoad(path, kind)) {
+    AnimGIF1.LoadNewPicture(path, kind);
     PlaceBanner();
   }
   DeleteQuietly(path);

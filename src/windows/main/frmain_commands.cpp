@@ -41,7 +41,7 @@ void frmain::ConnectCommands() {
   });
   SetCommand({&dflwdemolobby.Click}, [] { OpenDocument(SiteUrl("DFStartup.htm")); });
   SetCommand({&dflwfullversionlobby.Click}, [] { OpenDocument(SiteUrl("DFFVstartup.htm")); });
-  SetCommand({&mnu_helpindex.Click}, [] { OpenDocument(AppFile(platform().program().ExeName() + ".chm")); });
+  SetCommand({&mnu_helpindex.Click}, [] { OpenHelpFile(); });
 }
 
 // ---- putting a map into the game -----------------------------------------------------------------------------------

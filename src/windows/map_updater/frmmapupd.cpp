@@ -1,9 +1,9 @@
 // The map updater's folders, menus and settings. The run stands in frmmapupd_run.cpp.
 #include "windows/map_updater/frmmapupd.h"
 
-#include "base/code_page.h"
 #include "base/convert.h"
 #include "base/text.h"
+#include "base/text_file.h"
 #include "forms/keys.h"
 #include "forms/member_rows.h"
 #include "platform/platform.h"
@@ -195,8 +195,7 @@ void frmmapupd::SaveLog() {
   CommonDialog1.DefaultExt = "";
   if (!has_file) return;
   ShowLog();
-  const std::string& text = txtlog.Text;
-  const std::string content = FirstUnencodable(text) ? "\xEF\xBB\xBF" + text : EncodeText(text);
+  const std::string content = EncodeTextFile(txtlog.Text.get());
   platform().files().WriteAllDurably(CommonDialog1.FileName.get(), AsBytes(content));
 }
 

@@ -1,5 +1,7 @@
 #include "windows/splash/frmsplash.h"
 
+#include <algorithm>
+
 #include "forms/member_rows.h"
 #include "forms/window_registry.h"
 #include "platform/platform.h"
@@ -25,6 +27,14 @@ const MemberTable& frmsplash::Members() const { return kTable; }
 
 void frmsplash::LoadStyle() { FormLoadStyle(*this); }
 
-void frmsplash::Load() { RunStartUp(*this, lblversion, platform().program().CommandLine()); }
+// The program has started when other windows are there: the style editor shows this one to look at.
+void frmsplash::Load() {
+  const std::vector<Form*> windows = LoadedWindows();
+  const bool has_started =
+      std::any_of(windows.begin(), windows.end(), [this](const Form* form) { return form != this && form->IsShown(); });
+  if (!has_started) return RunStartUp(*this, lblversion, platform().program().CommandLine());
+  Label2.Click = [this] { Unload(); };
+  if (StyleActive()) LoadStyle();
+}
 
 }  // namespace kestrun

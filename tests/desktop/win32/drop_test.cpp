@@ -1,10 +1,9 @@
 // Files dropped on a real window, as the desktop hands them over.
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "base/bytes.h"
 #include "base/text.h"
+#include "desktop/win32/dropped_files.h"
 #include "desktop/win32/system/com_owner.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/win32_platform.h"
@@ -22,22 +21,6 @@ class DropTest : public testing::Test {
   HWND Show() {
     form->Show();
     return FormWindow::OpenWindows().back()->window();
-  }
-
-  // The block that a drop message carries: its head, then the paths, each with a NUL, and one more NUL.
-  static HDROP MakeDrop(const std::vector<std::string>& paths) {
-    std::wstring list;
-    for (const std::string& path : paths) list += ToWide(path) + L'\0';
-    list += L'\0';
-    DROPFILES head{};
-    head.pFiles = sizeof head;
-    head.fWide = TRUE;
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, sizeof head + list.size() * sizeof(wchar_t));
-    auto* bytes = static_cast<char*>(GlobalLock(block));
-    std::memcpy(bytes, &head, sizeof head);
-    std::memcpy(bytes + sizeof head, list.data(), list.size() * sizeof(wchar_t));
-    GlobalUnlock(block);
-    return static_cast<HDROP>(block);
   }
 
   static std::string InTemporaryFolder(const std::string& name) {
@@ -65,7 +48,7 @@ TEST_F(DropTest, EveryPathArrivesWhole) {
   std::vector<std::string> arrived;
   form->FilesDropped = [&](const std::vector<std::string>& paths) { arrived = paths; };
   const std::vector<std::string> dropped{"C:\\Карты 地図 é😀\\Oasis.bms", "C:\\" + std::string(290, 'x') + ".zip"};
-  SendMessageW(Show(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(dropped)), 0);
+  DropOn(Show(), dropped);
   EXPECT_EQ(arrived, dropped);
 }
 
@@ -76,7 +59,7 @@ TEST_F(DropTest, AShortcutArrivesAsWhatItLeadsTo) {
   MakeShortcut(shortcut, map);
   std::vector<std::string> arrived;
   form->FilesDropped = [&](const std::vector<std::string>& paths) { arrived = paths; };
-  SendMessageW(Show(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop({shortcut})), 0);
+  DropOn(Show(), {shortcut});
   platform().files().Delete(shortcut);
   platform().files().Delete(map);
   ASSERT_EQ(arrived.size(), 1U);
@@ -88,7 +71,7 @@ TEST_F(DropTest, AnInternetShortcutArrivesAsItsAddress) {
   platform().files().WriteAll(shortcut, AsBytes("[InternetShortcut]\r\nURL=http://maps.example/Oasis.bms\r\n"));
   std::vector<std::string> arrived;
   form->FilesDropped = [&](const std::vector<std::string>& paths) { arrived = paths; };
-  SendMessageW(Show(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop({shortcut})), 0);
+  DropOn(Show(), {shortcut});
   platform().files().Delete(shortcut);
   EXPECT_EQ(arrived, std::vector<std::string>{"http://maps.example/Oasis.bms"});
 }
@@ -97,7 +80,7 @@ TEST_F(DropTest, AShortcutThatCannotBeReadArrivesItself) {
   const std::vector<std::string> dropped{"C:\\missing\\Oasis.lnk", "C:\\missing\\Oasis.url"};
   std::vector<std::string> arrived;
   form->FilesDropped = [&](const std::vector<std::string>& paths) { arrived = paths; };
-  SendMessageW(Show(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(dropped)), 0);
+  DropOn(Show(), dropped);
   EXPECT_EQ(arrived, dropped);
 }
 

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "formats/bitmap/bitmap_file.h"
+#include "formats/gif/gif_frames.h"
 #include "program/site_file.h"
 #include "support/gif_bytes.h"
 #include "web/site.h"
@@ -146,6 +147,17 @@ TEST_F(BannerTest, APictureThatFailsIsTriedOnceMoreAndThenLeft) {
 TEST_F(BannerTest, WhatIsNoPictureLeavesTheBannerAsItWas) {
   PutBanner("gif");
   desktop.internet().Reply(kPicture, "<html>");
+  const frmain& window = Shown();
+  EXPECT_FALSE(window.AnimGIF1.ImgPic(0).Picture.get());
+  EXPECT_THAT(Leftovers(), IsEmpty());
+}
+
+TEST_F(BannerTest, AnAnimationThatIsCutOffShowsNoBoxAndLeavesTheBannerAsItWas) {
+  const std::string whole = AnimatedGifFile({{10}, {10}});
+  gif::FrameReader reader(AsBytes(whole));
+  desktop.pictures().Answer(std::string(AsChars(reader.PictureOf(*reader.Next()))), {1, 1, {0xFF336699}});
+  PutBanner("gif");
+  desktop.internet().Reply(kPicture, whole.substr(0, whole.size() - 1) + std::string("\0\x21\xF9", 3));
   const frmain& window = Shown();
   EXPECT_FALSE(window.AnimGIF1.ImgPic(0).Picture.get());
   EXPECT_THAT(Leftovers(), IsEmpty());

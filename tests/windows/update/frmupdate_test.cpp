@@ -85,6 +85,18 @@ TEST_F(UpdateTest, VersionsAreAPlainJoinOfTheirParts) {
   EXPECT_FALSE(IsOpen());
 }
 
+TEST_F(UpdateTest, Version5Dot10Dot0CountsAsGreaterThan5Dot9Dot9) {
+  desktop.program().version = {5, 9, 9};
+  PutVersion("5100");
+  desktop.dialogs().ExpectBox(kQuestion, BoxAnswer::kNo);
+  Open();
+  desktop.program().version = {5, 10, 0};
+  PutVersion("599");
+  desktop.dialogs().ExpectBox("There is no new version.(5100)");
+  Open();
+  EXPECT_FALSE(IsOpen());
+}
+
 TEST_F(UpdateTest, NoToTheDownloadClosesTheWindow) {
   PutVersion("511");
   desktop.dialogs().ExpectBox(kQuestion, BoxAnswer::kNo);

@@ -65,6 +65,7 @@ class ListPeer : public WindowedPeer {
   [[nodiscard]] EdgeKind Edge() const override { return EdgeOf(1, Model().Appearance); }
   [[nodiscard]] List& Model() const { return static_cast<List&>(control()); }
   [[nodiscard]] virtual DWORD MoreStyle() const { return 0; }
+  [[nodiscard]] virtual std::string RowText(int row) const { return Model().List(row); }
   // The system's list has the model's rows.
   virtual void Filled() {}
 
@@ -133,7 +134,7 @@ class ListPeer : public WindowedPeer {
     SendMessageW(window(), LB_RESETCONTENT, 0, 0);
     const int count = Model().ListCount();
     for (int row = 0; row < count; ++row) {
-      SendMessageW(window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(Model().List(row)).c_str()));
+      SendMessageW(window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(RowText(row)).c_str()));
     }
     SendMessageW(window(), LB_SETTOPINDEX, static_cast<WPARAM>(top), 0);
     ShowChoice();
@@ -158,15 +159,72 @@ class ListPeer : public WindowedPeer {
   bool choice_stale_ = false;
 };
 
-// A list whose rows can be marked is drawn by the program: the mark stands in a margin in front of the rows, in the
-// colour of their text, so that it can be seen in every colour scheme.
-class PlainListPeer final : public ListPeer<ListBox> {
+// A list whose rows have more than a text is drawn by the program, in the colours of the list.
+template <class List>
+class DrawnListPeer : public ListPeer<List> {
+  using Base = ListPeer<List>;
+
  public:
-  using ListPeer::ListPeer;
+  using Base::Base;
 
   void Create() override {
-    ListPeer::Create();
+    Base::Create();
     FitRows();
+  }
+
+  void Update(PropertyId property) override {
+    Base::Update(property);
+    if (property == PropertyId::kFont) FitRows();
+  }
+
+  bool DrawItem(const DRAWITEMSTRUCT& item) override {
+    const bool is_chosen = (item.itemState & ODS_SELECTED) != 0;
+    FillRect(item.hDC, &item.rcItem,
+             is_chosen ? GetSysColorBrush(COLOR_HIGHLIGHT) : this->form().BrushFor(this->Model().BackColor));
+    const int row = static_cast<int>(item.itemID);
+    if (row >= 0 && row < this->Model().ListCount()) DrawRow(item.hDC, item.rcItem, row, TextColor(is_chosen));
+    if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
+    return true;
+  }
+
+ protected:
+  [[nodiscard]] virtual bool IsDrawn() const = 0;
+  virtual void DrawRow(HDC target, RECT place, int row, COLORREF color) = 0;
+  [[nodiscard]] DWORD MoreStyle() const override { return IsDrawn() ? LBS_OWNERDRAWFIXED | LBS_HASSTRINGS : 0; }
+
+  void DrawRowText(HDC target, RECT place, const std::string& text, COLORREF color, UINT way) const {
+    const std::wstring wide = ToWide(text);
+    const int state = SaveDC(target);
+    SelectObject(target, this->form().FontFor(this->Model().Font));
+    SetBkMode(target, TRANSPARENT);
+    SetTextColor(target, color);
+    DrawTextW(target, wide.data(), static_cast<int>(wide.size()), &place,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | way);
+    RestoreDC(target, state);
+  }
+
+ private:
+  [[nodiscard]] COLORREF TextColor(bool is_chosen) const {
+    if (!this->Model().Enabled) return GetSysColor(COLOR_GRAYTEXT);
+    return is_chosen ? GetSysColor(COLOR_HIGHLIGHTTEXT) : ToColorRef(this->Model().ForeColor);
+  }
+
+  // The system asks for the height of a row before the list is there to tell its font.
+  void FitRows() {
+    if (!IsDrawn()) return;
+    const int height = platform().windowing().MeasureText("Ay", this->Model().Font, this->form().Dpi()).height;
+    SendMessageW(this->window(), LB_SETITEMHEIGHT, 0, height);
+  }
+};
+
+// The mark of a row stands in a margin in front of the rows, in the colour of their text, so that it can be seen in
+// every colour scheme.
+class PlainListPeer final : public DrawnListPeer<ListBox> {
+ public:
+  using DrawnListPeer::DrawnListPeer;
+
+  void Create() override {
+    DrawnListPeer::Create();
     ShowExtent();
   }
 
@@ -177,55 +235,26 @@ class PlainListPeer final : public ListPeer<ListBox> {
         TellMark();
         Repaint();
         break;
-      case PropertyId::kFont:
-        ListPeer::Update(property);
-        FitRows();
-        break;
-      default: ListPeer::Update(property);
+      default: DrawnListPeer::Update(property);
     }
-  }
-
-  bool DrawItem(const DRAWITEMSTRUCT& item) override {
-    const bool is_chosen = (item.itemState & ODS_SELECTED) != 0;
-    FillRect(item.hDC, &item.rcItem,
-             is_chosen ? GetSysColorBrush(COLOR_HIGHLIGHT) : form().BrushFor(Model().BackColor));
-    const int row = static_cast<int>(item.itemID);
-    if (row >= 0 && row < Model().ListCount()) DrawRow(item, row, TextColor(is_chosen));
-    if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
-    return true;
   }
 
  protected:
   // The scroll bar below shows only while the extent is wider than the list.
-  [[nodiscard]] DWORD MoreStyle() const override {
-    return WS_HSCROLL | (HasMarks() ? LBS_OWNERDRAWFIXED | LBS_HASSTRINGS : 0);
-  }
+  [[nodiscard]] DWORD MoreStyle() const override { return WS_HSCROLL | DrawnListPeer::MoreStyle(); }
   void Filled() override { TellMark(); }
+  [[nodiscard]] bool IsDrawn() const override { return !Model().MarkMeaning.get().empty(); }
+
+  void DrawRow(HDC target, RECT place, int row, COLORREF color) override {
+    const int margin = Margin();
+    if (row == Model().MarkedRow()) DrawMark(target, place, margin, color);
+    place.left += margin;
+    DrawRowText(target, place, Model().List(row), color, DT_NOCLIP);
+  }
 
  private:
-  [[nodiscard]] bool HasMarks() const { return !Model().MarkMeaning.get().empty(); }
-  [[nodiscard]] int Margin() const { return HasMarks() ? RowHeight() : 0; }
+  [[nodiscard]] int Margin() const { return IsDrawn() ? RowHeight() : 0; }
   [[nodiscard]] int RowHeight() const { return static_cast<int>(SendMessageW(window(), LB_GETITEMHEIGHT, 0, 0)); }
-
-  [[nodiscard]] COLORREF TextColor(bool is_chosen) const {
-    if (!Model().Enabled) return GetSysColor(COLOR_GRAYTEXT);
-    return is_chosen ? GetSysColor(COLOR_HIGHLIGHTTEXT) : ToColorRef(Model().ForeColor);
-  }
-
-  void DrawRow(const DRAWITEMSTRUCT& item, int row, COLORREF color) {
-    RECT place = item.rcItem;
-    const int margin = Margin();
-    if (row == Model().MarkedRow()) DrawMark(item.hDC, place, margin, color);
-    place.left += margin;
-    const std::wstring text = ToWide(Model().List(row));
-    const int state = SaveDC(item.hDC);
-    SelectObject(item.hDC, form().FontFor(Model().Font));
-    SetBkMode(item.hDC, TRANSPARENT);
-    SetTextColor(item.hDC, color);
-    DrawTextW(item.hDC, text.data(), static_cast<int>(text.size()), &place,
-              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_NOCLIP);
-    RestoreDC(item.hDC, state);
-  }
 
   // A triangle that points at the row.
   static void DrawMark(HDC target, const RECT& place, int margin, COLORREF color) {
@@ -252,13 +281,6 @@ class PlainListPeer final : public ListPeer<ListBox> {
     told_row_ = marked;
   }
 
-  // The system asks for the height of a row before the list is there to tell its font.
-  void FitRows() {
-    if (!HasMarks()) return;
-    const int height = platform().windowing().MeasureText("Ay", Model().Font, form().Dpi()).height;
-    SendMessageW(window(), LB_SETITEMHEIGHT, 0, height);
-  }
-
   void ShowExtent() {
     const int extent = Model().HorizontalExtent;
     SendMessageW(window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent > 0 ? extent + Margin() : 0), 0);
@@ -267,9 +289,40 @@ class PlainListPeer final : public ListPeer<ListBox> {
   int told_row_ = -1;  // whose mark screen readers were told of
 };
 
-class FileListPeer final : public ListPeer<FileListBox> {
+// Columns stand behind the names where the list has some.
+class FileListPeer final : public DrawnListPeer<FileListBox> {
  public:
-  using ListPeer::ListPeer;
+  using DrawnListPeer::DrawnListPeer;
+
+ protected:
+  [[nodiscard]] bool IsDrawn() const override { return !Model().ColumnLefts.empty() && Model().ColumnTexts; }
+
+  // What a screen reader hears of the row.
+  [[nodiscard]] std::string RowText(int row) const override {
+    std::string text = Model().List(row);
+    if (!IsDrawn()) return text;
+    for (const std::string& column : Model().ColumnTexts(text)) text += ", " + column;
+    return text;
+  }
+
+  void DrawRow(HDC target, RECT place, int row, COLORREF color) override {
+    const std::string name = Model().List(row);
+    const std::vector<std::string> texts = Model().ColumnTexts(name);
+    const RECT whole = place;
+    place.left += Pixels(kEdge);
+    for (size_t column = 0; column <= texts.size(); ++column) {
+      const bool is_last = column >= Model().ColumnLefts.size();
+      place.right = is_last ? whole.right : whole.left + Pixels(Model().ColumnLefts[column]);
+      DrawRowText(target, place, column == 0 ? name : texts[column - 1], color, DT_END_ELLIPSIS);
+      place.left = place.right;
+      if (is_last) return;
+    }
+  }
+
+ private:
+  static constexpr int kEdge = 30;  // twips in front of the names, as the system's own rows have it
+
+  [[nodiscard]] int Pixels(int twips) const { return form().scale().Pixels(twips); }
 };
 
 }  // namespace

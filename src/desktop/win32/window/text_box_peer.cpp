@@ -1,4 +1,5 @@
 // Text boxes on the system's own control.
+#include "base/flag_scope.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window/control_peer.h"
 #include "desktop/win32/window/peer_kinds.h"
@@ -31,11 +32,7 @@ class TextBoxPeer final : public WindowedPeer {
 
   void Update(PropertyId property) override {
     switch (property) {
-      case PropertyId::kText:
-        if (ReadWindowText(window()) != ToWideLines(Box().Text.get())) {
-          SetWindowTextW(window(), ToWideLines(Box().Text.get()).c_str());
-        }
-        break;
+      case PropertyId::kText: ShowText(); break;
       case PropertyId::kLocked: SendMessageW(window(), EM_SETREADONLY, Box().Locked, 0); break;
       case PropertyId::kMaxLength:
         SendMessageW(window(), EM_LIMITTEXT, static_cast<WPARAM>(Box().MaxLength.get()), 0);
@@ -52,7 +49,7 @@ class TextBoxPeer final : public WindowedPeer {
   }
 
   void Notify(int code) override {
-    if (code == EN_CHANGE) TakeText();
+    if (code == EN_CHANGE && !is_typing_) TakeText();
   }
 
  protected:
@@ -61,15 +58,35 @@ class TextBoxPeer final : public WindowedPeer {
     if (message == WM_KILLFOCUS || message == WM_KEYUP || message == WM_LBUTTONUP) TakeSelection();
     return WindowedPeer::HandleMessage(message, first, second, result);
   }
+  // A handler of the next key may ask where the last one has led.
+  void AfterMessage(UINT message) override {
+    if (message == WM_KEYDOWN) TakeSelection();
+    WindowedPeer::AfterMessage(message);
+  }
   [[nodiscard]] EdgeKind Edge() const override { return EdgeOf(Box().BorderStyle, Box().Appearance); }
 
  private:
   [[nodiscard]] TextBox& Box() const { return static_cast<TextBox&>(control()); }
 
+  // The system's own replacement of a selection keeps what the user did before, and can be taken back itself.
+  void ShowText() {
+    if (taken_ && *taken_ == Box().Text.get()) return;
+    if (const std::string* replacement = Box().Replacement()) {
+      const FlagScope typing(is_typing_);
+      SendMessageW(window(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(ToWideLines(*replacement).c_str()));
+    }
+    const std::wstring text = ToWideLines(Box().Text.get());
+    if (ReadWindowText(window()) != text) SetWindowTextW(window(), text.c_str());
+  }
+
   void TakeText() {
     TakeSelection();
-    std::string text = FromWide(ReadWindowText(window()));
-    Dispatch([&] { Box().Text = std::move(text); });
+    const std::string text = FromWide(ReadWindowText(window()));
+    Dispatch([&] {
+      taken_ = &text;
+      OnFailure([&] { Box().Text = text; }, [this](const RuntimeError&) { taken_ = nullptr; });
+      taken_ = nullptr;
+    });
   }
 
   void TakeSelection() {
@@ -79,6 +96,9 @@ class TextBoxPeer final : public WindowedPeer {
     Box().SelStart.StoreQuietly(static_cast<int>(from));
     Box().SelLength.StoreQuietly(static_cast<int>(to - from));
   }
+
+  const std::string* taken_ = nullptr;  // what the user typed, while the model takes it
+  bool is_typing_ = false;              // the peer changes the text itself
 };
 
 }  // namespace

@@ -101,4 +101,13 @@ void Win32Effects::PlaySoundAndWait(ByteView wave) {
   (reinterpret_cast<const wchar_t*>(wave.data()), SND_MEMORY | SND_NODEFAULT | SND_SYNC);
 }
 
+// The system plays from the program's memory: the bytes stay until the next sound has taken their place.
+void Win32Effects::StartSound(Bytes wave) {
+  static Bytes playing;
+  const auto play = KESTRUN_LATE(L"winmm.dll", sndPlaySoundW);
+  play(nullptr, 0);
+  playing = std::move(wave);
+  play(reinterpret_cast<const wchar_t*>(playing.data()), SND_MEMORY | SND_ASYNC);
+}
+
 }  // namespace kestrun

@@ -17,6 +17,7 @@ class Win32Effects final : public WindowEffects {
                      const std::function<void(BitmapNumber bitmap, ContextNumber context)>& use) override;
   void SetWindowRegion(WindowNumber window, RegionNumber region) override;
   void PlaySoundAndWait(ByteView wave) override;
+  void StartSound(Bytes wave) override;
 };
 
 }  // namespace kestrun

@@ -1,0 +1,211 @@
+// How a project is changed, saved and closed.
+#include "base/code_page.h"
+#include "forms/drop_target.h"
+#include "platform/platform.h"
+#include "program/path_text.h"
+#include "program/style_hook.h"
+#include "program/window_kit/ask.h"
+#include "program/window_kit/run_command.h"
+#include "styles/entry_tag.h"
+#include "styles/project_entries.h"
+#include "windows/style_editor/frmedit.h"
+#include "windows/style_editor/frmeditselectfile.h"
+#include "windows/style_editor/run_quietly.h"
+
+namespace kestrun {
+namespace {
+
+constexpr const char* kStyleFilter = "Kestrun Style files (*.stl)|*.stl|All files (*.*)|*.*|";
+constexpr size_t kPresetName = 12;  // characters of a name that is too long that are offered again
+
+std::string AskText(std::string_view prompt, std::string_view title, std::string_view preset) {
+  return platform().dialogs().AskText(prompt, title, preset).value_or("");
+}
+
+std::string FirstCharacters(const std::string& text, size_t count) {
+  return ToUtf8(std::u16string_view(ToUtf16(text)).substr(0, count));
+}
+
+}  // namespace
+
+ClsPFF& FrmEdit::RequireArchive() const {
+  if (!project_.archive()) Raise(error::kObjectNotSet);
+  return *project_.archive();
+}
+
+// ---- writing into the working copy ---------------------------------------------------------------------------------
+
+void FrmEdit::SaveStyleScript() { Flush(); }
+
+// What is staged already goes out first: the text then finds its entry as it is in the file.
+bool FrmEdit::Flush() {
+  ClsPFF& archive = RequireArchive();
+  bool is_stored = true;
+  const auto flush = [&] {
+    archive.SavePffFile();
+    is_stored = StoreCode();
+    archive.SavePffFile();
+  };
+  return RunCommand(flush, "Auto backup style script " + archive.OpenFileName()) && is_stored;
+}
+
+bool FrmEdit::StoreCode() {
+  if (!IsDirtyTag(TxtCode.Tag)) return true;
+  const std::string name = TxtCode.Tag;
+  if (const auto lost = FirstUnencodable(TxtCode.Text.get())) {
+    MsgBox("The text of '" + name + "' was not stored: a style has no character for '" + *lost +
+               "'. Take it out and save again. The style still holds the text that was there before.",
+           BoxButtons::kOk, BoxIcon::kWarning);
+    return false;
+  }
+  // An entry without a byte cannot be read again.
+  if (TxtCode.Text->empty()) TxtCode.Text = " ";
+  const std::string text = TxtCode.Text;
+  const std::string bytes = EncodeText(text);
+  RequireArchive().PackFile(AsBytes(bytes), name);
+  // Packing lets events run: what was typed meanwhile is stored the next time.
+  if (TxtCode.Text.get() == text) TxtCode.Tag = CleanTag(TxtCode.Tag);
+  return true;
+}
+
+// ---- saving the project --------------------------------------------------------------------------------------------
+
+void FrmEdit::SaveStyle(const std::string& file) { SaveTo(file); }
+
+bool FrmEdit::SaveTo(const std::string& file) {
+  if (!Flush()) return false;
+  const auto save = [&] {
+    project_.CopyTo(file);
+    MsgBox("Saved");
+  };
+  return RunCommand(save, "Saving style file ");
+}
+
+bool FrmEdit::Save() {
+  RequireArchive();
+  if (!project_.File().empty()) return SaveTo(project_.File());
+  CommonDialog.DialogTitle = "Select file.";
+  CommonDialog.Filter = kStyleFilter;
+  CommonDialog.DefaultExt = "stl";
+  CommonDialog.FileName = "";
+  CommonDialog.CancelError = true;
+  CommonDialog.ShowSave();
+  const std::string file = CommonDialog.FileName;
+  if (FileExists(file) && !AskYesNo("This file already exists do you want to overwrite?")) return false;
+  return SaveTo(file);
+}
+
+void FrmEdit::SaveAs() {
+  RequireArchive();
+  project_.ForgetFile();
+  Save();
+}
+
+bool FrmEdit::AskToSave() {
+  if (project_.File().empty() || !AskYesNo("Do you want to save the changes to '" + project_.File() + "'?"))
+    return true;
+  return Save();
+}
+
+void FrmEdit::OpenProject() {
+  if (!AskToSave()) return;
+  CommonDialog.DialogTitle = "Select file";
+  CommonDialog.Filter = kStyleFilter;
+  CommonDialog.FileName = "";
+  CommonDialog.CancelError = true;
+  CommonDialog.ShowOpen();
+  LoadStyle(CommonDialog.FileName);
+}
+
+// What was not saved after all is not thrown away: the window stays then.
+void FrmEdit::AskBeforeClosing(bool& cancel) {
+  if (!project_.File().empty()) {
+    const BoxAnswer answer =
+        MsgBox("Do you want to save the changes to '" + project_.File() + "'", BoxButtons::kYesNoCancel);
+    bool is_saved = true;
+    if (answer == BoxAnswer::kYes) Attempt([&] { is_saved = Save(); }, [&](const RuntimeError&) { is_saved = false; });
+    cancel = answer == BoxAnswer::kCancel || !is_saved;
+    if (cancel) return;
+  }
+  RunQuietly([this] { project_.RemoveWorkingCopy(); });
+}
+
+void FrmEdit::TryStyle() {
+  if (Flush()) LoadStyleFile(project_.WorkingFile());
+}
+
+// ---- entries -------------------------------------------------------------------------------------------------------
+
+std::string FrmEdit::Get16CharName(const std::string& name) {
+  if (ToUtf16(name).size() <= kMostEntryName) return name;
+  const std::string answer =
+      AskText("This file name is too long please enter a new one (max 16 characters)", "Enter file name",
+              FirstCharacters(name, kPresetName) + "." + ClsPFF::GetFileExt(name));
+  if (!answer.empty() && ToUtf16(answer).size() <= kMostEntryName) return answer;
+  MsgBox("Error filename too long: canceled");
+  return {};
+}
+
+void FrmEdit::AddFile(const std::string& filter) {
+  RunQuietly([&] {
+    RequireArchive();
+    CommonDialog.DialogTitle = "Select file";
+    CommonDialog.Filter = filter;
+    CommonDialog.FileName = "";
+    CommonDialog.CancelError = true;
+    CommonDialog.ShowOpen();
+    AddFromDisk(CommonDialog.FileName);
+  });
+}
+
+void FrmEdit::AddFromDisk(const std::string& path) {
+  if (!FileExists(path) || platform().files().IsFolder(path)) return;
+  const std::string name = Get16CharName(GetFileName(path, true));
+  if (name.empty()) return;
+  const Bytes bytes = platform().files().ReadAll(path);
+  // An entry without a byte cannot be read again.
+  if (bytes.empty()) RaiseEmptyFile(path);
+  AddEntry(bytes, name);
+}
+
+void FrmEdit::AddNewEntry(const std::string& prompt, std::string (*with_extension)(const std::string& name)) {
+  RequireArchive();
+  const std::string name = Get16CharName(with_extension(AskText(prompt, "", "")));
+  if (!name.empty()) AddEntry(AsBytes(" "), name);
+}
+
+void FrmEdit::AddEntry(ByteView bytes, const std::string& name) {
+  try {
+    RequireArchive().PackFile(bytes, name);
+  } catch (const RuntimeError& failure) {
+    // A name with a character that the archive does not have.
+    if (!FirstUnencodable(name)) throw;
+    MsgBox(failure.description());
+    return;
+  }
+  SaveStyleScript();
+  RefreshList();
+}
+
+void FrmEdit::DeleteEntry() {
+  RequireArchive();
+  auto& dialog = Window<FrmEditSelectFile>();
+  const TreeNode* node = TreeView.SelectedItem();
+  if (node) dialog.Choose(node->Text());
+  dialog.ShowModal();
+}
+
+void FrmEdit::DeleteNumber(int number) { RequireArchive().SetFileDeleted(number, true); }
+
+// On the tree files are added to the project; elsewhere a style is opened.
+void FrmEdit::TakeDropped(const std::vector<std::string>& paths) {
+  const bool is_style = paths.size() == 1 && HasExtension(paths.front(), "stl");
+  if (is_style && DropTarget() != &TreeView) {
+    if (AskToSave()) LoadStyle(paths.front());
+    return;
+  }
+  RequireArchive();
+  for (const std::string& path : paths) RunQuietly([&] { AddFromDisk(path); });
+}
+
+}  // namespace kestrun
