@@ -95,6 +95,7 @@ int EditStyle(const Command& command, const std::string& text) {
 
 constexpr int kSecondPage = 2;
 constexpr std::string_view kOpensFile = "It would open a file.";
+constexpr std::string_view kLoadsStyle = "It would load a style file, whose scripts then run.";
 
 // One row a word, in the order of the help. No text matches two of them.
 // clang-format off
@@ -118,7 +119,7 @@ constexpr std::array kCommands{
     Command{Match::kStart, "-mapinfo", ShowMission, {}, "-mapinfo filename: shows the map info of filename", 1, {}, kOpensFile},
     // Start-up looks for this word itself, before it does anything else.
     Command{Match::kNone, {}, nullptr, {}, "-safe: use safe mode (don't load too much things at startup) use this if kestrun has errors at startup"},
-    Command{Match::kStart, "-style", LoadStyle, {}, "-style filename: use a style file", 1, {}, "It would load a style file, whose scripts then run."},
+    Command{Match::kStart, "-style", LoadStyle, {}, "-style filename: use a style file", 1, {}, kLoadsStyle},
     Command{Match::kNone, {}, nullptr, {}, "-<FORMNAME>: loads a window with name=<FORMNAME>", kSecondPage},
     Command{Match::kWord, "-frmaddinmngr", OpenWordsWindow, "FrmAddinMngr"},
     Command{Match::kWord, "-frmaddmessage", OpenWordsWindow, "frmaddmessage"},
@@ -175,8 +176,10 @@ std::string PageEnd(int page) {
 std::string_view LinkWarning(const std::string& command) {
   const Command* const row = FindCommand(command);
   if (row) return row->warning;
-  // A word that nobody knows stands in the window that loads maps, and opens nothing.
-  return command.starts_with('-') ? std::string_view() : kOpensFile;
+  if (ToLower(command).ends_with(".stl")) return kLoadsStyle;
+  // A word that nobody knows stands in the window that loads maps, and opens nothing: it is no path.
+  const bool is_word = command.starts_with('-') && command.find_first_of("./\\:") == std::string::npos;
+  return is_word ? std::string_view() : kOpensFile;
 }
 
 int ProcessCommand(const std::string& command) {

@@ -32,8 +32,20 @@ bool HoldsInAnyLayer(std::string text, Test&& test) {
   return true;  // nobody needs so many
 }
 
-bool HasControlCharacter(std::string_view text) {
-  return std::any_of(text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; });
+// Control characters, and those that turn the direction of the text around them (Unicode, 9: U+200E, U+200F, U+202A to
+// U+202E, U+2066 to U+2069): what is shown would not be what is done.
+bool HidesSomething(std::string_view text) {
+  for (size_t at = 0; at < text.size(); ++at) {
+    const auto c = static_cast<unsigned char>(text[at]);
+    if (c < 0x20 || c == 0x7F) return true;
+    const std::string_view next = text.substr(at, 3);
+    const auto is_in = [&](std::string_view first, std::string_view last) { return next >= first && next <= last; };
+    if (is_in("\xE2\x80\x8E", "\xE2\x80\x8F") || is_in("\xE2\x80\xAA", "\xE2\x80\xAE") ||
+        is_in("\xE2\x81\xA6", "\xE2\x81\xA9")) {
+      return true;
+    }
+  }
+  return false;
 }
 
 // The program that opens links puts one pair of quotes around them.
@@ -45,21 +57,23 @@ std::string_view WithoutOuterQuotes(std::string_view text) {
 
 bool IsSlash(char c) { return c == '\\' || c == '/'; }
 
-// "\\\\host\\share", also with slashes of the other kind, and behind "file:".
-bool IsNetworkPath(std::string_view path) {
-  constexpr std::string_view kFile = "file:";
-  if (EqualsNoCase(path.substr(0, kFile.size()), kFile)) {
-    path.remove_prefix(kFile.size());
-    // Behind "file://" a third slash begins a local path.
-    if (path.size() >= 3 && IsSlash(path[0]) && IsSlash(path[1]) && IsSlash(path[2])) path.remove_prefix(2);
-  }
-  return path.size() >= 2 && IsSlash(path[0]) && IsSlash(path[1]);
-}
-
+// Two slashes of whatever kind side by side, as in "\\\\host\\share", name another computer, wherever a command's path
+// begins. Not behind the scheme of an address, but that of files with a computer's name: "file:///C:/a" is here. And
+// the system's own way around such names ("\\??\\UNC").
 bool NamesNetworkPath(std::string_view text) {
-  for (size_t at = 0; at < text.size(); ++at) {
-    const bool begins = at == 0 || text[at - 1] == '"' || text[at - 1] == ' ';
-    if (begins && IsNetworkPath(text.substr(at))) return true;
+  constexpr std::string_view kFile = "file:";
+  if (text.find("\\??") != std::string_view::npos) return true;
+  for (size_t at = 0; at + 1 < text.size(); ++at) {
+    if (!IsSlash(text[at]) || !IsSlash(text[at + 1])) continue;
+    const std::string_view before = text.substr(0, at);
+    const bool is_third = at + 2 < text.size() && IsSlash(text[at + 2]);
+    const bool is_fourth = at + 3 < text.size() && IsSlash(text[at + 3]);
+    const bool is_scheme = before.size() > 2 && before.ends_with(':');
+    if (!is_scheme) return true;
+    const bool is_file =
+        before.size() >= kFile.size() && EqualsNoCase(before.substr(before.size() - kFile.size()), kFile);
+    if (is_file ? !is_third || is_fourth : is_third) return true;
+    at += is_file ? 2 : 1;
   }
   return false;
 }
@@ -77,7 +91,7 @@ bool HasQuote(std::string_view text) { return text.find('"') != std::string_view
 std::optional<std::string_view> ReasonToRefuse(const std::string& text) {
   const std::string_view inside = WithoutOuterQuotes(text);
   if (text.size() > kLongestLink) return "It is too long for a link.";
-  if (HoldsInAnyLayer(std::string(inside), HasControlCharacter)) return "It holds characters that cannot be shown.";
+  if (HoldsInAnyLayer(std::string(inside), HidesSomething)) return "It holds characters that cannot be shown.";
   if (HoldsInAnyLayer(std::string(inside),
                       [](std::string_view layer) { return FindNoCase(layer, kLinkPrefix) != std::string::npos; })) {
     return "It holds another link.";
@@ -116,6 +130,7 @@ LinkJudgement JudgeLink(const std::string& text) {
   if (IsHttpUrl(inside)) return {};
   const std::string_view warning = LinkWarning(inside);
   if (warning.empty()) return {};
+  if (inside.size() > kLongestShown) return {LinkVerdict::kRefuse, "It is too long to be shown whole."};
   return {LinkVerdict::kAsk, warning};
 }
 

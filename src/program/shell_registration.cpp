@@ -89,9 +89,10 @@ std::string ProtocolCommand() { return SelfPath() + " \"%1\""; }
 
 bool CreateAssociation(const std::string& Extension, const std::string& Command, const std::string& ClassName,
                        const std::string& Icon) {
-  return WriteClass(Extension, kDefaultValue, ClassName) &&
-         WriteClass(ClassName + kOpenCommand, kDefaultValue, Command + " %1") &&
-         (Icon.empty() || WriteClass(ClassName + kDefaultIcon, kDefaultValue, Icon));
+  // The extension last: where the system refuses in the middle, its files stay with the program that has them.
+  return WriteClass(ClassName + kOpenCommand, kDefaultValue, Command + " %1") &&
+         (Icon.empty() || WriteClass(ClassName + kDefaultIcon, kDefaultValue, Icon)) &&
+         WriteClass(Extension, kDefaultValue, ClassName);
 }
 
 bool AssociateBms() { return Associate(kMap); }

@@ -93,12 +93,12 @@ void RepairAppPath() {
 // Earlier versions put the question too, and could do nothing about a Yes: where one of them has run, it is put once
 // more.
 void AskFirstRun(bool has_run_before) {
-  const bool is_asked_for_nothing = has_run_before && !HasAskedForMaps() && shell_integration().is_bms_associated &&
-                                    !shell_integration().is_bms_associated();
+  const bool was_asked_in_vain = has_run_before && !HasAskedForMaps() && shell_integration().is_bms_associated &&
+                                 !shell_integration().is_bms_associated();
   Attempt([] {
     if (!HasAskedForMaps()) NoteAskedForMaps();
   });
-  if (!TextToBoolean(ReadSetting(setting::kFirstRun)) && !is_asked_for_nothing) return;
+  if (!TextToBoolean(ReadSetting(setting::kFirstRun)) && !was_asked_in_vain) return;
   const BoxAnswer answer = MsgBox(
       "Kestrun can set itself as default editor for *.bms files (maps). Do you want to set Kestrun as default "
       "editor?" +

@@ -27,6 +27,7 @@ bool ReceiveAll(BackgroundRequest& sent, const std::function<bool()>& goes_on) {
 std::optional<HttpResponse> SendWhileUsable(const HttpRequest& request, const std::function<bool()>& goes_on) {
   MemoryReceiver receiver(MemoryReceiver::Wanted::kAnswer);
   bool is_whole = false;
+  if (!goes_on()) return std::nullopt;
   const auto send = [&] {
     BackgroundRequest sent(request, receiver);
     is_whole = ReceiveAll(sent, goes_on);

@@ -9,8 +9,8 @@
 
 namespace kestrun {
 
-// `goes_on` is asked again and again; false leaves the answer, however much of it is still to come. Nothing then, and
-// on every failure. Never raises.
+// `goes_on` is asked before anything is sent and then again and again; false leaves the answer, however much of it is
+// still to come. Nothing then, and on every failure. Never raises.
 [[nodiscard]] std::optional<HttpResponse> SendWhileUsable(const HttpRequest& request,
                                                           const std::function<bool()>& goes_on);
 

@@ -12,6 +12,7 @@ class LinkGuardTest : public FrameTest {};
 
 constexpr std::string_view kFollow = "";
 constexpr std::string_view kFile = "It would open a file.";
+constexpr std::string_view kStyle = "It would load a style file, whose scripts then run.";
 constexpr std::string_view kSecond = "It holds more than one command.";
 constexpr std::string_view kAbroad = "It leads to another computer's files.";
 constexpr std::string_view kNested = "It holds another link.";
@@ -39,7 +40,11 @@ TEST_F(LinkGuardTest, EachLinkIsJudgedByWhatItWouldDo) {
            // What does more.
            Row{"C:\\maps\\oasis.bms", kAsks, kFile},
            Row{"\"C:\\maps\\night.lst\"", kAsks, kFile},
-           Row{"C:\\dark.stl", kAsks, kFile},
+           Row{"C:\\dark.stl", kAsks, kStyle},
+           Row{"-x.stl", kAsks, kStyle},
+           Row{"-STYLE e.stl", kAsks, kStyle},
+           Row{"\"-\\..\\..\\Public\\e.STL\"", kAsks, kStyle},
+           Row{"-x.lst", kAsks, kFile},
            Row{"ftp://maps.example/oasis.bms", kAsks, kFile},
            Row{"file:///C:/maps/oasis.bms", kAsks, kFile},
            Row{"-mapinfo C:\\maps\\oasis.bms", kAsks, kFile},
@@ -67,6 +72,13 @@ TEST_F(LinkGuardTest, EachLinkIsJudgedByWhatItWouldDo) {
            Row{"file:////host/share/a.bms", kRefuses, kAbroad},
            Row{"-style \\\\host\\a.stl", kRefuses, kAbroad},
            Row{"-mapinfo \\\\host\\a.bms", kRefuses, kAbroad},
+           Row{"-style\\\\host\\e.stl", kRefuses, kAbroad},
+           Row{"-style//host/e.stl", kRefuses, kAbroad},
+           Row{"-mapinfo=\\\\host\\a.bms", kRefuses, kAbroad},
+           Row{"\\??\\UNC\\host\\a.bms", kRefuses, kAbroad},
+           Row{"C://host/a.bms", kRefuses, kAbroad},
+           Row{"FILE:\\\\host\\a.bms", kRefuses, kAbroad},
+           Row{"C:\\a\xE2\x80\xAEsmb.bms", kRefuses, kHidden},
            Row{"-pack \"a.pff\" \"b\" \"\\\\host\\c.bms\"", kRefuses, kAbroad},
            Row{"kestrun://-options", kRefuses, kNested},
            Row{"KESTRUN://-options", kRefuses, kNested},
@@ -89,6 +101,13 @@ TEST_F(LinkGuardTest, ALinkOfAHundredKilobytesIsRefusedAndNotShownWhole) {
       .ExpectBox("This link was not followed:\r\n\r\n" + link.substr(0, 300) + " ...\r\n\r\nIt is too long for a link.")
       .WithIcon(BoxIcon::kWarning);
   EXPECT_FALSE(MayFollowLink(link));
+}
+
+TEST_F(LinkGuardTest, WhatCannotBeShownWholeIsNotAskedAbout) {
+  const std::string link = "C:\\" + std::string(300, 'a') + ".bms";
+  EXPECT_EQ(JudgeLink(link).verdict, LinkVerdict::kRefuse);
+  EXPECT_EQ(JudgeLink(link).why, "It is too long to be shown whole.");
+  EXPECT_EQ(JudgeLink("http://a.example/" + std::string(300, 'a')).verdict, LinkVerdict::kFollow);
 }
 
 TEST_F(LinkGuardTest, TheQuestionShowsTheDecodedTextAndNoIsItsDefault) {

@@ -89,9 +89,7 @@ TEST_F(ShellRegistrationTest, TheComparisonIsExact) {
   EXPECT_TRUE(IsBmsAssociated());  // whatever the class is called
   GiveMapsTo(Self() + " \"%1\"");
   EXPECT_FALSE(IsBmsAssociated());
-  std::string capitals = Self() + " %1";
-  capitals.back() = '2';
-  GiveMapsTo(capitals);
+  GiveMapsTo(Self() + " %2");
   EXPECT_FALSE(IsBmsAssociated());
   desktop.program().exe_name = "Kestrun";
   GiveMapsTo(desktop.program().folder + "\\KESTRUN.exe %1");

@@ -1,5 +1,7 @@
 #include "maps/upload/upload_post.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 
 namespace kestrun {
@@ -11,6 +13,7 @@ constexpr bool kEncoded = true;
 constexpr std::string_view kUploaded = "[UPLOAD SUCCESS]";
 constexpr std::string_view kGamesFollow = "OK";
 constexpr size_t kMostGames = 1000;
+constexpr size_t kLongestGame = 200;
 constexpr size_t kLeastCoveredCharacters = 4;
 constexpr std::string_view kCover = "****";
 
@@ -49,12 +52,18 @@ std::string GamesPage(const std::string& service) { return service + "/script.ph
 
 bool IsUploaded(std::string_view reply) { return reply.find(kUploaded) != std::string_view::npos; }
 
+// Line by line: a reply of millions of lines is not cut up whole.
 std::vector<std::string> GamesOf(std::string_view reply) {
-  std::vector<std::string> games = Split(reply, "\n");
-  if (games.empty() || games.front() != kGamesFollow) return {};
-  games.erase(games.begin());
-  std::erase(games, "");  // behind the last line's end
-  if (games.size() > kMostGames) games.resize(kMostGames);
+  std::vector<std::string> games;
+  bool is_first = true;
+  while (!reply.empty() && games.size() < kMostGames) {
+    const size_t end = std::min(reply.find('\n'), reply.size());
+    const std::string_view line = reply.substr(0, end);
+    reply.remove_prefix(std::min(end + 1, reply.size()));
+    if (is_first && line != kGamesFollow) return {};
+    if (!is_first && !line.empty() && line.size() <= kLongestGame) games.emplace_back(line);
+    is_first = false;
+  }
   return games;
 }
 

@@ -25,6 +25,13 @@ constexpr uint32_t kLongestSoundMs = 10 * 60 * 1000;
 
 std::string Text(std::string_view text) { return std::string(text); }
 
+// The system's text box ends at the first zero, so that the next change would lose what stands behind it. An entry of
+// nothing else, such as a new project's manifest, loses nothing.
+bool IsWholeInABox(const std::string& text) {
+  const size_t zero = text.find('\0');
+  return zero == std::string::npos || text.find_first_not_of('\0', zero) == std::string::npos;
+}
+
 }  // namespace
 
 // ---- the tree ------------------------------------------------------------------------------------------------------
@@ -117,12 +124,15 @@ void FrmEdit::OpenNode() {
   }
 }
 
-// The tag first: where the text is another than before, the change of the box marks it as changed.
+// The tag first: where the text is another than before, the change of the box marks it as changed. What cannot be
+// edited has no tag: nothing is written back.
 void FrmEdit::OpenText(const std::string& name) {
   if (!Flush()) return;
   const std::string text = DecodeText(AsChars(project_.Read(name)));
-  Label3.Caption = kCodeCaption + std::string(" ") + name;
-  TxtCode.Tag = CleanTag(name);
+  const bool is_whole = IsWholeInABox(text);
+  Label3.Caption = kCodeCaption + std::string(" ") + name + (is_whole ? "" : " (no text: shown only)");
+  TxtCode.Locked = !is_whole;
+  TxtCode.Tag = is_whole ? CleanTag(name) : std::string();
   TxtCode.Text = text;
   TxtCode.SelStart = 0;
   TxtCode.SelLength = 0;
@@ -132,6 +142,7 @@ void FrmEdit::OpenText(const std::string& name) {
 void FrmEdit::CloseCode() {
   TxtCode.Tag = "";
   TxtCode.Text = "";
+  TxtCode.Locked = false;
   Label3.Caption = kCodeCaption;
 }
 

@@ -166,8 +166,12 @@ void FrmCenter::TakeFolder() {
   if (platform().files().IsFolder(folder)) {
     RunCommand([&] { FileMaps.SetPath(folder); });
   } else {
-    status_line_.Say("There is no folder of this name. The list shows " + FileMaps.Path());
+    SayNoFolder();
   }
+}
+
+void FrmCenter::SayNoFolder() {
+  status_line_.Say("There is no folder of this name. The list shows " + FileMaps.Path());
 }
 
 void FrmCenter::BrowseFolder() {

@@ -120,6 +120,7 @@ class FrmCenter final : public Form {
 
   // The folder and its maps.
   void TakeFolder();
+  void SayNoFolder();
   void BrowseFolder();
   void TakeDropped(const std::vector<std::string>& paths);
   void RefreshList();
@@ -130,11 +131,19 @@ class FrmCenter final : public Form {
 
   // The run.
   void UploadListed();
-  void SendMaps(const std::vector<std::string>& maps);
+  // The maps that a run is about, as they are listed when it begins.
+  struct Chosen {
+    std::string folder;
+    std::vector<std::string> maps;
+  };
+  [[nodiscard]] Chosen ChosenMaps() const;
+  bool Check(const Chosen& chosen);
+  void SendMaps(const Chosen& chosen);
+  // False once the user has left the run, or the window.
+  [[nodiscard]] bool GoesOn() const { return IsLoaded() && !leaves_post_; }
   bool SendMap(const std::string& path, const std::string& temp_folder);
+  bool FetchPicture(const std::string& base, Bytes& picture);
   [[nodiscard]] std::string Post(const MapUpload& upload);
-  // The maps of the list that the run is about, by name.
-  [[nodiscard]] std::vector<std::string> ChosenMaps() const;
   [[nodiscard]] std::string AskForName(const std::string& file_name, const std::string& mission_name);
   [[nodiscard]] bool AskForGames();
   void OpenLogFile();
@@ -148,6 +157,7 @@ class FrmCenter final : public Form {
   std::string service_;  // the Mapping Center's address, empty until it is known
   std::unique_ptr<File> log_file_;
   uint64_t log_bytes_ = 0;
+  std::string progress_;  // what the status line says between two fetches
   bool has_settings_ = false;
   bool is_running_ = false;
   bool cancels_ = false;      // behind the map that is being sent

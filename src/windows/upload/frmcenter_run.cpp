@@ -1,4 +1,5 @@
 // The uploader's run: what is checked, asked, sent and logged.
+#include <algorithm>
 #include <exception>
 
 #include "base/calendar.h"
@@ -8,6 +9,7 @@
 #include "base/text_file.h"
 #include "maps/file_tools.h"
 #include "platform/platform.h"
+#include "platform/turn.h"
 #include "program/folders.h"
 #include "program/path_text.h"
 #include "program/window_kit/run_command.h"
@@ -25,17 +27,20 @@ std::string Now() {
   return DayToText(now.date) + " " + TimeToText(now);
 }
 
-// A reply as lines of the log, and no more of it than the log box holds.
-std::string ReplyText(const std::string& reply) {
-  const std::string lines = ReplaceAll(ReplaceAll(reply, kCrLf, "\n"), "\n", kCrLf);
+// A text as the log box shows it: with its own line ends, without zeros, at which it would end, and no more than it
+// holds.
+std::string BoxText(const std::string& text) {
+  std::string lines = ReplaceAll(ReplaceAll(text, kCrLf, "\n"), "\n", kCrLf);
+  std::replace(lines.begin(), lines.end(), '\0', ' ');
   const std::u16string all = ToUtf16(lines);
   return all.size() <= kMostLogCharacters ? lines : ToUtf8(all.substr(0, kMostLogCharacters));
 }
 
-// The system's temporary folder for what is unpacked, empty; it goes with this object.
+// The system's temporary folder for what is unpacked, empty; it goes with this object. It has a fixed name: another
+// process that wants it waits for its turn.
 class UnpackFolder {
  public:
-  UnpackFolder() {
+  UnpackFolder() : turn_(TakeTurn(path_)) {
     DeleteFolder(path_);
     platform().files().MakeFolder(path_);
   }
@@ -48,6 +53,7 @@ class UnpackFolder {
 
  private:
   const std::string path_ = SpecialFolder(folder::kTemporary) + "kestrun";
+  const std::shared_ptr<FileLock> turn_;
 };
 
 }  // namespace
@@ -56,6 +62,7 @@ class UnpackFolder {
 
 void FrmCenter::UploadAll() {
   if (is_running_) return;
+  if (!platform().files().IsFolder(TxtDir.Text.get())) return SayNoFolder();
   const Ref<Form> keep(this);
   const FlagScope running(is_running_);
   cancels_ = false;
@@ -73,27 +80,32 @@ void FrmCenter::ShowRunning(bool is_running) {
 
 // The log stays open behind a check that fails: what is logged later goes there too.
 void FrmCenter::UploadListed() {
+  const Chosen chosen = ChosenMaps();
   OpenLogFile();
   AddMessage(">> Start uploading " + Now());
   AddMessage("Checking files ...");
-  if (!CheckFiles() || !IsLoaded()) return;
+  if (!Check(chosen) || !GoesOn()) return;
   AddMessage("OK");
   if (service_.empty()) Connect();
-  if (!service_.empty() && IsLoaded()) SendMaps(ChosenMaps());
+  OnFailure(
+      [&] {
+        if (!service_.empty() && GoesOn()) SendMaps(chosen);
+      },
+      [this](const RuntimeError&) { log_file_.reset(); });
   log_file_.reset();
 }
 
-void FrmCenter::SendMaps(const std::vector<std::string>& maps) {
+void FrmCenter::SendMaps(const Chosen& chosen) {
+  const auto& [folder, maps] = chosen;
   AddMessage("Uploading files ...");
-  const std::string folder = FileMaps.Path();
   const UnpackFolder unpacked;
   const std::string count = std::to_string(maps.size());
   int sent = 0;
   Pgb.Max = static_cast<int>(maps.size());
   for (size_t map = 0; map < maps.size() && !cancels_; ++map) {
     Pgb.Value = static_cast<int>(map) + 1;
-    status_line_.Say("Uploading map " + std::to_string(map + 1) + " of " + count + ": " + maps[map] +
-                     ". Esc stops at once.");
+    progress_ = "Uploading map " + std::to_string(map + 1) + " of " + count + ": " + maps[map] + ". Esc stops at once.";
+    status_line_.Say(progress_);
     const std::string path = folder + "\\" + maps[map];
     if (FileExists(path) && UploadFile(path, unpacked.path())) ++sent;
     RunPendingEvents();
@@ -101,12 +113,12 @@ void FrmCenter::SendMaps(const std::vector<std::string>& maps) {
   if (IsLoaded()) status_line_.Say(std::to_string(sent) + " of " + count + " maps uploaded.");
 }
 
-std::vector<std::string> FrmCenter::ChosenMaps() const {
-  std::vector<std::string> maps;
+FrmCenter::Chosen FrmCenter::ChosenMaps() const {
+  Chosen chosen{FileMaps.Path(), {}};
   for (int row = 0; row < FileMaps.ListCount(); ++row) {
-    if (ChSelected.Value != 1 || FileMaps.Selected(row)) maps.push_back(FileMaps.List(row));
+    if (ChSelected.Value != 1 || FileMaps.Selected(row)) chosen.maps.push_back(FileMaps.List(row));
   }
-  return maps;
+  return chosen;
 }
 
 void FrmCenter::CancelRun() {
@@ -120,13 +132,17 @@ void FrmCenter::StopAtOnce() {
   status_line_.Say("Stopping ...");
 }
 
-bool FrmCenter::CheckFiles() {
+bool FrmCenter::CheckFiles() { return Check(ChosenMaps()); }
+
+// After Esc in the fetch of a picture nothing more of the run happens.
+bool FrmCenter::Check(const Chosen& chosen) {
   bool may_begin = false;
   const auto check = [&] {
     const FetchScope fetch(&status_line_);
-    may_begin = CheckUploadFiles(FileMaps.Path(), ChosenMaps(),
+    may_begin = CheckUploadFiles(chosen.folder, chosen.maps,
                                  Chcomments.Value == 1 ? Comments::kMayBeMissing : Comments::kWanted,
-                                 [this](const std::string& line) { AddMessage(line); });
+                                 [this](const std::string& line) { AddMessage(line); }) &&
+                !fetch.IsCancelled();
   };
   RunCommand(check, "Checkfiles");
   return may_begin;
@@ -149,24 +165,37 @@ bool FrmCenter::SendMap(const std::string& path, const std::string& temp_folder)
   UploadInfo info;
   if (!GetInfo(base + ".zip", temp_folder, info)) return false;
   upload.zip = platform().files().ReadAll(base + ".zip");
-  {
-    const FetchScope fetch(&status_line_);
-    const std::string picture = UploadPicture(base);
-    if (!picture.empty()) upload.picture = platform().files().ReadAll(picture);
-  }
+  if (!FetchPicture(base, upload.picture)) return false;
   if (!LoadCommentsFile(base + ".txt", upload.words)) return false;
   upload.user = TxtUsername.Text;
   upload.password = TxtPassword.Text;
   upload.mission_name = GetValidMapName(path, info.mission_name);
+  if (!GoesOn()) return false;
   upload.designer = info.designer;
   upload.game_type = info.game_type;
   upload.game = CmbGames.Text;
   upload.may_be_renamed = ChAutoRename.Value == 1;
   AddMessage("UPLOADING " + GetFileName(path, true));
   const std::string reply = Post(upload);
-  AddMessage("SERVER RESPONS:" + std::string(kCrLf) + ReplyText(WithoutPassword(reply, upload.password)));
+  AddMessage("SERVER RESPONS:" + std::string(kCrLf) + WithoutPassword(reply, upload.password));
   if (reply.empty()) Raise(error::kAutomationError, "The site does not answer.");
   return IsUploaded(reply);
+}
+
+// False after Esc. The picture was there when the files were checked: without it nothing is sent.
+bool FrmCenter::FetchPicture(const std::string& base, Bytes& picture) {
+  {
+    const FetchScope fetch(&status_line_);
+    const std::string path = UploadPicture(base);
+    if (fetch.IsCancelled()) {
+      StopAtOnce();
+      return false;
+    }
+    if (path.empty()) Raise(error::kFileNotFound);
+    picture = platform().files().ReadAll(path);
+  }
+  status_line_.Say(progress_);
+  return true;
 }
 
 std::string FrmCenter::Post(const MapUpload& upload) {
@@ -224,14 +253,14 @@ std::string FrmCenter::GetValidMapName(const std::string& file_name, const std::
   return name;
 }
 
-// Asks again until there is a name, as long as there is a window to ask from.
+// Asks again until there is a name, as long as the run goes on.
 std::string FrmCenter::AskForName(const std::string& file_name, const std::string& mission_name) {
   const std::string line_break(kCrLf);
   const std::string question = "Map name Error:" + line_break + "map: " + file_name + line_break +
                                "Has not the same mission name: " + mission_name + line_break +
                                "Please enter a valid name for this map";
   std::string name;
-  while (name.empty() && IsLoaded()) {
+  while (name.empty() && GoesOn()) {
     name = platform().dialogs().AskText(question, "", mission_name).value_or("");
     RunPendingEvents();
   }
@@ -242,9 +271,10 @@ std::string FrmCenter::AskForName(const std::string& file_name, const std::strin
 
 void FrmCenter::AddMessage(const std::string& text) {
   const Ref<Form> keep(this);
+  const std::string line = BoxText(text);
   std::string shown = txtLog.Text;
-  if (CharacterCount(shown) + CharacterCount(text) > kMostLogCharacters) shown = kLogCleared;
-  shown += text + std::string(kCrLf);
+  if (CharacterCount(shown) + CharacterCount(line) > kMostLogCharacters) shown = kLogCleared;
+  shown += line + std::string(kCrLf);
   txtLog.Text = shown;
   txtLog.SelStart = static_cast<int>(CharacterCount(shown));
   if (log_file_) WriteToLogFile(text + std::string(kCrLf));

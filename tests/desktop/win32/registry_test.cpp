@@ -98,7 +98,7 @@ TEST_F(RealRegistryTest, MapsOfAnotherProgramAreAskedFor) {
 }
 
 TEST_F(RealRegistryTest, ACopyInAnotherFolderIsNotThisOne) {
-  GiveMapsTo("C:\\moved\\kestrun.exe %1");
+  GiveMapsTo("C:\\moved\\" + platform.program().ExeName() + ".exe %1");
   EXPECT_FALSE(IsBmsAssociated());
 }
 

@@ -156,6 +156,18 @@ TEST_F(FrmEditTest, ANulManifestIsWrittenBackUnchanged) {
   EXPECT_THAT(ContentOf(ProgramPath("~$newstyle.stl")), ElementsAre(Pair("assembly.txt", std::string(1, '\0'))));
 }
 
+TEST_F(FrmEditTest, AnEntryWithMoreBehindAZeroIsShownAndCannotBeChanged) {
+  const std::string wide("a\0b\0", 4);
+  editor().LoadStyle(MakeStyle("wide.stl", {{"assembly.txt", "include main.vbs"}, {"main.vbs", wide}}));
+  DoubleClick(editor().TreeView, "main.vbs");
+  EXPECT_EQ(editor().Label3.Caption.get(), "Code Window main.vbs (no text: shown only)");
+  EXPECT_TRUE(editor().TxtCode.Locked);
+  EXPECT_EQ(editor().TxtCode.Tag.get(), "");
+  DoubleClick(editor().TreeView, "assembly.txt");
+  EXPECT_FALSE(editor().TxtCode.Locked);
+  EXPECT_EQ(ContentOf(editor().project().WorkingFile()).back().second, wide);
+}
+
 TEST_F(FrmEditTest, ALongerTextIsAppendedAndTheProjectGrows) {
   const std::string path = MakeStyle("grow.stl", {{"assembly.txt", "short"}, {"main.vbs", "last entry"}});
   editor().LoadStyle(path);
