@@ -8,6 +8,19 @@
 
 namespace kestrun {
 
+namespace {
+
+// What walks the tree goes down once for each level.
+constexpr int kDeepestNode = 1000;
+
+int DepthOf(const TreeNode* node) {
+  int depth = 0;
+  for (; node; node = node->Parent()) ++depth;
+  return depth;
+}
+
+}  // namespace
+
 // ---- a node --------------------------------------------------------------------------------------------------------
 
 void TreeNode::SetKey(std::string key) {
@@ -76,6 +89,7 @@ TreeNode& TreeView::AddChild(TreeNode* parent, std::string key, std::string text
 TreeNode& TreeView::Add(TreeNode* relative, TreeRelation relation, std::string key, std::string text, Variant image) {
   const bool is_below = relative && relation == TreeRelation::kChild;
   TreeNode* const parent = is_below || !relative ? relative : relative->parent_;
+  if (DepthOf(parent) >= kDeepestNode) Raise(error::kInvalidProcedureCall);
   auto made = MakeRef<TreeNode>(*this, parent);
   made->SetKey(std::move(key));
   made->text_ = std::move(text);

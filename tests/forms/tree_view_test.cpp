@@ -187,5 +187,11 @@ TEST_F(TreeViewTest, ThePeerHearsOfNodesOfBranchesAndOfTheSelection) {
   EXPECT_EQ(count(PeerCall::Kind::kUpdate, PropertyId::kSelection), 1);
 }
 
+TEST_F(TreeViewTest, ATreeOfAThousandLevelsIsAllThereIs) {
+  TreeNode* node = nullptr;
+  for (int level = 0; level < 1000; ++level) node = &tree.AddChild(node, "", "n");
+  EXPECT_EQ(ErrorNumberOf([&] { tree.AddChild(node, "", "n"); }), error::kInvalidProcedureCall);
+}
+
 }  // namespace
 }  // namespace kestrun

@@ -1,6 +1,7 @@
 // The styles that go with the program, on every window: no script fails, and every text can be read.
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>

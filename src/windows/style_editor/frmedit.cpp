@@ -91,7 +91,7 @@ void FrmEdit::ConnectMenus() {
   connect(mnu_newMod, [this] { AddNewEntry("Please enter a name for the module.", &ModuleName); });
   connect(mnu_deletefile, [this] { DeleteEntry(); });
   connect(mnu_load, [this] { TryStyle(); });
-  connect(mnu_index, [] { OpenDocument(AppFile(platform().program().ExeName() + ".chm")); });
+  connect(mnu_index, [] { OpenHelpFile(); });
   connect(mnu_showtips, [this] { ToggleTips(); });
 }
 

@@ -2,6 +2,7 @@
 // style on. The editor itself takes no style: a broken one could not be mended with it otherwise.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -122,10 +123,12 @@ class FrmEdit final : public Form {
   void CloseCode();
 
   // The files of the project.
-  ClsPFF& RequireArchive() const;
+  Ref<ClsPFF> RequireArchive() const;
   // False when something is not stored; the user has been told.
   bool Flush();
-  bool StoreCode();
+  bool WriteAll(ClsPFF& archive);
+  // Gives the text that is staged now; nothing when the box holds none that is to be stored, or the user has been told.
+  std::optional<std::string> StageCode(ClsPFF& archive, bool& is_stored);
   bool SaveTo(const std::string& file);
   bool Save();
   void SaveAs();
@@ -145,6 +148,8 @@ class FrmEdit final : public Form {
   void OpenDebugNode();
 
   StyleProject project_;
+  // While entries are written events run: no other project comes in between.
+  bool is_writing_ = false;
 };
 
 }  // namespace kestrun

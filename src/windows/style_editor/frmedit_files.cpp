@@ -1,5 +1,6 @@
 // How a project is changed, saved and closed.
 #include "base/code_page.h"
+#include "base/flag_scope.h"
 #include "forms/drop_target.h"
 #include "platform/platform.h"
 #include "program/path_text.h"
@@ -28,44 +29,57 @@ std::string FirstCharacters(const std::string& text, size_t count) {
 
 }  // namespace
 
-ClsPFF& FrmEdit::RequireArchive() const {
+Ref<ClsPFF> FrmEdit::RequireArchive() const {
   if (!project_.archive()) Raise(error::kObjectNotSet);
-  return *project_.archive();
+  return project_.archive();
 }
 
 // ---- writing into the working copy ---------------------------------------------------------------------------------
 
 void FrmEdit::SaveStyleScript() { Flush(); }
 
-// What is staged already goes out first: the text then finds its entry as it is in the file.
 bool FrmEdit::Flush() {
-  ClsPFF& archive = RequireArchive();
+  const Ref<ClsPFF> archive = RequireArchive();
+  if (is_writing_) return false;
+  const Ref<Form> keep(this);
+  const FlagScope writing(is_writing_);
   bool is_stored = true;
   const auto flush = [&] {
-    archive.SavePffFile();
-    is_stored = StoreCode();
-    archive.SavePffFile();
+    // What was typed while events ran is stored as well.
+    do is_stored = WriteAll(*archive);
+    while (is_stored && IsDirtyTag(TxtCode.Tag));
   };
-  return RunCommand(flush, "Auto backup style script " + archive.OpenFileName()) && is_stored;
+  return RunCommand(flush, "Auto backup style script " + archive->OpenFileName()) && is_stored;
 }
 
-bool FrmEdit::StoreCode() {
-  if (!IsDirtyTag(TxtCode.Tag)) return true;
+// What is staged already goes out first: the text then finds its entry as it is in the file. Only behind the second
+// save the text counts as stored.
+bool FrmEdit::WriteAll(ClsPFF& archive) {
+  bool is_stored = true;
+  archive.SavePffFile();
+  const std::string tag = TxtCode.Tag;
+  const std::optional<std::string> staged = StageCode(archive, is_stored);
+  archive.SavePffFile();
+  if (staged && TxtCode.Text.get() == *staged && TxtCode.Tag.get() == tag) TxtCode.Tag = CleanTag(tag);
+  return is_stored;
+}
+
+std::optional<std::string> FrmEdit::StageCode(ClsPFF& archive, bool& is_stored) {
+  if (!IsDirtyTag(TxtCode.Tag)) return std::nullopt;
   const std::string name = TxtCode.Tag;
   if (const auto lost = FirstUnencodable(TxtCode.Text.get())) {
+    is_stored = false;
     MsgBox("The text of '" + name + "' was not stored: a style has no character for '" + *lost +
                "'. Take it out and save again. The style still holds the text that was there before.",
            BoxButtons::kOk, BoxIcon::kWarning);
-    return false;
+    return std::nullopt;
   }
   // An entry without a byte cannot be read again.
   if (TxtCode.Text->empty()) TxtCode.Text = " ";
-  const std::string text = TxtCode.Text;
+  std::string text = TxtCode.Text;
   const std::string bytes = EncodeText(text);
-  RequireArchive().PackFile(AsBytes(bytes), name);
-  // Packing lets events run: what was typed meanwhile is stored the next time.
-  if (TxtCode.Text.get() == text) TxtCode.Tag = CleanTag(TxtCode.Tag);
-  return true;
+  archive.PackFile(AsBytes(bytes), name);
+  return text;
 }
 
 // ---- saving the project --------------------------------------------------------------------------------------------
@@ -89,7 +103,8 @@ bool FrmEdit::Save() {
   CommonDialog.DefaultExt = "stl";
   CommonDialog.FileName = "";
   CommonDialog.CancelError = true;
-  CommonDialog.ShowSave();
+  OnFailure([this] { CommonDialog.ShowSave(); }, [this](const RuntimeError&) { CommonDialog.DefaultExt = ""; });
+  CommonDialog.DefaultExt = "";
   const std::string file = CommonDialog.FileName;
   if (FileExists(file) && !AskYesNo("This file already exists do you want to overwrite?")) return false;
   return SaveTo(file);
@@ -175,8 +190,10 @@ void FrmEdit::AddNewEntry(const std::string& prompt, std::string (*with_extensio
 }
 
 void FrmEdit::AddEntry(ByteView bytes, const std::string& name) {
+  const Ref<ClsPFF> archive = RequireArchive();
   try {
-    RequireArchive().PackFile(bytes, name);
+    const FlagScope writing(is_writing_);
+    archive->PackFile(bytes, name);
   } catch (const RuntimeError& failure) {
     // A name with a character that the archive does not have.
     if (!FirstUnencodable(name)) throw;
@@ -195,7 +212,7 @@ void FrmEdit::DeleteEntry() {
   dialog.ShowModal();
 }
 
-void FrmEdit::DeleteNumber(int number) { RequireArchive().SetFileDeleted(number, true); }
+void FrmEdit::DeleteNumber(int number) { RequireArchive()->SetFileDeleted(number, true); }
 
 // On the tree files are added to the project; elsewhere a style is opened.
 void FrmEdit::TakeDropped(const std::vector<std::string>& paths) {

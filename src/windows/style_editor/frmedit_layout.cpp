@@ -84,6 +84,7 @@ void FrmEdit::LayOut() {
     box->MultiLine = true;
     box->ScrollBars = 3;
   }
+  TxtCode.Locked = true;  // until an entry is open
   txthelp.Locked = true;
   txthelp.ScrollBars = 2;
   txthelp.Text = TipsText();

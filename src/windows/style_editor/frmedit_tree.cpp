@@ -53,10 +53,11 @@ void FrmEdit::ShowEntry(const std::string& name, int number, const std::string& 
 }
 
 void FrmEdit::LoadStyle(const std::string& file) {
+  if (is_writing_) return;
   // What was typed into another project goes into that one's working copy.
   if (project_.archive() && IsDirtyTag(TxtCode.Tag) && !Flush()) return;
   CloseCode();
-  TreeNode* root = &ShowFolders(file.empty() ? "New project.stl" : GetFileName(file, true));
+  ShowFolders(file.empty() ? "New project.stl" : GetFileName(file, true));
   StyleProject::Opened opened = StyleProject::Opened::kMissing;
   OnFailure(
       [&] {
@@ -79,14 +80,15 @@ void FrmEdit::LoadStyle(const std::string& file) {
       for (const ProjectEntry& entry : project_.Entries()) ShowEntry(entry.name, entry.number, "");
       break;
   }
-  root->SetExpanded(true);
+  // The questions above let events run, which may have shown another tree.
+  if (TreeNode* root = TreeView.FindNode(kRootKey)) root->SetExpanded(true);
 }
 
 void FrmEdit::RefreshList() {
-  const ClsPFF& archive = RequireArchive();
+  const Ref<ClsPFF> archive = RequireArchive();
   const auto refresh = [&] {
     const TreeNode* before = TreeView.FindNode(kRootKey);
-    const std::string root_text = before ? before->Text() : GetFileName(archive.OpenFileName(), true);
+    const std::string root_text = before ? before->Text() : GetFileName(archive->OpenFileName(), true);
     const bool was_open = !before || before->Expanded();
     std::array<bool, kEntryFolders.size()> open{};
     for (size_t at = 0; at < open.size(); ++at) {
@@ -142,7 +144,7 @@ void FrmEdit::OpenText(const std::string& name) {
 void FrmEdit::CloseCode() {
   TxtCode.Tag = "";
   TxtCode.Text = "";
-  TxtCode.Locked = false;
+  TxtCode.Locked = true;  // what were typed now would belong to no entry
   Label3.Caption = kCodeCaption;
 }
 

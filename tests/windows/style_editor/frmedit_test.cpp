@@ -227,6 +227,27 @@ TEST_F(FrmEditTest, LettersOfTheCodePageComeBackAsTheyWere) {
   EXPECT_EQ(editor().TxtCode.Text.get(), "' Größe é €");
 }
 
+TEST_F(FrmEditTest, WithoutAnOpenEntryNothingCanBeTyped) {
+  EXPECT_TRUE(editor().TxtCode.Locked);
+  OpenSample();
+  EXPECT_TRUE(editor().TxtCode.Locked);
+  DoubleClick(editor().TreeView, "main.vbs");
+  EXPECT_FALSE(editor().TxtCode.Locked);
+  editor().LoadStyle("");
+  EXPECT_TRUE(editor().TxtCode.Locked);
+}
+
+// Writing lets events run.
+TEST_F(FrmEditTest, AProjectThatIsOpenedWhileTheTextIsWrittenWaits) {
+  const std::string path = OpenSample();
+  DoubleClick(editor().TreeView, "main.vbs");
+  Type("new code");
+  desktop.clock().Post([] { editor().LoadStyle(""); });
+  editor().SaveStyleScript();
+  EXPECT_EQ(editor().project().File(), path);
+  EXPECT_THAT(ContentOf(WorkingCopy(path)), Contains(Pair("main.vbs", "new code")));
+}
+
 TEST_F(FrmEditTest, TheTabKeyInsertsFourBlanksAndIsSwallowed) {
   OpenSample();
   OpenEntry("main.vbs");
