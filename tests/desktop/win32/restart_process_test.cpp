@@ -53,13 +53,15 @@ class RestartProcessTest : public testing::Test {
   ~RestartProcessTest() override {
     const HWND left = MainWindow();
     const ProcessHandle other(left ? OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, ProcessOf(left)) : nullptr);
-    for (const ProcessHandle* each : {&process, &other}) {
-      if (!each->IsValid()) continue;
-      TerminateProcess(each->get(), 1);
-      WaitForSingleObject(each->get(), kPatienceMs);
-    }
+    End(process);
+    End(other);
   }
 
+  static void End(const ProcessHandle& process) {
+    if (!process.IsValid()) return;
+    TerminateProcess(process.get(), 1);
+    WaitForSingleObject(process.get(), kPatienceMs);
+  }
   [[nodiscard]] std::string Path(const std::string& name) const { return folder.path() + "\\" + name; }
   static HWND Box() { return FindWindowW(L"#32770", nullptr); }
   // Opens the manager and saves its list as it is.

@@ -73,7 +73,10 @@ TEST_F(BannerTest, TheBannerIsShownAndItsFilesGo) {
 TEST_F(BannerTest, AFormatOfGifInAnyCaseIsAnAnimation) {
   PutBanner("GIF");
   const std::string gif = AnimatedGifFile({{}, {}});
-  desktop.pictures().Answer(gif, {1, 1, {0xFF000000}});
+  gif::FrameReader reader(AsBytes(gif));
+  for (int frame = 0; frame < 2; ++frame) {
+    desktop.pictures().Answer(std::string(AsChars(reader.PictureOf(reader.Next().value()))), {1, 1, {0xFF000000}});
+  }
   desktop.internet().Reply(kPicture, gif);
   const frmain& window = Shown();
   EXPECT_EQ(window.AnimGIF1.Tag.get(), "GIF");

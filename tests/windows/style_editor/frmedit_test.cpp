@@ -377,6 +377,7 @@ TEST_F(FrmEditTest, TheSplashWindowIsShownWithoutStartingTheProgramAgain) {
 }
 
 TEST_F(FrmEditTest, ATestRunMakesTheUnsavedProjectTheCurrentStyle) {
+  ModStyle::Install();  // tests before this one may have taken it away
   const std::string path = MakeStyle(
       "try.stl", {{"assembly.txt", "designer one\r\nlanguage VBScript\r\ninclude main.vbs"}, {"main.vbs", "x = 1"}});
   editor().LoadStyle(path);
@@ -389,6 +390,7 @@ TEST_F(FrmEditTest, ATestRunMakesTheUnsavedProjectTheCurrentStyle) {
 }
 
 TEST_F(FrmEditTest, TheEditorTakesNoStyle) {
+  ModStyle::Install();
   editor().LoadStyle(MakeStyle("red.stl", {{"assembly.txt", "language VBScript\r\ninclude main.vbs"},
                                            {"main.vbs",
                                             "sub Form_Load(Form)\r\nForm.BackColor = 255\r\nend sub\r\n"
