@@ -3,6 +3,7 @@
 
 #include "desktop/win32/game_process.h"
 #include "desktop/win32/host_window.h"
+#include "desktop/win32/system/win32_services.h"
 
 namespace kestrun {
 namespace {
@@ -48,6 +49,8 @@ class RestartProcessTest : public testing::Test {
         AsBytes("\xEF\xBB\xBF[FOLDERS]\r\nDFLW=" + folder.path() + "\r\n[launcher]\r\nPATH=" + folder.path() +
                 "\r\nCHECKLWPATH=False\r\nFIRSTRUN=False\r\n[BANNERS]\r\nSHOW=False\r\n"
                 "[programs]\r\nTOT=0\r\n[program0]\r\nNAME=Notes\r\nPATH=notes.exe\r\n"));
+    // Where an earlier version has run, the first start of this one asks about maps.
+    Win32UserSettings().Save("Kes_Trun", "DEFAULT", "ASKEDFORMAPS", "True");
     process = StartProcess(ToWide("\"" + Path("kestrun.exe") + "\""));
   }
   ~RestartProcessTest() override {
