@@ -153,7 +153,7 @@ void FrmEdit::TryStyle() {
 
 std::string FrmEdit::Get16CharName(const std::string& name) {
   if (ToUtf16(name).size() <= kMostEntryName) return name;
-  const std::string answer =
+  std::string answer =
       AskText("This file name is too long please enter a new one (max 16 characters)", "Enter file name",
               FirstCharacters(name, kPresetName) + "." + ClsPFF::GetFileExt(name));
   if (!answer.empty() && ToUtf16(answer).size() <= kMostEntryName) return answer;
