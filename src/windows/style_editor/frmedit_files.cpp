@@ -153,9 +153,8 @@ void FrmEdit::TryStyle() {
 
 std::string FrmEdit::Get16CharName(const std::string& name) {
   if (ToUtf16(name).size() <= kMostEntryName) return name;
-  std::string answer =
-      AskText("This file name is too long please enter a new one (max 16 characters)", "Enter file name",
-              FirstCharacters(name, kPresetName) + "." + ClsPFF::GetFileExt(name));
+  std::string answer = AskText("This file name is too long please enter a new one (max 16 characters)",
+                               "Enter file name", FirstCharacters(name, kPresetName) + "." + ClsPFF::GetFileExt(name));
   if (!answer.empty() && ToUtf16(answer).size() <= kMostEntryName) return answer;
   MsgBox("Error filename too long: canceled");
   return {};
