@@ -32,6 +32,8 @@ if(MINGW)
   # One file that needs nothing but Windows itself, from Windows 7 on.
   add_compile_definitions(UNICODE _UNICODE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)
   add_link_options(-static)
+  # The same sources give the same bytes, whenever they are built.
+  add_link_options(-Wl,--no-insert-timestamp)
 endif()
 # g++ 12 sees overlaps and overruns in std::string that are not there once it inlines.
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)

@@ -108,6 +108,19 @@ std::string TimeToText(const CalendarMoment& moment) {
   return text.data();
 }
 
+std::string HoursAndMinutes(const CalendarMoment& moment) {
+  std::array<char, 48> text;
+  std::snprintf(text.data(), text.size(), "%d:%02d", moment.hour, moment.minute);
+  return text.data();
+}
+
+std::string MomentToSortableText(const CalendarMoment& moment) {
+  std::array<char, 96> text;
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", moment.date.year, moment.date.month,
+                moment.date.day, moment.hour, moment.minute, moment.second);
+  return text.data();
+}
+
 std::string DateToText(double date) {
   const CalendarMoment moment = SplitDate(date);
   const bool has_time = moment.hour != 0 || moment.minute != 0 || moment.second != 0;

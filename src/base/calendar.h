@@ -52,6 +52,10 @@ struct CalendarMoment {
 [[nodiscard]] std::string DayToText(const CalendarDate& date);
 [[nodiscard]] std::string TimeToText(const CalendarMoment& moment);
 [[nodiscard]] std::string DateToText(double date);
+// "15:04".
+[[nodiscard]] std::string HoursAndMinutes(const CalendarMoment& moment);
+// "2020-01-02 15:04:05", whose order as a text is that of time.
+[[nodiscard]] std::string MomentToSortableText(const CalendarMoment& moment);
 
 // Reads a date, a time or both: "1/2/2020", "2020-1-2", "Jan 2, 2020", "2-Jan-20", "3:04", "3 PM", "1/2/2020 3:04:05
 // PM". Month, day, year unless only another order makes sense. A date without a year lies in `current_year`.

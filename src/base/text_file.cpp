@@ -4,12 +4,6 @@
 #include "base/text.h"
 
 namespace kestrun {
-namespace {
-
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-
-}  // namespace
-
 std::string DecodeTextFile(std::string_view bytes) {
   if (!StartsWith(bytes, kUtf8Mark)) return DecodeText(bytes);
   // Through UTF-16 and back, so that bytes which are no UTF-8 do not travel on as if they were.

@@ -1,17 +1,8 @@
 #include "base/url_escapes.h"
 
+#include "base/hex_digit.h"
+
 namespace kestrun {
-namespace {
-
-// -1 for what is no digit.
-int HexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  const char lower = static_cast<char>(c | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
-}  // namespace
-
 std::string WithoutUrlEscapes(std::string_view text) {
   std::string plain;
   for (size_t at = 0; at < text.size(); ++at) {

@@ -2,27 +2,13 @@
 
 #include <algorithm>
 
+#include "base/list_enumeration.h"
 #include "base/text.h"
 #include "forms/control_kinds.h"
 #include "forms/member_rows.h"
 
 namespace kestrun {
 namespace {
-
-// Walks a list that is complete at its start: the body of a loop may add and remove controls.
-class ControlEnumeration final : public Enumeration {
- public:
-  explicit ControlEnumeration(std::vector<Ref<Control>> controls) : controls_(std::move(controls)) {}
-  bool Next(Variant& item) override {
-    if (at_ >= controls_.size()) return false;
-    item = controls_[at_++];
-    return true;
-  }
-
- private:
-  std::vector<Ref<Control>> controls_;
-  size_t at_ = 0;
-};
 
 ControlCollection& Collection(Object& object) { return static_cast<ControlCollection&>(object); }
 ControlArray& Array(Object& object) { return static_cast<ControlArray&>(object); }
@@ -95,7 +81,7 @@ void ControlCollection::Remove(const Variant& which) {
 
 std::unique_ptr<Enumeration> ControlCollection::Enumerate() {
   if (!IsAlive()) Raise(error::kObjectRequired);
-  return std::make_unique<ControlEnumeration>(form_->controls());
+  return std::make_unique<ListEnumeration<Ref<Control>>>(form_->controls());
 }
 
 // ---- a control array -----------------------------------------------------------------------------------------------
@@ -133,7 +119,7 @@ Variant ControlArray::Item(const Variant& index) const {
 
 std::unique_ptr<Enumeration> ControlArray::Enumerate() {
   if (!IsAlive()) Raise(error::kObjectRequired);
-  return std::make_unique<ControlEnumeration>(Elements());
+  return std::make_unique<ListEnumeration<Ref<Control>>>(Elements());
 }
 
 }  // namespace kestrun

@@ -76,6 +76,11 @@ void ItemListControl::DropUnusedTexts() {
   unused_text_ = 0;
 }
 
+void ItemListControl::RowsChanged() {
+  ++revision_;
+  if (FormPeer* shown = peer()) shown->ListChanged(*this);
+}
+
 std::string ItemListControl::List(int row) const {
   return row < 0 || row >= ListCount() ? std::string() : std::string(TextOf(rows_[static_cast<size_t>(row)]));
 }
@@ -85,7 +90,7 @@ void ItemListControl::SetList(int row, std::string_view text) {
   unused_text_ += changed.text_size;
   StoreText(changed, text);
   DropUnusedTexts();
-  if (FormPeer* shown = peer()) shown->ListChanged(*this);
+  RowsChanged();
 }
 
 int ItemListControl::ItemData(int row) const { return RowAt(row).data; }
@@ -105,7 +110,7 @@ void ItemListControl::AddItem(std::string_view text, int row) {
   new_index_ = static_cast<int>(place - rows_.begin());
   StoreText(*rows_.insert(place, Row{}), text);
   if (ListIndex >= new_index_) ListIndex.StoreQuietly(ListIndex + 1);
-  if (FormPeer* shown = peer()) shown->ListChanged(*this);
+  RowsChanged();
 }
 
 void ItemListControl::AddItems(std::span<const std::string_view> texts) {
@@ -119,7 +124,7 @@ void ItemListControl::AddItems(std::span<const std::string_view> texts) {
   rows_.reserve(rows_.size() + texts.size());
   for (const std::string_view text : texts) StoreText(rows_.emplace_back(), text);
   if (!texts.empty()) new_index_ = ListCount() - 1;
-  if (FormPeer* shown = peer()) shown->ListChanged(*this);
+  RowsChanged();
 }
 
 void ItemListControl::RemoveItem(int row) {
@@ -129,7 +134,7 @@ void ItemListControl::RemoveItem(int row) {
   new_index_ = -1;
   if (ListIndex == row) ListIndex.StoreQuietly(-1);
   if (ListIndex > row) ListIndex.StoreQuietly(ListIndex - 1);
-  if (FormPeer* shown = peer()) shown->ListChanged(*this);
+  RowsChanged();
 }
 
 void ItemListControl::Clear() {
@@ -138,7 +143,7 @@ void ItemListControl::Clear() {
   unused_text_ = 0;
   new_index_ = -1;
   ListIndex.StoreQuietly(-1);
-  if (FormPeer* shown = peer()) shown->ListChanged(*this);
+  RowsChanged();
 }
 
 void ItemListControl::PropertyChanged(PropertyId id) {

@@ -2,6 +2,7 @@
 // when no row is current; a change of it is a Click.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,6 +28,8 @@ class ItemListControl : public Control {
   void SetList(int row, std::string_view text);
   [[nodiscard]] int ItemData(int row) const;
   void SetItemData(int row, int data);
+  // Another number whenever a row comes, goes or gets another text.
+  [[nodiscard]] uint32_t Revision() const { return revision_; }
   // Row that AddItem filled last, -1 when none.
   [[nodiscard]] int NewIndex() const { return new_index_; }
 
@@ -60,11 +63,13 @@ class ItemListControl : public Control {
   // Puts the text behind all others; those that no row has any more go when they are more than half.
   void StoreText(Row& row, std::string_view text);
   void DropUnusedTexts();
+  void RowsChanged();
 
   std::vector<Row> rows_;
   std::string texts_;  // of all rows, in any order: long lists are filled without an allocation for each row
   size_t unused_text_ = 0;
   int new_index_ = -1;
+  uint32_t revision_ = 0;
 };
 
 }  // namespace kestrun

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/item_list_control.h"
+#include "forms/row_badge.h"
 
 namespace kestrun {
 
@@ -17,6 +18,9 @@ class ListBox final : public ItemListControl {
   // What the marked row is, such as "plays now": shown in front of the row by a sign, and told to screen readers. Empty
   // for a list whose rows are never marked.
   Property<std::string> MarkMeaning{*this, PropertyId::kStyle};
+
+  // Stand in front of the rows. Set before the list is shown; Refresh shows them anew.
+  RowBadges Badges;
 
   // Error 5 for a row that does not exist.
   [[nodiscard]] bool Selected(int row) const;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/list_enumeration.h"
 #include "base/text.h"
 #include "forms/active_form.h"
 #include "forms/member_rows.h"
@@ -164,22 +165,6 @@ constexpr Member kClipboardRows[]{
 };
 constexpr MemberTable kClipboardTable{nullptr, kClipboardRows};
 
-class FormEnumeration final : public Enumeration {
- public:
-  FormEnumeration() {
-    for (Form* form : LoadedWindows()) forms_.emplace_back(form);
-  }
-  bool Next(Variant& item) override {
-    if (at_ >= forms_.size()) return false;
-    item = forms_[at_++];
-    return true;
-  }
-
- private:
-  std::vector<Ref<Form>> forms_;
-  size_t at_ = 0;
-};
-
 }  // namespace
 
 const MemberTable& ScreenObject::Members() const { return kScreenTable; }
@@ -187,7 +172,10 @@ const MemberTable& FormCollection::Members() const { return kFormsTable; }
 const MemberTable& AppObject::Members() const { return kAppTable; }
 const MemberTable& ClipboardObject::Members() const { return kClipboardTable; }
 
-std::unique_ptr<Enumeration> FormCollection::Enumerate() { return std::make_unique<FormEnumeration>(); }
+std::unique_ptr<Enumeration> FormCollection::Enumerate() {
+  const std::vector<Form*> loaded = LoadedWindows();
+  return std::make_unique<ListEnumeration<Ref<Form>>>(std::vector<Ref<Form>>(loaded.begin(), loaded.end()));
+}
 
 bool AppObject::HasPreviousInstance() {
   if (!has_previous_) {

@@ -37,8 +37,8 @@ ScriptSystem& Installed() {
 
 }  // namespace
 
-void InstallScriptSystem(std::optional<ScriptSystem> system) {
-  Installed() = system ? std::move(*system) : WithinTheProcess();
+ScriptSystem InstallScriptSystem(std::optional<ScriptSystem> system) {
+  return std::exchange(Installed(), system ? std::move(*system) : WithinTheProcess());
 }
 
 const ScriptSystem& InstalledScriptSystem() { return Installed(); }

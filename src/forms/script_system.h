@@ -21,8 +21,8 @@ struct ScriptSystem {
   int32_t instance = 0x400000;
 };
 
-// Without one a picture stays within the process again.
-void InstallScriptSystem(std::optional<ScriptSystem> system);
+// Without one a picture stays within the process again. Gives the one before.
+ScriptSystem InstallScriptSystem(std::optional<ScriptSystem> system);
 [[nodiscard]] const ScriptSystem& InstalledScriptSystem();
 
 }  // namespace kestrun

@@ -1,4 +1,5 @@
 // What scripts reach of a tree and its nodes.
+#include "base/list_enumeration.h"
 #include "forms/member_rows.h"
 #include "forms/tree_view.h"
 
@@ -116,21 +117,6 @@ constexpr Member kTreeRows[]{
 };
 const MemberTable kTreeTable{&Control::kWindowedMembers, kTreeRows};
 
-// Walks the nodes that are there at its start: the body of a loop may add and remove some.
-class NodeEnumeration final : public Enumeration {
- public:
-  explicit NodeEnumeration(std::vector<Ref<TreeNode>> nodes) : nodes_(std::move(nodes)) {}
-  bool Next(Variant& item) override {
-    if (at_ >= nodes_.size()) return false;
-    item = nodes_[at_++];
-    return true;
-  }
-
- private:
-  std::vector<Ref<TreeNode>> nodes_;
-  size_t at_ = 0;
-};
-
 }  // namespace
 
 const MemberTable& TreeNode::Members() const { return kNodeTable; }
@@ -139,7 +125,7 @@ const MemberTable& TreeView::Members() const { return kTreeTable; }
 
 std::unique_ptr<Enumeration> TreeNodes::Enumerate() {
   if (!IsAlive()) Raise(error::kObjectRequired);
-  return std::make_unique<NodeEnumeration>(tree_->nodes());
+  return std::make_unique<ListEnumeration<Ref<TreeNode>>>(tree_->nodes());
 }
 
 }  // namespace kestrun

@@ -110,6 +110,15 @@ void WindowClosed(Form& form) {
 
 void EndWithLastShownWindow() { ends_with_last_shown = true; }
 
+SeparateWindows::SeparateWindows()
+    : instances_(std::exchange(Instances(), {})), ends_with_last_shown_(std::exchange(ends_with_last_shown, false)) {}
+
+SeparateWindows::~SeparateWindows() {
+  CloseAllWindows();
+  Instances() = std::move(instances_);
+  ends_with_last_shown = ends_with_last_shown_;
+}
+
 void CloseAllWindows() {
   ends_with_last_shown = false;
   while (!Instances().empty()) {

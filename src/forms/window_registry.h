@@ -50,6 +50,20 @@ template <class T>
 bool ShowWindow(std::string_view name);
 bool ShowWindowModal(std::string_view name);
 
+// For as long as this lives the program has none of its windows: what is opened meanwhile are other instances, which
+// are closed with it, and the windows from before are there again then.
+class SeparateWindows {
+ public:
+  SeparateWindows();
+  ~SeparateWindows();
+  SeparateWindows(const SeparateWindows&) = delete;
+  SeparateWindows& operator=(const SeparateWindows&) = delete;
+
+ private:
+  std::vector<Ref<Form>> instances_;
+  bool ends_with_last_shown_;
+};
+
 // For Form::Unload: drops the registry's reference at the end of the present event, and ends the message loop when no
 // window is left.
 void WindowClosed(Form& form);

@@ -10,7 +10,7 @@
 namespace kestrun {
 
 struct Version {
-  int major = 1;
+  int major = 0;
   int minor = 0;
   int revision = 0;
 };

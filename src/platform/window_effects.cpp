@@ -1,5 +1,7 @@
 #include "platform/window_effects.h"
 
+#include <utility>
+
 #include "base/runtime_error.h"
 
 namespace kestrun {
@@ -14,7 +16,7 @@ WindowEffects*& Installed() {
 
 }  // namespace
 
-void InstallWindowEffects(WindowEffects* effects) { Installed() = effects; }
+WindowEffects* InstallWindowEffects(WindowEffects* effects) { return std::exchange(Installed(), effects); }
 
 WindowEffects& window_effects() {
   if (!Installed()) Raise(kActionNotSupported, "Object doesn't support this action");

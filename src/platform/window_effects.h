@@ -75,8 +75,8 @@ class WindowEffects {
   virtual void StartSound(Bytes wave) = 0;
 };
 
-// Null takes the installed one away. It must outlive its use.
-void InstallWindowEffects(WindowEffects* effects);
+// Null takes the installed one away. It must outlive its use. Gives the one before.
+WindowEffects* InstallWindowEffects(WindowEffects* effects);
 [[nodiscard]] WindowEffects& window_effects();
 
 }  // namespace kestrun

@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <vector>
 
 #include "base/text.h"
 #include "forms/window_registry.h"
+#include "platform/command_result.h"
 #include "platform/platform.h"
+#include "program/check_list_hook.h"
 #include "program/originals_hook.h"
 #include "program/pack_command.h"
 #include "program/path_text.h"
@@ -36,6 +39,7 @@ struct Command {
   int page = 1;                     // of the help
   std::string_view procedure = {};  // called on the window by name in place of opening it
   std::string_view warning = {};    // what the user is asked about where a link says it; empty: it only opens a window
+  bool is_unseen = false;           // carried out in place of the start, with nothing shown and nobody asked
 };
 
 int ShowHelp(const Command&, const std::string&) {
@@ -61,6 +65,11 @@ int Pack(const Command&, const std::string& text) {
 
 int Restore(const Command&, const std::string& text) {
   RestoreCommand(text);
+  return kCommandCarriedOut;
+}
+
+int CheckList(const Command&, const std::string& text) {
+  CheckListCommand(text);
   return kCommandCarriedOut;
 }
 
@@ -90,6 +99,17 @@ int EditStyle(const Command& command, const std::string& text) {
   const std::string file = TrimmedRest(command, text);
   if (!FileExists(file)) return kCommandIsFileName;
   OpenStyleEditor(file);
+  return kCommandCarriedOut;
+}
+
+// A line for each fault on standard output; the exit code says whether there were any.
+int CheckStyleCommand(const Command& command, const std::string& text) {
+  const std::string file = ReplaceAll(TrimmedRest(command, text), "\"", "");
+  std::vector<std::string> lines;
+  Attempt([&] { lines = CheckStyleFile(file); },
+          [&](const RuntimeError& failure) { lines = {file + ": " + failure.description() + "."}; });
+  for (const std::string& line : lines) WriteCommandLine(line);
+  SetExitCode(lines.empty() ? 0 : 1);
   return kCommandCarriedOut;
 }
 
@@ -145,7 +165,9 @@ constexpr std::array kCommands{
     Command{Match::kWord, "-frmpictureselect", OpenWordsWindow, "FrmpictureSelect"},
     Command{Match::kStart, "-pack ", Pack, {}, "-pack \"pfffile\" \"rename\" \"filepath or url\" /z: packs a file into the pfffile with 'rename' as filename downloads urls, use /z to for zipped file extraction.", kSecondPage, {}, "It would put a file into an archive."},
     Command{Match::kStart, "-edit ", EditStyle, {}, {}, kSecondPage, {}, "It would open a file in the style editor."},
+    Command{Match::kStart, "-checkstyle ", CheckStyleCommand, {}, {}, kSecondPage, {}, "It would run the scripts of a style file.", true},
     Command{Match::kStart, "-restore ", Restore, {}, {}, kSecondPage, {}, "It would bring back files of the game."},
+    Command{Match::kStart, "-checklist ", CheckList, {}, {}, kSecondPage, {}, "It would read a list of maps and ask the web addresses in it.", true},
 };
 // clang-format on
 
@@ -182,12 +204,25 @@ std::string_view LinkWarning(const std::string& command) {
   return is_word ? std::string_view() : kOpensFile;
 }
 
+bool RunsUnseen(const std::string& command) {
+  const Command* const row = FindCommand(command);
+  return row && row->is_unseen;
+}
+
 int ProcessCommand(const std::string& command) {
   int result = kCommandIsFileName;
   RunCommand([&] {
     if (const Command* row = FindCommand(command)) result = row->run(*row, command);
   });
   return result;
+}
+
+std::vector<std::string> CommandWords() {
+  std::vector<std::string> words;
+  for (const Command& row : kCommands) {
+    if (row.match != Match::kNone) words.emplace_back(TrimBlanks(row.word));
+  }
+  return words;
 }
 
 void ShowCommandHelp() {

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kestrun {
 
@@ -15,9 +16,17 @@ inline constexpr int kCommandStyleLoaded = 2;  // a style was given: start-up go
 // branch had not finished.
 int ProcessCommand(const std::string& command);
 
+// True for a command that takes the place of the whole start: it shows nothing and asks nothing, so that it can be run
+// over and over from a script of the user's.
+[[nodiscard]] bool RunsUnseen(const std::string& command);
+
 // What the user is asked about before a link with that text is followed: a sentence, empty where it only opens a
 // window.
 [[nodiscard]] std::string_view LinkWarning(const std::string& command);
+
+// The words as they begin a command text, in the order of the help. "-safe" is none of them: start-up looks for it
+// itself.
+[[nodiscard]] std::vector<std::string> CommandWords();
 
 // The two boxes that list the words.
 void ShowCommandHelp();

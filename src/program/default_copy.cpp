@@ -16,9 +16,11 @@ constexpr const char* kFolderKey = "APP";
 constexpr const char* kFileKey = "EXE";
 constexpr const char* kAskedKey = "ASKEDFORMAPS";
 
-std::string OwnFile() { return platform().program().ExeName() + ".exe"; }
-
 }  // namespace
+
+std::string OwnPath() { return AppFile(OwnFile()); }
+
+std::string OwnFile() { return platform().program().ExeName() + ".exe"; }
 
 bool IsDefaultCopy() {
   return GetSetting(kApplication, kSection, kFolderKey, "") == platform().program().Folder() &&

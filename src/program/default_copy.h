@@ -5,6 +5,10 @@
 
 namespace kestrun {
 
+// The full path of this copy's program file, and its name alone.
+[[nodiscard]] std::string OwnPath();
+[[nodiscard]] std::string OwnFile();
+
 // Both stored values name this copy of the program.
 [[nodiscard]] bool IsDefaultCopy();
 void MakeDefaultCopy();

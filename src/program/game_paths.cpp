@@ -142,6 +142,10 @@ void StartProgram(const std::string& program, const std::string& folder) {
 
 void OpenDocument(const std::string& path_or_address) { ShellOpen("open", path_or_address, "", "", kShowNormal); }
 
-void OpenHelpFile() { OpenDocument(AppFile(platform().program().ExeName() + ".chm")); }
+void OpenHelpFile() {
+  const std::string help = AppFile(platform().program().ExeName() + ".chm");
+  const std::string manual = AppFile("manual.html");
+  OpenDocument(!FileExists(help) && FileExists(manual) ? manual : help);
+}
 
 }  // namespace kestrun

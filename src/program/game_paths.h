@@ -51,7 +51,7 @@ inline constexpr int32_t kShowNormal = 1;
 void StartProgram(const std::string& program, const std::string& folder);
 // A file or a web address in the program that the system opens it with.
 void OpenDocument(const std::string& path_or_address);
-// The help file beside the program.
+// The help file beside the program, which has the program's name and ".chm"; where there is none, the manual.
 void OpenHelpFile();
 
 }  // namespace kestrun

@@ -1,19 +1,14 @@
 #include "program/menu_pictures.h"
 
+#include "forms/picture_colors.h"
 #include "forms/picture_drawing.h"
 
 namespace kestrun {
 namespace {
 
+using namespace picture_color;
+
 constexpr int kMenuSize = 32;
-constexpr uint32_t kBlue = 0x2C6E8F;
-constexpr uint32_t kPaleBlue = 0xBFDCEB;
-constexpr uint32_t kGreen = 0x3C8D4A;
-constexpr uint32_t kRed = 0xC0392B;
-constexpr uint32_t kAmber = 0xD9A441;
-constexpr uint32_t kBrown = 0x6B4A1F;
-constexpr uint32_t kGrey = 0x5B6670;
-constexpr uint32_t kWhite = 0xFFFFFF;
 
 }  // namespace
 

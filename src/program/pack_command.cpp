@@ -1,5 +1,8 @@
 #include "program/pack_command.h"
 
+#include <algorithm>
+#include <array>
+
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "formats/pff/cls_pff.h"
@@ -218,10 +221,15 @@ constexpr std::string_view kZipFlag = "/z";
 // "maps.zip"/z has lost its quotes in the shell. No path goes on behind a zip.
 bool EndsInZipFlag(const std::string& source) { return ToLower(source).ends_with(".zip/z"); }
 
+bool TakesQuotedWords(const std::string& word) {
+  constexpr std::array<std::string_view, 3> kWords{"-pack", "-restore", "-checklist"};
+  return std::find(kWords.begin(), kWords.end(), word) != kWords.end();
+}
+
 }  // namespace
 
 std::string JoinCommandWords(const std::vector<std::string>& words) {
-  if (words.size() < 2 || (words[0] != "-pack" && words[0] != "-restore")) {
+  if (words.size() < 2 || !TakesQuotedWords(words[0])) {
     std::string joined;
     for (const std::string& word : words) joined += joined.empty() ? word : " " + word;
     return joined;

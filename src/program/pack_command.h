@@ -24,9 +24,9 @@ bool packfile(std::string Source, const std::string& Name, std::string ArchivePa
 // The text with %GAMEDIR%, %APPDIR% and %TEMPDIR% filled in.
 [[nodiscard]] std::string FillCommandMacros(const std::string& text);
 
-// Gives a command line typed in a shell the form that PackCommand and RestoreCommand read: each word behind -pack or
-// -restore in double quotes, and the "/z" of a last word that ends in ".zip/z" directly behind the last quote, where it
-// counts. A last word "/z" keeps its blank, and so does not. For any other command the words joined by blanks.
+// Gives a command line typed in a shell the form that the batch commands read: each word behind -pack, -restore or
+// -checklist in double quotes, and the "/z" of a last word that ends in ".zip/z" directly behind the last quote, where
+// it counts. A last word "/z" keeps its blank, and so does not. For any other command the words joined by blanks.
 [[nodiscard]] std::string JoinCommandWords(const std::vector<std::string>& words);
 
 }  // namespace kestrun

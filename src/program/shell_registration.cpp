@@ -2,9 +2,9 @@
 
 #include "base/text.h"
 #include "platform/platform.h"
+#include "program/default_copy.h"
 #include "program/path_text.h"
 #include "program/registry_access.h"
-#include "program/settings.h"
 #include "program/window_kit/ask.h"
 
 namespace kestrun {
@@ -26,8 +26,6 @@ struct FileKind {
 constexpr FileKind kMap{".bms", ".BMS", "Kestrun Map", ",1"};
 constexpr FileKind kList{".lst", ".LST", "Auto Host List", ",2"};
 constexpr FileKind kStyle{".stl", ".STL", "Kestrun Style File", ",3"};
-
-std::string SelfPath() { return AppFile(platform().program().ExeName() + ".exe"); }
 
 // ---- classes -------------------------------------------------------------------------------------------------------
 
@@ -52,12 +50,12 @@ std::string CommandFor(const FileKind& kind) {
   return class_name.empty() ? std::string() : ReadClass(class_name + kOpenCommand);
 }
 
-bool IsAssociated(const FileKind& kind) { return CommandFor(kind) == SelfPath() + " %1"; }
+bool IsAssociated(const FileKind& kind) { return CommandFor(kind) == OwnPath() + " %1"; }
 
 bool MayTakeOver(const FileKind& kind) {
   const std::string line_break(kCrLf);
   return AskYesNo("The program " + line_break + CommandFor(kind) + line_break + "is the default program for " +
-                      kind.extension + " files do you want to change it to " + line_break + SelfPath(),
+                      kind.extension + " files do you want to change it to " + line_break + OwnPath(),
                   BoxIcon::kQuestion);
 }
 
@@ -66,7 +64,7 @@ bool Associate(const FileKind& kind) {
     if (IsAssociated(kind)) return true;
     if (!MayTakeOver(kind)) return false;
   }
-  return CreateAssociation(kind.extension, SelfPath(), kind.class_name, SelfPath() + kind.icon);
+  return CreateAssociation(kind.extension, OwnPath(), kind.class_name, OwnPath() + kind.icon);
 }
 
 // The class with its command stays behind.
@@ -83,15 +81,16 @@ bool Remove(const FileKind& kind) {
 
 // ---- the protocol --------------------------------------------------------------------------------------------------
 
-std::string ProtocolCommand() { return SelfPath() + " \"%1\""; }
+std::string ProtocolCommand() { return OwnPath() + " \"%1\""; }
 
 }  // namespace
 
 bool CreateAssociation(const std::string& Extension, const std::string& Command, const std::string& ClassName,
                        const std::string& Icon) {
-  // The extension last: where the system refuses in the middle, its files stay with the program that has them.
-  return WriteClass(ClassName + kOpenCommand, kDefaultValue, Command + " %1") &&
-         (Icon.empty() || WriteClass(ClassName + kDefaultIcon, kDefaultValue, Icon)) &&
+  // What tells whose the files are comes last, the command and the extension: where the system refuses in the middle,
+  // they stay with the program that has them.
+  return (Icon.empty() || WriteClass(ClassName + kDefaultIcon, kDefaultValue, Icon)) &&
+         WriteClass(ClassName + kOpenCommand, kDefaultValue, Command + " %1") &&
          WriteClass(Extension, kDefaultValue, ClassName);
 }
 
@@ -110,34 +109,35 @@ bool IsProtocolRegistered(std::string& Current) {
   return EqualsNoCase(Current, ProtocolCommand());
 }
 
+// The command, which tells that the protocol is registered, comes last, and only where all before it are written.
 bool RegisterProtocol() {
   struct Row {
     const char* key;
     const char* name;
     std::string text;
   };
-  bool is_written = true;
   for (const Row& row :
        {Row{"Kestrun", kDefaultValue, "URL:kestrun Protocol"}, Row{"Kestrun", "URL Protocol", ""},
-        Row{"Kestrun\\DefaultIcon", kDefaultValue, SelfPath() + ", 2"}, Row{"Kestrun\\Shell", kDefaultValue, "open"},
+        Row{"Kestrun\\DefaultIcon", kDefaultValue, OwnPath() + ", 2"}, Row{"Kestrun\\Shell", kDefaultValue, "open"},
         Row{"Kestrun\\Shell\\Open", kDefaultValue, "&Load this Map"},
         Row{kProtocolCommandKey, kDefaultValue, ProtocolCommand()}}) {
-    is_written = WriteClass(row.key, row.name, row.text) && is_written;
+    if (!WriteClass(row.key, row.name, row.text)) return false;
   }
-  return is_written;
+  return true;
 }
 
 void ClearProtocol() { WriteClass(kProtocolCommandKey, kDefaultValue, ""); }
 
 bool IsAppPathRegistered(std::string& Current) {
   Current = platform().registry().Read(RegistryRoot::kLocalMachine, kAppPathKey, kDefaultValue).value_or(std::string());
-  return ToLower(Current) == ToLower(SelfPath());
+  return ToLower(Current) == ToLower(OwnPath());
 }
 
+// The program's path, which tells whose the entry is, comes last.
 bool RegisterAppPath() {
   Registry& registry = platform().registry();
-  return registry.Write(RegistryRoot::kLocalMachine, kAppPathKey, kDefaultValue, SelfPath()) &&
-         registry.Write(RegistryRoot::kLocalMachine, kAppPathKey, "Path", platform().program().Folder());
+  return registry.Write(RegistryRoot::kLocalMachine, kAppPathKey, "Path", platform().program().Folder()) &&
+         registry.Write(RegistryRoot::kLocalMachine, kAppPathKey, kDefaultValue, OwnPath());
 }
 
 bool CreateShortcut(const std::string& Link, const std::string& Target, bool Replace, const std::string& WorkFolder,
@@ -169,7 +169,7 @@ ShellIntegration RegistryShellIntegration() {
   integration.associate_stl = &AssociateStl;
   integration.remove_stl = &RemoveStl;
   integration.create_shortcut = [](const std::string& link) {
-    return CreateShortcut(link, SelfPath(), true, "(auto)", "", "", 0, "DFLW, 0, 0", 0, 5);
+    return CreateShortcut(link, OwnPath(), true, "(auto)", "", "", 0, "DFLW, 0, 0", 0, 5);
   };
   return integration;
 }

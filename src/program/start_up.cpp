@@ -201,6 +201,11 @@ void RunStartUp(Form& splash, Label& version, const std::string& raw_command_lin
     CloseWhatNobodySees();
     return;
   }
+  if (RunsUnseen(raw_command_line)) {
+    ProcessCommand(raw_command_line);
+    splash.Unload();
+    return;
+  }
   Attempt([&] { ShowVersion(version); });
   Attempt([&] { LoadDefaultStyle(); });
   Attempt([&] { ApplyStyle(splash); });

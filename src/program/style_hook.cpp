@@ -1,5 +1,7 @@
 #include "program/style_hook.h"
 
+#include <utility>
+
 namespace kestrun {
 namespace {
 
@@ -10,7 +12,7 @@ StyleRuntime& Runtime() {
 
 }  // namespace
 
-void InstallStyleRuntime(StyleRuntime runtime) { Runtime() = std::move(runtime); }
+StyleRuntime InstallStyleRuntime(StyleRuntime runtime) { return std::exchange(Runtime(), std::move(runtime)); }
 
 bool StyleActive() { return Runtime().is_active && Runtime().is_active(); }
 
@@ -20,6 +22,10 @@ StyleIdentity CurrentStyleIdentity() {
 
 void LoadStyleFile(const std::string& path) {
   if (Runtime().load_file) Runtime().load_file(path);
+}
+
+std::vector<std::string> CheckStyleFile(const std::string& path) {
+  return Runtime().check ? Runtime().check(path) : std::vector<std::string>{};
 }
 
 void FormLoadStyle(Form& form) {

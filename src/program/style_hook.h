@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "forms/form.h"
 
@@ -21,9 +22,11 @@ struct StyleRuntime {
   std::function<void(const std::string& path)> load_file;
   std::function<void(Form& form)> apply;
   std::function<StyleIdentity()> identity = {};
+  std::function<std::vector<std::string>(const std::string& path)> check = {};
 };
 
-void InstallStyleRuntime(StyleRuntime runtime);
+// Gives the one before.
+StyleRuntime InstallStyleRuntime(StyleRuntime runtime);
 
 // The only test that windows make before they hand themselves over.
 [[nodiscard]] bool StyleActive();
@@ -31,6 +34,9 @@ void InstallStyleRuntime(StyleRuntime runtime);
 [[nodiscard]] StyleIdentity CurrentStyleIdentity();
 // Loads a style file and makes it the current one.
 void LoadStyleFile(const std::string& path);
+// What is wrong with a style file, a line for each fault, without anything of it being seen (styles/check). Raises what
+// the file layer raises when the file cannot be read.
+[[nodiscard]] std::vector<std::string> CheckStyleFile(const std::string& path);
 // Applies the current style to a window.
 void FormLoadStyle(Form& form);
 

@@ -91,13 +91,14 @@ class HostedLanguage {
 
 ScriptError HostedLanguage::Told(const std::optional<ForeignScriptFault>& fault) const {
   if (!fault) return {};
-  ScriptError told{fault->number, fault->line, fault->column, fault->description, {}, fault->source};
+  ScriptError told{fault->number, fault->line, fault->column, fault->description, {}, fault->source, -1};
   if (fault->is_time_up) {
     told.Number = kScriptTimedOut;
     told.Description = kStopped;
   }
   if (fault->line == 0 || fault->module < 0 || static_cast<size_t>(fault->module) >= modules_.size()) return told;
   const Module& module = modules_[static_cast<size_t>(fault->module)];
+  told.Module = fault->module - (is_guarded_ ? 1 : 0);  // in front of the style's stands the program's own
   if (module.guarded) told.Column = module.guarded->OriginalColumn(fault->line, fault->column);
   told.Text = LineOf(module.text, fault->line);
   return told;
@@ -133,6 +134,9 @@ class HostingEngine final : public ScriptEngine {
     if (hosted_ && !IsBuiltIn()) return hosted_->script().CheckTime();
     built_in_->CheckTime();
   }
+  [[nodiscard]] ScriptPlace CallingPlace() const override {
+    return IsBuiltIn() ? built_in_->CallingPlace() : ScriptPlace{};
+  }
   ScriptError& Error() override { return built_in_->Error(); }
 
  private:
@@ -161,7 +165,7 @@ void HostingEngine::SetLanguage(std::string_view language) {
   try {
     hosted_ = std::make_unique<HostedLanguage>(language, Timeout());
   } catch (const RuntimeError& failure) {
-    missing_ = {failure.number(), 0, 0, failure.description(), {}, {}};
+    missing_ = {failure.number(), 0, 0, failure.description(), {}, {}, -1};
   }
 }
 

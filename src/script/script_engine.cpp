@@ -31,6 +31,7 @@ class BuiltInEngine final : public ScriptEngine {
   bool AddCode(std::string_view text) override;
   Variant Run(std::string_view name, std::vector<Variant> arguments) override;
   void CheckTime() override { engine_.CheckTime(); }
+  ScriptPlace CallingPlace() const override;
   ScriptError& Error() override { return error_; }
 
  private:
@@ -42,23 +43,38 @@ class BuiltInEngine final : public ScriptEngine {
   std::string language_;
   int64_t timeout_ = kFirstTimeout;
   ScriptError error_;
+  int modules_ = 0;
 };
 
 template <class Action>
 bool BuiltInEngine::Guard(Action&& action) {
   vbs::ErrorReport report = engine_.Report(std::ref(action));  // by reference: keeping a copy would take memory
   if (report.number == 0) return true;
-  error_ = {report.number,          report.place.line,       report.place.column, std::move(report.description),
-            std::move(report.line), std::move(report.source)};
+  error_ = {report.number,          report.place.line,        report.place.column, std::move(report.description),
+            std::move(report.line), std::move(report.source), report.module};
   return false;
 }
 
 bool BuiltInEngine::AddCode(std::string_view text) {
+  const int number = modules_++;
   if (!SpeaksLanguage()) {
-    error_ = {error::kCannotCreateObject, 0, 0, std::string(kNoSuchLanguage), {}, {}};
+    error_ = {error::kCannotCreateObject, 0, 0, std::string(kNoSuchLanguage), {}, {}, -1};
     return false;
   }
-  return Guard([&] { engine_.Load(engine_.Parse(text)); });
+  const bool is_added = Guard([&] {
+    const std::shared_ptr<vbs::Module> module = engine_.Parse(text);
+    module->number = number;
+    engine_.Load(module);
+  });
+  // What does not compile is no module yet.
+  if (!is_added && error_.Module < 0 && error_.Line > 0) error_.Module = number;
+  return is_added;
+}
+
+ScriptPlace BuiltInEngine::CallingPlace() const {
+  const vbs::ErrorPlace place = engine_.machine().CallingPlace();
+  if (!place.module || place.module->number < 0) return {};
+  return {place.module->number, place.module->source.PlaceOf(place.position).line};
 }
 
 Variant BuiltInEngine::Run(std::string_view name, std::vector<Variant> arguments) {

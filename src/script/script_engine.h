@@ -19,7 +19,14 @@ struct ScriptError {
   std::string Description;
   std::string Text;    // the source line at fault
   std::string Source;  // which stage found it
+  int Module = -1;     // which of the modules that were added, from 0; -1 when the error has no place
   void Clear() { *this = {}; }
+};
+
+// A line of a module. Module counts as in ScriptError; -1 for no place.
+struct ScriptPlace {
+  int Module = -1;
+  int Line = 0;
 };
 
 class ScriptEngine {
@@ -46,6 +53,9 @@ class ScriptEngine {
   virtual Variant Run(std::string_view name, std::vector<Variant> arguments) = 0;
   // For objects that hold a script up: called by one that a script has called, it does not return when the time is up.
   virtual void CheckTime() = 0;
+  // For objects that a script calls: the line that calls. No place outside of such a call, and in a language of the
+  // machine.
+  [[nodiscard]] virtual ScriptPlace CallingPlace() const { return {}; }
 
   [[nodiscard]] virtual ScriptError& Error() = 0;
 };

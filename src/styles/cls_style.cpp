@@ -45,7 +45,7 @@ void ClsStyle::InitStyle(const std::string& file) {
 void ClsStyle::Load(const std::string& file) {
   engine_ = make_engine_();
   engine_->SetAllowUI(true);
-  engine_->SetTimeout(kScriptTimeoutMs);
+  engine_->SetTimeout(script_timeout_ms);
   PFF = MakeRef<ClsPFF>();
   bool is_open = true;
   const bool ran = Attempt([&] { is_open = load_archive_(*PFF, file); });
@@ -91,7 +91,9 @@ bool ClsStyle::ReadAssembly(int32_t number) {
 // Only CR LF ends a line. Each directive acts at once, so that `language` counts for the modules behind it.
 bool ClsStyle::ParseAssembly(const std::string& text) {
   if (text.empty()) return false;
+  manifest_line_ = 0;
   for (size_t start = 0; start <= text.size();) {
+    ++manifest_line_;
     const size_t end = std::min(text.find(kCrLf, start), text.size());
     const std::string line = ToLower(std::string_view(text).substr(start, end - start));
     for (const Directive& directive : kDirectives) {
@@ -110,12 +112,13 @@ bool ClsStyle::IncludeFile(const std::string& name) {
   if (!PFF->PFFFileExists(file, number)) {
     ScriptError missing;
     missing.Description = "Including the file " + file + " failed!";
-    static_cast<void>(ShowScriptError("N/A", missing));
+    static_cast<void>(ScriptFailed({"N/A", missing, {kManifest, manifest_line_}}));
     return false;
   }
   std::string text;
   if (!ReadText(number, text)) return false;
   engine_->Error().Clear();
+  modules_.push_back(file);
   engine_->AddCode(text);
   CheckScriptError(file);
   return true;
@@ -144,12 +147,24 @@ bool ClsStyle::Run(const char* procedure, std::vector<Variant> arguments) {
 
 bool ClsStyle::CheckScriptError(const std::string& file) {
   const ScriptError failure = std::exchange(engine_->Error(), ScriptError{});
-  return failure.Number == 0 || ShowScriptError(file, failure);
+  return failure.Number == 0 || ScriptFailed({file, failure, PlaceIn(failure.Module, failure.Line)});
 }
 
-bool ClsStyle::ShowScriptError(const std::string& file, const ScriptError& failure) {
+StylePlace ClsStyle::PlaceIn(int module, int line) const {
+  if (module < 0 || static_cast<size_t>(module) >= modules_.size()) return {};
+  return {modules_[static_cast<size_t>(module)], line};
+}
+
+StylePlace ClsStyle::CallingPlace() const {
+  if (!engine_) return {};
+  const ScriptPlace place = engine_->CallingPlace();
+  return PlaceIn(place.Module, place.Line);
+}
+
+bool ClsStyle::ShowScriptError(const StyleScriptFault& fault) {
+  const ScriptError& failure = fault.error;
   const std::string line_break(kCrLf);
-  const std::string text = "Style Script Error:" + line_break + "File Name: " + file + line_break +
+  const std::string text = "Style Script Error:" + line_break + "File Name: " + fault.file + line_break +
                            "Line: " + std::to_string(failure.Line) + line_break +
                            "Colum: " + std::to_string(failure.Column) + line_break +
                            "Error Number: " + std::to_string(failure.Number) + line_break +

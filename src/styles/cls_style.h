@@ -17,6 +17,20 @@
 
 namespace kestrun {
 
+// A line of an entry of a style's file; no entry and line 0 for no place.
+struct StylePlace {
+  std::string entry;
+  int line = 0;
+  friend bool operator==(const StylePlace&, const StylePlace&) = default;
+};
+
+// What went wrong in a style's scripts.
+struct StyleScriptFault {
+  std::string file;  // as the error dialogue names it: empty for what runs when a window loads
+  ScriptError error;
+  StylePlace place;
+};
+
 class ClsStyle final : public RefCounted {
  public:
   using EngineMaker = std::function<std::unique_ptr<ScriptEngine>()>;
@@ -28,11 +42,19 @@ class ClsStyle final : public RefCounted {
   std::string sitelink;
   std::string version;
 
+  // What is done about an error of the scripts; false when the user wants no more of it. The error dialogue at first.
+  std::function<bool(const StyleScriptFault& fault)> ScriptFailed = &ShowScriptError;
+
+  // How long one call into the scripts may take.
+  int64_t script_timeout_ms = kScriptTimeoutMs;
+
   // Loads the style file, adds its modules and makes the style active. What fails is told in boxes.
   void InitStyle(const std::string& file);
   // Hands the window to the style's Form_Load, and each of its controls to Control_Load. Errors of the scripts are told
   // in the style's error dialogue.
   void FormLoad(Form& form);
+  // For what a script has called: the line that calls.
+  [[nodiscard]] StylePlace CallingPlace() const;
 
  private:
   struct Directive;
@@ -49,11 +71,14 @@ class ClsStyle final : public RefCounted {
   bool Run(const char* procedure, std::vector<Variant> arguments);
   // True when the user pressed OK, or when there was no error.
   bool CheckScriptError(const std::string& file);
-  [[nodiscard]] static bool ShowScriptError(const std::string& file, const ScriptError& failure);
+  [[nodiscard]] static bool ShowScriptError(const StyleScriptFault& fault);
+  [[nodiscard]] StylePlace PlaceIn(int module, int line) const;
 
   EngineMaker make_engine_;
   ArchiveLoader load_archive_;
   std::unique_ptr<ScriptEngine> engine_;
+  std::vector<std::string> modules_;  // in the order of their adding
+  int manifest_line_ = 0;             // that is being read
   Ref<ClsPFF> PFF;
   Ref<StyleArchive> archive_;  // PFF as the scripts see it
   Ref<ClsSystem> system_;

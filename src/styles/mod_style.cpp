@@ -5,6 +5,7 @@
 #include "platform/platform.h"
 #include "program/path_text.h"
 #include "program/style_hook.h"
+#include "styles/check/style_check.h"
 #include "styles/style_active.h"
 
 namespace kestrun::ModStyle {
@@ -20,6 +21,12 @@ StyleIdentity Identity() {
   return style ? StyleIdentity{style->designer, style->sitelink, style->version} : StyleIdentity{};
 }
 
+std::vector<std::string> CheckFile(const std::string& path) {
+  std::vector<std::string> lines;
+  for (const StyleFault& fault : CheckStyle(path)) lines.push_back(LineOf(fault));
+  return lines;
+}
+
 struct Installation {
   Installation() { Install(); }
 };
@@ -31,7 +38,8 @@ void Install() {
   InstallStyleRuntime({.is_active = &IsStyleActive,
                        .load_file = &ModStyle::LoadStyleFile,
                        .apply = &ModStyle::FormLoadStyle,
-                       .identity = &Identity});
+                       .identity = &Identity,
+                       .check = &CheckFile});
 }
 
 const Ref<ClsStyle>& CurrentStyle() { return Current(); }

@@ -4,11 +4,13 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "base/bytes.h"
 #include "formats/pff/cls_pff.h"
+#include "platform/files.h"
 
 namespace kestrun {
 
@@ -19,7 +21,8 @@ struct ProjectEntry {
 
 class StyleProject {
  public:
-  // The working copy of a file; of a project without one, for an empty name, a fixed file in the program's folder.
+  // The working copy of a file, unless another program has it; of a project without one, for an empty name, a fixed
+  // file in the program's folder.
   [[nodiscard]] static std::string WorkingCopyOf(const std::string& file);
 
   // Empty for a new project, and after ForgetFile.
@@ -27,6 +30,8 @@ class StyleProject {
   [[nodiscard]] const std::string& WorkingFile() const { return working_file_; }
   // Null while no project was opened.
   [[nodiscard]] const Ref<ClsPFF>& archive() const { return archive_; }
+  // The same; error 91 in place of null.
+  Ref<ClsPFF> RequireArchive() const;
   // The project is asked for its name again when it is saved.
   void ForgetFile() { file_.clear(); }
 
@@ -37,6 +42,8 @@ class StyleProject {
     kUnreadable,  // it is no archive
   };
   // `takes_copy` is asked when there is a working copy already: true takes it as it is, false copies the file over it.
+  // One that another program works on stays that program's: this project then has a copy of its own, "~$2" in front of
+  // its name, and the answer says whether it is made of the other one or of the file.
   // A failure leaves no project, and the files as they were.
   Opened Open(const std::string& file, const std::function<bool()>& takes_copy);
 
@@ -53,10 +60,13 @@ class StyleProject {
  private:
   Opened Load(const std::string& file, const std::function<bool()>& takes_copy);
   void TakeFile(const std::string& file) const;
+  // The first working copy that nobody else has, which is this project's from then on.
+  [[nodiscard]] std::string ReserveWorkingFile(const std::string& first);
 
   std::string file_;
   std::string working_file_;
   Ref<ClsPFF> archive_;
+  std::shared_ptr<FileLock> turn_;  // keeps other programs off the working copy
 };
 
 }  // namespace kestrun

@@ -1,4 +1,5 @@
 #include "web/fetch_scope.h"
+#include "base/kilobytes.h"
 
 #include <algorithm>
 
@@ -33,11 +34,6 @@ std::string Shortened(const std::string& text) {
   size_t tail = text.size() - kMostBytes / 2;
   while (tail < text.size() && is_inside_a_character(tail)) ++tail;
   return text.substr(0, head) + "..." + text.substr(tail);
-}
-
-std::string InKilobytes(uint64_t bytes) {
-  constexpr uint64_t kKilobyte = 1024;
-  return std::to_string((bytes + kKilobyte - 1) / kKilobyte) + " KB";
 }
 
 std::string AmountOf(const FetchState& state) {

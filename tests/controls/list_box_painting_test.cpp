@@ -377,5 +377,41 @@ TEST_F(ListBoxTest, ItsNameIsItsTipOrTheLabelInFrontOfIt) {
   EXPECT_EQ(list.AccessibleName(), "All the maps");
 }
 
+// ---- badges ----
+
+TEST_F(ListBoxTest, ABadgeStandsAtTheRightEndOfItsRowAndTheTextsEndBeforeIt) {
+  Fill(2);
+  list.SetBadges({[](int row) {
+                    return row == 0 ? RowBadge{Dot(0xFF112233), "bad", "It is empty."} : RowBadge{};
+                  },
+                  "doubtful"});
+  EXPECT_THAT(Painted("Picture"), ElementsAre("Picture 134,5,148,19"));
+  EXPECT_THAT(Painted("Text"), ElementsAre("Text 5,1,130,23 000000 left 'row 0'", "Text 152,1,200,23 000000 left 'bad'",
+                                           "Text 5,23,130,45 000000 left 'row 1'"));
+}
+
+TEST_F(ListBoxTest, ABadgeOfASelectedRowHasTheColourOfItsText) {
+  Fill(1);
+  list.SetBadges({[](int) { return RowBadge{{}, "good", {}}; }, "good"});
+  list.SetListIndex(0);
+  EXPECT_THAT(Painted("Text"), ElementsAre(HasSubstr("FFFFFF left 'row 0'"), HasSubstr("FFFFFF left 'good'")));
+}
+
+TEST_F(ListBoxTest, OnlyRowsThatAreSeenAreAskedForTheirBadge) {
+  Fill(1000);
+  std::vector<int> asked;
+  list.SetBadges({[&](int row) { return asked.push_back(row), RowBadge{}; }, "good"});
+  static_cast<void>(Painted());
+  EXPECT_THAT(asked, ElementsAre(0, 1, 2, 3, 4, 5));
+}
+
+TEST_F(ListBoxTest, ScreenReadersHearABadgeBehindTheTextWhichStaysAsItIs) {
+  Fill(1);
+  list.SetBadges({[](int) { return RowBadge{{}, "bad", "It is empty."}; }, "good"});
+  EXPECT_EQ(list.AccessibleChildName(0), "row 0, bad, It is empty.");
+  EXPECT_EQ(list.List(0), "row 0");
+  EXPECT_EQ(list.AccessibleChildName(7), "");
+}
+
 }  // namespace
 }  // namespace kestrun

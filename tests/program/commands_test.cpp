@@ -5,7 +5,9 @@
 #include "base/convert.h"
 #include "forms/member_rows.h"
 #include "forms/text_box.h"
+#include "platform/command_result.h"
 #include "program/frame_fixture.h"
+#include "program/start_up.h"
 #include "program/style_hook.h"
 #include "support/registered_window.h"
 
@@ -186,6 +188,67 @@ TEST_F(StyleCommandTest, TheComparisonWithTheDefaultIsExactInCase) {
   WriteIni("[launcher]\r\nSTYLE=c:\\dark.stl\r\n");
   desktop.dialogs().ExpectBox("Do you want to set this style file as default style?", BoxAnswer::kNo);
   EXPECT_EQ(ProcessCommand("-style C:\\DARK.stl"), kCommandStyleLoaded);
+}
+
+// ---- -checkstyle ---------------------------------------------------------------------------------------------------
+
+// Plays the style runtime and the main program.
+class CheckStyleCommandTest : public FrameTest {
+ protected:
+  CheckStyleCommandTest() {
+    before_ = InstallStyleRuntime(
+        {.is_active = {}, .load_file = {}, .apply = {}, .identity = {}, .check = [this](const std::string& path) {
+           checked = path;
+           if (is_missing) Raise(error::kFileNotFound);
+           return faults;
+         }});
+    InstallCommandOutput([this](std::string_view line) { lines.emplace_back(line); });
+  }
+  ~CheckStyleCommandTest() override {
+    InstallStyleRuntime(before_);
+    InstallCommandOutput({});
+    SetExitCode(0);
+  }
+
+  std::string checked;
+  std::vector<std::string> faults;
+  std::vector<std::string> lines;
+  bool is_missing = false;
+
+ private:
+  StyleRuntime before_;
+};
+
+TEST_F(CheckStyleCommandTest, AStyleWithoutAFaultSaysNothingAndEndsWithZero) {
+  EXPECT_EQ(ProcessCommand("-checkstyle \"C:\\my styles\\sand.stl\""), kCommandCarriedOut);
+  EXPECT_EQ(checked, "C:\\my styles\\sand.stl");
+  EXPECT_TRUE(lines.empty());
+  EXPECT_EQ(ExitCode(), 0);
+}
+
+TEST_F(CheckStyleCommandTest, EachFaultIsALineAndTheExitCodeIsOne) {
+  faults = {"main.vbs(1): one", "main.vbs(2): two"};
+  EXPECT_EQ(ProcessCommand("-checkstyle sand.stl"), kCommandCarriedOut);
+  EXPECT_EQ(lines, faults);
+  EXPECT_EQ(ExitCode(), 1);
+}
+
+TEST_F(CheckStyleCommandTest, AFileThatCannotBeReadIsALine) {
+  is_missing = true;
+  ProcessCommand("-checkstyle lost.stl");
+  EXPECT_EQ(lines, (std::vector<std::string>{"lost.stl: File not found."}));
+  EXPECT_EQ(ExitCode(), 1);
+}
+
+// No splash window, no question, no default style in front of it.
+TEST_F(CheckStyleCommandTest, ItTakesThePlaceOfTheWholeStart) {
+  Form splash("frmsplash");
+  Label& version = splash.Add<Label>("lblversion");
+  RunStartUp(splash, version, "-checkstyle sand.stl");
+  EXPECT_EQ(checked, "sand.stl");
+  EXPECT_TRUE(desktop.dialogs().shown_boxes.empty());
+  EXPECT_TRUE(desktop.windowing().shown_forms.empty());
+  EXPECT_FALSE(RunsUnseen("-style sand.stl"));
 }
 
 }  // namespace

@@ -55,6 +55,7 @@ TEST_F(LinkGuardTest, EachLinkIsJudgedByWhatItWouldDo) {
                "It would put a file into an archive."},
            Row{"-pack \"a.pff\" \"b\" \"c.zip\"/z", kAsks, "It would put a file into an archive."},
            Row{"-restore \"C:\\game\\dflw.pff\"", kAsks, "It would bring back files of the game."},
+           Row{"-checkstyle a.stl", kAsks, "It would run the scripts of a style file."},
            // What hides something.
            Row{"http://a.example/x.bms\" -pack \"a.pff\" \"b\" \"c\"", kRefuses, kSecond},
            Row{"\"-options\" -pack \"a.pff\" \"b\" \"c\"", kRefuses, kSecond},

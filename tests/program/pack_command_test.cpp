@@ -168,6 +168,7 @@ TEST_F(PackCommandTest, TheZipFlagBehindABlankIsNone) {
 
 TEST_F(PackCommandTest, WordsFromAShellBecomeTheTextThatThePersonMeans) {
   EXPECT_EQ(JoinCommandWords({"-pack \"a.pff\" \"N.BMS\" \"m.bms\"/z"}), "-pack \"a.pff\" \"N.BMS\" \"m.bms\"/z");
+  EXPECT_EQ(JoinCommandWords({"-checklist", "my night.lst"}), "-checklist \"my night.lst\"");
   EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "my map.bms"}), "-pack \"a.pff\" \"N.BMS\" \"my map.bms\"");
   EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "m.zip", "/z"}), "-pack \"a.pff\" \"N.BMS\" \"m.zip\" /z");
   EXPECT_EQ(JoinCommandWords({"-pack", "a.pff", "N.BMS", "my maps.ZIP/Z"}),

@@ -125,6 +125,52 @@ TEST_F(ShellRegistrationTest, ASystemThatRefusesIsFalse) {
   EXPECT_FALSE(RegisterProtocol());
 }
 
+TEST_F(ShellRegistrationTest, ASystemThatRefusesInTheMiddleLeavesTheFilesWithTheirProgram) {
+  GiveMapsTo("C:\\other.exe %1");
+  registry().MergeClasses();
+  constexpr int kChanges = 3;
+  for (int allowed = 0; allowed < kChanges; ++allowed) {
+    SCOPED_TRACE(allowed);
+    registry().RefuseAfter(allowed);
+    ExpectQuestion(kMaps, "C:\\other.exe %1", BoxAnswer::kYes);
+    EXPECT_FALSE(AssociateBms());
+    EXPECT_FALSE(IsBmsAssociated());
+    EXPECT_EQ(Class(".bms"), "Other Map");
+    EXPECT_EQ(Class("Other Map\\shell\\open\\command"), "C:\\other.exe %1");
+  }
+  registry().RefuseAfter(kChanges);
+  ExpectQuestion(kMaps, "C:\\other.exe %1", BoxAnswer::kYes);
+  EXPECT_TRUE(AssociateBms());
+  EXPECT_TRUE(IsBmsAssociated());
+}
+
+// Each value goes into the user's classes and then into the machine's.
+TEST_F(ShellRegistrationTest, ARefusalBetweenTheUsersAndTheMachinesClassesLeavesThemToTheirProgram) {
+  GiveMapsTo("C:\\other.exe %1");
+  registry().RefuseAfter(5);
+  ExpectQuestion(kMaps, "C:\\other.exe %1", BoxAnswer::kYes);
+  EXPECT_FALSE(AssociateBms());
+  EXPECT_FALSE(IsBmsAssociated());
+  EXPECT_EQ(Class(".bms"), "Other Map");
+}
+
+// The class is this program's already, and names the file of an older folder: its command alone would tell that all of
+// it is taken over.
+TEST_F(ShellRegistrationTest, AMovedCopyWhoseIconIsRefusedDoesNotClaimTheFiles) {
+  registry().MergeClasses();
+  ASSERT_TRUE(AssociateBms());
+  const std::string before = Self();
+  desktop.program().folder = Path("moved");
+  registry().RefuseAfter(0);
+  ExpectQuestion(kMaps, before + " %1", BoxAnswer::kYes);
+  EXPECT_FALSE(AssociateBms());
+  registry().RefuseAfter(1);
+  ExpectQuestion(kMaps, before + " %1", BoxAnswer::kYes);
+  EXPECT_FALSE(AssociateBms());
+  EXPECT_FALSE(IsBmsAssociated());
+  EXPECT_EQ(Class("Kestrun Map\\shell\\open\\command"), before + " %1");
+}
+
 TEST_F(ShellRegistrationTest, WithoutAnIconNoneIsWritten) {
   EXPECT_TRUE(CreateAssociation(".map", "C:\\maps.exe", "Maps", ""));
   EXPECT_EQ(Class("Maps\\shell\\open\\command"), "C:\\maps.exe %1");
@@ -185,6 +231,29 @@ TEST_F(ShellRegistrationTest, TheProtocolIsWrittenWhole) {
   EXPECT_EQ(Class("Kestrun\\Shell\\Open\\Command"), Self() + " \"%1\"");
   EXPECT_TRUE(IsProtocolRegistered(current));
   EXPECT_EQ(current, Self() + " \"%1\"");
+}
+
+TEST_F(ShellRegistrationTest, AProtocolThatIsRefusedInTheMiddleIsNotRegistered) {
+  registry().MergeClasses();
+  constexpr int kChanges = 6;
+  std::string current = "x";
+  for (int allowed = 0; allowed < kChanges; ++allowed) {
+    registry().RefuseAfter(allowed);
+    EXPECT_FALSE(RegisterProtocol()) << allowed;
+    EXPECT_FALSE(IsProtocolRegistered(current)) << allowed;
+    EXPECT_EQ(current, "") << allowed;
+  }
+  registry().RefuseAfter(kChanges);
+  EXPECT_TRUE(RegisterProtocol());
+  EXPECT_TRUE(IsProtocolRegistered(current));
+}
+
+TEST_F(ShellRegistrationTest, AnAppPathThatIsRefusedInTheMiddleIsNotRegistered) {
+  std::string current = "x";
+  registry().RefuseAfter(1);
+  EXPECT_FALSE(RegisterAppPath());
+  EXPECT_FALSE(IsAppPathRegistered(current));
+  EXPECT_EQ(current, "");
 }
 
 TEST_F(ShellRegistrationTest, TheProtocolsComparisonIgnoresCase) {

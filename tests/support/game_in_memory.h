@@ -18,9 +18,10 @@ class GameInMemory final : private GameBody {
       : desktop_(desktop),
         process_(desktop.running_games().Start(std::string(SimulatedBuilds()[options.build].title))) {
     AddMemory(SimulatedBuilds()[options.build]);
-    game_ = std::make_unique<SimulatedGame>(options, desktop.files(), static_cast<GameBody&>(*this),
-                                            desktop.clock().NowMs(),
-                                            [this](const std::string& line) { log.push_back(line); });
+    game_ = std::make_unique<SimulatedGame>(
+        options, [&desktop, options] { return LoadStockMission(desktop.files(), options); },
+        static_cast<GameBody&>(*this), desktop.clock().NowMs(),
+        [this](const std::string& line) { log.push_back(line); });
     process_->before_access = [this] { Turn(); };
     process_->on_key = [this](int32_t key_code) { Press(key_code); };
     Turn();

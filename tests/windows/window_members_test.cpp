@@ -103,6 +103,40 @@ TEST_F(WindowMembersTest, EveryStopOfTheTabKeyHasANameForScreenReaders) {
   }
 }
 
+// Where a control stands on its window, in twips.
+struct WindowPlace {
+  int left, top, right, bottom;
+};
+WindowPlace PlaceOf(const Control& control) {
+  int left = control.Left;
+  int top = control.Top;
+  for (const Control* around = control.Container(); around; around = around->Container()) {
+    left += around->Left;
+    top += around->Top;
+  }
+  return {left, top, left + control.Width, top + control.Height};
+}
+
+// Each next stop stands further to the right or further down: the eye never has to go back.
+TEST_F(WindowMembersTest, TheTabKeyGoesThroughEveryWindowAsItIsRead) {
+  TellGameFolder();
+  SetSafeMode(true);
+  desktop.windowing().ExpectModal("Frmdfversion", [](Form& form) { form.Unload(); });
+  for (const std::string& name : RegisteredWindows()) {
+    if (name == "frmsplash") continue;
+    const Control* before = nullptr;
+    for (const Control* control : WindowByName(name).TabOrder()) {
+      if (before) {
+        const WindowPlace from = PlaceOf(*before);
+        const WindowPlace to = PlaceOf(*control);
+        EXPECT_TRUE(to.left >= from.right || to.bottom > from.top)
+            << name << ": from " << before->Name() << " back up to " << control->Name();
+      }
+      before = control;
+    }
+  }
+}
+
 TEST_F(WindowMembersTest, ATextBoxIsNamedByTheLabelOrTheOptionBeforeItElseByItsTip) {
   TellGameFolder();
   auto& main = static_cast<frmain&>(WindowByName("frmain"));

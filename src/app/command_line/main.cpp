@@ -1,14 +1,17 @@
-// The command-line program: -pack, -restore and the other words that need no window, with the same code and the same
-// bytes as the Windows program. What a box would have said goes to standard error, and its safe answer is taken.
+// The command-line program: -pack, -restore, -checkstyle, -checklist and the other words that need no window, with the
+// same code and the same bytes as the Windows program. What a box would have said goes to standard error, and its safe
+// answer is taken.
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "desktop/headless/command_line_host.h"
+#include "platform/command_result.h"
 #include "program/commands.h"
 #include "program/pack_command.h"
 
@@ -21,13 +24,17 @@ struct BatchWord {
   const char* word;
   size_t quotes;
 };
-constexpr std::array kBatchWords{BatchWord{"-pack ", 6}, BatchWord{"-restore ", 2}};
+constexpr std::array kBatchWords{BatchWord{"-pack ", 6}, BatchWord{"-restore ", 2}, BatchWord{"-checkstyle ", 0},
+                                 BatchWord{"-checklist ", 2}};
 
 constexpr const char* kUsage =
     "usage: kestrun -pack ARCHIVE NAME SOURCE\n"
     "       kestrun -pack ARCHIVE NAME SOURCE.zip/z      every file of the zip; \"/z\" behind a blank is no flag\n"
     "       kestrun '-pack \"ARCHIVE\" \"NAME\" \"SOURCE\"/z'\n"
     "       kestrun -restore ARCHIVE [NAME]\n"
+    "       kestrun -checkstyle STYLE.stl                a line for each fault; exit code 1 when there is one\n"
+    "       kestrun -checklist LIST.lst                  which maps of a play list would fail; exit code 1 when one "
+    "would\n"
     "       kestrun -?\n"
     "All other commands need the window program, kestrun.exe.\n";
 
@@ -82,6 +89,8 @@ int main(int argument_count, char** arguments) {
     host.platform().dialogs().shown_boxes.clear();  // kept for tests only
     speaker.Say(question.text);
   });
+  kestrun::InstallCommandOutput(
+      [](std::string_view line) { std::fprintf(stdout, "%.*s\n", static_cast<int>(line.size()), line.data()); });
   static_cast<void>(kestrun::ProcessCommand(command));
-  return speaker.has_spoken() && !IsHelp(command) ? kExitFailed : 0;
+  return speaker.has_spoken() && !IsHelp(command) ? kExitFailed : kestrun::ExitCode();
 }

@@ -3,12 +3,17 @@
 //   script_objects --check FILE            fails when the file holds another page
 //   script_objects --add-ins               prints the end of docs/add-ins.md
 //   script_objects --check-add-ins FILE    fails when the file ends in another way
+// and what the manual is checked against:
+//   script_objects --texts                 prints the captions of menus and options, the command words, and a number
+//   for
+//                                          the look of each window
 #include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <string>
 
 #include "app/script_objects/page.h"
+#include "app/script_objects/window_texts.h"
 #include "desktop/headless/headless_platform.h"
 #include "desktop/headless/posix_files.h"
 #include "forms/window_registry.h"
@@ -29,10 +34,15 @@ int main(int argument_count, char** arguments) {
   kestrun::PosixFileSystem files;
   kestrun::HeadlessPlatform platform(files);
   const kestrun::PlatformInstallation installation(platform);
+  const std::string word = argument_count > 1 ? arguments[1] : "";
+  if (word == "--texts") {
+    std::fputs(kestrun::WindowTexts().c_str(), stdout);
+    kestrun::CloseAllWindows();
+    return 0;
+  }
   const std::string page = kestrun::ScriptObjectsPage();
   const std::string surface = kestrun::AddInSurface();
   kestrun::CloseAllWindows();
-  const std::string word = argument_count > 1 ? arguments[1] : "";
   if (argument_count == 3 && word == "--check") return Check(arguments[2], page, true);
   if (argument_count == 3 && word == "--check-add-ins") return Check(arguments[2], surface, false);
   std::fputs((word == "--add-ins" ? surface : page).c_str(), stdout);

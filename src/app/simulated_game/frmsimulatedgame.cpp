@@ -17,8 +17,9 @@ constexpr int kLeastHeight = 5100;
 frmsimulatedgame::frmsimulatedgame(const GameOptions& options)
     : Form(kName),
       options_(options),
-      game_(options_, platform().files(), memory_, platform().clock().NowMs(),
-            [this](const std::string& line) { AppendToLog(line); }) {
+      game_(
+          options_, [this] { return LoadStockMission(platform().files(), options_); }, memory_,
+          platform().clock().NowMs(), [this](const std::string& line) { AppendToLog(line); }) {
   Caption = std::string(game_.build().title);
   KeyPreview = true;
   SetClientSize(kWidth, kHeight);

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "base/convert.h"
+#include "base/list_enumeration.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/operators.h"
 
@@ -24,20 +25,6 @@ constexpr Member kListMembers[] = {
     {"Item", MemberKind::kReadOnly, 1, 1, GetItem},
     {"Count", MemberKind::kReadOnly, 0, 0, GetCount},
     {"Length", MemberKind::kReadOnly, 0, 0, GetCount},
-};
-
-class ArgumentEnumeration final : public Enumeration {
- public:
-  explicit ArgumentEnumeration(std::vector<std::string> texts) : texts_(std::move(texts)) {}
-  bool Next(Variant& item) override {
-    if (next_ == texts_.size()) return false;
-    item = Variant(texts_[next_++]);
-    return true;
-  }
-
- private:
-  std::vector<std::string> texts_;
-  size_t next_ = 0;
 };
 
 std::string Printed(const Variant& value) {
@@ -74,7 +61,9 @@ const MemberTable& ArgumentList::Members() const {
   return kTable;
 }
 
-std::unique_ptr<Enumeration> ArgumentList::Enumerate() { return std::make_unique<ArgumentEnumeration>(texts_); }
+std::unique_ptr<Enumeration> ArgumentList::Enumerate() {
+  return std::make_unique<ListEnumeration<std::string>>(texts_);
+}
 
 const MemberTable& WScriptObject::Members() const {
   static const MemberTable kTable{nullptr, kMembers};

@@ -108,7 +108,7 @@ void AnimatedGIF::UnloadFrames() {
 }
 
 bool AnimatedGIF::CanLoad(const std::string& file, int kind) {
-  if (kind != kAnimatedGif) return Attempt([&] { static_cast<void>(LoadPictureFile(file)); });
+  if (kind != kAnimatedGif) return static_cast<bool>(LoadPictureOrNull(file));
   bool is_whole = false;
   const auto look = [&] {
     const Bytes content = ReadPictureFile(file);

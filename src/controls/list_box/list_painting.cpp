@@ -12,6 +12,7 @@ struct McListBox::Look {
   double row_height;
   int width;
   int text_left;
+  int text_right;
   // Of selected rows; plain colours.
   Color border;
   Color current_fill;
@@ -77,7 +78,8 @@ void McListBox::PaintEmptyText(Canvas& canvas) const {
 
 void McListBox::PaintRows(Canvas& canvas) const {
   const Color selection = canvas.Translate(SelColor);
-  Look look{PaintedRowHeight(), canvas.Size().width, TextLeft(), selection, selection, selection};
+  const int width = canvas.Size().width;
+  Look look{PaintedRowHeight(), width, TextLeft(), std::max(width - BadgeWidth(), 0), selection, selection, selection};
   if (SelectionStyle == kBlendedFrame) {
     look.border = MixColors(selection, color::kBlack, kBorderAlpha);
     look.current_fill = MixColors(selection, color::kWhite, has_focus_ ? kCurrentAlpha : kUnfocusedAlpha);
@@ -93,10 +95,11 @@ void McListBox::PaintRow(Canvas& canvas, const Look& look, int row) const {
   const int top = RowTop(row);
   const bool is_selected = selection_.Holds(row);
   if (is_selected) PaintSelection(canvas, look, row, top);
-  const PixelRect text_area{look.text_left + Scaled(5), top + 1, look.width, top + 1 + Scaled(RowHeight)};
+  const PixelRect text_area{look.text_left + Scaled(5), top + 1, look.text_right, top + 1 + Scaled(RowHeight)};
   canvas.Text(List(row), text_area, RowFont(row), is_selected ? SelForeColor.get() : ForeColor.get(),
               PlacementOf(TextAlignment));
   if (ShowIcon && items_.Icon(row) != ListItems::kNoIcon) PaintIcon(canvas, look, row, top);
+  if (badges_.of_row) PaintBadge(canvas, look, row, top);
   if (GridLines) canvas.HorizontalLine(0, look.width, top, GridColor);
   if (row == list_index_ && FocusRectangle) {
     const int left = ShowIcon && !FullRowSelect ? look.text_left : -1;
@@ -135,6 +138,19 @@ void McListBox::PaintIcon(Canvas& canvas, const Look& look, int row, int top) co
   canvas.PushClip(cell);
   canvas.DrawPicture(*picture, {left, icon_top, left + width, icon_top + height});
   canvas.PopClip();
+}
+
+void McListBox::PaintBadge(Canvas& canvas, const Look& look, int row, int top) const {
+  const RowBadge badge = badges_.of_row(row);
+  if (badge.word.empty()) return;
+  const int side = Scaled(RowBadges::kPictureSide);
+  const int gap = Scaled(RowBadges::kGap);
+  const int left = look.text_right + gap;
+  const int picture_top = top + 1 + (Scaled(RowHeight) - side) / 2;
+  if (badge.picture) canvas.DrawPicture(*badge.picture, {left, picture_top, left + side, picture_top + side});
+  const PixelRect word{left + side + gap, top + 1, look.width, top + 1 + Scaled(RowHeight)};
+  const bool is_selected = selection_.Holds(row);
+  canvas.Text(badge.word, word, Font, is_selected ? SelForeColor.get() : ForeColor.get(), TextPlacement::kLeft);
 }
 
 FontDescription McListBox::RowFont(int row) const {

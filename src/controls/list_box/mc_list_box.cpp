@@ -67,6 +67,7 @@ int McListBox::FrameKind() const {
 // The images may belong to a window of their own, which may hold this one.
 void McListBox::Disconnect() {
   images_ = nullptr;
+  badges_ = {};
   items_.Clear();
   UserControl::Disconnect();
 }
@@ -87,6 +88,11 @@ double McListBox::PaintedRowHeight() const {
 int McListBox::LastPosition() const { return std::max(items_.Count() - visible_rows_, 0); }
 
 int McListBox::TextLeft() const { return ShowIcon ? static_cast<int>(PaintedRowHeight() + Scaled(3)) : 0; }
+
+int McListBox::BadgeWidth() const {
+  if (!badges_.of_row) return 0;
+  return Scaled(RowBadges::kPictureSide + 3 * RowBadges::kGap) + MeasureText(badges_.widest_word, Font).width;
+}
 
 int McListBox::RowTop(int row) const { return static_cast<int>((row - position_) * PaintedRowHeight()); }
 
@@ -185,6 +191,22 @@ void McListBox::SelectAll() {
 void McListBox::SetEmptyText(std::string text) {
   empty_text_ = std::move(text);
   Redraw();
+}
+
+RowBadges McListBox::SetBadges(RowBadges badges) {
+  std::swap(badges_, badges);
+  Redraw();
+  return badges;
+}
+
+std::string McListBox::AccessibleChildName(int child) const {
+  std::string name = List(child);
+  if (!badges_.of_row || child < 0 || child >= items_.Count()) return name;
+  const RowBadge badge = badges_.of_row(child);
+  for (const std::string& words : {badge.word, badge.note}) {
+    if (!words.empty()) name += ", " + words;
+  }
+  return name;
 }
 
 void McListBox::SetImageList(Ref<Object> images) {

@@ -13,6 +13,7 @@
 #include "controls/list_box/list_selection.h"
 #include "controls/stored_control.h"
 #include "forms/picture.h"
+#include "forms/row_badge.h"
 #include "forms/user_control.h"
 
 namespace kestrun {
@@ -103,6 +104,8 @@ class McListBox final : public UserControl, public StoredControl {
 
   // What an empty list says in the place of its rows; nothing at first. No member of scripts.
   void SetEmptyText(std::string text);
+  // Stand at the right end of the rows. Gives those that were there before. No member of scripts.
+  RowBadges SetBadges(RowBadges badges);
 
   // Whose ListImages(number) gives the rows' icons.
   void SetImageList(Ref<Object> images);
@@ -136,7 +139,8 @@ class McListBox final : public UserControl, public StoredControl {
 
   [[nodiscard]] Role AccessibleRole() const override { return Role::kList; }
   [[nodiscard]] int AccessibleChildCount() const override { return items_.Count(); }
-  [[nodiscard]] std::string AccessibleChildName(int child) const override { return List(child); }
+  // The text, and behind it the word of the badge and its note.
+  [[nodiscard]] std::string AccessibleChildName(int child) const override;
   [[nodiscard]] bool IsAccessibleChildSelected(int child) const override { return selection_.Holds(child); }
   [[nodiscard]] int AccessibleFocusedChild() const override { return ListIndex(); }
   [[nodiscard]] PixelRect AccessibleChildArea(int child) const override;
@@ -181,6 +185,9 @@ class McListBox final : public UserControl, public StoredControl {
   void PaintRow(Canvas& canvas, const Look& look, int row) const;
   void PaintSelection(Canvas& canvas, const Look& look, int row, int top) const;
   void PaintIcon(Canvas& canvas, const Look& look, int row, int top) const;
+  void PaintBadge(Canvas& canvas, const Look& look, int row, int top) const;
+  // Pixels that the badges take at the right end of the rows; 0 without badges.
+  [[nodiscard]] int BadgeWidth() const;
 
   void Press(int button, int shift_state, int x, int y);
   void Select(int button, int shift_state, int row);
@@ -199,6 +206,7 @@ class McListBox final : public UserControl, public StoredControl {
   ListSelection selection_;
   Ref<Object> images_;
   std::string empty_text_;
+  RowBadges badges_;
   int list_index_ = -1;
   int visible_rows_ = 0;
   int position_ = 0;  // first row shown

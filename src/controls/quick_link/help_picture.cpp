@@ -1,13 +1,14 @@
 #include "controls/quick_link/help_picture.h"
 
+#include "forms/picture_colors.h"
 #include "forms/picture_drawing.h"
 
 namespace kestrun {
 namespace {
 
 constexpr int kSizePixels = 64;
-constexpr uint32_t kDisc = 0x2C6E8F;
-constexpr uint32_t kMark = 0xFFFFFF;
+constexpr uint32_t kDisc = picture_color::kBlue;
+constexpr uint32_t kMark = picture_color::kWhite;
 constexpr double kStroke = 7;
 
 }  // namespace

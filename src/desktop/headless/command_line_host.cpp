@@ -19,6 +19,7 @@
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "desktop/headless/curl_http.h"
+#include "platform/built_version.h"
 
 namespace kestrun {
 namespace {
@@ -32,7 +33,7 @@ constexpr int kNoAssociation = 31;
 
 std::string Environment(const char* name, std::string fallback) {
   const char* const value = std::getenv(name);
-  return value && *value ? value : fallback;
+  return value && *value ? std::string(value) : std::move(fallback);
 }
 
 std::string WithoutTrailingSlash(std::string path) {
@@ -133,6 +134,7 @@ std::vector<std::string> ListSystemProcesses() {
 
 CommandLineHost::CommandLineHost(std::string command_line) {
   platform_.program().command_line = std::move(command_line);
+  platform_.program().version = BuiltVersion();
   NameFolders();
   platform_.processes().list = ListSystemProcesses;
   platform_.processes().list_holders = [this](std::string_view path) {

@@ -6,7 +6,6 @@
 #include <string>
 #include <utility>
 
-#include "desktop/headless/headless_clock.h"
 #include "desktop/headless/headless_dialogs.h"
 #include "desktop/headless/headless_game.h"
 #include "desktop/headless/headless_pictures.h"
@@ -15,6 +14,7 @@
 #include "desktop/headless/headless_windowing.h"
 #include "platform/located_files.h"
 #include "platform/platform.h"
+#include "platform/virtual_clock.h"
 
 namespace kestrun {
 
@@ -29,7 +29,7 @@ class HeadlessProgram final : public Program {
   std::string folder;
   std::string exe_name = "kestrun";
   std::string command_line;
-  Version version;
+  Version version{1, 0, 0};
   std::map<std::pair<std::string, int>, Bytes> resources;
 };
 
@@ -62,7 +62,7 @@ class HeadlessPlatform final : public Platform {
   [[nodiscard]] HeadlessDialogs& dialogs() override { return dialogs_; }
   [[nodiscard]] HeadlessClipboard& clipboard() override { return clipboard_; }
   [[nodiscard]] HeadlessPictures& pictures() override { return pictures_; }
-  [[nodiscard]] HeadlessClock& clock() override { return clock_; }
+  [[nodiscard]] VirtualClock& clock() override { return clock_; }
   [[nodiscard]] HeadlessWindowing& windowing() override { return windowing_; }
   [[nodiscard]] HeadlessGames& running_games() override { return running_games_; }
 
@@ -77,7 +77,7 @@ class HeadlessPlatform final : public Platform {
   HeadlessDialogs dialogs_;
   HeadlessClipboard clipboard_;
   HeadlessPictures pictures_;
-  HeadlessClock clock_;
+  VirtualClock clock_;
   HeadlessWindowing windowing_{clock_};
   HeadlessGames running_games_;
 };

@@ -54,26 +54,39 @@ std::optional<RegistryValue> HeadlessRegistry::ReadValue(RegistryRoot root, std:
 
 bool HeadlessRegistry::WriteValue(RegistryRoot root, std::string_view key, std::string_view name,
                                   const RegistryValue& value) {
-  if (!CreateKey(root, key)) return false;
-  keys_[PathOf(root, key)][ToLower(name)] = value;
+  if (!MayChange(root)) return false;
+  const KeyPath path = PathOf(root, key);
+  AddKey(path);
+  keys_[path][ToLower(name)] = value;
   return true;
 }
 
 bool HeadlessRegistry::CreateKey(RegistryRoot root, std::string_view key) {
-  if (closed_[root]) return false;
-  const KeyPath path = PathOf(root, key);
-  for (size_t end = path.second.find('\\'); end != std::string::npos; end = path.second.find('\\', end + 1))
-    keys_.try_emplace({root, path.second.substr(0, end)});
+  if (!MayChange(root)) return false;
+  AddKey(PathOf(root, key));
+  return true;
+}
+
+void HeadlessRegistry::AddKey(const KeyPath& path) {
+  const auto& [root, name] = path;
+  for (size_t end = name.find('\\'); end != std::string::npos; end = name.find('\\', end + 1))
+    keys_.try_emplace({root, name.substr(0, end)});
   keys_.try_emplace(path);
+}
+
+bool HeadlessRegistry::MayChange(RegistryRoot root) {
+  if (closed_[root] || changes_left_ == 0) return false;
+  if (changes_left_) --*changes_left_;
   return true;
 }
 
 bool HeadlessRegistry::DeleteKey(RegistryRoot root, std::string_view key) {
   const KeyPath path = PathOf(root, key);
-  if (closed_[root] || !keys_.contains(path)) return false;
+  if (!keys_.contains(path)) return false;
   const auto subkey = keys_.lower_bound({root, path.second + "\\"});
   if (subkey != keys_.end() && subkey->first.first == root && StartsWith(subkey->first.second, path.second + "\\"))
     return false;
+  if (!MayChange(root)) return false;
   keys_.erase(path);
   return true;
 }

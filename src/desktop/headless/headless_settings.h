@@ -37,6 +37,8 @@ class HeadlessRegistry final : public Registry {
   void MergeClasses() { merges_classes_ = true; }
   // From now on this root refuses every change.
   void CloseForWriting(RegistryRoot root);
+  // So many changes still go through, and then none in any root: a system that refuses in the middle of a registration.
+  void RefuseAfter(int changes) { changes_left_ = changes; }
 
  private:
   using Values = std::map<std::string, RegistryValue>;
@@ -44,10 +46,14 @@ class HeadlessRegistry final : public Registry {
   // The same key where the user's own classes stand; nothing but for keys of the classes root that are merged.
   [[nodiscard]] std::optional<KeyPath> OwnClassOf(const KeyPath& path) const;
   [[nodiscard]] static KeyPath PathOf(RegistryRoot root, std::string_view key);
+  // Counts a change. False when it is refused.
+  [[nodiscard]] bool MayChange(RegistryRoot root);
+  void AddKey(const KeyPath& path);
 
   std::map<KeyPath, Values> keys_;  // every key on the way to a key stands here too
   std::map<RegistryRoot, bool> closed_;
   bool merges_classes_ = false;
+  std::optional<int> changes_left_;
 };
 
 }  // namespace kestrun

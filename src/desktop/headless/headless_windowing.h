@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "desktop/headless/headless_clock.h"
 #include "desktop/headless/raster_canvas.h"
 #include "desktop/headless/unexpected.h"
+#include "platform/virtual_clock.h"
 #include "platform/windowing.h"
 
 namespace kestrun {
@@ -53,7 +53,7 @@ struct AccessibilityCall {
 
 class HeadlessWindowing final : public Windowing {
  public:
-  explicit HeadlessWindowing(HeadlessClock& clock) : clock_(clock) {}
+  explicit HeadlessWindowing(VirtualClock& clock) : clock_(clock) {}
 
   // Lays down what the user does in the next modal window. The form must be gone when the action and the events that
   // it set off are over. A failure inside the action is reported as one in an event handler is.
@@ -120,7 +120,7 @@ class HeadlessWindowing final : public Windowing {
   void RunPopUp(MenuItem& item);
   void HidePopup(const Control& control);
 
-  HeadlessClock& clock_;
+  VirtualClock& clock_;
   std::deque<ExpectedModal> expected_;
   std::deque<ExpectedPopUp> expected_menus_;
   std::vector<HeadlessPopup> popups_;

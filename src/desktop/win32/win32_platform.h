@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/win32/drawing/win32_pictures.h"
+#include "desktop/win32/system/win32_background.h"
 #include "desktop/win32/system/win32_clock.h"
 #include "desktop/win32/system/win32_dialogs.h"
 #include "desktop/win32/system/win32_files.h"
@@ -51,6 +52,7 @@ class Win32Platform final : public Platform {
   Win32Windowing windowing_;
   Win32Effects effects_;
   Win32Games running_games_;
+  Win32Background background_;  // ends before what its work uses
 };
 
 }  // namespace kestrun

@@ -4,12 +4,12 @@
 
 #include "base/code_page.h"
 #include "base/text.h"
+#include "base/text_file.h"
 #include "formats/profile/profile_lines.h"
 
 namespace kestrun {
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LittleEndianMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BigEndianMark = "\xFE\xFF";
 

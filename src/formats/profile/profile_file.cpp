@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/runtime_error.h"
+#include "base/text_file.h"
 #include "base/to_size.h"
 #include "formats/profile/profile_text.h"
 #include "platform/platform.h"
@@ -37,7 +38,7 @@ void ReplaceContent(std::string_view path, ByteView content) {
 Bytes InFittingEncoding(Bytes content, std::string_view section, std::string_view key, std::string_view value) {
   const bool fits = !FirstUnencodable(section) && !FirstUnencodable(key) && !FirstUnencodable(value);
   if (fits || DetectProfileEncoding(content) != ProfileEncoding::kCodePage) return content;
-  const std::string text = "\xEF\xBB\xBF" + DecodeText(AsChars(content));
+  const std::string text = std::string(kUtf8Mark) + DecodeText(AsChars(content));
   return Bytes(text.begin(), text.end());
 }
 

@@ -40,6 +40,16 @@ void ReadMessages(const std::function<void(const Message&)>& take) {
   }
 }
 
+MessengerSettings ReadMessengerSettings() {
+  MessengerSettings settings;
+  settings.build = TextToLong(ReadSetting(setting::kChatVersion));
+  settings.seconds = ReadSetting(setting::kChatSeconds);
+  settings.random = TextToLong(ReadSetting(setting::kChatRandom)) == 1;
+  settings.fills_in = ReadSetting(setting::kChatFillIn) == "1";
+  ReadMessages([&](const Message& message) { settings.messages.push_back(message); });
+  return settings;
+}
+
 void WriteMessengerSettings(const MessengerSettings& settings) {
   std::vector<ProfileValue> values{Stored(setting::kChatVersion, "", std::to_string(settings.build))};
   for (size_t row = 0; row < settings.messages.size(); ++row) {
@@ -50,6 +60,9 @@ void WriteMessengerSettings(const MessengerSettings& settings) {
   values.push_back(Stored(setting::kChatCount, "", std::to_string(settings.messages.size())));
   values.push_back(Stored(setting::kChatSeconds, "", settings.seconds));
   values.push_back(Stored(setting::kChatRandom, "", settings.random ? "1" : "0"));
+  // Only somebody who has used it finds it among the settings.
+  const std::string fills_in = settings.fills_in ? "1" : "0";
+  if (ReadSetting(setting::kChatFillIn) != fills_in) values.push_back(Stored(setting::kChatFillIn, "", fills_in));
   const std::string file = AppFile("packit.ini");
   if (!SetIniValues(file, {}, values)) throw FileError(error::kPathFileAccess, file);
 }

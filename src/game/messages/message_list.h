@@ -50,7 +50,10 @@ struct MessengerSettings {
   std::vector<Message> messages;
   std::string seconds;
   bool random = false;
+  bool fills_in = false;  // words such as %map% when a message is sent
 };
+// All of them as they are stored. Raises as ReadMessages does.
+[[nodiscard]] MessengerSettings ReadMessengerSettings();
 // Raises when they cannot be stored.
 void WriteMessengerSettings(const MessengerSettings& settings);
 

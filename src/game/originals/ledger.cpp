@@ -25,13 +25,7 @@ std::string LedgerFolder() { return AppFile("originals"); }
 std::string IndexPath() { return LedgerFolder() + "\\index.txt"; }
 std::string ContentPath(const std::string& sha256) { return LedgerFolder() + "\\" + sha256; }
 
-std::string TimeNow() {
-  const CalendarMoment now = SplitDate(platform().clock().LocalDateTime());
-  char text[32];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", now.date.year, now.date.month, now.date.day,
-                now.hour, now.minute, now.second);
-  return text;
-}
+std::string TimeNow() { return MomentToSortableText(SplitDate(platform().clock().LocalDateTime())); }
 
 uint64_t LimitBytes() {
   int32_t megabytes = 0;

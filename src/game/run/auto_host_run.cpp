@@ -53,6 +53,7 @@ void AutoHostRun::Start() {
   fields.PState = false;
   window_.HideFailure();
   window_.Follow(RunStep::kStart);
+  Note(RunEvent::Kind::kStarted);
 }
 
 bool AutoHostRun::HasNumber(TimeField field) { return IsNumeric(window_.LongestTime(field)); }
@@ -85,6 +86,7 @@ void AutoHostRun::StopList() {
     fields.Errors = 0;
     window_.HideFailure();
     for (int row = 0; row < window_.RowCount(); ++row) window_.SetInsertCount(row, 0);
+    Note(RunEvent::Kind::kStopped);
   });
 }
 
@@ -118,7 +120,7 @@ void AutoHostRun::Tick() {
 void AutoHostRun::FollowGameTimer() {
   const int32_t seconds = RoundToInt(around_.game.ReadLongAt(fields.GameTimer) / kUnitsPerSecond);
   if (seconds == 0 && fields.LTime != 0) {
-    InsertNext(fields.Random);
+    InsertBecause("the round clock ran out", fields.Random);
     fields.PState = true;
   }
   fields.LTime = seconds;
@@ -146,14 +148,14 @@ void AutoHostRun::CountDownFromZeroSeconds() {
   }
   Attempt([this] { ResetTime(); });
   fields.PState = true;
-  InsertNext(fields.Random);
+  InsertBecause("the time was over", fields.Random);
 }
 
 void AutoHostRun::WatchEndOfGame() {
   const bool is_idle = !IsGameRunning();
   if (is_idle && !fields.PState) {
     Attempt([this] { ResetTime(); });
-    InsertNext(fields.Random);
+    InsertBecause("the game ended", fields.Random);
   }
   fields.PState = is_idle;
 }
@@ -162,10 +164,12 @@ bool AutoHostRun::IsGameRunning() { return around_.game.ReadByteAt(fields.GameEn
 
 // ---- the insert ----------------------------------------------------------------------------------------------------
 
-void AutoHostRun::InsertNow() {
-  Guarded(around_, [this] {
+void AutoHostRun::InsertNow() { InsertAtOnce("it was asked for"); }
+
+void AutoHostRun::InsertAtOnce(std::string_view cause) {
+  Guarded(around_, [&] {
     fields.PState = true;
-    InsertNext(fields.Random);
+    InsertBecause(cause, fields.Random);
     if (!window_.IsOpen()) return;
     const bool has_time = HasNumber(TimeField::kMinutes) && HasNumber(TimeField::kSeconds);
     window_.ShowTime(TimeField::kMinutes, has_time ? window_.LongestTime(TimeField::kMinutes) : "10");
@@ -173,11 +177,22 @@ void AutoHostRun::InsertNow() {
   });
 }
 
-void AutoHostRun::InsertNext(bool random) {
-  Guarded(around_, [&] { Insert(random); });
+void AutoHostRun::InsertNext(bool random) { InsertBecause("it was asked for", random); }
+
+void AutoHostRun::InsertBecause(std::string_view cause, bool random) {
+  cause_ = cause;
+  Guarded(around_, [&] {
+    OnFailure([&] { Insert(random); },
+              [&](const RuntimeError& failure) { Note(RunEvent::Kind::kFailed, -1, "", failure.description()); });
+  });
+}
+
+void AutoHostRun::Note(RunEvent::Kind kind, int row, const std::string& map, const std::string& reason) {
+  around_.note({kind, row, map, reason});
 }
 
 void AutoHostRun::Insert(bool random) {
+  const std::string cause = cause_;  // another insert may come in between
   const int row = random ? DrawRow() : NextRow();
   const std::string text = window_.RowText(row);
   window_.SetInsertCount(row, window_.InsertCount(row) + 1);
@@ -185,9 +200,12 @@ void AutoHostRun::Insert(bool random) {
   if (window_.SendsResetGames()) TypeMessage("resetgames", kConsoleKey, fields.MemoryAdress);
   WaitForEndOfGame();
   if (!window_.IsOpen()) return;
-  if (around_.put_map(map, fields.Rename)) {
+  const std::string refusal = around_.put_map(map, fields.Rename);
+  if (refusal.empty()) {
+    Note(RunEvent::Kind::kInserted, row, text, cause);
     window_.ShowPut(row);
   } else {
+    Note(RunEvent::Kind::kFailed, row, text, refusal);
     HandleFailedPut(text);
   }
 }
@@ -233,7 +251,7 @@ void AutoHostRun::HandleFailedPut(const std::string& map) {
   window_.ShowFailure("WARNING ERROR INSERTING MAP " + map + " ACTION TAKEN: NEXT MAP INSERTED.");
   ++fields.Errors;
   around_.clock.RunPendingEvents();
-  if (window_.IsOpen()) InsertNow();
+  if (window_.IsOpen()) InsertAtOnce("the map before it failed");
   around_.clock.RunPendingEvents();
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "game/run/run_window.h"
 
@@ -52,12 +53,16 @@ class AutoHostRun {
   [[nodiscard]] std::string LocalMap(const std::string& text);
   void WaitForEndOfGame();
   void HandleFailedPut(const std::string& map);
+  void InsertAtOnce(std::string_view cause);
+  void InsertBecause(std::string_view cause, bool random);
+  void Note(RunEvent::Kind kind, int row = -1, const std::string& map = "", const std::string& reason = "");
   void TypeMessage(const std::string& message, int32_t key, int32_t address);
   void TellRefusal();
 
   RunWindow& window_;
   RunSurroundings around_;
   bool is_ticking_ = false;
+  std::string cause_;  // of the insert that is at work
 };
 
 }  // namespace kestrun

@@ -31,6 +31,15 @@ enum class RunStep { kStart, kPause, kContinue, kStop };
 // The longest time between two maps is typed as minutes and seconds.
 enum class TimeField { kMinutes, kSeconds };
 
+// What happens in a run, for whoever looks at it afterwards.
+struct RunEvent {
+  enum class Kind { kStarted, kStopped, kInserted, kFailed };
+  Kind kind = Kind::kStarted;
+  int row = -1;        // of the map, from 0; -1 for none
+  std::string map;     // as the play list names it
+  std::string reason;  // what called for the map, or why it could not be put
+};
+
 // The window that carries the play list and the run's controls.
 class RunWindow {
  public:
@@ -74,8 +83,9 @@ class RunWindow {
 struct RunSurroundings {
   Clock& clock;
   GameMemory& game;
-  // Puts a local map into the running game under a mission's name; never shows anything.
-  std::function<bool(const std::string& map, std::string& mission)> put_map;
+  // Puts a local map into the running game under a mission's name; never shows anything. Gives why it could not, and
+  // nothing once the map is in.
+  std::function<std::string(const std::string& map, std::string& mission)> put_map;
   std::function<bool(const std::string& text)> is_url;
   std::function<void(const std::string& url, const std::string& path)> download;
   std::string download_path;
@@ -83,6 +93,8 @@ struct RunSurroundings {
   std::function<void(const std::string& text)> tell;
   // Reports the failure in flight.
   std::function<void()> report;
+  // Takes down what has happened.
+  std::function<void(const RunEvent& event)> note;
 };
 
 }  // namespace kestrun

@@ -32,11 +32,11 @@ const SimulatedGame::LineKind* SimulatedGame::FindLineKind(int key_code) {
   return found == kKinds.end() ? nullptr : found;
 }
 
-SimulatedGame::SimulatedGame(const GameOptions& options, FileSystem& files, GameBody& body, uint64_t now_ms,
-                             std::function<void(const std::string& line)> log)
+SimulatedGame::SimulatedGame(const GameOptions& options, std::function<LoadedMission()> load, GameBody& body,
+                             uint64_t now_ms, std::function<void(const std::string& line)> log)
     : options_(options),
       build_(SimulatedBuilds()[options.build]),
-      files_(files),
+      load_(std::move(load)),
       body_(body),
       log_(std::move(log)),
       start_ms_(now_ms),
@@ -80,7 +80,7 @@ void SimulatedGame::Happen() {
 }
 
 void SimulatedGame::StartRound() {
-  LoadedMission loaded = LoadStockMission(files_, options_);
+  LoadedMission loaded = load_();
   const std::string from = options_.mission + " from the " + loaded.source;
   refusal_ = loaded.refusal.empty() ? "" : from + ": " + loaded.refusal;
   if (!refusal_.empty()) {

@@ -35,8 +35,9 @@ class SimulatedGame {
  public:
   enum class Phase { kBetweenRounds, kPlaying, kLeaving, kEnded };
 
-  // The game starts at that moment, between two rounds. Files and body outlive it.
-  SimulatedGame(const GameOptions& options, FileSystem& files, GameBody& body, uint64_t now_ms,
+  // The game starts at that moment, between two rounds, and takes the mission of each round from `load`. The body
+  // outlives it.
+  SimulatedGame(const GameOptions& options, std::function<LoadedMission()> load, GameBody& body, uint64_t now_ms,
                 std::function<void(const std::string& line)> log);
 
   // Lets everything happen that is due up to that moment, in order. A moment in the past changes nothing.
@@ -86,7 +87,7 @@ class SimulatedGame {
 
   GameOptions options_;
   SimulatedBuild build_;
-  FileSystem& files_;
+  std::function<LoadedMission()> load_;
   GameBody& body_;
   std::function<void(const std::string& line)> log_;
 

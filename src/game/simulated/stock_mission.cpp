@@ -1,6 +1,7 @@
 #include "game/simulated/stock_mission.h"
 
 #include <cstdio>
+#include <utility>
 
 #include "base/crc32.h"
 #include "base/runtime_error.h"
@@ -39,6 +40,16 @@ std::string LoadedMission::CrcText() const {
   return digits;
 }
 
+LoadedMission MissionFromBytes(ByteView bytes, std::string source, bool plays_anything) {
+  LoadedMission mission;
+  mission.source = std::move(source);
+  mission.refusal = RefusalOf(bytes, plays_anything);
+  mission.name = MissionNameIn(bytes);
+  mission.crc = ~crc32::Update(crc32::kStart, bytes);
+  mission.bytes = bytes.size();
+  return mission;
+}
+
 LoadedMission LoadStockMission(FileSystem& files, const GameOptions& options) {
   LoadedMission mission;
   try {
@@ -47,10 +58,7 @@ LoadedMission LoadStockMission(FileSystem& files, const GameOptions& options) {
     mission.source = is_loose ? "loose file" : "archive";
     const Bytes bytes =
         is_loose ? files.ReadAll(loose) : ArchiveEntry(options.folder + "\\" + options.archive, options.mission);
-    mission.refusal = RefusalOf(bytes, options.plays_anything);
-    mission.name = MissionNameIn(bytes);
-    mission.crc = ~crc32::Update(crc32::kStart, bytes);
-    mission.bytes = bytes.size();
+    return MissionFromBytes(bytes, mission.source, options.plays_anything);
   } catch (const RuntimeError& failure) {
     mission.refusal = failure.description();
   }

@@ -22,6 +22,9 @@ struct LoadedMission {
   [[nodiscard]] std::string CrcText() const;
 };
 
+// The mission that these bytes are, from that source. Never raises.
+[[nodiscard]] LoadedMission MissionFromBytes(ByteView bytes, std::string source, bool plays_anything);
+
 // The loose file of the stock mission's name in the game's folder if there is one, otherwise the archive's entry. A
 // loose file that is refused is not made up for by the archive. Never raises.
 [[nodiscard]] LoadedMission LoadStockMission(FileSystem& files, const GameOptions& options);

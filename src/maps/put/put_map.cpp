@@ -133,14 +133,23 @@ bool PutByMode(const std::string& map_path, std::string& name, int32_t mode, boo
 }  // namespace
 
 bool PutMap(const std::string& MapPath, std::string& Name, int32_t Mode, bool Warn) {
+  if (!Warn) return PutMapSilently(MapPath, Name, Mode).empty();
   bool is_put = false;
-  const auto put = [&] { is_put = PutByMode(MapPath, Name, Mode, Warn); };
-  if (Warn) {
-    RunCommand(put);
-  } else {
-    Attempt(put);
-  }
+  RunCommand([&] { is_put = PutByMode(MapPath, Name, Mode, true); });
   return is_put;
+}
+
+std::string PutMapSilently(const std::string& MapPath, std::string& Name, int32_t Mode) {
+  std::string refusal;
+  Attempt(
+      [&] {
+        if (!PutByMode(MapPath, Name, Mode, false)) refusal = "The map was not put.";
+      },
+      [&](const RuntimeError&) {
+        refusal = ExplainedError().description();
+        if (refusal.empty()) refusal = "The map was not put.";
+      });
+  return refusal;
 }
 
 bool ConfirmOverwrite(const std::string& ArchivePath, const std::string& Name) {

@@ -16,6 +16,10 @@ inline constexpr int32_t kPutBesideOnly = 1;  // only the loose file, for a game
 // the copy beside the archive fails, the archive keeps the new entry.
 bool PutMap(const std::string& MapPath, std::string& Name, int32_t Mode, bool Warn);
 
+// The same without a word, but for the overwrite question. Gives why the map could not be put, and nothing once it is
+// in.
+[[nodiscard]] std::string PutMapSilently(const std::string& MapPath, std::string& Name, int32_t Mode);
+
 // Asks whether the archive's entry may be replaced, unless WARNOVERWRITE is off. True for go on.
 bool ConfirmOverwrite(const std::string& ArchivePath, const std::string& Name);
 

@@ -6,7 +6,6 @@
 #include "maps/preview_search.h"
 #include "platform/platform.h"
 #include "program/path_text.h"
-#include "program/window_kit/run_command.h"
 
 namespace kestrun {
 namespace {
@@ -21,7 +20,7 @@ bool IsMissionMember(const std::string& name) {
 // Unpacks one member and gives its path. What an earlier zip left there must not pass for a member that cannot be
 // unpacked.
 std::string Unpack(Cls_Zip& zip, int32_t member, const std::string& folder) {
-  const std::string path = folder + "\\" + zip::WithSeparators(zip.FileName(member), '\\');
+  std::string path = folder + "\\" + zip::WithSeparators(zip.FileName(member), '\\');
   if (zip::StaysInside(zip.FileName(member)) && FileExists(path)) platform().files().Delete(path);
   Cls_Zip::Selection selection(static_cast<size_t>(zip.FileCount()) + 1);
   selection.at(static_cast<size_t>(member)) = true;
@@ -29,12 +28,9 @@ std::string Unpack(Cls_Zip& zip, int32_t member, const std::string& folder) {
   return path;
 }
 
-std::optional<UploadInfo> ReadMember(Cls_Zip& zip, int32_t member, const std::string& folder) {
-  std::optional<UploadInfo> info;
+std::optional<UploadInfo> ReadMember(Cls_Zip& zip, int32_t member, const std::string& folder, const ReadMission& read) {
   const std::string path = Unpack(zip, member, folder);
-  if (!zip::StaysInside(zip.FileName(member))) return info;
-  RunCommand([&] { info = ReadUploadInfo(path); }, "getbmsinfo");
-  return info;
+  return zip::StaysInside(zip.FileName(member)) ? read(path) : std::nullopt;
 }
 
 }  // namespace
@@ -49,12 +45,13 @@ std::string ServiceMissionName(const std::string& name) {
   return ToUtf8(ToUtf16(WithoutServiceSigns(name)).substr(0, kMostNameCharacters));
 }
 
-std::optional<UploadInfo> FindMission(const std::string& zip_path, const std::string& folder, const UploadLog& log) {
+std::optional<UploadInfo> FindMission(const std::string& zip_path, const std::string& folder, const ReadMission& read,
+                                      const UploadLog& log) {
   const Ref<Cls_Zip> zip = MakeRef<Cls_Zip>();
   static_cast<void>(zip->Get_Contents(zip_path));
   for (int32_t member = 1; member <= zip->FileCount(); ++member) {
     if (!IsMissionMember(zip->FileName(member)) || zip->IsDir(member)) continue;
-    if (std::optional<UploadInfo> info = ReadMember(*zip, member, folder)) return info;
+    if (std::optional<UploadInfo> info = ReadMember(*zip, member, folder, read)) return info;
     log("Could not extract mission info " + zip->FileName(member));
   }
   log("Errors zip file " + zip_path);

@@ -19,9 +19,12 @@ using UploadLog = std::function<void(const std::string& line)>;
 // The name as the service takes it: without its signs, and at most 32 characters of it.
 [[nodiscard]] std::string ServiceMissionName(const std::string& name);
 
+// Reads a mission that was unpacked; nothing when it cannot be read.
+using ReadMission = std::function<std::optional<UploadInfo>(const std::string& path)>;
+
 // The first mission of the zip that can be read, unpacked into the folder. What cannot be read is logged; nothing when
 // no member can. Raises what the zip reader raises.
 [[nodiscard]] std::optional<UploadInfo> FindMission(const std::string& zip, const std::string& folder,
-                                                    const UploadLog& log);
+                                                    const ReadMission& read, const UploadLog& log);
 
 }  // namespace kestrun

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/kilobytes.h"
 #include "base/runtime_error.h"
 #include "maps/map_picture.h"
 #include "platform/platform.h"
@@ -19,11 +20,6 @@ uint64_t FileBytes(const std::string& path) { return platform().files().Open(pat
 // What the site takes for a picture. A bitmap is too large for it.
 bool IsSitePicture(int32_t kind) {
   return kind != image_kind::kMissing && kind != image_kind::kBitmap && kind != image_kind::kOther;
-}
-
-std::string InKilobytes(uint64_t bytes) {
-  constexpr uint64_t kKilobyte = 1024;
-  return std::to_string((bytes + kKilobyte - 1) / kKilobyte) + " KB";
 }
 
 // One walk over the zips: what is missing is logged and counted.

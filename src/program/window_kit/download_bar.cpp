@@ -4,6 +4,7 @@
 #include <limits>
 #include <memory>
 
+#include "base/kilobytes.h"
 #include "base/text.h"
 #include "program/window_kit/place_controls.h"
 
@@ -14,11 +15,6 @@ constexpr int kWhole = 100;
 constexpr int kBarHeight = 330;
 constexpr int kWordsHeight = 2 * kLabelHeight;
 constexpr int kGap = kDownloadHeight - kBarHeight - kWordsHeight;
-
-std::string InKilobytes(int64_t bytes) {
-  constexpr int64_t kKilobyte = 1024;
-  return std::to_string((bytes + kKilobyte - 1) / kKilobyte) + " KB";
-}
 
 // The bar counts in whole numbers of 32 bits: larger files in units of more bytes.
 void ShowShare(ProgressBar& bar, int64_t read, int64_t total) {
@@ -43,14 +39,14 @@ void Move(ProgressBar& bar, int& place) {
 void FollowDownload(Downloader& downloader, ProgressBar& bar, Label& words) {
   downloader.DownloadProgress = [&](int64_t read, int64_t total, const std::string&, double speed) {
     ShowShare(bar, read, total);
-    words.Caption = InKilobytes(read) + " of " + InKilobytes(total) + ", " +
-                    std::to_string(static_cast<int64_t>(speed)) + " KB per second";
+    words.Caption = InKilobytes(static_cast<uint64_t>(read)) + " of " + InKilobytes(static_cast<uint64_t>(total)) +
+                    ", " + std::to_string(static_cast<int64_t>(speed)) + " KB per second";
   };
   downloader.Receiving = [&, place = std::make_shared<int>(0)](const FetchState& state) {
     if (state.total_bytes.value_or(0) != 0) return;
     Move(bar, *place);
-    words.Caption = state.received_bytes == 0 ? std::string("Waiting for the server ...")
-                                              : InKilobytes(static_cast<int64_t>(state.received_bytes));
+    words.Caption =
+        state.received_bytes == 0 ? std::string("Waiting for the server ...") : InKilobytes(state.received_bytes);
   };
 }
 

@@ -20,6 +20,7 @@ inline constexpr const char* kAbout = "frmhelp";
 inline constexpr const char* kMapList = "frmputlist";
 inline constexpr const char* kGameVersion = "Frmdfversion";
 inline constexpr const char* kGameTypes = "FrmGameType";
+inline constexpr const char* kRehearsal = "frmrehearsal";
 inline constexpr const char* kAddInManager = "FrmAddinMngr";
 inline constexpr const char* kMessenger = "frmchat";
 inline constexpr const char* kNameEditor = "frmname";

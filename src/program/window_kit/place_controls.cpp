@@ -3,11 +3,6 @@
 #include "program/program_pictures.h"
 
 namespace kestrun {
-namespace {
-
-constexpr int kButtonGap = 120;
-
-}  // namespace
 
 void LayOutFixedWindow(Form& window, const std::string& caption, StartPosition position) {
   window.Caption = caption;
@@ -25,10 +20,10 @@ void LayOutDialog(Form& window, const std::string& caption, InTaskbar in_taskbar
 }
 
 void PlaceEndButtons(const EndButton& take, const EndButton& leave, int right, int top) {
-  int left = right - 2 * kDialogButtonWidth - kButtonGap;
+  int left = right - 2 * kDialogButtonWidth - kControlGap;
   for (const EndButton& row : {take, leave}) {
     PlaceButton(row.button, {left, top, kDialogButtonWidth, kDialogButtonHeight}, row.caption, row.tip);
-    left += kDialogButtonWidth + kButtonGap;
+    left += kDialogButtonWidth + kControlGap;
   }
   leave.button.Cancel = true;
 }

@@ -20,6 +20,13 @@ inline constexpr int kOptionHeight = 285;
 inline constexpr int kDialogButtonHeight = 375;
 inline constexpr int kDialogButtonWidth = 1260;
 
+// Between a window's edge and its controls, between controls, and between a frame's edge and what stands in it; and the
+// height of a text box with one line.
+inline constexpr int kWindowMargin = 180;
+inline constexpr int kControlGap = 120;
+inline constexpr int kFramePad = 180;
+inline constexpr int kTextBoxHeight = 315;
+
 struct Place {
   int left;
   int top;

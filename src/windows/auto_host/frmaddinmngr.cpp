@@ -17,16 +17,13 @@ namespace {
 const WindowRegistration registration(FrmAddinMngr::kName, [] { return MakeRef<FrmAddinMngr>(); });
 
 constexpr int kStyleTimerMs = 100;
-constexpr int kMargin = 180;
-constexpr int kGap = 120;
 constexpr int kWidth = 5400;
-constexpr int kPad = 180;
 constexpr int kButtonWidth = 1500;
 constexpr int kButtonStep = 480;
 constexpr int kListTop = 300;
-constexpr int kListHeight = 4 * kButtonStep - kGap + 15;
-constexpr int kFrameHeightInside = kListTop + kListHeight + kPad;
-constexpr int kEndTop = kMargin + kFrameHeightInside + kMargin;
+constexpr int kListHeight = 4 * kButtonStep - kControlGap + 15;
+constexpr int kFrameHeightInside = kListTop + kListHeight + kFramePad;
+constexpr int kEndTop = kWindowMargin + kFrameHeightInside + kWindowMargin;
 
 }  // namespace
 
@@ -43,12 +40,12 @@ FrmAddinMngr::FrmAddinMngr() : Form(kName) {
 
 void FrmAddinMngr::LayOut() {
   LayOutDialog(*this, "Add-In Manager");
-  SetClientSize(kWidth + 2 * kMargin, kEndTop + kDialogButtonHeight + kMargin);
+  SetClientSize(kWidth + 2 * kWindowMargin, kEndTop + kDialogButtonHeight + kWindowMargin);
   Frame1.Caption = "Add-Ins:";
-  Frame1.Move(kMargin, kMargin, kWidth, kFrameHeightInside);
-  const int right = kWidth - kPad - kButtonWidth;
+  Frame1.Move(kWindowMargin, kWindowMargin, kWidth, kFrameHeightInside);
+  const int right = kWidth - kFramePad - kButtonWidth;
   LstAddins.SetContainer(Frame1);
-  LstAddins.Move(kPad, kListTop, right - kGap - kPad, kListHeight);
+  LstAddins.Move(kFramePad, kListTop, right - kControlGap - kFramePad, kListHeight);
   LstAddins.ToolTipText = "The add-ins in the order of the menu.";
   struct Row {
     CommandButton& button;
@@ -63,7 +60,7 @@ void FrmAddinMngr::LayOut() {
     PlaceButton(row.button, {right, top, kButtonWidth, kDialogButtonHeight}, row.caption, row.tip);
     top += kButtonStep;
   }
-  PlaceEndButtons({Command3, "Save", "Save list"}, {Command5, "Cancel"}, kMargin + kWidth, kEndTop);
+  PlaceEndButtons({Command3, "Save", "Save list"}, {Command5, "Cancel"}, kWindowMargin + kWidth, kEndTop);
 }
 
 void FrmAddinMngr::Load() {

@@ -12,13 +12,12 @@ namespace {
 const WindowRegistration registration(Frmdfversion::kName, [] { return MakeRef<Frmdfversion>(); });
 
 constexpr int kStyleTimerMs = 50;
-constexpr int kMargin = 180;
 constexpr int kWidth = 3960;
-constexpr int kFrameTop = kMargin + kLabelHeight + 90;
+constexpr int kFrameTop = kWindowMargin + kLabelHeight + 90;
 constexpr int kFirstOption = 285;
 constexpr int kOptionStep = 330;
 constexpr int kFrameInside = kFirstOption + 3 * kOptionStep + 90;
-constexpr int kButtonTop = kFrameTop + kFrameInside + kMargin;
+constexpr int kButtonTop = kFrameTop + kFrameInside + kWindowMargin;
 
 // Null while the auto host is not open: the dialogue, opened by itself, then changes nothing.
 frmputlist* Host() { return static_cast<frmputlist*>(LoadedWindow(frmputlist::kName)); }
@@ -37,18 +36,18 @@ Frmdfversion::Frmdfversion() : Form(kName) {
 
 void Frmdfversion::LayOut() {
   LayOutDialog(*this, "Kestrun - Choose Version");
-  SetClientSize(kWidth + 2 * kMargin, kButtonTop + kDialogButtonHeight + kMargin);
-  PlaceLabel(Label1, kMargin, kMargin, kWidth, "Select what version of dflw you are using:");
+  SetClientSize(kWidth + 2 * kWindowMargin, kButtonTop + kDialogButtonHeight + kWindowMargin);
+  PlaceLabel(Label1, kWindowMargin, kWindowMargin, kWidth, "Select what version of dflw you are using:");
   Frame1.Caption = "Dflw version:";
-  Frame1.Move(kMargin, kFrameTop, kWidth, kFrameInside);
+  Frame1.Move(kWindowMargin, kFrameTop, kWidth, kFrameInside);
   const char* const captions[]{"Demo V0.99.49", "Full version V1.00.42", "Demo V1.0.31"};
   OptionButton* const options[]{&optdfversion0, &optdfversion1, &optdfversion2};
   for (int at = 0; at < 3; ++at) {
-    PlaceOption(*options[at], Frame1, kMargin, kFirstOption + at * kOptionStep, kWidth - 2 * kMargin, captions[at],
-                "The title of the game's window tells its version.");
+    PlaceOption(*options[at], Frame1, kWindowMargin, kFirstOption + at * kOptionStep, kWidth - 2 * kWindowMargin,
+                captions[at], "The title of the game's window tells its version.");
   }
-  PlaceButton(Command1, {kMargin + kWidth - kDialogButtonWidth, kButtonTop, kDialogButtonWidth, kDialogButtonHeight},
-              "OK");
+  PlaceButton(Command1,
+              {kWindowMargin + kWidth - kDialogButtonWidth, kButtonTop, kDialogButtonWidth, kDialogButtonHeight}, "OK");
   Command1.Default = true;
 }
 

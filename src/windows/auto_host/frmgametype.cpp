@@ -18,17 +18,16 @@ constexpr int kStyleTimerMs = 500;
 // How often the window is painted anew while it works.
 constexpr int kRowsBetweenPaints = 20;
 
-constexpr int kMargin = 180;
 constexpr int kWidth = 5100;
 constexpr int kLabelLines = 5 * 210;
-constexpr int kFrameTop = kMargin + kLabelLines + 90;
+constexpr int kFrameTop = kWindowMargin + kLabelLines + 90;
 constexpr int kFirstBox = 285;
 constexpr int kBoxStep = 315;
 constexpr int kRowsOfBoxes = 5;
 constexpr int kFrameInside = kFirstBox + kRowsOfBoxes * kBoxStep + 90;
 constexpr int kBarTop = kFrameTop + kFrameInside + 150;
 constexpr int kBarHeight = 315;
-constexpr int kButtonTop = kBarTop + kBarHeight + kMargin;
+constexpr int kButtonTop = kBarTop + kBarHeight + kWindowMargin;
 
 }  // namespace
 
@@ -52,26 +51,26 @@ std::vector<CheckBox*> FrmGameType::AddBoxes() {
 
 void FrmGameType::LayOut() {
   LayOutDialog(*this, "Kestrun - Add new gametype");
-  SetClientSize(kWidth + 2 * kMargin, kButtonTop + kDialogButtonHeight + kMargin);
+  SetClientSize(kWidth + 2 * kWindowMargin, kButtonTop + kDialogButtonHeight + kWindowMargin);
   Label1.Caption =
       "This tool will help you to change the gametype of all the maps in the play list to a new gametype. For Ex: you "
       "can add TDM gametype to all maps. Check the checkboxes of the gametypes that should be added:";
   Label1.WordWrap = true;
   Label1.BackStyle = 0;
-  Label1.Move(kMargin, kMargin, kWidth, kLabelLines);
+  Label1.Move(kWindowMargin, kWindowMargin, kWidth, kLabelLines);
   Frame1.Caption = "Gametypes";
-  Frame1.Move(kMargin, kFrameTop, kWidth, kFrameInside);
+  Frame1.Move(kWindowMargin, kFrameTop, kWidth, kFrameInside);
   for (size_t at = 0; at < ChGameType.size(); ++at) {
     const auto column = static_cast<int>(at) / kRowsOfBoxes;
     const auto row = static_cast<int>(at) % kRowsOfBoxes;
     ChGameType[at]->SetContainer(Frame1);
-    ChGameType[at]->Move(kMargin + column * (kWidth / 2), kFirstBox + row * kBoxStep, kWidth / 2 - kMargin - 60,
-                         kOptionHeight);
+    ChGameType[at]->Move(kWindowMargin + column * (kWidth / 2), kFirstBox + row * kBoxStep,
+                         kWidth / 2 - kWindowMargin - 60, kOptionHeight);
   }
-  ProgressBar1.Move(kMargin, kBarTop, kWidth, kBarHeight);
+  ProgressBar1.Move(kWindowMargin, kBarTop, kWidth, kBarHeight);
   ProgressBar1.BroderStyle = 1;
   ProgressBar1.ToolTipText = "How many of the maps are done";
-  PlaceEndButtons({Command1, "Run"}, {Command2, "Cancel"}, kMargin + kWidth, kButtonTop);
+  PlaceEndButtons({Command1, "Run"}, {Command2, "Cancel"}, kWindowMargin + kWidth, kButtonTop);
   Command1.Default = true;
 }
 

@@ -4,6 +4,7 @@
 #include "base/convert.h"
 #include "base/field_row.h"
 #include "forms/member_rows.h"
+#include "game/run/rotation.h"
 #include "maps/map_picture.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
@@ -89,9 +90,11 @@ void frmputlist::Connect() {
   ConnectLists();
   ConnectListMenus();
   ConnectRun();
+  ConnectHealth();
   QueryUnload = [this](bool& cancel) { AskBeforeUnload(cancel); };
   SetCommand({&mnu_back.Click}, [this] { mnu_back_Click(); });
   SetCommand({&mnu_close.Click}, [this] { Unload(); });
+  SetCommand({&mnu_rehearse.Click}, [] { OpenWindow(window_name::kRehearsal, ShowWay::kShowModal); });
   SetCommand({&mnu_addgametype.Click}, [] { OpenWindow(window_name::kGameTypes, ShowWay::kShowModal); });
   SetCommand({&mnu_changeDFversion.Click}, [] { OpenWindow(window_name::kGameVersion, ShowWay::kShowModal); });
   SetCommand({&mnu_addin.Click}, [] { OpenWindow(window_name::kAddInManager, ShowWay::kShowModal); });
@@ -132,6 +135,7 @@ void frmputlist::ReadStoredSettings() {
   txtrename.Text = ReadSetting(setting::kAutoHostRename);
   TxtTimeSec.Text = ReadSetting(setting::kAutoHostSeconds);
   TxtTimeMin.Text = ReadSetting(setting::kAutoHostMinutes);
+  ChLog.Value = StoredTick(setting::kAutoHostLog);
   ChGameTimer.Value = StoredTick(setting::kAutoHostGameTimer);
 }
 
@@ -143,6 +147,10 @@ void frmputlist::WriteStoredSettings() {
   WriteSetting(setting::kAutoHostRename, txtrename.Text);
   WriteSetting(setting::kAutoHostSeconds, TxtTimeSec.Text);
   WriteSetting(setting::kAutoHostMinutes, TxtTimeMin.Text);
+  // Only somebody who has used it finds it among the settings.
+  if (StoredTick(setting::kAutoHostLog) != ChLog.Value) {
+    WriteSetting(setting::kAutoHostLog, std::to_string(ChLog.Value.get()));
+  }
 }
 
 void frmputlist::AskBeforeUnload(bool& cancel) {
@@ -156,6 +164,10 @@ void frmputlist::AskBeforeUnload(bool& cancel) {
     }
   }
   WriteStoredSettings();
+  if (!cancel) {
+    SetPresentRotation({});
+    if (Command3.Enabled) Note({RunEvent::Kind::kStopped, -1, "", "the window was closed"});
+  }
   ReleaseAddins();
 }
 

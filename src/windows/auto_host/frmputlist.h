@@ -21,6 +21,8 @@
 #include "forms/window_registry.h"
 #include "game/memory/mem_control.h"
 #include "game/run/auto_host_run.h"
+#include "maps/health/health_watch.h"
+#include "maps/health/map_health.h"
 #include "program/window_kit/open_window.h"
 
 namespace kestrun {
@@ -71,6 +73,7 @@ class frmputlist final : public Form, private RunWindow {
   CheckBox& ChGameTimer = Add<CheckBox>("ChGameTimer");
   CheckBox& chrandom = Add<CheckBox>("chrandom");
   CheckBox& Check1 = Add<CheckBox>("Check1");
+  CheckBox& ChLog = Add<CheckBox>("ChLog");
   Frame& Frame3 = Add<Frame>("Frame3");
   Label& lblnopreview = Add<Label>("lblnopreview");
   Image& ImgPreview = Add<Image>("ImgPreview");
@@ -106,6 +109,10 @@ class frmputlist final : public Form, private RunWindow {
   Image& ImgSearch = Add<Image>("ImgSearch");
   Image& ImgReplace = Add<Image>("ImgReplace");
   Image& ImgHelp = Add<Image>("ImgHelp");
+  // The badges of the maps' health.
+  Image& ImgGood = Add<Image>("ImgGood");
+  Image& ImgDoubtful = Add<Image>("ImgDoubtful");
+  Image& ImgBad = Add<Image>("ImgBad");
 
   // ---- menus ----
   MenuItem& mnu_file = Add<MenuItem>("mnu_file");
@@ -129,6 +136,9 @@ class frmputlist final : public Form, private RunWindow {
   MenuItem& mnu_deselectmaps = Add<MenuItem>("mnu_deselectmaps");
   MenuItem& mnu_selectallfiles = Add<MenuItem>("mnu_selectallfiles");
   MenuItem& mnu_deselectfiles = Add<MenuItem>("mnu_deselectfiles");
+  MenuItem& mnu_actions = Add<MenuItem>("mnu_actions");
+  MenuItem& mnu_checklist = Add<MenuItem>("mnu_checklist");
+  MenuItem& mnu_rehearse = Add<MenuItem>("mnu_rehearse");
   MenuItem& mnu_tools = Add<MenuItem>("mnu_tools");
   MenuItem& mnu_addgametype = Add<MenuItem>("mnu_addgametype");
   MenuItem& mnu_changeDFversion = Add<MenuItem>("mnu_changeDFversion");
@@ -163,6 +173,8 @@ class frmputlist final : public Form, private RunWindow {
   void Insert_Map_List(bool random);
   void Writemessage(const std::string& Message, int32_t KeyAscii, int32_t MemoryAdress);
   void ResetTime() { run.ResetTime(); }
+  // The texts of the play list.
+  [[nodiscard]] std::vector<std::string> PlayList() const;
   void LoadMenuIcons();
   // Makes the menu of add-ins anew; all add-ins are off afterwards.
   void LoadAddins();
@@ -225,6 +237,15 @@ class frmputlist final : public Form, private RunWindow {
   void ShowPreview(const Ref<kestrun::Picture>& picture);
   void OpenPreview();
 
+  // ---- health ----
+  void ConnectHealth();
+  [[nodiscard]] MapUse UseOfRows() const;
+  // Not known at first: it is read in the background, and the list is painted anew then.
+  [[nodiscard]] MapHealth HealthOfRow(int row);
+  void TellHealthOfRow();
+  void SelectRows(const std::vector<int>& rows);
+  void CheckList();
+
   // ---- files ----
   void FolderChanged();
   void BrowseFolder();
@@ -234,7 +255,6 @@ class frmputlist final : public Form, private RunWindow {
   void AskAndLoadList();
   void SaveList();
   [[nodiscard]] std::string ChosenListFile();
-  [[nodiscard]] std::vector<std::string> Rows() const;
   void TakeDropped(const std::vector<std::string>& paths);
   void TakeDroppedPath(const std::string& path);
 
@@ -249,7 +269,12 @@ class frmputlist final : public Form, private RunWindow {
   void ClickGameTimer();
   [[nodiscard]] bool HasCommandBuild() const { return run.fields.DfVersion == 0 || run.fields.DfVersion == 1; }
   void RestoreUnlessNumber(TimeField field);
+  // Takes down what has happened in autohost.log, while that is wished for.
+  void Note(const RunEvent& event);
   void ShowGlance();
+  void PublishRotation();
+  // The list holds a row.
+  [[nodiscard]] int NextRowInOrder() const { return (lstmaps.ListIndex + 1) % lstmaps.ListCount(); }
   [[nodiscard]] std::string NextText();
   [[nodiscard]] std::string WhenText();
 
@@ -285,6 +310,10 @@ class frmputlist final : public Form, private RunWindow {
   std::string list_file_;
   // What was put last, as the list named it; empty before that.
   std::string plays_now_;
+  HealthWatch health_{[this] { lstmaps.Refresh(); }};
+  std::vector<int> same_rows_;  // for the rows of that revision of the list
+  uint32_t same_rows_revision_ = 0;
+  std::string told_health_;  // in the status line
   // By the number of the menu item less one; empty while an add-in is off.
   std::vector<Ref<Object>> addins_;
 };

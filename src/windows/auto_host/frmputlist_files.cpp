@@ -9,6 +9,7 @@
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/window_kit/ask.h"
+#include "program/window_kit/file_dialog.h"
 #include "program/window_kit/run_command.h"
 #include "web/web_paths.h"
 #include "windows/auto_host/frmputlist.h"
@@ -17,14 +18,6 @@ namespace kestrun {
 namespace {
 
 constexpr const char* kListFilter = "List files (*.lst)|*.lst|All files (*.*)|*.*|";
-
-// One dialogue serves several commands: nothing of the last one stays in it.
-void SetUp(CommonDialog& dialog, const char* title, const char* filter, const char* default_extension = "") {
-  dialog.DialogTitle = title;
-  dialog.Filter = filter;
-  dialog.DefaultExt = default_extension;
-  dialog.FileName = "";
-}
 
 }  // namespace
 
@@ -45,7 +38,7 @@ void frmputlist::BrowseFolder() {
 // ---- a map from elsewhere ------------------------------------------------------------------------------------------
 
 void frmputlist::AddMapFile() {
-  SetUp(CommonDialog1, "Select a map.", "Binary Missions and zip (*.bms;*.zip)|*.bms;*.zip|");
+  SetUpFileDialog(CommonDialog1, "Select a map.", "Binary Missions and zip (*.bms;*.zip)|*.bms;*.zip|");
   if (!CommonDialog1.ShowOpen()) return;
   const FetchTurn turn;
   std::string map = CommonDialog1.FileName;
@@ -77,7 +70,7 @@ void frmputlist::mnu_loadlist_Click() {
 
 void frmputlist::AskAndLoadList() {
   if (Edited && AskYesNo("Save changed to this map list?")) SaveList();
-  SetUp(CommonDialog1, "Load map list", kListFilter);
+  SetUpFileDialog(CommonDialog1, "Load map list", kListFilter);
   if (!CommonDialog1.ShowOpen()) return;
   LoadList(CommonDialog1.FileName);
   FitPlayList();
@@ -95,7 +88,7 @@ void frmputlist::LoadList(const std::string& File) {
   ShowGlance();
 }
 
-std::vector<std::string> frmputlist::Rows() const {
+std::vector<std::string> frmputlist::PlayList() const {
   std::vector<std::string> rows;
   rows.reserve(static_cast<size_t>(lstmaps.ListCount()));
   for (int row = 0; row < lstmaps.ListCount(); ++row) rows.push_back(lstmaps.List(row));
@@ -106,17 +99,14 @@ std::string frmputlist::ChosenListFile() {
   if (!list_file_.empty()) {
     return AskYesNo("Are you sure you want to save map list '" + list_file_ + "' ?") ? list_file_ : std::string();
   }
-  SetUp(CommonDialog1, "Save map list", kListFilter, "lst");
-  if (!CommonDialog1.ShowSave()) return {};
-  const std::string path = CommonDialog1.FileName;
-  const bool may_write = !FileExists(path) || AskYesNo("This file already exists do you want to overwrite it?");
-  return may_write ? path : std::string();
+  SetUpFileDialog(CommonDialog1, "Save map list", kListFilter, "lst");
+  return AskWhereToSave(CommonDialog1);
 }
 
 void frmputlist::SaveList() {
   const std::string path = ChosenListFile();
   if (path.empty()) return;
-  if (!WriteMapList(path, Rows())) {
+  if (!WriteMapList(path, PlayList())) {
     // Told where it holds nothing up; the list stays marked as edited, so that it is not lost on closing.
     lblstatus.Caption = "The list could not be saved to " + path + ". Save it in a folder that you may write to.";
     return;

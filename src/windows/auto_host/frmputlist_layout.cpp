@@ -10,11 +10,9 @@
 namespace kestrun {
 namespace {
 
-// Edges and gaps that the whole window shares, in twips, at the size that the window opens with.
-constexpr int kMargin = 180;
-constexpr int kGap = 120;
+// Measures that the whole window shares, in twips, at the size that the window opens with.
 constexpr int kClientWidth = 11100;
-constexpr int kInside = kClientWidth - 2 * kMargin;
+constexpr int kInside = kClientWidth - 2 * kWindowMargin;
 constexpr int kRow = 315;
 constexpr int kButton = 390;
 
@@ -32,19 +30,18 @@ constexpr int kBetweenSpace = 210;
 // The selected map, the frames, the state.
 constexpr int kSelectedTop = kListTop + kListHeight + 90;
 constexpr int kFramesTop = kSelectedTop + kLabelHeight + 120;
-constexpr int kFrameHeight1 = 2070;
+constexpr int kFrameHeight1 = 2370;
 constexpr int kChoicesWidth = 3360;
 constexpr int kClockWidth = 3960;
-constexpr int kPreviewWidth = kInside - kChoicesWidth - kClockWidth - 2 * kGap;
-constexpr int kStateTop = kFramesTop + kFrameHeight1 + kGap;
+constexpr int kPreviewWidth = kInside - kChoicesWidth - kClockWidth - 2 * kControlGap;
+constexpr int kStateTop = kFramesTop + kFrameHeight1 + kControlGap;
 constexpr int kStateHeight = 1290;
-constexpr int kStripTop = kStateTop + kStateHeight + kGap;
+constexpr int kStripTop = kStateTop + kStateHeight + kControlGap;
 constexpr int kStripHeight = 300;
 constexpr int kStatusTop = kStripTop + kStripHeight + 45;
 constexpr int kClientHeight = kStatusTop + kLabelHeight + 90;
 constexpr int kRunButton = 1380;
 // Inside the frames.
-constexpr int kPad = 180;
 constexpr int kFirstLine = 300;
 
 struct Word {
@@ -114,14 +111,15 @@ void frmputlist::LayOutLists() {
 
 void frmputlist::LayOutChoices() {
   Frame1.Caption = "Insert the maps as";
-  PlaceOption(Options0, Frame1, kPad, kFirstLine, kChoicesWidth - 2 * kPad, "Deathmatch (Death Valley)",
+  PlaceOption(Options0, Frame1, kFramePad, kFirstLine, kChoicesWidth - 2 * kFramePad, "Deathmatch (Death Valley)",
               "The maps take the place of the deathmatch mission.");
-  PlaceOption(Options1, Frame1, kPad, kFirstLine + 330, kChoicesWidth - 2 * kPad, "Capture the flag (Desert Prison)",
-              "The maps take the place of the capture the flag mission.");
-  PlaceOption(Options2, Frame1, kPad, kFirstLine + 660, kChoicesWidth - 2 * kPad, "Rename:", "Rename the map to");
+  PlaceOption(Options1, Frame1, kFramePad, kFirstLine + 330, kChoicesWidth - 2 * kFramePad,
+              "Capture the flag (Desert Prison)", "The maps take the place of the capture the flag mission.");
+  PlaceOption(Options2, Frame1, kFramePad, kFirstLine + 660, kChoicesWidth - 2 * kFramePad,
+              "Rename:", "Rename the map to");
   Options1.Value = true;
   txtrename.SetContainer(Frame1);
-  txtrename.Move(kPad + 285, kFirstLine + 1005, kChoicesWidth - 2 * kPad - 285, kRow);
+  txtrename.Move(kFramePad + 285, kFirstLine + 1005, kChoicesWidth - 2 * kFramePad - 285, kRow);
   txtrename.ToolTipText = "The name under which the maps are put beside the game's archive.";
 
   Frame3.Caption = "Preview:";
@@ -146,7 +144,7 @@ void frmputlist::LayOutClock() {
        {lbllongestsec, "Sec."}});
   const std::initializer_list<Control*> inside{&lblclock,    &txtmin,     &lblmin,        &txtsec,     &lblsec,
                                                &lbllongest,  &TxtTimeMin, &lbllongestmin, &TxtTimeSec, &lbllongestsec,
-                                               &ChGameTimer, &chrandom,   &Check1};
+                                               &ChGameTimer, &chrandom,   &Check1,        &ChLog};
   for (Control* control : inside) control->SetContainer(Frame2);
   txtmin.ToolTipText = "Minutes that the running clock shows.";
   txtsec.ToolTipText = "Seconds that the running clock shows.";
@@ -158,6 +156,9 @@ void frmputlist::LayOutClock() {
   chrandom.ToolTipText = "Each next map is drawn from the play list.";
   Check1.Caption = "Send \"resetgames\" command";
   Check1.ToolTipText = "When chcked it sends a resetgames command to host when new map is inserted!";
+  ChLog.Caption = "Keep a log (autohost.log)";
+  ChLog.ToolTipText = "Each map of a run is taken down in autohost.log, beside the program: when, which, and why.";
+  ChLog.Value = 1;
 }
 
 void frmputlist::LayOutState() {
@@ -201,16 +202,16 @@ void frmputlist::Arrange() {
 
 void frmputlist::PlaceLists() {
   const int down = std::max(ScaleHeight() - kClientHeight, 0);
-  const int width = (std::max(ScaleWidth(), kClientWidth) - 2 * kMargin - kBetween - 2 * kGap) / 2;
-  const int between_left = kMargin + width + kGap;
-  const int right = between_left + kBetween + kGap;
-  const int folder_left = kMargin + 735;
-  lblfolder.Move(kMargin, kFolderTop + 30, 705, kLabelHeight);
-  txtfolder.Move(folder_left, kFolderTop, kMargin + width - kBrowse - 60 - folder_left, kRow);
-  Command1.Move(kMargin + width - kBrowse, kFolderTop - 15, kBrowse, kRow + 30);
-  lblfilelist.Move(kMargin, kHeadingTop, width - kCount, kLabelHeight);
-  lblfilemaps.Move(kMargin + width - kCount, kHeadingTop, kCount, kLabelHeight);
-  FileMaps.Move(kMargin, kListTop, width, kListHeight + down);
+  const int width = (std::max(ScaleWidth(), kClientWidth) - 2 * kWindowMargin - kBetween - 2 * kControlGap) / 2;
+  const int between_left = kWindowMargin + width + kControlGap;
+  const int right = between_left + kBetween + kControlGap;
+  const int folder_left = kWindowMargin + 735;
+  lblfolder.Move(kWindowMargin, kFolderTop + 30, 705, kLabelHeight);
+  txtfolder.Move(folder_left, kFolderTop, kWindowMargin + width - kBrowse - 60 - folder_left, kRow);
+  Command1.Move(kWindowMargin + width - kBrowse, kFolderTop - 15, kBrowse, kRow + 30);
+  lblfilelist.Move(kWindowMargin, kHeadingTop, width - kCount, kLabelHeight);
+  lblfilemaps.Move(kWindowMargin + width - kCount, kHeadingTop, kCount, kLabelHeight);
+  FileMaps.Move(kWindowMargin, kListTop, width, kListHeight + down);
   lblplaylist.Move(right, kFolderTop + 30, width - kCount, kLabelHeight);
   lbllistmaps.Move(right + width - kCount, kFolderTop + 30, kCount, kLabelHeight);
   const int list_top = kFolderTop + 30 + kLabelHeight + 15;
@@ -224,9 +225,9 @@ void frmputlist::PlaceLists() {
   }
 
   const int selected_top = kSelectedTop + down;
-  const int inserts_left = std::max(ScaleWidth(), kClientWidth) - kMargin - 1500;
-  lblselected.Move(kMargin, selected_top, 1290, kLabelHeight);
-  lblpath.Move(kMargin + 1320, selected_top, inserts_left - kGap - kMargin - 1320, kLabelHeight);
+  const int inserts_left = std::max(ScaleWidth(), kClientWidth) - kWindowMargin - 1500;
+  lblselected.Move(kWindowMargin, selected_top, 1290, kLabelHeight);
+  lblpath.Move(kWindowMargin + 1320, selected_top, inserts_left - kControlGap - kWindowMargin - 1320, kLabelHeight);
   lblinsertcount.Move(inserts_left, selected_top, 840, kLabelHeight);
   lblinserts.Move(inserts_left + 870, selected_top, 630, kLabelHeight);
 }
@@ -234,9 +235,9 @@ void frmputlist::PlaceLists() {
 void frmputlist::PlaceChoices() {
   const int top = kFramesTop + std::max(ScaleHeight() - kClientHeight, 0);
   const int wider = std::max(ScaleWidth() - kClientWidth, 0);
-  Frame1.Move(kMargin, top, kChoicesWidth, kFrameHeight1);
-  Frame2.Move(kMargin + kChoicesWidth + kGap, top, kClockWidth, kFrameHeight1);
-  Frame3.Move(kMargin + kChoicesWidth + kClockWidth + 2 * kGap, top, kPreviewWidth + wider, kFrameHeight1);
+  Frame1.Move(kWindowMargin, top, kChoicesWidth, kFrameHeight1);
+  Frame2.Move(kWindowMargin + kChoicesWidth + kControlGap, top, kClockWidth, kFrameHeight1);
+  Frame3.Move(kWindowMargin + kChoicesWidth + kClockWidth + 2 * kControlGap, top, kPreviewWidth + wider, kFrameHeight1);
 }
 
 void frmputlist::PlaceClock() {
@@ -254,15 +255,15 @@ void frmputlist::PlaceClock() {
   };
   for (const Line& line : {Line{kFirstLine - 30, lblclock, txtmin, lblmin, txtsec, lblsec},
                            Line{kFirstLine + 345, lbllongest, TxtTimeMin, lbllongestmin, TxtTimeSec, lbllongestsec}}) {
-    line.label.Move(kPad, line.top + 45, kFieldLeft - kPad - 30, kLabelHeight);
+    line.label.Move(kFramePad, line.top + 45, kFieldLeft - kFramePad - 30, kLabelHeight);
     line.minutes.Move(kFieldLeft, line.top, kField, kRow);
     line.minutes_unit.Move(kFieldLeft + kField + 60, line.top + 45, kUnit, kLabelHeight);
     line.seconds.Move(kSecondField, line.top, kField, kRow);
     line.seconds_unit.Move(kSecondField + kField + 60, line.top + 45, kUnit, kLabelHeight);
   }
   int top = kFirstLine + 780;
-  for (CheckBox* box : {&ChGameTimer, &chrandom, &Check1}) {
-    box->Move(kPad, top, kClockWidth - 2 * kPad, kOptionHeight);
+  for (CheckBox* box : {&ChGameTimer, &chrandom, &Check1, &ChLog}) {
+    box->Move(kFramePad, top, kClockWidth - 2 * kFramePad, kOptionHeight);
     top += 300;
   }
 }
@@ -270,38 +271,40 @@ void frmputlist::PlaceClock() {
 // The picture stands in the middle of its place; without one the whole place can be clicked.
 void frmputlist::PlacePreview() {
   constexpr int kInfoWidth = 900;
-  const Place room{kPad, kFirstLine - 30, Frame3.Width - 2 * kPad, kFrameHeight1 - kFirstLine - kButton - 180};
+  const Place room{kFramePad, kFirstLine - 30, Frame3.Width - 2 * kFramePad,
+                   kFrameHeight1 - kFirstLine - kButton - 180};
   lblnopreview.Move(room.left, room.top + (room.height - kLabelHeight) / 2, room.width, kLabelHeight);
   lblnopreview.Visible = !ImgPreview.Picture.get();
   MoveTo(ImgPreview, FitPicture(ImgPreview.Picture, room, SmallPicture::kEnlarge));
-  Command7.Move(Frame3.Width - kPad - kInfoWidth, kFrameHeight1 - kButton - 90, kInfoWidth, kButton);
+  Command7.Move(Frame3.Width - kFramePad - kInfoWidth, kFrameHeight1 - kButton - 90, kInfoWidth, kButton);
 }
 
 void frmputlist::PlaceState() {
   const int down = std::max(ScaleHeight() - kClientHeight, 0);
-  const int width = std::max(ScaleWidth(), kClientWidth) - 2 * kMargin;
+  const int width = std::max(ScaleWidth(), kClientWidth) - 2 * kWindowMargin;
   constexpr int kWordWidth = 1200;
-  const int second_button = width - kPad - kRunButton;
-  const int first_button = second_button - kGap - kRunButton;
-  Frame4.Move(kMargin, kStateTop + down, width, kStateHeight);
+  const int second_button = width - kFramePad - kRunButton;
+  const int first_button = second_button - kControlGap - kRunButton;
+  Frame4.Move(kWindowMargin, kStateTop + down, width, kStateHeight);
   struct Line {
     Label& label;
     Label& text;
   };
   int top = kFirstLine;
   for (const Line& line : {Line{lblnow, lblplaysnow}, Line{lblnext, lblplaysnext}, Line{lblwhen, lblchangeswhen}}) {
-    line.label.Move(kPad, top, kWordWidth, kLabelHeight);
-    line.text.Move(kPad + kWordWidth + 30, top, first_button - kGap - kPad - kWordWidth - 30, kLabelHeight);
+    line.label.Move(kFramePad, top, kWordWidth, kLabelHeight);
+    line.text.Move(kFramePad + kWordWidth + 30, top, first_button - kControlGap - kFramePad - kWordWidth - 30,
+                   kLabelHeight);
     top += 315;
   }
   Command2.Move(first_button, kFirstLine - 45, kRunButton, kButton + 30);
   Command3.Move(second_button, kFirstLine - 45, kRunButton, kButton + 30);
   Command4.Move(first_button, kFirstLine + 450, kRunButton, kButton + 30);
   Command5.Move(second_button, kFirstLine + 450, kRunButton, kButton + 30);
-  Picture5.Move(kMargin, kStripTop + down, width, kStripHeight);
+  Picture5.Move(kWindowMargin, kStripTop + down, width, kStripHeight);
   lblwarning.Move(0, 30, 1620, kLabelHeight);
   Label11.Move(1650, 30, width - 1650, kLabelHeight);
-  lblstatus.Move(kMargin, kStatusTop + down, width, kLabelHeight);
+  lblstatus.Move(kWindowMargin, kStatusTop + down, width, kLabelHeight);
 }
 
 }  // namespace kestrun

@@ -93,6 +93,7 @@ void frmputlist::ShowRowOfList() {
   lstmaps.ToolTipText = text;
   lblpath.Caption = text;
   lblpath.ToolTipText = text;
+  TellHealthOfRow();
   ShowPreview(LoadMapPicture(text));
 }
 
@@ -197,6 +198,7 @@ void frmputlist::ClearList() {
 
 void frmputlist::mnu_refreshlist_Click() {
   FileMaps.Reload();
+  health_.LookAgain();
   lstmaps.Refresh();
   ShowFileCount();
   FitPlayList();

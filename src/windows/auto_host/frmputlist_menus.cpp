@@ -38,6 +38,7 @@ void frmputlist::BuildMenus() {
             {mnu_deselectmaps, "&Deselect all maps"},
             {mnu_selectallfiles, "Se&lect all files"},
             {mnu_deselectfiles, "D&eselect all files"}});
+  FillMenu(mnu_actions, "A&ctions", {{mnu_checklist, "&Check the list"}, {mnu_rehearse, "Re&hearse ..."}});
   FillMenu(mnu_tools, "&Tools", {{mnu_addgametype, "Add new gametype"}, {mnu_changeDFversion, "&Change DF version"}});
   FillMenu(mnu_addins, "A&dd-Ins", {{mnu_addin, "Add-&In Manager"}});
   FillMenu(mnu_help, "&Help", {{mnu_quickhelp, "&Index"}, {mnu_helpAbout, "&About"}});

@@ -2,8 +2,11 @@
 #include "base/convert.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "game/run/rotation.h"
+#include "game/run/run_log.h"
 #include "game/run/running_clock.h"
 #include "maps/put/put_map.h"
+#include "platform/file_error.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
 #include "program/path_text.h"
@@ -26,20 +29,19 @@ const Setting& StoredTime(TimeField field) {
 // The file's name, whatever the row says.
 std::string ShortName(const std::string& text) { return text.substr(text.find_last_of("\\/") + 1); }
 
-std::string TwoDigits(const std::string& text) { return text.size() == 1 ? "0" + text : text; }
-
 }  // namespace
 
 RunSurroundings frmputlist::MakeSurroundings() {
   return {platform().clock(),
           MemControl1,
-          [](const std::string& map, std::string& mission) { return PutMap(map, mission, kPutBesideOnly, false); },
+          [](const std::string& map, std::string& mission) { return PutMapSilently(map, mission, kPutBesideOnly); },
           &IsUrl,
           [](const std::string& url, const std::string& path) { static_cast<void>(DownloadFile(url, path)); },
           AppFile("file.tmp"),
           &RandomDraw,
           [](const std::string& text) { MsgBox(text); },
-          [] { ShowError(""); }};
+          [] { ShowError(""); },
+          [this](const RunEvent& event) { Note(event); }};
 }
 
 void frmputlist::ConnectRun() {
@@ -47,7 +49,7 @@ void frmputlist::ConnectRun() {
     option->Click = [this] { RunCommand([this] { TakeRename(); }); };
   }
   txtrename.Change = [this] {
-    if (Options2.Value) run.fields.Rename = txtrename.Text.get();
+    if (Options2.Value) TakeRename();
   };
   chrandom.Click = [this] {
     run.fields.Random = chrandom.Value == 1;
@@ -65,7 +67,7 @@ void frmputlist::ConnectRun() {
   Command5.Click = [this] { Command5_Click(); };
   TmrInsert.Tick = [this] {
     run.Tick();
-    ShowGlance();
+    if (IsLoaded()) ShowGlance();  // it may have been closed while the tick waited
   };
 }
 
@@ -75,6 +77,7 @@ void frmputlist::TakeRename() {
   if (Options0.Value) run.fields.Rename = "D08M04.BMS";
   if (Options1.Value) run.fields.Rename = "D08M03.BMS";
   if (Options2.Value) run.fields.Rename = txtrename.Text.get();
+  lstmaps.Refresh();  // what the maps go in as decides about their health
 }
 
 // The reset command is known to work with the first two builds only.
@@ -190,6 +193,12 @@ void frmputlist::HideFailure() {
 
 void frmputlist::ShowRefusal(const std::string& sentence) { lblstatus.Caption = sentence; }
 
+void frmputlist::Note(const RunEvent& event) {
+  if (ChLog.Value != 1) return;
+  Attempt([&] { AppendToRunLog(event); },
+          [this](const RuntimeError&) { lblstatus.Caption = "autohost.log: " + ExplainedError().description(); });
+}
+
 // ---- at a glance ---------------------------------------------------------------------------------------------------
 
 void frmputlist::ShowGlance() {
@@ -200,13 +209,24 @@ void frmputlist::ShowGlance() {
   lblplaysnow.ToolTipText = plays_now_;
   lblplaysnext.Caption = NextText();
   lblchangeswhen.Caption = WhenText();
+  PublishRotation();
+}
+
+void frmputlist::PublishRotation() {
+  const int count = lstmaps.ListCount();
+  if (!Command3.Enabled || count == 0) {
+    SetPresentRotation({});
+    return;
+  }
+  const std::string next = run.fields.Random ? "a random map" : PlainMapName(lstmaps.List(NextRowInOrder()));
+  SetPresentRotation({PlainMapName(plays_now_), next, TimeLeftText(txtmin.Text, txtsec.Text)});
 }
 
 std::string frmputlist::NextText() {
   const int count = lstmaps.ListCount();
   if (count == 0) return "Nothing: the play list is empty";
   if (run.fields.Random) return "One of the " + std::to_string(count) + " maps, at random";
-  const int next = lstmaps.ListIndex + 1 == count ? 0 : lstmaps.ListIndex + 1;
+  const int next = NextRowInOrder();
   return ShortName(lstmaps.List(next)) + ", row " + std::to_string(next + 1) + " of " + std::to_string(count);
 }
 
@@ -215,9 +235,9 @@ std::string frmputlist::WhenText() {
   if (!has_started) return "When you press " + Command2.Caption.get();
   if (!TmrInsert.Enabled) return "Paused: when you press continue, or Insert now";
   if (UsesGameTimer()) {
-    return "When the round ends; its clock shows " + txtmin.Text.get() + ":" + TwoDigits(txtsec.Text);
+    return "When the round ends; its clock shows " + TimeLeftText(txtmin.Text, txtsec.Text);
   }
-  return "In " + txtmin.Text.get() + ":" + TwoDigits(txtsec.Text) + ", or when the game ends";
+  return "In " + TimeLeftText(txtmin.Text, txtsec.Text) + ", or when the game ends";
 }
 
 }  // namespace kestrun

@@ -14,6 +14,7 @@
 #include "program/window_kit/ask.h"
 #include "program/window_kit/download_bar.h"
 #include "program/window_kit/run_command.h"
+#include "program/window_kit/text_end.h"
 
 namespace kestrun {
 namespace {
@@ -56,7 +57,7 @@ void frmdwnlhelp::Load() {
 
 void frmdwnlhelp::Append(const std::string& line) {
   txtprogress.Text = txtprogress.Text.get() + line + std::string(kCrLf);
-  txtprogress.SelStart = static_cast<int>(ToUtf16(txtprogress.Text.get()).size());
+  PutCaretAtEnd(txtprogress);
 }
 
 void frmdwnlhelp::Check() {

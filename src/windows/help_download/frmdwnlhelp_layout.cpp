@@ -7,14 +7,13 @@ namespace kestrun {
 namespace {
 
 constexpr int kMargin = 240;
-constexpr int kGap = 120;
 constexpr int kClientWidth = 6600;
 constexpr int kInside = kClientWidth - 2 * kMargin;
-constexpr int kBarTop = kMargin + 2 * kLabelHeight + kGap;
-constexpr int kLogTop = kBarTop + kDownloadHeight + kGap;
+constexpr int kBarTop = kMargin + 2 * kLabelHeight + kControlGap;
+constexpr int kLogTop = kBarTop + kDownloadHeight + kControlGap;
 constexpr int kLogHeight = 1800;
-constexpr int kNoticeTop = kLogTop + kLogHeight + kGap;
-constexpr int kButtonTop = kNoticeTop + kLabelHeight + kGap;
+constexpr int kNoticeTop = kLogTop + kLogHeight + kControlGap;
+constexpr int kButtonTop = kNoticeTop + kLabelHeight + kControlGap;
 constexpr int kTimerMs = 3000;
 
 }  // namespace
@@ -23,7 +22,7 @@ void frmdwnlhelp::LayOut() {
   LayOutDialog(*this, "Kestrun - Help", InTaskbar::kYes);
   SetClientSize(kClientWidth, kButtonTop + kDialogButtonHeight + kMargin);
   PlaceLabel(Label1, kMargin, kMargin, kInside, "Downloading help from internet please wait ...");
-  PlaceLabel(Label2, kMargin, kBarTop - kLabelHeight - kGap / 4, kInside, "Progress:");
+  PlaceLabel(Label2, kMargin, kBarTop - kLabelHeight - kControlGap / 4, kInside, "Progress:");
   PlaceDownload(ProgressBar1, LblAmount, kMargin, kBarTop, kInside);
   txtprogress.Move(kMargin, kLogTop, kInside, kLogHeight);
   txtprogress.MultiLine = true;

@@ -8,6 +8,7 @@
 #include "forms/member_rows.h"
 #include "game/editor_files.h"
 #include "platform/platform.h"
+#include "program/default_copy.h"
 #include "program/game_paths.h"
 #include "program/originals_hook.h"
 #include "program/path_text.h"
@@ -63,6 +64,7 @@ frmain::frmain() : Form(kName) {
     if (!StyleActive()) Arrange();  // a style has its own places
   };
   ConnectMaps();
+  ConnectHealth();
   ConnectCommands();
   AddWindowCommands();
   ConnectGuide();
@@ -81,7 +83,7 @@ void frmain::Load() {
       [this] { LoadBanner(); },
       [this] { Load_Programs(); },
       [this] { LoadMenuIcons(); },
-      [] { WriteSetting(setting::kApp, platform().program().ExeName() + ".exe"); },
+      [] { WriteSetting(setting::kApp, OwnFile()); },
       [this] { txtoutput.Text = ReadSetting(setting::kOutputText); },
       [this] { ShowStoredFolder(); },
       [this] {
@@ -113,7 +115,7 @@ void frmain::Shown() {
 void frmain::Unloading() {
   TmrQuickLinks.Enabled = false;
   Attempt([this] { WriteSetting(setting::kStatusLine, BooleanToText(txtstatusbar.Visible)); });
-  const std::string path = AppFile(platform().program().ExeName() + ".exe");
+  const std::string path = OwnPath();
   Attempt([&] { SaveSetting("DFLWKESTRUN", "launcher", "PATH", path); });
 }
 

@@ -24,6 +24,8 @@
 #include "forms/text_box.h"
 #include "forms/timer.h"
 #include "forms/window_registry.h"
+#include "maps/health/health_watch.h"
+#include "maps/health/map_health.h"
 #include "program/window_kit/open_window.h"
 #include "program/window_kit/status_line.h"
 #include "web/downloader.h"
@@ -80,6 +82,10 @@ class frmain final : public Form {
   // Fetches the site file and the banner's picture, once the window stands.
   kestrun::Downloader& Downloader = Add<kestrun::Downloader>("Downloader");
   Timer& TmrBanner = Add<Timer>("TmrBanner");
+  // The badges of the maps' health.
+  Image& ImgGood = Add<Image>("ImgGood");
+  Image& ImgDoubtful = Add<Image>("ImgDoubtful");
+  Image& ImgBad = Add<Image>("ImgBad");
   CommonDialog& dlgcopyto = Add<CommonDialog>("dlgcopyto");
   CommonDialog& dlgCommonDialog = Add<CommonDialog>("dlgCommonDialog");
 
@@ -254,6 +260,13 @@ class frmain final : public Form {
   [[nodiscard]] Control& VisibleList();
   void SelectByName(const std::string& name);
 
+  // Health of the maps.
+  void ConnectHealth();
+  [[nodiscard]] MapUse UseOfMaps() const;
+  // Not known at first: it is read in the background, and the list is painted anew then.
+  [[nodiscard]] MapHealth HealthOf(const std::string& name);
+  void TellHealthOfSelection();
+
   // Commands.
   void ConnectCommands();
   void PutSelectedMap(int32_t mode);
@@ -281,6 +294,7 @@ class frmain final : public Form {
   void MarkStartup(bool stays_closed);
 
   StatusLine status_line_{Picture2, txtstatusbar, prgfetch};
+  HealthWatch health_{[this] { ListBox.Refresh(); }};
   std::vector<std::string> program_paths_;
   bool stays_closed_at_startup_ = false;
   bool has_banner_place_ = false;

@@ -13,15 +13,14 @@
 namespace kestrun {
 namespace {
 
-// Edges and gaps that the whole window shares, in twips, at the size that the window opens with.
+// Measures that the whole window shares, in twips, at the size that the window opens with.
 constexpr int kClientWidth = 9060;
 constexpr int kClientHeight = 6975;
-constexpr int kMargin = 180;
 constexpr int kGap = 90;
 constexpr int kRow = 285;     // a line of text to type in
 constexpr int kButton = 390;  // the height of a button
 constexpr int kColumn = 4680;
-constexpr int kColumnWidth = kClientWidth - kColumn - kMargin;
+constexpr int kColumnWidth = kClientWidth - kColumn - kWindowMargin;
 constexpr int kHalf = (kColumnWidth - kGap) / 2;
 constexpr int kHeadingTop = 630;  // of the list and the preview
 constexpr int kListTop = 870;
@@ -95,19 +94,22 @@ void frmain::LayOutFolderAndList() {
 
 void frmain::LayOutChoices() {
   Frame1.Caption = "Pu&t the map in as";
-  PlaceOption(opcapflag, Frame1, kMargin, 270, kColumnWidth - 2 * kMargin, "Capture the flag     (Desert prison)",
-              "The map takes the place of the capture the flag mission.");
-  PlaceOption(opdeath, Frame1, kMargin, 570, kColumnWidth - 2 * kMargin, "Deathmatch     (Death Valley)",
+  PlaceOption(opcapflag, Frame1, kWindowMargin, 270, kColumnWidth - 2 * kWindowMargin,
+              "Capture the flag     (Desert prison)", "The map takes the place of the capture the flag mission.");
+  PlaceOption(opdeath, Frame1, kWindowMargin, 570, kColumnWidth - 2 * kWindowMargin, "Deathmatch     (Death Valley)",
               "The map takes the place of the deathmatch mission.");
-  PlaceOption(oprename, Frame1, kMargin, 885, 1020, "Rename:", "The map is stored under the name that you type.");
+  PlaceOption(oprename, Frame1, kWindowMargin, 885, 1020, "Rename:", "The map is stored under the name that you type.");
   opcapflag.Value = true;
   txtoutput.SetContainer(Frame1);
   constexpr int kCountWidth = 660;
-  constexpr int kCountLeft = kColumnWidth - kMargin - kCountWidth;
+  constexpr int kCountLeft = kColumnWidth - kWindowMargin - kCountWidth;
   txtoutput.Move(1245, 892, kCountLeft - kGap - 1245, kRow);
   txtoutput.ToolTipText =
       "The name under which the map is stored in the game. The archive holds its first 16 characters.";
-  txtoutput.Change = [this] { lblnamelength.Caption = MissionNameLength(txtoutput.Text); };
+  txtoutput.Change = [this] {
+    lblnamelength.Caption = MissionNameLength(txtoutput.Text);
+    ListBox.Refresh();  // the name decides about the maps' health
+  };
   txtoutput.Change();
   lblnamelength.SetContainer(Frame1);
   lblnamelength.Move(kCountLeft, 922, kCountWidth, kLabelHeight);
@@ -180,7 +182,7 @@ void frmain::LayOutBanner() {
 // In its own proportions above the status line.
 void frmain::PlaceBanner() {
   const Ref<kestrun::Picture> picture = AnimGIF1.ImgPic(0).Picture;
-  const Place room{kMargin, ScaleHeight() - kStatusLineHeight - kBannerHeight, ScaleWidth() - 2 * kMargin,
+  const Place room{kWindowMargin, ScaleHeight() - kStatusLineHeight - kBannerHeight, ScaleWidth() - 2 * kWindowMargin,
                    kBannerHeight - kGap};
   lblnews.Move(room.left, room.top + (room.height - kLabelHeight) / 2, room.width, kLabelHeight);
   MoveTo(AnimGIF1, FitPicture(picture, room, SmallPicture::kKeepSize));
@@ -212,17 +214,17 @@ void frmain::Arrange() {
 void frmain::PlaceFolderAndList() {
   constexpr int kTextLeft = 870;
   constexpr int kBrowseWidth = 1320;
-  const int browse_left = kClientWidth + SpareWidth() - kMargin - kBrowseWidth;
-  lblfolder.Move(kMargin, 195, kTextLeft - kMargin - 30, kLabelHeight);
+  const int browse_left = kClientWidth + SpareWidth() - kWindowMargin - kBrowseWidth;
+  lblfolder.Move(kWindowMargin, 195, kTextLeft - kWindowMargin - 30, kLabelHeight);
   Text1.Move(kTextLeft, 172, browse_left - kGap - kTextLeft, kRow);
   Command1.Move(browse_left, 120, kBrowseWidth, kButton);
 
-  const int list_width = kColumn - 2 * kMargin + SpareWidth();
+  const int list_width = kColumn - 2 * kWindowMargin + SpareWidth();
   const int list_height = kListHeight + SpareHeight();
-  lblmaps.Move(kMargin, kHeadingTop, list_width, kLabelHeight);
-  ListBox.Move(kMargin, kListTop, list_width, list_height);
-  FileMaps.Move(kMargin, kListTop, list_width, list_height + kPlainListMore);
-  Command6.Move(kMargin, kLastButtonsTop + SpareHeight(), 1500, kButton);
+  lblmaps.Move(kWindowMargin, kHeadingTop, list_width, kLabelHeight);
+  ListBox.Move(kWindowMargin, kListTop, list_width, list_height);
+  FileMaps.Move(kWindowMargin, kListTop, list_width, list_height + kPlainListMore);
+  Command6.Move(kWindowMargin, kLastButtonsTop + SpareHeight(), 1500, kButton);
 }
 
 void frmain::PlaceChoices() {
@@ -251,8 +253,8 @@ void frmain::PlacePreview() {
 void frmain::PlaceStatusLine() {
   status_line_.Place(ScaleWidth(), ScaleHeight());
   PctUpdate.Move(0, ScaleHeight() - kStatusLineHeight, ScaleWidth(), kStatusLineHeight);
-  lblupdate.Move(kMargin, 60, ScaleWidth() - 2 * kMargin - 900, 240);
-  lblCloseUpdate.Move(ScaleWidth() - kMargin - 600, 60, 600, 240);
+  lblupdate.Move(kWindowMargin, 60, ScaleWidth() - 2 * kWindowMargin - 900, 240);
+  lblCloseUpdate.Move(ScaleWidth() - kWindowMargin - 600, 60, 600, 240);
 }
 
 void frmain::ShowBannerPlace(bool shown) {

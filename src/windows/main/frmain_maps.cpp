@@ -58,7 +58,10 @@ void frmain::ConnectMaps() {
     MirrorSelection();
     Command2.Click();
   };
-  FileMaps.Click = [this] { Attempt([this] { ShowPreviewOfSelection(); }); };
+  FileMaps.Click = [this] {
+    Attempt([this] { ShowPreviewOfSelection(); });
+    Attempt([this] { TellHealthOfSelection(); });
+  };
   FileMaps.DblClick = [this] { Command2.Click(); };
   FileMaps.PathChange = [this] { Attempt([this] { ShowPreviewOfFolder(); }); };
 
@@ -137,6 +140,7 @@ void frmain::BrowseFolder() {
 void frmain::RefreshList() {
   const std::string selected = FileMaps.FileName();
   FileMaps.Reload();
+  health_.LookAgain();
   FillListBox();
   ListBox.Refresh();
   SelectByName(selected);

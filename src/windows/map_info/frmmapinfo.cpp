@@ -4,10 +4,13 @@
 #include "formats/bms/mission_reader.h"
 #include "maps/fetch/fetch_map.h"
 #include "maps/fetch/fetch_turn.h"
+#include "maps/health/health_badges.h"
 #include "maps/map_picture.h"
+#include "platform/platform.h"
 #include "program/path_text.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/open_window.h"
+#include "web/web_paths.h"
 
 namespace kestrun {
 namespace {
@@ -39,6 +42,7 @@ void frmmapinfo::LoadMap(const std::string& Path) {
   const std::string map = MapFileKind(Path) == map_file_kind::kZip ? GetFileFromZip(Path) : Path;
   if (map.empty()) return;
   Caption = "Map info " + GetFileName(map);
+  ShowHealth(map);
   const std::optional<MissionInfo> info = ReadMissionInfo(map);
   if (!info) return;
   FillFields(*info);
@@ -47,7 +51,19 @@ void frmmapinfo::LoadMap(const std::string& Path) {
 
 void frmmapinfo::Clear() {
   FillFields(MissionInfo());
+  ShowHealth("");
   SetPicture({});
+}
+
+// A web address is not asked.
+void frmmapinfo::ShowHealth(const std::string& map) {
+  MapHealth health;
+  if (!map.empty() && !IsUrl(map)) {
+    const MapFacts facts = MapFactsReader(platform().files()).Read(map);
+    health = JudgeMap({map, &facts}, {});
+  }
+  ImgHealth.Picture = PictureOfHealth(health.health, {ImgGood, ImgDoubtful, ImgBad});
+  TxtHealth.Text = health.health == Health::kUnknown ? std::string() : DescribeHealth(health);
 }
 
 void frmmapinfo::FillFields(const MissionInfo& info) {

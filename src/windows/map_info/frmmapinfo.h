@@ -44,6 +44,10 @@ class frmmapinfo final : public Form, private FetchDisplay {
   TextBox& TxtSun = Add<TextBox>("TxtSun");
   Label& Label9 = Add<Label>("Label9");
   TextBox& TxtWater = Add<TextBox>("TxtWater");
+  // Whether the map would work, in words; the reasons need no chosen mission.
+  Frame& Frame4 = Add<Frame>("Frame4");
+  Image& ImgHealth = Add<Image>("ImgHealth");
+  TextBox& TxtHealth = Add<TextBox>("TxtHealth");
   Frame& Frame3 = Add<Frame>("Frame3");
   Image& ImgPreview = Add<Image>("ImgPreview");
   CommandButton& Command1 = Add<CommandButton>("Command1");
@@ -52,6 +56,10 @@ class frmmapinfo final : public Form, private FetchDisplay {
   PictureBox& PctStatus = Add<PictureBox>("PctStatus");
   TextBox& txtstatus = Add<TextBox>("txtstatus");
   ProgressBar& prgfetch = Add<ProgressBar>("prgfetch");
+  // What ImgHealth shows.
+  Image& ImgGood = Add<Image>("ImgGood");
+  Image& ImgDoubtful = Add<Image>("ImgDoubtful");
+  Image& ImgBad = Add<Image>("ImgBad");
   // Applies the style once.
   Timer& Timer1 = Add<Timer>("Timer1");
 
@@ -67,10 +75,12 @@ class frmmapinfo final : public Form, private FetchDisplay {
  private:
   void LayOut();
   void LayOutFields();
+  void LayOutHealth();
   void PlaceStatusLine();
   void ShowPreview(bool shown);
   void Clear();
   void FillFields(const struct MissionInfo& info);
+  void ShowHealth(const std::string& map);
   // As large as fits into the frame, in its own proportions.
   void SetPicture(const Ref<kestrun::Picture>& picture);
   // The window comes to the screen, and a status line to its foot.

@@ -12,6 +12,7 @@
 #include "program/settings.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/ask.h"
+#include "program/window_kit/file_dialog.h"
 #include "program/window_kit/run_command.h"
 
 namespace kestrun {
@@ -164,8 +165,7 @@ void frmmapupd::DeleteMap(const std::string& folder, FileListBox& list) {
 
 void frmmapupd::CopyMap(const std::string& folder_and_separator, FileListBox& list) {
   const std::string name = list.FileName();
-  CommonDialog1.DialogTitle = "Copy map to ...";
-  CommonDialog1.Filter = "BMS files (*.bms)|*.bms|all files (*.*)|*.*|";
+  SetUpFileDialog(CommonDialog1, "Copy map to ...", "BMS files (*.bms)|*.bms|all files (*.*)|*.*|");
   CommonDialog1.FileName = name;
   if (!CommonDialog1.ShowSave() || !HasLocalRow()) return;
   platform().files().CopyDurably(folder_and_separator + name, CommonDialog1.FileName.get());
@@ -187,13 +187,9 @@ void frmmapupd::RenameMap(TextBox& folder, FileListBox& list) {
 // ---- the log -------------------------------------------------------------------------------------------------------
 
 void frmmapupd::SaveLog() {
-  CommonDialog1.DialogTitle = "Select LOG or text file.";
-  CommonDialog1.Filter = "Log files (*.log)|*.log|Text files (*.txt)|*.txt|All files (*.*)|*.*|";
-  CommonDialog1.DefaultExt = "log";
-  CommonDialog1.FileName = "";
-  const bool has_file = CommonDialog1.ShowSave();
-  CommonDialog1.DefaultExt = "";
-  if (!has_file) return;
+  SetUpFileDialog(CommonDialog1, "Select LOG or text file.",
+                  "Log files (*.log)|*.log|Text files (*.txt)|*.txt|All files (*.*)|*.*|", "log");
+  if (!CommonDialog1.ShowSave()) return;
   ShowLog();
   const std::string content = EncodeTextFile(txtlog.Text.get());
   platform().files().WriteAllDurably(CommonDialog1.FileName.get(), AsBytes(content));

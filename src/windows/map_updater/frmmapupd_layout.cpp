@@ -6,38 +6,35 @@
 namespace kestrun {
 namespace {
 
-constexpr int kMargin = 180;
-constexpr int kGap = 120;
 constexpr int kClientWidth = 10200;
-constexpr int kInside = kClientWidth - 2 * kMargin;
-constexpr int kBoxHeight = 315;
-constexpr int kFolderWidth = (kInside - kGap) / 2;
+constexpr int kInside = kClientWidth - 2 * kWindowMargin;
+constexpr int kFolderWidth = (kInside - kControlGap) / 2;
 constexpr int kBrowseWidth = 480;
 // Inside the frames.
-constexpr int kPad = 180;
 constexpr int kFirstRow = 300;
 constexpr int kBoxTop = kFirstRow + kLabelHeight + 30;
-constexpr int kListTop = kBoxTop + kBoxHeight + kGap;
+constexpr int kListTop = kBoxTop + kTextBoxHeight + kControlGap;
 constexpr int kListHeight = 2400;
-constexpr int kFolderHeight = kListTop + kListHeight + kPad;
+constexpr int kFolderHeight = kListTop + kListHeight + kFramePad;
 
-constexpr int kChoicesTop = kMargin + kFolderHeight + kGap;
+constexpr int kChoicesTop = kWindowMargin + kFolderHeight + kControlGap;
 constexpr int kChoiceWidth = 3600;
 constexpr int kChoiceStep = kOptionHeight + 30;
 constexpr int kStartWidth = 1500;
 constexpr int kBarTop = kChoicesTop + 2 * kChoiceStep + 60;
 constexpr int kBarHeight = 270;
-constexpr int kLogTop = kBarTop + kBarHeight + kGap;
+constexpr int kLogTop = kBarTop + kBarHeight + kControlGap;
 constexpr int kLogHeight = 2100;
-constexpr int kLogFrameHeight = kFirstRow + kLogHeight + kPad;
+constexpr int kLogFrameHeight = kFirstRow + kLogHeight + kFramePad;
 
 }  // namespace
 
 void frmmapupd::LayOut() {
   LayOutFixedWindow(*this, "Kestrun - Map Updater", StartPosition::kCenterScreen);
   KeyPreview = true;
-  LayOutFolder(Frame1, kMargin, LblPC, "Folder:", TxtPC, CmdloadPC, lstmapsPC);
-  LayOutFolder(Frame2, kMargin + kFolderWidth + kGap, LblRem, "Network drive:", TxtRem, CmdloadRem, LstmapsRem);
+  LayOutFolder(Frame1, kWindowMargin, LblPC, "Folder:", TxtPC, CmdloadPC, lstmapsPC);
+  LayOutFolder(Frame2, kWindowMargin + kFolderWidth + kControlGap, LblRem, "Network drive:", TxtRem, CmdloadRem,
+               LstmapsRem);
   Frame1.Caption = "This PC:";
   Frame2.Caption = "Remote PC:";
   TxtPC.ToolTipText = "Your map folder.";
@@ -46,37 +43,38 @@ void frmmapupd::LayOut() {
   LstmapsRem.ToolTipText = "The maps on the remote PC.";
   LayOutChoices();
   Frame3.Caption = "Small Log:";
-  Frame3.Move(kMargin, kLogTop, kInside, kLogFrameHeight);
+  Frame3.Move(kWindowMargin, kLogTop, kInside, kLogFrameHeight);
   txtlog.SetContainer(Frame3);
   txtlog.Text = "Ready";
   txtlog.ToolTipText = "Log file click File => save log to save it to a text file.";
   txtlog.MultiLine = true;
   txtlog.ScrollBars = 3;
   txtlog.Locked = true;
-  txtlog.Move(kPad, kFirstRow, kInside - 2 * kPad, kLogHeight);
+  txtlog.Move(kFramePad, kFirstRow, kInside - 2 * kFramePad, kLogHeight);
   LayOutMenus();
-  SetClientSize(kClientWidth, kLogTop + kLogFrameHeight + kMargin);
+  SetClientSize(kClientWidth, kLogTop + kLogFrameHeight + kWindowMargin);
 }
 
 void frmmapupd::LayOutFolder(Frame& frame, int left, Label& label, const std::string& caption, TextBox& box,
                              CommandButton& browse, FileListBox& list) {
-  frame.Move(left, kMargin, kFolderWidth, kFolderHeight);
+  frame.Move(left, kWindowMargin, kFolderWidth, kFolderHeight);
   for (Control* control : {static_cast<Control*>(&label), static_cast<Control*>(&box), static_cast<Control*>(&browse),
                            static_cast<Control*>(&list)}) {
     control->SetContainer(frame);
   }
-  const int width = kFolderWidth - 2 * kPad;
-  PlaceLabel(label, kPad, kFirstRow, width, caption);
-  box.Move(kPad, kBoxTop, width - kBrowseWidth - 60, kBoxHeight);
-  PlaceButton(browse, {kFolderWidth - kPad - kBrowseWidth, kBoxTop, kBrowseWidth, kBoxHeight}, "...",
+  const int width = kFolderWidth - 2 * kFramePad;
+  PlaceLabel(label, kFramePad, kFirstRow, width, caption);
+  box.Move(kFramePad, kBoxTop, width - kBrowseWidth - 60, kTextBoxHeight);
+  PlaceButton(browse, {kFolderWidth - kFramePad - kBrowseWidth, kBoxTop, kBrowseWidth, kTextBoxHeight}, "...",
               "Browse for folder.");
   list.Pattern = "*.bms";
-  list.Move(kPad, kListTop, width, kListHeight);
+  list.Move(kFramePad, kListTop, width, kListHeight);
 }
 
 void frmmapupd::LayOutChoices() {
   const auto place = [](Control& control, int column, int row) {
-    control.Move(kMargin + column * kChoiceWidth, kChoicesTop + row * kChoiceStep, kChoiceWidth - kGap, kOptionHeight);
+    control.Move(kWindowMargin + column * kChoiceWidth, kChoicesTop + row * kChoiceStep, kChoiceWidth - kControlGap,
+                 kOptionHeight);
   };
   Option1.Caption = "Use file date to update.";
   Option1.ToolTipText = "A map that is older here is overwritten.";
@@ -90,14 +88,14 @@ void frmmapupd::LayOutChoices() {
   ChCRC.Caption = "Compare map with CRC check";
   ChCRC.ToolTipText = "Checks all maps CRC's";
   place(ChCRC, 1, 1);
-  const int left = kClientWidth - kMargin - kStartWidth;
+  const int left = kClientWidth - kWindowMargin - kStartWidth;
   PlaceButton(Command1, {left, kChoicesTop, kStartWidth, kDialogButtonHeight}, "Start updating",
               "Copy the maps that are missing or different here.");
-  PlaceButton(CmdStop, {left - kGap - 900, kChoicesTop, 900, kDialogButtonHeight}, "Stop",
+  PlaceButton(CmdStop, {left - kControlGap - 900, kChoicesTop, 900, kDialogButtonHeight}, "Stop",
               "Stop after the file that is being compared (Esc).");
   CmdStop.Enabled = false;
   ProgressBar1.ToolTipText = "Progress";
-  ProgressBar1.Move(kMargin, kBarTop, kInside, kBarHeight);
+  ProgressBar1.Move(kWindowMargin, kBarTop, kInside, kBarHeight);
 }
 
 void frmmapupd::LayOutMenus() {

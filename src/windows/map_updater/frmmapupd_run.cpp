@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 #include "program/path_text.h"
 #include "program/window_kit/ask.h"
+#include "program/window_kit/text_end.h"
 #include "windows/map_updater/frmmapupd.h"
 
 namespace kestrun {
@@ -166,7 +167,7 @@ void frmmapupd::ShowLog() {
   txtlog.Text = txtlog.Text.get() + log_;
   log_.clear();
   log_shown_ms_ = platform().clock().NowMs();
-  txtlog.SelStart = static_cast<int>(ToUtf16(txtlog.Text.get()).size());
+  PutCaretAtEnd(txtlog);
 }
 
 }  // namespace kestrun

@@ -25,13 +25,11 @@ const MemberTable kTable{&Form::kFormMembers, kRows};
 
 constexpr const char* kEnterHere = "Enter your message here";
 constexpr int kStyleTimerMs = 50;
-constexpr int kMargin = 180;
 constexpr int kWidth = 6000;
-constexpr int kBoxHeight = 315;
 constexpr int kLabelStep = kLabelHeight + 30;
-constexpr int kTextTop = kMargin + kLabelStep;
-constexpr int kTypeTop = kTextTop + kBoxHeight + kMargin + kLabelStep;
-constexpr int kButtonsTop = kTypeTop + kBoxHeight + kMargin + 60;
+constexpr int kTextTop = kWindowMargin + kLabelStep;
+constexpr int kTypeTop = kTextTop + kTextBoxHeight + kWindowMargin + kLabelStep;
+constexpr int kButtonsTop = kTypeTop + kTextBoxHeight + kWindowMargin + 60;
 constexpr int kCharMapWidth = 1500;
 
 }  // namespace
@@ -51,23 +49,23 @@ frmaddmessage::frmaddmessage() : Form(kName) {
 
 void frmaddmessage::LayOut() {
   LayOutDialog(*this, "Add message");
-  SetClientSize(kWidth + 2 * kMargin, kButtonsTop + kDialogButtonHeight + kMargin);
-  PlaceLabel(LblMessage, kMargin, kMargin, kWidth, "Enter message:");
+  SetClientSize(kWidth + 2 * kWindowMargin, kButtonsTop + kDialogButtonHeight + kWindowMargin);
+  PlaceLabel(LblMessage, kWindowMargin, kWindowMargin, kWidth, "Enter message:");
   Text1.Text = kEnterHere;
   Text1.MaxLength = static_cast<int>(kProfileValueBytes);  // more is not stored
   Text1.ToolTipText = "What is typed into the game.";
-  Text1.Move(kMargin, kTextTop, kWidth, kBoxHeight);
-  PlaceLabel(LblType, kMargin, kTypeTop - kLabelStep, kWidth, "Message Type:");
+  Text1.Move(kWindowMargin, kTextTop, kWidth, kTextBoxHeight);
+  PlaceLabel(LblType, kWindowMargin, kTypeTop - kLabelStep, kWidth, "Message Type:");
   Combo1.Style = static_cast<int>(ComboStyle::kList);
   Combo1.ToolTipText = "Who gets the message, and when.";
-  Combo1.Move(kMargin, kTypeTop, kWidth, kBoxHeight);
+  Combo1.Move(kWindowMargin, kTypeTop, kWidth, kTextBoxHeight);
   for (const MessageType& type : kMessageTypes) {
     Combo1.AddItem(type.caption);
     Combo1.SetItemData(Combo1.NewIndex(), type.number);
   }
-  PlaceButton(Command3, {kMargin, kButtonsTop, kCharMapWidth, kDialogButtonHeight}, "Run Char Map",
+  PlaceButton(Command3, {kWindowMargin, kButtonsTop, kCharMapWidth, kDialogButtonHeight}, "Run Char Map",
               "Run a special character map.");
-  PlaceOkAndCancel(Command1, Command2, kMargin + kWidth, kButtonsTop);
+  PlaceOkAndCancel(Command1, Command2, kWindowMargin + kWidth, kButtonsTop);
 }
 
 void frmaddmessage::Load() {

@@ -8,6 +8,7 @@
 #include "forms/keys.h"
 #include "forms/member_rows.h"
 #include "game/builds.h"
+#include "game/messages/message_list.h"
 #include "maps/file_tools.h"
 #include "platform/platform.h"
 #include "program/settings.h"
@@ -22,13 +23,14 @@ namespace {
 const WindowRegistration registration(frmchat::kName, [] { return MakeRef<frmchat>(); });
 
 constexpr const char* kSelectMessage = "Select message!";
-constexpr const char* kDefaultSeconds = "60";
 
 frmchat& Self(Object& object) { return static_cast<frmchat&>(object); }
 
+MessengerRun& RunOf(Object& object) { return Self(object).run; }
+
 constexpr Member kRows[]{
-    FieldRow<&frmchat::MemoryAdress, Self>("MemoryAdress"),
-    FieldRow<&frmchat::GameEndAddress, Self>("GameEndAddress"),
+    FieldRow<&MessengerRun::MemoryAdress, RunOf>("MemoryAdress"),
+    FieldRow<&MessengerRun::GameEndAddress, RunOf>("GameEndAddress"),
     FieldRow<&frmchat::Changed, Self>("Changed"),
     MethodRow<&frmchat::SendNextMessage>("SendNextMessage"),
     MethodRow<&frmchat::SendGameStartMessages>("SendGameStartMessages"),
@@ -80,13 +82,14 @@ void frmchat::LoadSettings() {
   });
   Text1.Text = ReadSetting(setting::kChatSeconds);
   Check1.Value = TextToLong(ReadSetting(setting::kChatRandom));
+  ChFillIn.Value = ReadSetting(setting::kChatFillIn) == "1" ? 1 : 0;
   lbltime.Caption = Text1.Text.get();
   FitListWidth(*this, lstmsg);
 }
 
 bool frmchat::Save() {
   return RunCommand([this] {
-    MessengerSettings settings{CmbVersion.ListIndex, {}, Text1.Text, Check1.Value == 1};
+    MessengerSettings settings{CmbVersion.ListIndex, {}, Text1.Text, Check1.Value == 1, ChFillIn.Value == 1};
     for (int row = 0; row < lstmsg.ListCount(); ++row) {
       settings.messages.push_back({lstmsg.List(row), lstmsg.ItemData(row)});
     }
@@ -108,7 +111,7 @@ void frmchat::CheckSeconds() {
   const std::string text = Text1.Text;
   if (text.empty() || IsNumeric(Variant(text))) return;
   MsgBox("Please enter a number!");
-  Text1.Text = kDefaultSeconds;
+  Text1.Text = MessengerRun::kDefaultInterval;
 }
 
 // ---- the list ------------------------------------------------------------------------------------------------------

@@ -16,12 +16,12 @@
 #include "forms/timer.h"
 #include "forms/window_registry.h"
 #include "game/memory/mem_control.h"
-#include "game/messages/message_list.h"
+#include "game/messages/messenger_run.h"
 #include "program/window_kit/open_window.h"
 
 namespace kestrun {
 
-class frmchat final : public Form {
+class frmchat final : public Form, private MessengerWindow {
  public:
   static constexpr const char* kName = window_name::kMessenger;
   frmchat();
@@ -35,6 +35,7 @@ class frmchat final : public Form {
   CommandButton& Command2 = Add<CommandButton>("Command2");
   CommandButton& Command6 = Add<CommandButton>("Command6");
   CheckBox& Check1 = Add<CheckBox>("Check1");
+  CheckBox& ChFillIn = Add<CheckBox>("ChFillIn");
   Label& LblEvery = Add<Label>("LblEvery");
   TextBox& Text1 = Add<TextBox>("Text1");
   Label& LblSeconds = Add<Label>("LblSeconds");
@@ -49,9 +50,8 @@ class frmchat final : public Form {
   MemControl& MemControl1 = Add<MemControl>("MemControl1");
 
   // ---- what the window knows ----
-  int32_t MemoryAdress = 0;    // of the game's text line
-  int32_t GameEndAddress = 0;  // of the byte that is above 0 while a game runs
-  bool Changed = false;        // the list differs from the settings
+  MessengerRun run{*this, MakeSurroundings()};
+  bool Changed = false;  // the list differs from the settings
 
   void SendNextMessage();
   void SendGameStartMessages();
@@ -80,19 +80,28 @@ class frmchat final : public Form {
   void CheckSeconds();
   void AskToSave(bool& cancel);
 
+  // ---- the run ----
+  [[nodiscard]] MessengerSurroundings MakeSurroundings();
   void Enable();
   void Disable();
   void Tick();
-  void WatchGame();
-  void CountDown();
-  [[nodiscard]] int32_t ShownSeconds() const;
-  [[nodiscard]] int NextRow() const;
-  void StartWaitingForGameStart();
   void ShowState();
 
-  bool game_runs_ = false;
-  bool game_ran_ = false;  // at the last tick
-  bool start_messages_wait_ = false;
+  int MessageCount() override { return lstmsg.ListCount(); }
+  std::string MessageText(int row) override { return lstmsg.List(row); }
+  int32_t MessageType(int row) override { return lstmsg.ItemData(row); }
+  int CurrentMessage() override { return lstmsg.ListIndex; }
+  void SetCurrentMessage(int row) override { lstmsg.ListIndex = row; }
+  bool SendsAtRandom() override { return Check1.Value == 1; }
+  bool FillsIn() override { return ChFillIn.Value == 1; }
+  std::string Interval() override { return Text1.Text; }
+  void SetInterval(const std::string& seconds) override { Text1.Text = seconds; }
+  std::string Countdown() override { return lbltime.Caption; }
+  void ShowCountdown(const std::string& seconds) override { lbltime.Caption = seconds; }
+  bool IsEnabled() override { return Timer.Enabled; }
+  void WaitForGameStart(bool waits) override;
+  bool WaitsForGameStart() override { return TmrGameStart.Enabled; }
+  bool IsOpen() override { return IsLoaded(); }
 };
 
 }  // namespace kestrun

@@ -6,15 +6,12 @@
 namespace kestrun {
 namespace {
 
-constexpr int kMargin = 180;
 constexpr int kClientWidth = 6000;
-constexpr int kInside = kClientWidth - 2 * kMargin;
-constexpr int kBoxHeight = 315;
+constexpr int kInside = kClientWidth - 2 * kWindowMargin;
 constexpr int kBrowseWidth = 480;
-constexpr int kFolderTop = kMargin + kLabelHeight + 30;
-constexpr int kPlayersTop = kFolderTop + kBoxHeight + kMargin;
+constexpr int kFolderTop = kWindowMargin + kLabelHeight + 30;
+constexpr int kPlayersTop = kFolderTop + kTextBoxHeight + kWindowMargin;
 // Inside the frame.
-constexpr int kPad = 180;
 constexpr int kFirstRow = 330;
 constexpr int kRow = 420;
 constexpr int kNameLeft = 1200;
@@ -38,21 +35,21 @@ std::vector<frmname::Player> frmname::AddPlayers() {
 
 void frmname::LayOut() {
   LayOutFixedWindow(*this, "Kestrun - Name Editor", StartPosition::kCenterScreen);
-  SetClientSize(kClientWidth, kButtonsTop + kDialogButtonHeight + kMargin);
-  PlaceLabel(LblFolder, kMargin, kMargin, kInside, "Game Folder:");
+  SetClientSize(kClientWidth, kButtonsTop + kDialogButtonHeight + kWindowMargin);
+  PlaceLabel(LblFolder, kWindowMargin, kWindowMargin, kInside, "Game Folder:");
   Text1.ToolTipText = "Your DFLW demo or full version game folder.";
-  Text1.Move(kMargin, kFolderTop, kInside - kBrowseWidth - 60, kBoxHeight);
-  PlaceButton(Command2, {kClientWidth - kMargin - kBrowseWidth, kFolderTop, kBrowseWidth, kBoxHeight}, "...",
+  Text1.Move(kWindowMargin, kFolderTop, kInside - kBrowseWidth - 60, kTextBoxHeight);
+  PlaceButton(Command2, {kClientWidth - kWindowMargin - kBrowseWidth, kFolderTop, kBrowseWidth, kTextBoxHeight}, "...",
               "Browse for folder.");
   LayOutPlayers();
-  PlaceLabel(LblNote, kMargin, kNoteTop, kInside, "");
+  PlaceLabel(LblNote, kWindowMargin, kNoteTop, kInside, "");
   LblNote.Height = kNoteHeight;
   LblNote.WordWrap = true;
   LblNote.UseMnemonic = false;
-  PlaceButton(cmdCharMap, {kMargin, kButtonsTop, kCharMapWidth, kDialogButtonHeight}, "Run Char Map",
+  PlaceButton(cmdCharMap, {kWindowMargin, kButtonsTop, kCharMapWidth, kDialogButtonHeight}, "Run Char Map",
               "Run a special character map.");
-  PlaceEndButtons({cmdSave, "Save", "Save everything."}, {Command1, "Cancel", "Cancel this."}, kClientWidth - kMargin,
-                  kButtonsTop);
+  PlaceEndButtons({cmdSave, "Save", "Save everything."}, {Command1, "Cancel", "Cancel this."},
+                  kClientWidth - kWindowMargin, kButtonsTop);
   cmdSave.Default = true;
   FillMenu(mnu_file, "File", {{mnu_loadnames, "Load names"}, {mnu_savenames, "Save names"}, {mnu_exit, "Exit"}});
   mnu_loadnames.Shortcut = "F5";
@@ -62,18 +59,18 @@ void frmname::LayOut() {
 
 void frmname::LayOutPlayers() {
   Frame1.Caption = "Players:";
-  Frame1.Move(kMargin, kPlayersTop, kInside, kPlayersHeight);
+  Frame1.Move(kWindowMargin, kPlayersTop, kInside, kPlayersHeight);
   int top = kFirstRow;
   for (size_t player = 0; player < players.size(); ++player) {
     const Player& row = players[player];
     row.label.SetContainer(Frame1);
-    PlaceLabel(row.label, kPad, top + 45, kNameLeft - kPad - 60, "Player " + std::to_string(player + 1));
+    PlaceLabel(row.label, kFramePad, top + 45, kNameLeft - kFramePad - 60, "Player " + std::to_string(player + 1));
     row.name.SetContainer(Frame1);
     row.name.ToolTipText = "The player's name: type it, or choose one that was used before.";
-    row.name.Move(kNameLeft, top, kInside - kPad - kNameLeft, kBoxHeight);
+    row.name.Move(kNameLeft, top, kInside - kFramePad - kNameLeft, kTextBoxHeight);
     row.in_file.SetContainer(Frame1);
     row.in_file.ToolTipText = "Right click to paste your name here.";
-    row.in_file.Move(kNameLeft, top, kInside - kPad - kNameLeft, kBoxHeight);
+    row.in_file.Move(kNameLeft, top, kInside - kFramePad - kNameLeft, kTextBoxHeight);
     row.in_file.Visible = false;
     top += kRow;
   }

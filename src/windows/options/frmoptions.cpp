@@ -16,6 +16,7 @@
 #include "program/shell_integration.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/ask.h"
+#include "program/window_kit/file_dialog.h"
 #include "program/window_kit/run_command.h"
 
 namespace kestrun {
@@ -161,9 +162,7 @@ void frmoptions::OfferStyles() {
 // ---- picking and dropping ------------------------------------------------------------------------------------------
 
 bool frmoptions::PickFile(const std::string& title, const std::string& filter) {
-  CommonDialog1.DialogTitle = title;
-  CommonDialog1.Filter = filter;
-  CommonDialog1.FileName = "";
+  SetUpFileDialog(CommonDialog1, title, filter);
   return CommonDialog1.ShowOpen();
 }
 

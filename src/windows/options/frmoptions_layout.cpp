@@ -6,25 +6,21 @@
 namespace kestrun {
 namespace {
 
-constexpr int kMargin = 180;
-constexpr int kGap = 120;
 constexpr int kClientWidth = 11400;
-constexpr int kInside = kClientWidth - 2 * kMargin;
+constexpr int kInside = kClientWidth - 2 * kWindowMargin;
 constexpr int kLogo = 480;
-constexpr int kLogoLeft = kMargin;
+constexpr int kLogoLeft = kWindowMargin;
 // Inside a frame: a caption or check box, the text, the button, and the mark of what is missing.
 constexpr int kFirstRow = 285;
 constexpr int kRow = 390;
-constexpr int kPad = 180;
 constexpr int kLabelWidth = 1740;
-constexpr int kBoxHeight = 315;
 constexpr int kBrowseWidth = 960;
 constexpr int kMarkWidth = 900;
-constexpr int kMarkLeft = kInside - kPad - kMarkWidth;
-constexpr int kBrowseLeft = kMarkLeft - kGap - kBrowseWidth;
-constexpr int kBoxLeft = kPad + kLabelWidth + 60;
+constexpr int kMarkLeft = kInside - kFramePad - kMarkWidth;
+constexpr int kBrowseLeft = kMarkLeft - kControlGap - kBrowseWidth;
+constexpr int kBoxLeft = kFramePad + kLabelWidth + 60;
 constexpr int kCheckWidth = 5040;
-constexpr int kProgramLeft = kPad + kCheckWidth + 60;
+constexpr int kProgramLeft = kFramePad + kCheckWidth + 60;
 constexpr Color kMarkColor = Rgb(0xA0, 0x10, 0x10);
 
 constexpr int FrameHeight(int rows) { return kFirstRow + rows * kRow + 60; }
@@ -33,23 +29,23 @@ constexpr int kGameRows = 5;
 constexpr int kProgramRows = 4;
 constexpr int kStyleRows = 2;
 constexpr int kShellRows = 3;
-constexpr int kGameTop = kMargin;
-constexpr int kProgramsTop = kGameTop + FrameHeight(kGameRows) + kGap;
-constexpr int kStyleTop = kProgramsTop + FrameHeight(kProgramRows) + kGap;
-constexpr int kShellTop = kStyleTop + FrameHeight(kStyleRows) + kGap;
-constexpr int kButtonsTop = kShellTop + FrameHeight(kShellRows) + kGap;
+constexpr int kGameTop = kWindowMargin;
+constexpr int kProgramsTop = kGameTop + FrameHeight(kGameRows) + kControlGap;
+constexpr int kStyleTop = kProgramsTop + FrameHeight(kProgramRows) + kControlGap;
+constexpr int kShellTop = kStyleTop + FrameHeight(kStyleRows) + kControlGap;
+constexpr int kButtonsTop = kShellTop + FrameHeight(kShellRows) + kControlGap;
 constexpr int kShellColumn = 5220;
 
 void PlaceFrame(Frame& frame, int top, int rows, const std::string& caption) {
   frame.Caption = caption;
-  frame.Move(kMargin, top, kInside, FrameHeight(rows));
+  frame.Move(kWindowMargin, top, kInside, FrameHeight(rows));
 }
 
 }  // namespace
 
 void frmoptions::LayOut() {
   LayOutDialog(*this, "Kestrun - Options");
-  SetClientSize(kClientWidth, kButtonsTop + kLogo + kMargin);
+  SetClientSize(kClientWidth, kButtonsTop + kLogo + kWindowMargin);
   path_boxes_ = {{&TxtGameFolder, PathKind::kFolder},
                  {&TxtGame, PathKind::kGameFile},
                  {&TxtEditor, PathKind::kGameFile},
@@ -68,7 +64,8 @@ void frmoptions::LayOut() {
   Image1.Stretch = true;
   Image1.Move(kLogoLeft, kButtonsTop, kLogo, kLogo);
   PlaceEndButtons({Command1, "&Save", "Store what is shown here."},
-                  {Command2, "Cancel", "Close the window and change nothing."}, kClientWidth - kMargin, kButtonsTop);
+                  {Command2, "Cancel", "Close the window and change nothing."}, kClientWidth - kWindowMargin,
+                  kButtonsTop);
   Command1.Default = true;
 }
 
@@ -76,13 +73,13 @@ void frmoptions::PlaceRow(Frame& frame, int row, Label& label, const std::string
                           const std::string& tip, CommandButton* browse) {
   const int top = kFirstRow + row * kRow;
   label.SetContainer(frame);
-  PlaceLabel(label, kPad, top + 45, kLabelWidth, caption);
+  PlaceLabel(label, kFramePad, top + 45, kLabelWidth, caption);
   box.SetContainer(frame);
   box.ToolTipText = tip;
-  box.Move(kBoxLeft, top, (browse ? kBrowseLeft - 60 : kMarkLeft - kGap) - kBoxLeft, kBoxHeight);
+  box.Move(kBoxLeft, top, (browse ? kBrowseLeft - 60 : kMarkLeft - kControlGap) - kBoxLeft, kTextBoxHeight);
   if (!browse) return;
   browse->SetContainer(frame);
-  PlaceButton(*browse, {kBrowseLeft, top, kBrowseWidth, kBoxHeight}, "Browse", "Choose it.");
+  PlaceButton(*browse, {kBrowseLeft, top, kBrowseWidth, kTextBoxHeight}, "Browse", "Choose it.");
 }
 
 void frmoptions::PlaceProgramRow(int row, CheckBox& check, const std::string& caption, TextBox& box,
@@ -92,10 +89,10 @@ void frmoptions::PlaceProgramRow(int row, CheckBox& check, const std::string& ca
     each->SetContainer(Frame2);
   }
   check.Caption = caption;
-  check.Move(kPad, top + 15, kCheckWidth, kOptionHeight);
+  check.Move(kFramePad, top + 15, kCheckWidth, kOptionHeight);
   box.ToolTipText = tip;
-  box.Move(kProgramLeft, top, kBrowseLeft - 60 - kProgramLeft, kBoxHeight);
-  PlaceButton(browse, {kBrowseLeft, top, kBrowseWidth, kBoxHeight}, "Browse", "Choose it.");
+  box.Move(kProgramLeft, top, kBrowseLeft - 60 - kProgramLeft, kTextBoxHeight);
+  PlaceButton(browse, {kBrowseLeft, top, kBrowseWidth, kTextBoxHeight}, "Browse", "Choose it.");
 }
 
 void frmoptions::LayOutGame() {
@@ -126,11 +123,11 @@ void frmoptions::LayOutPrograms() {
 void frmoptions::LayOutStyle() {
   PlaceFrame(Frame3, kStyleTop, kStyleRows, "Style (skin)");
   LblStyles.SetContainer(Frame3);
-  PlaceLabel(LblStyles, kPad, kFirstRow + 45, kLabelWidth, "Sty&le:");
+  PlaceLabel(LblStyles, kFramePad, kFirstRow + 45, kLabelWidth, "Sty&le:");
   CboStyles.SetContainer(Frame3);
   CboStyles.Style = static_cast<int>(ComboStyle::kList);
   CboStyles.ToolTipText = "The styles beside the program. Windows that are opened from then on wear the new one.";
-  CboStyles.Move(kBoxLeft, kFirstRow, kBrowseLeft - 60 - kBoxLeft, kBoxHeight);
+  CboStyles.Move(kBoxLeft, kFirstRow, kBrowseLeft - 60 - kBoxLeft, kTextBoxHeight);
   PlaceRow(Frame3, 1, LblStyleFile, "Style f&ile:", txtStyleFile, "The location of the style (skin) file for Kestrun",
            &Command10);
 }
@@ -151,8 +148,8 @@ void frmoptions::LayOutShell() {
                           Row{chshortcut, "Create shortcut in \"Se&nd to\" menu (Windows Explorer).", 1, 2}}) {
     each.box.SetContainer(Frame4);
     each.box.Caption = each.caption;
-    const int left = each.column == 0 ? kPad : kShellColumn;
-    const int right = each.column == 0 ? kShellColumn - kGap : kInside - kPad;
+    const int left = each.column == 0 ? kFramePad : kShellColumn;
+    const int right = each.column == 0 ? kShellColumn - kControlGap : kInside - kFramePad;
     each.box.Move(left, kFirstRow + each.row * kRow, right - left, kOptionHeight);
   }
 }

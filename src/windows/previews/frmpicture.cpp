@@ -15,6 +15,7 @@
 #include "program/site_file.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/ask.h"
+#include "program/window_kit/file_dialog.h"
 #include "program/window_kit/run_command.h"
 #include "windows/previews/frmpictureselect.h"
 
@@ -180,13 +181,9 @@ void frmpicture::EditPicture() {
 void frmpicture::SaveImageAs() {
   const Ref<kestrun::Picture> picture = ImgPrev.Picture;
   if (!picture) return;
-  CommonDialog1.DialogTitle = "Select file";
-  CommonDialog1.Filter = "Bitmaps (*.BMP)|*.BMP";
-  CommonDialog1.DefaultExt = "bmp";
-  CommonDialog1.FileName = "";
-  if (!CommonDialog1.ShowSave()) return;
-  const std::string path = CommonDialog1.FileName;
-  if (FileExists(path) && !AskYesNo("This file already exists do you want to overwrite it?")) return;
+  SetUpFileDialog(CommonDialog1, "Select file", "Bitmaps (*.BMP)|*.BMP", "bmp");
+  const std::string path = AskWhereToSave(CommonDialog1);
+  if (path.empty()) return;
   WriteBitmap(*picture, path);
 }
 

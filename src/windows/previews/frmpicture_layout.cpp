@@ -7,28 +7,24 @@
 namespace kestrun {
 namespace {
 
-constexpr int kMargin = 180;
-constexpr int kGap = 120;
 constexpr int kClientWidth = 9600;
-constexpr int kInside = kClientWidth - 2 * kMargin;
+constexpr int kInside = kClientWidth - 2 * kWindowMargin;
 constexpr int kCaptionWidth = 1260;
-constexpr int kBoxHeight = 315;
-constexpr int kImageTop = kMargin + kLabelHeight + kGap;
-constexpr int kBodyTop = kImageTop + kBoxHeight + kMargin;
+constexpr int kImageTop = kWindowMargin + kLabelHeight + kControlGap;
+constexpr int kBodyTop = kImageTop + kTextBoxHeight + kWindowMargin;
 // The column with what can be chosen, and the picture beside it.
 constexpr int kColumnWidth = 4560;
-constexpr int kPad = 180;
 constexpr int kFirstRow = 330;
-constexpr int kSourceHeight = kFirstRow + kDialogButtonHeight + kPad;
-constexpr int kOptionsTop = kBodyTop + kSourceHeight + kGap;
-constexpr int kOptionsHeight = kFirstRow + 2 * kOptionHeight + kPad;
-constexpr int kEditTop = kOptionsTop + kOptionsHeight + kGap;
-constexpr int kPictureLeft = kMargin + kColumnWidth + kMargin;
-constexpr int kPictureWidth = kClientWidth - kMargin - kPictureLeft;
+constexpr int kSourceHeight = kFirstRow + kDialogButtonHeight + kFramePad;
+constexpr int kOptionsTop = kBodyTop + kSourceHeight + kControlGap;
+constexpr int kOptionsHeight = kFirstRow + 2 * kOptionHeight + kFramePad;
+constexpr int kEditTop = kOptionsTop + kOptionsHeight + kControlGap;
+constexpr int kPictureLeft = kWindowMargin + kColumnWidth + kWindowMargin;
+constexpr int kPictureWidth = kClientWidth - kWindowMargin - kPictureLeft;
 constexpr int kPictureHeight = kPictureWidth * 3 / 4;
-constexpr int kPictureTop = kBodyTop + kLabelHeight + kGap / 2;
+constexpr int kPictureTop = kBodyTop + kLabelHeight + kControlGap / 2;
 constexpr Place kPicturePlace{kPictureLeft, kPictureTop, kPictureWidth, kPictureHeight};
-constexpr int kButtonTop = kPictureTop + kPictureHeight + kMargin;
+constexpr int kButtonTop = kPictureTop + kPictureHeight + kWindowMargin;
 constexpr int kSearchWidth = 1620;
 constexpr int kSourceWidth = 1140;
 
@@ -36,12 +32,12 @@ constexpr int kSourceWidth = 1140;
 
 void frmpicture::LayOut() {
   LayOutDialog(*this, "Kestrun - Preview Manager", InTaskbar::kYes);
-  SetClientSize(kClientWidth, kButtonTop + kDialogButtonHeight + kMargin + kStatusLineHeight);
-  PlaceLabel(LblMapPath, kMargin, kMargin, kCaptionWidth, "Map path:");
-  PlaceLabel(lblmap, kMargin + kCaptionWidth, kMargin, kInside - kCaptionWidth, "");
+  SetClientSize(kClientWidth, kButtonTop + kDialogButtonHeight + kWindowMargin + kStatusLineHeight);
+  PlaceLabel(LblMapPath, kWindowMargin, kWindowMargin, kCaptionWidth, "Map path:");
+  PlaceLabel(lblmap, kWindowMargin + kCaptionWidth, kWindowMargin, kInside - kCaptionWidth, "");
   lblmap.UseMnemonic = false;
-  PlaceLabel(LblImagePath, kMargin, kImageTop + 45, kCaptionWidth, "Image path:");
-  txtimage.Move(kMargin + kCaptionWidth, kImageTop, kInside - kCaptionWidth, kBoxHeight);
+  PlaceLabel(LblImagePath, kWindowMargin, kImageTop + 45, kCaptionWidth, "Image path:");
+  txtimage.Move(kWindowMargin + kCaptionWidth, kImageTop, kInside - kCaptionWidth, kTextBoxHeight);
   txtimage.Locked = true;
   txtimage.ToolTipText = "The file or the address of the picture.";
   LayOutChoices();
@@ -55,7 +51,8 @@ void frmpicture::LayOut() {
   LblNoPicture.ForeColor = color::kGrayText;
   SetPicture({});
   PlaceEndButtons({Command1, "Save", "Store this picture for the map."},
-                  {Command2, "Cancel", "Close the window and change nothing."}, kClientWidth - kMargin, kButtonTop);
+                  {Command2, "Cancel", "Close the window and change nothing."}, kClientWidth - kWindowMargin,
+                  kButtonTop);
   Command1.Default = true;
   status_line_.LayOut("A picture can also be dropped on this window.");
   status_line_.Place(kClientWidth, ScaleHeight());
@@ -63,25 +60,25 @@ void frmpicture::LayOut() {
 
 void frmpicture::LayOutChoices() {
   Frame1.Caption = "Select how you want to load a screen shot:";
-  Frame1.Move(kMargin, kBodyTop, kColumnWidth, kSourceHeight);
+  Frame1.Move(kWindowMargin, kBodyTop, kColumnWidth, kSourceHeight);
   for (CommandButton* button : {&CmdDownload, &Command3, &CmdPaste}) button->SetContainer(Frame1);
-  PlaceButton(CmdDownload, {kPad, kFirstRow, kSearchWidth, kDialogButtonHeight}, "Search preview",
+  PlaceButton(CmdDownload, {kFramePad, kFirstRow, kSearchWidth, kDialogButtonHeight}, "Search preview",
               "Search the internet for a preview");
-  const int second = kPad + kSearchWidth + kGap;
+  const int second = kFramePad + kSearchWidth + kControlGap;
   PlaceButton(Command3, {second, kFirstRow, kSourceWidth, kDialogButtonHeight}, "Browse",
               "Browse for a file on your computer");
-  PlaceButton(CmdPaste, {second + kSourceWidth + kGap, kFirstRow, kSourceWidth, kDialogButtonHeight}, "Paste",
+  PlaceButton(CmdPaste, {second + kSourceWidth + kControlGap, kFirstRow, kSourceWidth, kDialogButtonHeight}, "Paste",
               "Paste a image from clipboard");
   Frame2.Caption = "Path options:";
-  Frame2.Move(kMargin, kOptionsTop, kColumnWidth, kOptionsHeight);
-  const int width = kColumnWidth - 2 * kPad;
-  PlaceOption(OptFullPath, Frame2, kPad, kFirstRow, width, "Use full path",
+  Frame2.Move(kWindowMargin, kOptionsTop, kColumnWidth, kOptionsHeight);
+  const int width = kColumnWidth - 2 * kFramePad;
+  PlaceOption(OptFullPath, Frame2, kFramePad, kFirstRow, width, "Use full path",
               "If checked Kestrun will link the image to the entire file path.");
-  PlaceOption(OptNameOnly, Frame2, kPad, kFirstRow + kOptionHeight, width, "Use filename only",
+  PlaceOption(OptNameOnly, Frame2, kFramePad, kFirstRow + kOptionHeight, width, "Use filename only",
               "If checked Kestrun will only use the file name to link the image (all \"mymap.bms\" files get this "
               "image)");
   OptFullPath.Value = true;
-  PlaceButton(Command4, {kMargin, kEditTop, kSearchWidth, kDialogButtonHeight}, "Edit picture",
+  PlaceButton(Command4, {kWindowMargin, kEditTop, kSearchWidth, kDialogButtonHeight}, "Edit picture",
               "Save the link and open the picture in its program.");
 }
 

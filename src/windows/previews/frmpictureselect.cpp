@@ -23,17 +23,15 @@ const WindowRegistration registration(FrmpictureSelect::kName, [] { return MakeR
 
 constexpr const char* kMessage =
     "Kestrun found the following pictures for %1 on the Mapping Center. Please select the best one and click 'OK'.";
-constexpr int kMargin = 180;
-constexpr int kGap = 120;
 constexpr int kClientWidth = 9300;
 constexpr int kMessageHeight = 2 * kLabelHeight;
-constexpr int kListTop = kMargin + kMessageHeight + kGap;
+constexpr int kListTop = kWindowMargin + kMessageHeight + kControlGap;
 constexpr int kListWidth = 3900;
 constexpr int kListHeight = 3600;
-constexpr int kFrameLeft = kMargin + kListWidth + kGap;
-constexpr int kFrameInside = kClientWidth - kMargin - kFrameLeft;
-constexpr Place kPicturePlace{kMargin, 330, kFrameInside - 2 * kMargin, kListHeight - 330 - kMargin};
-constexpr int kButtonTop = kListTop + kListHeight + kMargin;
+constexpr int kFrameLeft = kWindowMargin + kListWidth + kControlGap;
+constexpr int kFrameInside = kClientWidth - kWindowMargin - kFrameLeft;
+constexpr Place kPicturePlace{kWindowMargin, 330, kFrameInside - 2 * kWindowMargin, kListHeight - 330 - kWindowMargin};
+constexpr int kButtonTop = kListTop + kListHeight + kWindowMargin;
 constexpr int kStyleTimerMs = 50;
 
 constexpr Member kRows[]{MethodRow<&FrmpictureSelect::RefreshList>("RefreshList", "Reply, MapName")};
@@ -59,12 +57,13 @@ void FrmpictureSelect::Load() { StartStyleTimer(Timer1); }
 
 void FrmpictureSelect::LayOut() {
   LayOutDialog(*this, "Select Picture");
-  SetClientSize(kClientWidth, kButtonTop + kDialogButtonHeight + kMargin + kStatusLineHeight);
-  PlaceLabel(LblMsg, kMargin, kMargin, kClientWidth - 2 * kMargin, FillPlaceholders(kMessage, {std::string("a map")}));
+  SetClientSize(kClientWidth, kButtonTop + kDialogButtonHeight + kWindowMargin + kStatusLineHeight);
+  PlaceLabel(LblMsg, kWindowMargin, kWindowMargin, kClientWidth - 2 * kWindowMargin,
+             FillPlaceholders(kMessage, {std::string("a map")}));
   LblMsg.Height = kMessageHeight;
   LblMsg.WordWrap = true;
   LblMsg.UseMnemonic = false;
-  LstPictures.Move(kMargin, kListTop, kListWidth, kListHeight);
+  LstPictures.Move(kWindowMargin, kListTop, kListWidth, kListHeight);
   LstPictures.ToolTipText = "The pictures that were found.";
   Frame1.Caption = "Preview:";
   Frame1.Move(kFrameLeft, kListTop, kFrameInside, kListHeight);
@@ -76,7 +75,7 @@ void FrmpictureSelect::LayOut() {
   LblNoPicture.Alignment = static_cast<int>(TextAlignment::kCenter);
   LblNoPicture.ForeColor = color::kGrayText;
   SetPicture({});
-  PlaceOkAndCancel(Command1, Command2, kClientWidth - kMargin, kButtonTop);
+  PlaceOkAndCancel(Command1, Command2, kClientWidth - kWindowMargin, kButtonTop);
   Command1.Enabled = false;
   status_line_.LayOut("Click a picture in the list to see it.");
   status_line_.Place(kClientWidth, ScaleHeight());

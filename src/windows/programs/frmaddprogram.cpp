@@ -8,12 +8,14 @@
 #include "maps/file_tools.h"
 #include "platform/file_error.h"
 #include "platform/platform.h"
+#include "program/default_copy.h"
 #include "program/game_paths.h"
 #include "program/path_text.h"
 #include "program/settings.h"
 #include "program/user_programs.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/ask.h"
+#include "program/window_kit/file_dialog.h"
 #include "program/window_kit/list_keys.h"
 #include "program/window_kit/place_controls.h"
 #include "program/window_kit/run_command.h"
@@ -27,16 +29,13 @@ constexpr const char* kFilter =
     "All supported programs|*.exe;*.bat;*.cmd|Windows Programs (*.exe)|*.exe|MS-DOS batch files "
     "(*.bat;*.cmd)|*.bat;*.cmd|All files (*.*)|*.*|";
 constexpr int kStyleTimerMs = 50;
-constexpr int kMargin = 180;
-constexpr int kGap = 120;
 constexpr int kWidth = 5400;
-constexpr int kPad = 180;
 constexpr int kButtonWidth = 1380;
-constexpr int kButtonStep = kDialogButtonHeight + kGap;
+constexpr int kButtonStep = kDialogButtonHeight + kControlGap;
 constexpr int kListTop = 300;
 constexpr int kListHeight = 2100;
-constexpr int kFrameHeightInside = kListTop + kListHeight + kPad;
-constexpr int kEndTop = kMargin + kFrameHeightInside + kMargin;
+constexpr int kFrameHeightInside = kListTop + kListHeight + kFramePad;
+constexpr int kEndTop = kWindowMargin + kFrameHeightInside + kWindowMargin;
 
 }  // namespace
 
@@ -48,12 +47,12 @@ frmaddprogram::frmaddprogram() : Form(kName) {
 
 void frmaddprogram::LayOut() {
   LayOutDialog(*this, "Program Manager");
-  SetClientSize(kWidth + 2 * kMargin, kEndTop + kDialogButtonHeight + kMargin);
+  SetClientSize(kWidth + 2 * kWindowMargin, kEndTop + kDialogButtonHeight + kWindowMargin);
   Frame1.Caption = "Programs:";
-  Frame1.Move(kMargin, kMargin, kWidth, kFrameHeightInside);
-  const int right = kWidth - kPad - kButtonWidth;
+  Frame1.Move(kWindowMargin, kWindowMargin, kWidth, kFrameHeightInside);
+  const int right = kWidth - kFramePad - kButtonWidth;
   Lstprograms.SetContainer(Frame1);
-  Lstprograms.Move(kPad, kListTop, right - kGap - kPad, kListHeight);
+  Lstprograms.Move(kFramePad, kListTop, right - kControlGap - kFramePad, kListHeight);
   Lstprograms.ToolTipText = "Your programs in the order of the actions menu.";
   struct Row {
     CommandButton& button;
@@ -69,7 +68,7 @@ void frmaddprogram::LayOut() {
     top += kButtonStep;
   }
   PlaceEndButtons({Command3, "Save", "Store the list."}, {Command4, "Cancel", "Close the window and store nothing."},
-                  kMargin + kWidth, kEndTop);
+                  kWindowMargin + kWidth, kEndTop);
 }
 
 void frmaddprogram::Connect() {
@@ -107,9 +106,7 @@ void frmaddprogram::AddOne() {
                                .AskText("Enter a name for the program. This name will be in the actions menu.", "", "")
                                .value_or("");
   if (name.empty()) return;
-  CommonDialog1.DialogTitle = "Select program on HD ...";
-  CommonDialog1.Filter = kFilter;
-  CommonDialog1.FileName = "";
+  SetUpFileDialog(CommonDialog1, "Select program on HD ...", kFilter);
   if (CommonDialog1.ShowOpen()) AddProgram(name, CommonDialog1.FileName);
 }
 
@@ -178,7 +175,7 @@ void frmaddprogram::SaveAll() {
 
 // A new instance, then the end of this one; without the first this one stays.
 void frmaddprogram::Restart() {
-  StartProgram(AppFile(platform().program().ExeName() + ".exe"), platform().program().Folder());
+  StartProgram(OwnPath(), platform().program().Folder());
   platform().processes().EndProcess();
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/counted.h"
+
 namespace kestrun {
 namespace {
 
@@ -14,10 +16,6 @@ std::string ByteCount(uint64_t count) {
   std::string digits = std::to_string(count);
   for (size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, ",");
   return digits + (count == 1 ? " byte" : " bytes");
-}
-
-std::string Counted(size_t count, const char* one, const char* many) {
-  return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
 // The original, or what was removed: there is nothing to be told about what is there now.
@@ -49,7 +47,7 @@ std::string PresentText(const Difference& difference) {
       return difference.IsAddition() ? "Nothing, as before" : Named(difference.mission, "the original");
     case Present::kOurs: break;
   }
-  const std::string file = FileName(difference.source);
+  std::string file = FileName(difference.source);
   if (difference.mission.empty()) return file;
   return file.empty() ? difference.mission : file + " (" + difference.mission + ")";
 }
@@ -66,7 +64,7 @@ std::string SinceText(const Difference& difference) {
 }
 
 std::string SizeText(const Difference& difference) {
-  const std::string original =
+  std::string original =
       difference.IsAddition() ? "it was not there before" : "the original: " + ByteCount(difference.original.length);
   if (IsBare(difference)) return original;
   if (difference.present == Present::kOriginal) return ByteCount(difference.length);

@@ -1,33 +1,29 @@
 // Captions, tips and places of the restore window's controls.
 #include "program/program_pictures.h"
+#include "program/window_kit/place_controls.h"
 #include "windows/restore/frmrestore.h"
 
 namespace kestrun {
 namespace {
 
-constexpr int kMargin = 180;
-constexpr int kGap = 120;
 constexpr int kClientWidth = 9000;
-constexpr int kInside = kClientWidth - 2 * kMargin;
-constexpr int kLabelHeight = 240;
+constexpr int kInside = kClientWidth - 2 * kWindowMargin;
 constexpr int kLabelStep = 270;
-constexpr int kButtonHeight = 375;
 constexpr int kBrowseWidth = 1260;
 
-constexpr int kFoldersTop = kMargin + kLabelStep;
+constexpr int kFoldersTop = kWindowMargin + kLabelStep;
 constexpr int kFoldersHeight = 690;
-constexpr int kMissionsTop = kFoldersTop + kFoldersHeight + kGap + kLabelStep;
+constexpr int kMissionsTop = kFoldersTop + kFoldersHeight + kControlGap + kLabelStep;
 constexpr int kMissionsHeight = 2400;
 constexpr int kStateTop = kMissionsTop + kMissionsHeight + 60;
 constexpr int kStateHeight = 2 * kLabelHeight;
-constexpr int kDetailsTop = kStateTop + kStateHeight + kGap;
+constexpr int kDetailsTop = kStateTop + kStateHeight + kControlGap;
 // Inside the frame.
 constexpr int kFirstRow = 330;
 constexpr int kRow = 405;
-constexpr int kBoxHeight = 315;
 constexpr int kBoxLeft = 1500;
-constexpr int kDetailsHeight = kFirstRow + 4 * kRow + kBoxHeight + kMargin;
-constexpr int kButtonsTop = kDetailsTop + kDetailsHeight + kMargin;
+constexpr int kDetailsHeight = kFirstRow + 4 * kRow + kTextBoxHeight + kWindowMargin;
+constexpr int kButtonsTop = kDetailsTop + kDetailsHeight + kWindowMargin;
 
 struct Field {
   Label& label;
@@ -45,7 +41,7 @@ void frmrestore::LayOut() {
   StartUpPosition = static_cast<int>(StartPosition::kCenterOwner);
   MaxButton = false;
   KeyPreview = true;
-  SetClientSize(kClientWidth, kButtonsTop + kButtonHeight + kMargin);
+  SetClientSize(kClientWidth, kButtonsTop + kDialogButtonHeight + kWindowMargin);
   LayOutLists();
   LayOutDetails();
   LayOutButtons();
@@ -55,15 +51,15 @@ void frmrestore::LayOut() {
 
 void frmrestore::LayOutLists() {
   LblFolders.Caption = "Game &folder:";
-  LblFolders.Move(kMargin, kMargin, kInside, kLabelHeight);
-  LstFolders.Move(kMargin, kFoldersTop, kInside - kBrowseWidth - kGap, kFoldersHeight);
+  LblFolders.Move(kWindowMargin, kWindowMargin, kInside, kLabelHeight);
+  LstFolders.Move(kWindowMargin, kFoldersTop, kInside - kBrowseWidth - kControlGap, kFoldersHeight);
   LstFolders.ToolTipText = "The folders in which something was replaced.";
   CmdBrowse.Caption = "&Browse";
   CmdBrowse.ToolTipText = "Choose the folder of a game that was moved.";
-  CmdBrowse.Move(kClientWidth - kMargin - kBrowseWidth, kFoldersTop, kBrowseWidth, kButtonHeight);
+  CmdBrowse.Move(kClientWidth - kWindowMargin - kBrowseWidth, kFoldersTop, kBrowseWidth, kDialogButtonHeight);
   LblMissions.Caption = "&Differs from the original, or has further versions:";
-  LblMissions.Move(kMargin, kMissionsTop - kLabelStep, kInside, kLabelHeight);
-  LstMissions.Move(kMargin, kMissionsTop, kInside, kMissionsHeight);
+  LblMissions.Move(kWindowMargin, kMissionsTop - kLabelStep, kInside, kLabelHeight);
+  LstMissions.Move(kWindowMargin, kMissionsTop, kInside, kMissionsHeight);
   LstMissions.MultiSelect = true;
   LstMissions.SelColor = color::kHighlight;
   LstMissions.SelForeColor = color::kHighlightText;
@@ -71,7 +67,7 @@ void frmrestore::LayOutLists() {
   LstMissions.FullRowSelect = true;
   LstMissions.AutoHideScrollBars = true;
   LstMissions.ToolTipText = "What was replaced in this folder. Ctrl and Shift select several.";
-  LblState.Move(kMargin, kStateTop, kInside, kStateHeight);
+  LblState.Move(kWindowMargin, kStateTop, kInside, kStateHeight);
   LblState.WordWrap = true;
   LblState.UseMnemonic = false;
   for (Control* list : {static_cast<Control*>(&LstFolders), static_cast<Control*>(&LstMissions)}) {
@@ -82,7 +78,7 @@ void frmrestore::LayOutLists() {
 
 void frmrestore::LayOutDetails() {
   FrmDetails.Caption = "Selected:";
-  FrmDetails.Move(kMargin, kDetailsTop, kInside, kDetailsHeight);
+  FrmDetails.Move(kWindowMargin, kDetailsTop, kInside, kDetailsHeight);
   int top = kFirstRow;
   for (const Field& field : {Field{LblWhere, TxtWhere, "Place:", "The file, and in an archive the entry."},
                              Field{LblNow, TxtNow, "There now:", "The map and its mission."},
@@ -90,20 +86,20 @@ void frmrestore::LayOutDetails() {
                              Field{LblSize, TxtSize, "Size:", "Its size, and that of the original."}}) {
     field.label.SetContainer(FrmDetails);
     field.label.Caption = field.caption;
-    field.label.Move(kMargin, top + 45, kBoxLeft - kMargin - 60, kLabelHeight);
+    field.label.Move(kWindowMargin, top + 45, kBoxLeft - kWindowMargin - 60, kLabelHeight);
     field.box.SetContainer(FrmDetails);
-    field.box.Move(kBoxLeft, top, kInside - kBoxLeft - kMargin, kBoxHeight);
+    field.box.Move(kBoxLeft, top, kInside - kBoxLeft - kWindowMargin, kTextBoxHeight);
     field.box.Locked = true;
     field.box.ToolTipText = field.tip;
     top += kRow;
   }
   LblVersion.SetContainer(FrmDetails);
   LblVersion.Caption = "&Put back:";
-  LblVersion.Move(kMargin, top + 45, kBoxLeft - kMargin - 60, kLabelHeight);
+  LblVersion.Move(kWindowMargin, top + 45, kBoxLeft - kWindowMargin - 60, kLabelHeight);
   CboVersion.SetContainer(FrmDetails);
   CboVersion.Style = static_cast<int>(ComboStyle::kList);
   CboVersion.ToolTipText = "The original, or another program's content that was kept.";
-  CboVersion.Move(kBoxLeft, top, kInside - kBoxLeft - kMargin, kBoxHeight);
+  CboVersion.Move(kBoxLeft, top, kInside - kBoxLeft - kWindowMargin, kTextBoxHeight);
 }
 
 void frmrestore::LayOutButtons() {
@@ -113,7 +109,7 @@ void frmrestore::LayOutButtons() {
     const char* tip;
     int width;
   };
-  int left = kMargin;
+  int left = kWindowMargin;
   for (const Button& each :
        {Button{CmdRestore, "&Restore selected",
                "Put back what is chosen for each selected row, which is its original as a rule.", 1860},
@@ -122,13 +118,13 @@ void frmrestore::LayOutButtons() {
         Button{CmdRefresh, "R&efresh", "Look again. F5", 1260}}) {
     each.button.Caption = each.caption;
     each.button.ToolTipText = each.tip;
-    each.button.Move(left, kButtonsTop, each.width, kButtonHeight);
-    left += each.width + kGap;
+    each.button.Move(left, kButtonsTop, each.width, kDialogButtonHeight);
+    left += each.width + kControlGap;
   }
   CmdRestore.Default = true;
   CmdClose.Caption = "Close";
   CmdClose.Cancel = true;
-  CmdClose.Move(kClientWidth - kMargin - kBrowseWidth, kButtonsTop, kBrowseWidth, kButtonHeight);
+  CmdClose.Move(kClientWidth - kWindowMargin - kBrowseWidth, kButtonsTop, kBrowseWidth, kDialogButtonHeight);
 }
 
 }  // namespace kestrun

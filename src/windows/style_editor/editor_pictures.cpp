@@ -2,17 +2,15 @@
 
 #include <map>
 
+#include "forms/picture_colors.h"
 #include "forms/picture_drawing.h"
 
 namespace kestrun {
 namespace {
 
+using namespace picture_color;
+
 constexpr int kSize = 32;
-constexpr uint32_t kBlue = 0x2C6E8F;
-constexpr uint32_t kPaleBlue = 0xBFDCEB;
-constexpr uint32_t kGreen = 0x3C8D4A;
-constexpr uint32_t kGrey = 0x5B6670;
-constexpr uint32_t kWhite = 0xFFFFFF;
 
 PictureDrawing Sheet() {
   PictureDrawing drawing(kSize);

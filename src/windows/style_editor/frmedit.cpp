@@ -11,6 +11,7 @@
 #include "program/settings.h"
 #include "styles/entry_tag.h"
 #include "windows/style_editor/editor_pictures.h"
+#include "windows/style_editor/frmeditcheck.h"
 #include "windows/style_editor/run_quietly.h"
 
 namespace kestrun {
@@ -59,6 +60,11 @@ void FrmEdit::Load() {
   ChooseCodeFont();
 }
 
+// The list of faults opens lines in this window.
+void FrmEdit::Unloading() {
+  if (Form* faults = LoadedWindow(FrmEditCheck::kName)) faults->Unload();
+}
+
 void FrmEdit::Connect() {
   ConnectMenus();
   Resize = [this] { PlacePanes(); };
@@ -91,6 +97,7 @@ void FrmEdit::ConnectMenus() {
   connect(mnu_newMod, [this] { AddNewEntry("Please enter a name for the module.", &ModuleName); });
   connect(mnu_deletefile, [this] { DeleteEntry(); });
   connect(mnu_load, [this] { TryStyle(); });
+  connect(mnu_checkstyle, [this] { CheckStyle(); });
   connect(mnu_index, [] { OpenHelpFile(); });
   connect(mnu_showtips, [this] { ToggleTips(); });
 }
@@ -119,7 +126,7 @@ void FrmEdit::LoadMenuIcons() {
 void FrmEdit::ShowWhatIsPossible() {
   const bool has_project = static_cast<bool>(project_.archive());
   for (MenuItem* item : {&mnu_save, &mnu_saveas, &mnu_refresh, &mnu_addimage, &mnu_addsound, &mnu_addmod, &mnu_addOther,
-                         &mnu_newText, &mnu_newMod, &mnu_deletefile, &mnu_load}) {
+                         &mnu_newText, &mnu_newMod, &mnu_deletefile, &mnu_load, &mnu_checkstyle}) {
     item->Enabled = has_project;
   }
 }

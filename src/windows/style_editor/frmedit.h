@@ -15,6 +15,7 @@
 #include "forms/tree_view.h"
 #include "forms/window_registry.h"
 #include "program/window_kit/open_window.h"
+#include "styles/entry_text.h"
 #include "styles/style_project.h"
 
 namespace kestrun {
@@ -72,6 +73,7 @@ class FrmEdit final : public Form {
   MenuItem& mnu_deletefile = Add<MenuItem>("mnu_deletefile");
   MenuItem& mnu_debug = Add<MenuItem>("mnu_debug");
   MenuItem& mnu_load = Add<MenuItem>("mnu_load");
+  MenuItem& mnu_checkstyle = Add<MenuItem>("mnu_checkstyle");
   MenuItem& mnu_help = Add<MenuItem>("mnu_help");
   MenuItem& mnu_index = Add<MenuItem>("mnu_index");
   MenuItem& mnu_showtips = Add<MenuItem>("mnu_showtips");
@@ -91,11 +93,17 @@ class FrmEdit final : public Form {
   // Marks an entry as deleted, by its number in the archive; the next flush writes it.
   void DeleteNumber(int number);
 
+  // Writes all changes into the working copy and lists what is wrong with the style.
+  void CheckStyle();
+  // Opens a text of the project and selects one of its lines, counted from 1.
+  void ShowLine(const std::string& entry, int line);
+
   [[nodiscard]] const StyleProject& project() const { return project_; }
   [[nodiscard]] const MemberTable& Members() const override;
 
  protected:
   void Load() override;
+  void Unloading() override;
 
  private:
   void LayOut();
@@ -123,7 +131,6 @@ class FrmEdit final : public Form {
   void CloseCode();
 
   // The files of the project.
-  Ref<ClsPFF> RequireArchive() const;
   // False when something is not stored; the user has been told.
   bool Flush();
   bool WriteAll(ClsPFF& archive);
@@ -148,6 +155,7 @@ class FrmEdit final : public Form {
   void OpenDebugNode();
 
   StyleProject project_;
+  EntryText code_;  // of the entry in the code window
   // While entries are written events run: no other project comes in between.
   bool is_writing_ = false;
 };

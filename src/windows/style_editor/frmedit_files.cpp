@@ -6,6 +6,7 @@
 #include "program/path_text.h"
 #include "program/style_hook.h"
 #include "program/window_kit/ask.h"
+#include "program/window_kit/file_dialog.h"
 #include "program/window_kit/run_command.h"
 #include "styles/entry_tag.h"
 #include "styles/project_entries.h"
@@ -29,17 +30,12 @@ std::string FirstCharacters(const std::string& text, size_t count) {
 
 }  // namespace
 
-Ref<ClsPFF> FrmEdit::RequireArchive() const {
-  if (!project_.archive()) Raise(error::kObjectNotSet);
-  return project_.archive();
-}
-
 // ---- writing into the working copy ---------------------------------------------------------------------------------
 
 void FrmEdit::SaveStyleScript() { Flush(); }
 
 bool FrmEdit::Flush() {
-  const Ref<ClsPFF> archive = RequireArchive();
+  const Ref<ClsPFF> archive = project_.RequireArchive();
   if (is_writing_) return false;
   const Ref<Form> keep(this);
   const FlagScope writing(is_writing_);
@@ -77,7 +73,7 @@ std::optional<std::string> FrmEdit::StageCode(ClsPFF& archive, bool& is_stored) 
   // An entry without a byte cannot be read again.
   if (TxtCode.Text->empty()) TxtCode.Text = " ";
   std::string text = TxtCode.Text;
-  const std::string bytes = EncodeText(text);
+  const std::string bytes = EncodeText(code_.StoredFor(text));
   archive.PackFile(AsBytes(bytes), name);
   return text;
 }
@@ -96,22 +92,17 @@ bool FrmEdit::SaveTo(const std::string& file) {
 }
 
 bool FrmEdit::Save() {
-  RequireArchive();
+  project_.RequireArchive();
   if (!project_.File().empty()) return SaveTo(project_.File());
-  CommonDialog.DialogTitle = "Select file.";
-  CommonDialog.Filter = kStyleFilter;
-  CommonDialog.DefaultExt = "stl";
-  CommonDialog.FileName = "";
-  CommonDialog.CancelError = true;
-  OnFailure([this] { CommonDialog.ShowSave(); }, [this](const RuntimeError&) { CommonDialog.DefaultExt = ""; });
-  CommonDialog.DefaultExt = "";
+  SetUpFileDialog(CommonDialog, "Select file.", kStyleFilter, "stl");
+  CommonDialog.ShowSave();
   const std::string file = CommonDialog.FileName;
   if (FileExists(file) && !AskYesNo("This file already exists do you want to overwrite?")) return false;
   return SaveTo(file);
 }
 
 void FrmEdit::SaveAs() {
-  RequireArchive();
+  project_.RequireArchive();
   project_.ForgetFile();
   Save();
 }
@@ -124,10 +115,7 @@ bool FrmEdit::AskToSave() {
 
 void FrmEdit::OpenProject() {
   if (!AskToSave()) return;
-  CommonDialog.DialogTitle = "Select file";
-  CommonDialog.Filter = kStyleFilter;
-  CommonDialog.FileName = "";
-  CommonDialog.CancelError = true;
+  SetUpFileDialog(CommonDialog, "Select file", kStyleFilter);
   CommonDialog.ShowOpen();
   LoadStyle(CommonDialog.FileName);
 }
@@ -162,11 +150,8 @@ std::string FrmEdit::Get16CharName(const std::string& name) {
 
 void FrmEdit::AddFile(const std::string& filter) {
   RunQuietly([&] {
-    RequireArchive();
-    CommonDialog.DialogTitle = "Select file";
-    CommonDialog.Filter = filter;
-    CommonDialog.FileName = "";
-    CommonDialog.CancelError = true;
+    project_.RequireArchive();
+    SetUpFileDialog(CommonDialog, "Select file", filter);
     CommonDialog.ShowOpen();
     AddFromDisk(CommonDialog.FileName);
   });
@@ -183,13 +168,13 @@ void FrmEdit::AddFromDisk(const std::string& path) {
 }
 
 void FrmEdit::AddNewEntry(const std::string& prompt, std::string (*with_extension)(const std::string& name)) {
-  RequireArchive();
+  project_.RequireArchive();
   const std::string name = Get16CharName(with_extension(AskText(prompt, "", "")));
   if (!name.empty()) AddEntry(AsBytes(" "), name);
 }
 
 void FrmEdit::AddEntry(ByteView bytes, const std::string& name) {
-  const Ref<ClsPFF> archive = RequireArchive();
+  const Ref<ClsPFF> archive = project_.RequireArchive();
   try {
     const FlagScope writing(is_writing_);
     archive->PackFile(bytes, name);
@@ -204,14 +189,14 @@ void FrmEdit::AddEntry(ByteView bytes, const std::string& name) {
 }
 
 void FrmEdit::DeleteEntry() {
-  RequireArchive();
+  project_.RequireArchive();
   auto& dialog = Window<FrmEditSelectFile>();
   const TreeNode* node = TreeView.SelectedItem();
   if (node) dialog.Choose(node->Text());
   dialog.ShowModal();
 }
 
-void FrmEdit::DeleteNumber(int number) { RequireArchive()->SetFileDeleted(number, true); }
+void FrmEdit::DeleteNumber(int number) { project_.RequireArchive()->SetFileDeleted(number, true); }
 
 // On the tree files are added to the project; elsewhere a style is opened.
 void FrmEdit::TakeDropped(const std::vector<std::string>& paths) {
@@ -220,7 +205,7 @@ void FrmEdit::TakeDropped(const std::vector<std::string>& paths) {
     if (AskToSave()) LoadStyle(paths.front());
     return;
   }
-  RequireArchive();
+  project_.RequireArchive();
   for (const std::string& path : paths) RunQuietly([&] { AddFromDisk(path); });
 }
 

@@ -7,6 +7,7 @@
 #include "program/menu_pictures.h"
 #include "program/program_pictures.h"
 #include "program/window_kit/fill_menu.h"
+#include "program/window_kit/fixed_pitch.h"
 #include "program/window_kit/place_controls.h"
 #include "windows/style_editor/editor_pictures.h"
 #include "windows/style_editor/frmedit.h"
@@ -15,7 +16,6 @@ namespace kestrun {
 namespace {
 
 constexpr int kMargin = 120;
-constexpr int kGap = 120;
 constexpr int kLabelStep = kLabelHeight + 30;
 constexpr int kClientWidth = 12000;
 constexpr int kClientHeight = 8100;
@@ -25,9 +25,6 @@ constexpr int kTreePercent = 30;  // of the width, for the trees
 constexpr int kMostTreeWidth = 4200;
 constexpr int kTipsHeight = 1800;
 constexpr double kCodeSize = 9.75;
-
-// The first of these that the machine has.
-constexpr std::array kCodeFonts{"Consolas", "Lucida Console", "Courier New", "DejaVu Sans Mono", "Liberation Mono"};
 
 constexpr std::array kTips{
     "Some default tips:",
@@ -84,6 +81,7 @@ void FrmEdit::LayOut() {
     box->MultiLine = true;
     box->ScrollBars = 3;
   }
+  CommonDialog.CancelError = true;
   TxtCode.Locked = true;  // until an entry is open
   txthelp.Locked = true;
   txthelp.ScrollBars = 2;
@@ -116,13 +114,14 @@ void FrmEdit::LayOutMenus() {
   FillMenu(mnu_addnew, "&New", {{mnu_newText, "&Text file"}, {mnu_newMod, "&Module"}});
   mnu_addnew.SetParent(mnu_add);
   FillMenu(mnu_delete, "De&lete", {{mnu_deletefile, "File"}});
-  FillMenu(mnu_debug, "&Debug", {{mnu_load, "&Load style"}});
+  FillMenu(mnu_debug, "&Debug", {{mnu_load, "&Load style"}, {mnu_checkstyle, "&Check style"}});
   FillMenu(mnu_help, "&Help", {{mnu_index, "&Index"}, {mnu_showtips, "&Show some tips"}});
   mnu_new.Shortcut = "Ctrl+N";
   mnu_open.Shortcut = "Ctrl+O";
   mnu_save.Shortcut = "Ctrl+S";
   mnu_refresh.Shortcut = "F5";
   mnu_load.Shortcut = "F9";
+  mnu_checkstyle.Shortcut = "F8";
   mnu_index.Shortcut = "F1";
 }
 
@@ -133,13 +132,13 @@ void FrmEdit::PlacePanes() {
   const int width = std::max(ScaleWidth(), kLeastWidth);
   const int tree_width = std::min(width * kTreePercent / 100, kMostTreeWidth);
   const int bottom = height - kMargin;
-  const int half = (bottom - kMargin - kGap) / 2;
-  const int second = kMargin + half + kGap;
+  const int half = (bottom - kMargin - kControlGap) / 2;
+  const int second = kMargin + half + kControlGap;
   Label1.Move(kMargin, kMargin, tree_width, kLabelHeight);
   TreeView.Move(kMargin, kMargin + kLabelStep, tree_width, half - kLabelStep);
   Label2.Move(kMargin, second, tree_width, kLabelHeight);
   LstDebug.Move(kMargin, second + kLabelStep, tree_width, bottom - second - kLabelStep);
-  const int left = kMargin + tree_width + kGap;
+  const int left = kMargin + tree_width + kControlGap;
   const int code_width = width - kMargin - left;
   const int tips_top = bottom - kTipsHeight;
   LblHelp.Move(left, tips_top - kLabelStep, code_width, kLabelHeight);
@@ -160,15 +159,6 @@ void FrmEdit::FillImageList() {
   for (kestrun::TreeView* tree : {&TreeView, &LstDebug}) tree->SetImages(Ref<kestrun::ImageList>(&ImageList));
 }
 
-void FrmEdit::ChooseCodeFont() {
-  const std::vector<std::string> present = platform().windowing().FontNames();
-  const auto* found = std::find_if(kCodeFonts.begin(), kCodeFonts.end(), [&present](const char* name) {
-    return std::find(present.begin(), present.end(), name) != present.end();
-  });
-  FontDescription font = TxtCode.Font;
-  font.name = found == kCodeFonts.end() ? "Courier New" : *found;
-  font.size_points = kCodeSize;
-  TxtCode.Font = font;
-}
+void FrmEdit::ChooseCodeFont() { GiveFixedPitch(TxtCode, kCodeSize); }
 
 }  // namespace kestrun

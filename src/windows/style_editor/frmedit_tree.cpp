@@ -85,7 +85,7 @@ void FrmEdit::LoadStyle(const std::string& file) {
 }
 
 void FrmEdit::RefreshList() {
-  const Ref<ClsPFF> archive = RequireArchive();
+  const Ref<ClsPFF> archive = project_.RequireArchive();
   const auto refresh = [&] {
     const TreeNode* before = TreeView.FindNode(kRootKey);
     const std::string root_text = before ? before->Text() : GetFileName(archive->OpenFileName(), true);
@@ -135,7 +135,9 @@ void FrmEdit::OpenText(const std::string& name) {
   Label3.Caption = kCodeCaption + std::string(" ") + name + (is_whole ? "" : " (no text: shown only)");
   TxtCode.Locked = !is_whole;
   TxtCode.Tag = is_whole ? CleanTag(name) : std::string();
-  TxtCode.Text = text;
+  code_ = is_whole ? EntryText(text) : EntryText();
+  if (EqualsNoCase(name, "assembly.txt")) code_.EndLinesInCrLf();  // whoever reads it knows no other end of a line
+  TxtCode.Text = is_whole ? code_.Shown() : text;
   TxtCode.SelStart = 0;
   TxtCode.SelLength = 0;
   Attempt([this] { TxtCode.SetFocus(); });
@@ -143,13 +145,13 @@ void FrmEdit::OpenText(const std::string& name) {
 
 void FrmEdit::CloseCode() {
   TxtCode.Tag = "";
+  code_ = {};
   TxtCode.Text = "";
   TxtCode.Locked = true;  // what were typed now would belong to no entry
   Label3.Caption = kCodeCaption;
 }
 
 void FrmEdit::ShowPicture(const std::string& name) {
-  RequireArchive();
   const Bytes bytes = project_.Read(name);
   Ref<kestrun::Picture> picture;
   Attempt([&] { picture = PictureFromBits(bytes); });
@@ -157,7 +159,6 @@ void FrmEdit::ShowPicture(const std::string& name) {
 }
 
 void FrmEdit::PlayEntry(const std::string& name) {
-  RequireArchive();
   window_effects().StartSound(PlayableWave(project_.Read(name), kLongestSoundMs));
 }
 

@@ -9,7 +9,6 @@ namespace {
 
 const WindowRegistration registration(FrmEditSelectFile::kName, [] { return MakeRef<FrmEditSelectFile>(); });
 
-constexpr int kMargin = 180;
 constexpr int kListWidth = 3600;
 constexpr int kListHeight = 3600;
 
@@ -19,11 +18,11 @@ FrmEdit& Editor() { return Window<FrmEdit>(); }
 
 FrmEditSelectFile::FrmEditSelectFile() : Form(kName) {
   LayOutDialog(*this, "Select File");
-  LstFiles.Move(kMargin, kMargin, kListWidth, kListHeight);
+  LstFiles.Move(kWindowMargin, kWindowMargin, kListWidth, kListHeight);
   LstFiles.ToolTipText = "The file to delete from the style.";
-  const int buttons_top = kMargin + kListHeight + kMargin;
-  PlaceOkAndCancel(Command1, Command2, kMargin + kListWidth, buttons_top);
-  SetClientSize(kMargin + kListWidth + kMargin, buttons_top + kDialogButtonHeight + kMargin);
+  const int buttons_top = kWindowMargin + kListHeight + kWindowMargin;
+  PlaceOkAndCancel(Command1, Command2, kWindowMargin + kListWidth, buttons_top);
+  SetClientSize(kWindowMargin + kListWidth + kWindowMargin, buttons_top + kDialogButtonHeight + kWindowMargin);
   Command1.Click = [this] { RunQuietly([this] { DeleteChosen(); }); };
   LstFiles.DblClick = [this] { static_cast<void>(Command1.Press()); };
   Command2.Click = [this] { Unload(); };

@@ -6,12 +6,11 @@ namespace kestrun {
 namespace {
 
 constexpr int kMargin = 240;
-constexpr int kGap = 120;
 constexpr int kClientWidth = 6600;
 constexpr int kInside = kClientWidth - 2 * kMargin;
-constexpr int kBarTop = kMargin + kLabelHeight + kGap;
-constexpr int kNoticeTop = kBarTop + kDownloadHeight + kGap / 2;
-constexpr int kButtonTop = kNoticeTop + kLabelHeight + kGap;
+constexpr int kBarTop = kMargin + kLabelHeight + kControlGap;
+constexpr int kNoticeTop = kBarTop + kDownloadHeight + kControlGap / 2;
+constexpr int kButtonTop = kNoticeTop + kLabelHeight + kControlGap;
 constexpr int kTimerMs = 1000;
 
 }  // namespace

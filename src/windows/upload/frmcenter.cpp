@@ -16,6 +16,7 @@
 #include "program/style_hook.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/ask.h"
+#include "program/window_kit/file_dialog.h"
 #include "program/window_kit/run_command.h"
 
 namespace kestrun {
@@ -218,13 +219,9 @@ void FrmCenter::LoadSelectedMap() {
 }
 
 void FrmCenter::SaveLog() {
-  CommonDialog1.DialogTitle = "select file";
-  CommonDialog1.Filter = "Text files (*.txt)|*.txt|All files (*.*)|*.*";
-  CommonDialog1.DefaultExt = "txt";
-  CommonDialog1.FileName = "";
-  if (!CommonDialog1.ShowSave()) return;
-  const std::string path = CommonDialog1.FileName;
-  if (FileExists(path) && !AskYesNo("File already exists overwrite it?")) return;
+  SetUpFileDialog(CommonDialog1, "select file", "Text files (*.txt)|*.txt|All files (*.*)|*.*", "txt");
+  const std::string path = AskWhereToSave(CommonDialog1, "File already exists overwrite it?");
+  if (path.empty()) return;
   platform().files().WriteAllDurably(path, AsBytes(EncodeTextFile(txtLog.Text.get())));
 }
 

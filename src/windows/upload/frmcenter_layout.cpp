@@ -6,45 +6,41 @@
 namespace kestrun {
 namespace {
 
-constexpr int kMargin = 180;
-constexpr int kGap = 120;
 constexpr int kClientWidth = 11100;
-constexpr int kInside = kClientWidth - 2 * kMargin;
-constexpr int kBoxHeight = 315;
+constexpr int kInside = kClientWidth - 2 * kWindowMargin;
 constexpr int kCaptionWidth = 1140;
 constexpr int kBrowseWidth = 1500;
 // Inside the frames.
-constexpr int kPad = 180;
 constexpr int kFirstRow = 300;
-constexpr int kRowStep = kBoxHeight + 90;
+constexpr int kRowStep = kTextBoxHeight + 90;
 
-constexpr int kBodyTop = kMargin + kDialogButtonHeight + kGap;
+constexpr int kBodyTop = kWindowMargin + kDialogButtonHeight + kControlGap;
 // The list, and the column with what goes with each upload beside it.
 constexpr int kMapsWidth = 6900;
-constexpr int kColumnLeft = kMargin + kMapsWidth + kGap;
-constexpr int kColumnWidth = kClientWidth - kMargin - kColumnLeft;
-constexpr int kLoginHeight = kFirstRow + 2 * kRowStep + kOptionHeight + kPad;
-constexpr int kGameTop = kBodyTop + kLoginHeight + kGap;
-constexpr int kOptionsTop = kGameTop + kBoxHeight + kGap;
+constexpr int kColumnLeft = kWindowMargin + kMapsWidth + kControlGap;
+constexpr int kColumnWidth = kClientWidth - kWindowMargin - kColumnLeft;
+constexpr int kLoginHeight = kFirstRow + 2 * kRowStep + kOptionHeight + kFramePad;
+constexpr int kGameTop = kBodyTop + kLoginHeight + kControlGap;
+constexpr int kOptionsTop = kGameTop + kTextBoxHeight + kControlGap;
 constexpr int kOptionStep = kOptionHeight + 30;
-constexpr int kOptionsHeight = kFirstRow + 3 * kOptionStep + kPad - 30;
-constexpr int kStartTop = kOptionsTop + kOptionsHeight + kGap;
-constexpr int kStartWidth = (kColumnWidth - kGap) / 2;
+constexpr int kOptionsHeight = kFirstRow + 3 * kOptionStep + kFramePad - 30;
+constexpr int kStartTop = kOptionsTop + kOptionsHeight + kControlGap;
+constexpr int kStartWidth = (kColumnWidth - kControlGap) / 2;
 constexpr int kMapsHeight = kStartTop + kDialogButtonHeight - kBodyTop;
 // Where the columns of the list begin.
 constexpr int kSizeLeft = 2370;
 constexpr int kPictureLeft = 3600;
 constexpr int kCommentsLeft = 4980;
 
-constexpr int kBarTop = kBodyTop + kMapsHeight + kGap;
+constexpr int kBarTop = kBodyTop + kMapsHeight + kControlGap;
 constexpr int kBarHeight = 270;
-constexpr int kLogTop = kBarTop + kBarHeight + kGap;
+constexpr int kLogTop = kBarTop + kBarHeight + kControlGap;
 constexpr int kLogHeight = 1800;
-constexpr int kLogFrameHeight = kFirstRow + kLogHeight + kPad;
+constexpr int kLogFrameHeight = kFirstRow + kLogHeight + kFramePad;
 
 void PlaceCheck(CheckBox& check, Frame& frame, int top, const char* caption, const char* tip) {
   check.SetContainer(frame);
-  check.Move(kPad, top, kColumnWidth - 2 * kPad, kOptionHeight);
+  check.Move(kFramePad, top, kColumnWidth - 2 * kFramePad, kOptionHeight);
   check.Caption = caption;
   check.ToolTipText = tip;
 }
@@ -54,29 +50,31 @@ void PlaceCheck(CheckBox& check, Frame& frame, int top, const char* caption, con
 void FrmCenter::LayOut() {
   LayOutFixedWindow(*this, "Kestrun - Mapping Center", StartPosition::kCenterScreen);
   KeyPreview = true;
-  PlaceLabel(LblDir, kMargin, kMargin + 60, kCaptionWidth, "Map Folder:");
-  TxtDir.Move(kMargin + kCaptionWidth, kMargin + 30, kInside - kCaptionWidth - kBrowseWidth - kGap, kBoxHeight);
+  PlaceLabel(LblDir, kWindowMargin, kWindowMargin + 60, kCaptionWidth, "Map Folder:");
+  TxtDir.Move(kWindowMargin + kCaptionWidth, kWindowMargin + 30, kInside - kCaptionWidth - kBrowseWidth - kControlGap,
+              kTextBoxHeight);
   TxtDir.ToolTipText = "The folder where all your maps, images and comments files are in.";
-  PlaceButton(CmdBrowse, {kClientWidth - kMargin - kBrowseWidth, kMargin, kBrowseWidth, kDialogButtonHeight},
+  PlaceButton(CmdBrowse,
+              {kClientWidth - kWindowMargin - kBrowseWidth, kWindowMargin, kBrowseWidth, kDialogButtonHeight},
               "Select folder", "Select the folder of your maps.");
   LayOutMaps();
   LayOutLogin();
   LayOutOptions();
   LayOutRun();
   LayOutMenus();
-  SetClientSize(kClientWidth, kLogTop + kLogFrameHeight + kGap + kStatusLineHeight);
+  SetClientSize(kClientWidth, kLogTop + kLogFrameHeight + kControlGap + kStatusLineHeight);
   status_line_.LayOut("");
   status_line_.Place(kClientWidth, ScaleHeight());
 }
 
 void FrmCenter::LayOutMaps() {
   Frame1.Caption = "Maps:";
-  Frame1.Move(kMargin, kBodyTop, kMapsWidth, kMapsHeight);
+  Frame1.Move(kWindowMargin, kBodyTop, kMapsWidth, kMapsHeight);
   FileMaps.SetContainer(Frame1);
   FileMaps.Pattern = "*.zip";
   FileMaps.MultiSelect = 2;
   FileMaps.ToolTipText = "Double click to load the map";
-  FileMaps.Move(kPad, kFirstRow, kMapsWidth - 2 * kPad, kMapsHeight - kFirstRow - kPad);
+  FileMaps.Move(kFramePad, kFirstRow, kMapsWidth - 2 * kFramePad, kMapsHeight - kFirstRow - kFramePad);
   FileMaps.ColumnLefts = {kSizeLeft, kPictureLeft, kCommentsLeft};
 }
 
@@ -86,21 +84,21 @@ void FrmCenter::LayOutLogin() {
   for (Control* control : std::initializer_list<Control*>{&LblUsername, &TxtUsername, &LblPassword, &TxtPassword}) {
     control->SetContainer(Frame2);
   }
-  const int box_left = kPad + kCaptionWidth;
-  const int box_width = kColumnWidth - kPad - box_left;
-  PlaceLabel(LblUsername, kPad, kFirstRow + 45, kCaptionWidth, "Username:");
-  TxtUsername.Move(box_left, kFirstRow, box_width, kBoxHeight);
+  const int box_left = kFramePad + kCaptionWidth;
+  const int box_width = kColumnWidth - kFramePad - box_left;
+  PlaceLabel(LblUsername, kFramePad, kFirstRow + 45, kCaptionWidth, "Username:");
+  TxtUsername.Move(box_left, kFirstRow, box_width, kTextBoxHeight);
   TxtUsername.ToolTipText = "Your name at the Mapping Center.";
-  PlaceLabel(LblPassword, kPad, kFirstRow + kRowStep + 45, kCaptionWidth, "Password:");
-  TxtPassword.Move(box_left, kFirstRow + kRowStep, box_width, kBoxHeight);
+  PlaceLabel(LblPassword, kFramePad, kFirstRow + kRowStep + 45, kCaptionWidth, "Password:");
+  TxtPassword.Move(box_left, kFirstRow + kRowStep, box_width, kTextBoxHeight);
   TxtPassword.PasswordChar = "*";
   TxtPassword.ToolTipText = "Your password there. With 'Save pass' it is kept as plain text in packit.ini.";
   PlaceCheck(ChPassword, Frame2, kFirstRow + 2 * kRowStep, "Save pass",
              "Keeps the password as plain text in packit.ini: others who use this computer can read it.");
-  PlaceLabel(LblGame, kColumnLeft + kPad, kGameTop + 45, kCaptionWidth, "Game:");
+  PlaceLabel(LblGame, kColumnLeft + kFramePad, kGameTop + 45, kCaptionWidth, "Game:");
   CmbGames.Style = static_cast<int>(ComboStyle::kList);
   CmbGames.ToolTipText = "The game that the maps are for.";
-  CmbGames.Move(kColumnLeft + box_left, kGameTop, box_width, kBoxHeight);
+  CmbGames.Move(kColumnLeft + box_left, kGameTop, box_width, kTextBoxHeight);
 }
 
 void FrmCenter::LayOutOptions() {
@@ -116,22 +114,22 @@ void FrmCenter::LayOutOptions() {
 void FrmCenter::LayOutRun() {
   PlaceButton(Command1, {kColumnLeft, kStartTop, kStartWidth, kDialogButtonHeight}, "Start uploading",
               "Check the maps and send them to the Mapping Center.");
-  PlaceButton(CmdCancel, {kColumnLeft + kStartWidth + kGap, kStartTop, kStartWidth, kDialogButtonHeight},
+  PlaceButton(CmdCancel, {kColumnLeft + kStartWidth + kControlGap, kStartTop, kStartWidth, kDialogButtonHeight},
               "Cancel uploading", "Stop behind the map that is being sent. Esc stops at once.");
   CmdCancel.Enabled = false;
   Pgb.ToolTipText = "Progress";
   Pgb.BorderStyle = 1;
   Pgb.BackColor = color::kWindowBackground;
   Pgb.Progresscolor = color::kHighlight;
-  Pgb.Move(kMargin, kBarTop, kInside, kBarHeight);
+  Pgb.Move(kWindowMargin, kBarTop, kInside, kBarHeight);
   Frame4.Caption = "Upload.log";
-  Frame4.Move(kMargin, kLogTop, kInside, kLogFrameHeight);
+  Frame4.Move(kWindowMargin, kLogTop, kInside, kLogFrameHeight);
   txtLog.SetContainer(Frame4);
   txtLog.MultiLine = true;
   txtLog.ScrollBars = 3;
   txtLog.Locked = true;
   txtLog.ToolTipText = "What is checked and sent, and what the site answers.";
-  txtLog.Move(kPad, kFirstRow, kInside - 2 * kPad, kLogHeight);
+  txtLog.Move(kFramePad, kFirstRow, kInside - 2 * kFramePad, kLogHeight);
 }
 
 void FrmCenter::LayOutMenus() {

@@ -13,6 +13,7 @@
 #include "program/folders.h"
 #include "program/path_text.h"
 #include "program/window_kit/run_command.h"
+#include "program/window_kit/text_end.h"
 #include "windows/upload/frmcenter.h"
 
 namespace kestrun {
@@ -163,14 +164,13 @@ bool FrmCenter::SendMap(const std::string& path, const std::string& temp_folder)
   const std::string base = UploadBase(path);
   MapUpload upload;
   UploadInfo info;
-  if (!GetInfo(base + ".zip", temp_folder, info)) return false;
+  if (!GetInfo(base + ".zip", temp_folder, info) || !GoesOn()) return false;
   upload.zip = platform().files().ReadAll(base + ".zip");
   if (!FetchPicture(base, upload.picture)) return false;
   if (!LoadCommentsFile(base + ".txt", upload.words)) return false;
   upload.user = TxtUsername.Text;
   upload.password = TxtPassword.Text;
-  upload.mission_name = GetValidMapName(path, info.mission_name);
-  if (!GoesOn()) return false;
+  upload.mission_name = info.mission_name;
   upload.designer = info.designer;
   upload.game_type = info.game_type;
   upload.game = CmbGames.Text;
@@ -208,8 +208,12 @@ std::string FrmCenter::Post(const MapUpload& upload) {
 bool FrmCenter::GetInfo(const std::string& zip, const std::string& temp_folder, UploadInfo& info) {
   bool is_there = false;
   const auto find = [&] {
+    const auto read = [this](const std::string& path) {
+      UploadInfo mission;
+      return GetBMSInfo(path, mission) ? std::optional(mission) : std::nullopt;
+    };
     const std::optional<UploadInfo> found =
-        FindMission(zip, temp_folder, [this](const std::string& line) { AddMessage(line); });
+        FindMission(zip, temp_folder, read, [this](const std::string& line) { AddMessage(line); });
     if (found) info = *found;
     is_there = found.has_value();
   };
@@ -219,7 +223,11 @@ bool FrmCenter::GetInfo(const std::string& zip, const std::string& temp_folder, 
 
 bool FrmCenter::GetBMSInfo(const std::string& path, UploadInfo& info) {
   std::optional<UploadInfo> found;
-  RunCommand([&] { found = ReadUploadInfo(path); }, "getbmsinfo");
+  const auto read = [&] {
+    found = ReadUploadInfo(path);
+    if (found) found->mission_name = GetValidMapName(path, found->mission_name);
+  };
+  RunCommand(read, "getbmsinfo");
   if (found) info = *found;
   return found.has_value();
 }
@@ -276,7 +284,7 @@ void FrmCenter::AddMessage(const std::string& text) {
   if (CharacterCount(shown) + CharacterCount(line) > kMostLogCharacters) shown = kLogCleared;
   shown += line + std::string(kCrLf);
   txtLog.Text = shown;
-  txtLog.SelStart = static_cast<int>(CharacterCount(shown));
+  PutCaretAtEnd(txtLog);
   if (log_file_) WriteToLogFile(text + std::string(kCrLf));
   RunPendingEvents();
 }

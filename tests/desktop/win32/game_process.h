@@ -51,6 +51,13 @@ using ProcessHandle = UniqueHandle<ProcessTraits>;
   return ProcessHandle(made.hProcess);
 }
 
+// At once, and waits until it is gone. Nothing where there is none.
+inline void EndProcess(const ProcessHandle& process) {
+  if (!process.IsValid()) return;
+  TerminateProcess(process.get(), 1);
+  WaitForSingleObject(process.get(), kPatienceMs);
+}
+
 class GameProcess {
  public:
   // A game of that row of SimulatedBuilds with more words for its command line, in a folder of its own whose loose file
@@ -78,11 +85,7 @@ class GameProcess {
   [[nodiscard]] std::string Path(std::string_view name) const { return folder_->path() + "\\" + std::string(name); }
   [[nodiscard]] bool HasEnded() const { return WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0; }
 
-  void Kill() {
-    if (!process_.IsValid()) return;
-    TerminateProcess(process_.get(), 1);
-    WaitForSingleObject(process_.get(), kPatienceMs);
-  }
+  void Kill() { EndProcess(process_); }
 
   // True once the log holds the text.
   [[nodiscard]] bool Logs(std::string_view text) const {

@@ -101,12 +101,12 @@ class HostWindow {
   HostWindow(const std::string& program, const std::string& list) {
     for (int start = 0; start < 2 && !is_there_; ++start) {
       if (start > 0) std::cout << "The auto host did not come up, " << StateOfProcess() << ":\n" << ScreenReport();
-      End();
+      EndProcess(process_);
       process_ = StartProcess(ToWide("\"" + program + "\" \"" + list + "\""));
       is_there_ = WaitFor([this] { return window() && IsWindowVisible(window()) && RowCount() > 0; });
     }
   }
-  ~HostWindow() { End(); }
+  ~HostWindow() { EndProcess(process_); }
   HostWindow(const HostWindow&) = delete;
   HostWindow& operator=(const HostWindow&) = delete;
 
@@ -147,11 +147,6 @@ class HostWindow {
   [[nodiscard]] static HWND Box() { return FindWindowW(L"#32770", nullptr); }
 
  private:
-  void End() {
-    if (!process_.IsValid()) return;
-    TerminateProcess(process_.get(), 1);
-    WaitForSingleObject(process_.get(), kPatienceMs);
-  }
   [[nodiscard]] std::string StateOfProcess() const {
     if (!process_.IsValid()) return "which could not be started";
     DWORD code = 0;

@@ -1,11 +1,10 @@
-// An exchange on its own thread, and what the thread with the windows does while it waits for it.
+// What the library's threads hand over, and what the thread with the windows does while it waits for it.
 #include "desktop/win32/system/http_handover.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <functional>
-#include <memory>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -36,9 +35,25 @@ class Keeper final : public HttpReceiver {
   int calls = 0;
 };
 
-void ReceiveThroughThread(std::function<void(HttpHandover&)> run, HttpReceiver& receiver) {
-  const std::unique_ptr<HttpExchange> exchange = StartOnThread(std::move(run));
-  WaitForAnswer(*exchange, receiver);
+// An answer that another thread puts.
+class ThreadExchange final : public HttpExchange {
+ public:
+  explicit ThreadExchange(std::function<void(HttpHandover&)> put)
+      : thread_([this, put = std::move(put)] { put(handover_); }) {}
+
+  bool Advance(HttpReceiver& receiver, int wait_ms) override {
+    std::optional<HttpHandover::Item> item = handover_.Take(wait_ms);
+    return !item || HandOn(std::move(*item), receiver);
+  }
+
+ private:
+  HttpHandover handover_;
+  std::jthread thread_;
+};
+
+void ReceiveThroughThread(std::function<void(HttpHandover&)> put, HttpReceiver& receiver) {
+  ThreadExchange exchange(std::move(put));
+  WaitForAnswer(exchange, receiver);
 }
 
 void PressKey(WPARAM key) { PostThreadMessageW(GetCurrentThreadId(), WM_KEYDOWN, key, 0); }
@@ -53,11 +68,12 @@ TEST(HttpHandoverTest, HeadAndPiecesArriveInOrder) {
   Keeper keeper;
   ReceiveThroughThread(
       [](HttpHandover& handover) {
-        EXPECT_TRUE(handover.PutHead(200, {{"A", "b"}}));
+        handover.PutHead(200, {{"A", "b"}});
         for (const char* piece : {"one ", "two ", "three"}) {
           const ByteView bytes = AsBytes(piece);
-          EXPECT_TRUE(handover.PutPiece(Bytes(bytes.begin(), bytes.end())));
+          handover.PutPiece(Bytes(bytes.begin(), bytes.end()));
         }
+        handover.End(std::nullopt);
       },
       keeper);
   EXPECT_EQ(keeper.response.status, 200);
@@ -66,19 +82,13 @@ TEST(HttpHandoverTest, HeadAndPiecesArriveInOrder) {
   EXPECT_GE(keeper.calls, 1);
 }
 
-TEST(HttpHandoverTest, MoreThanTheRoomBetweenTheThreadsArrivesWhole) {
-  constexpr int kPieces = 300;
-  Keeper keeper;
-  ReceiveThroughThread(
-      [](HttpHandover& handover) {
-        static_cast<void>(handover.PutHead(200, {}));
-        for (int piece = 0; piece < kPieces; ++piece) {
-          static_cast<void>(handover.PutPiece(Bytes(1 << 16, static_cast<uint8_t>(piece))));
-        }
-      },
-      keeper);
-  ASSERT_EQ(keeper.response.body.size(), size_t{kPieces} << 16);
-  EXPECT_EQ(keeper.response.body.back(), static_cast<uint8_t>(kPieces - 1));
+TEST(HttpHandoverTest, AMegabyteThatWaitsLeavesNoRoomUntilSomeOfItIsTaken) {
+  HttpHandover handover;
+  int pieces = 0;
+  for (; handover.HasRoom(); ++pieces) handover.PutPiece(Bytes(1 << 16));
+  EXPECT_EQ(pieces, 16);
+  EXPECT_EQ(handover.Take(0)->piece.size(), size_t{1} << 16);
+  EXPECT_TRUE(handover.HasRoom());
 }
 
 TEST(HttpHandoverTest, AFailureOfTheExchangeIsRaisedHere) {
@@ -86,8 +96,8 @@ TEST(HttpHandoverTest, AFailureOfTheExchangeIsRaisedHere) {
   EXPECT_EQ(ErrorOf([&] {
               ReceiveThroughThread(
                   [](HttpHandover& handover) {
-                    static_cast<void>(handover.PutHead(200, {}));
-                    Raise(error::kAutomationError, "The answer is cut off (12030).");
+                    handover.PutHead(200, {});
+                    handover.End("The answer is cut off (12030).");
                   },
                   keeper);
               return 0;
@@ -97,33 +107,25 @@ TEST(HttpHandoverTest, AFailureOfTheExchangeIsRaisedHere) {
 }
 
 TEST(HttpHandoverTest, AReceiverThatHasEnoughEndsTheExchange) {
-  const auto has_ended = std::make_shared<std::atomic<bool>>(false);
   Keeper keeper;
   keeper.leave_after = 1;
   ReceiveThroughThread(
-      [has_ended](HttpHandover& handover) {
-        static_cast<void>(handover.PutHead(200, {}));
-        while (handover.PutPiece(Bytes(1 << 16))) continue;
-        *has_ended = true;
+      [](HttpHandover& handover) {
+        handover.PutHead(200, {});
+        for (int piece = 0; piece < 3; ++piece) handover.PutPiece(Bytes(1 << 16));
       },
       keeper);
-  while (!*has_ended) std::this_thread::yield();
+  EXPECT_EQ(keeper.response.body.size(), size_t{1} << 16);
 }
 
 TEST(HttpHandoverTest, EscLeavesAnExchangeThatNeverAnswers) {
-  const auto may_end = std::make_shared<std::atomic<bool>>(false);
   Keeper keeper;
   PressKey(VK_ESCAPE);
   EXPECT_EQ(ErrorOf([&] {
-              ReceiveThroughThread(
-                  [may_end](HttpHandover&) {
-                    while (!*may_end) std::this_thread::yield();
-                  },
-                  keeper);
+              ReceiveThroughThread([](HttpHandover&) {}, keeper);
               return 0;
             }),
             "440: left");
-  *may_end = true;
   EXPECT_FALSE(IsInputWaiting());
 }
 

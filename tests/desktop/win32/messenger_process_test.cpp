@@ -3,6 +3,7 @@
 
 #include "desktop/win32/game_process.h"
 #include "desktop/win32/window_fixture.h"
+#include "game/messages/message_list.h"
 #include "windows/messenger/frmchat.h"
 
 namespace kestrun {

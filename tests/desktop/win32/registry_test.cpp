@@ -12,6 +12,8 @@ namespace {
 
 constexpr RegistryRoot kClasses = RegistryRoot::kClassesRoot;
 constexpr RegistryRoot kUser = RegistryRoot::kCurrentUser;
+constexpr RegistryRoot kMachine = RegistryRoot::kLocalMachine;
+constexpr const char* kAppPath = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\dflwkestrun.exe";
 constexpr const char* kTestKey = "Software\\Kestrun Tests";
 
 class RealRegistryTest : public testing::Test {
@@ -31,6 +33,7 @@ class RealRegistryTest : public testing::Test {
     }
     registry().DeleteKey(kUser, std::string(kTestKey) + "\\Inner");
     registry().DeleteKey(kUser, kTestKey);
+    registry().DeleteKey(kMachine, kAppPath);
   }
   Registry& registry() { return platform.registry(); }
   [[nodiscard]] std::string Self() {
@@ -112,6 +115,27 @@ TEST_F(RealRegistryTest, TheProtocolIsRegisteredAndCleared) {
   EXPECT_FALSE(IsProtocolRegistered(current));
   EXPECT_EQ(current, "");
   EXPECT_TRUE(registry().HasKey(kClasses, "Kestrun\\Shell\\Open\\Command"));
+}
+
+// Wine lets every user write the machine's entries.
+TEST_F(RealRegistryTest, TheMachinesAppPathNamesThisCopyUntilItNamesAnother) {
+  std::string current = "x";
+  EXPECT_FALSE(IsAppPathRegistered(current));
+  EXPECT_EQ(current, "");
+  ASSERT_TRUE(RegisterAppPath());
+  EXPECT_EQ(registry().Read(kMachine, kAppPath, ""), Self());
+  EXPECT_EQ(registry().Read(kMachine, kAppPath, "Path"), platform.program().Folder());
+  EXPECT_TRUE(IsAppPathRegistered(current));
+  ASSERT_TRUE(registry().Write(kMachine, kAppPath, "", "C:\\gone\\kestrun.exe"));
+  EXPECT_FALSE(IsAppPathRegistered(current));
+  EXPECT_EQ(current, "C:\\gone\\kestrun.exe");
+}
+
+TEST_F(RealRegistryTest, AWriteThatTheSystemRefusesIsSilent) {
+  // A name that is too long for a key is refused whatever the user's rights are.
+  const std::string too_long = std::string(kAppPath) + "\\" + std::string(300, 'x');
+  EXPECT_FALSE(registry().Write(kMachine, too_long, "", "text"));
+  EXPECT_FALSE(registry().HasKey(kMachine, too_long));
 }
 
 TEST_F(RealRegistryTest, AShortcutLeadsToItsTarget) {

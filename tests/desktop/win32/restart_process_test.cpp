@@ -56,24 +56,18 @@ class RestartProcessTest : public testing::Test {
   ~RestartProcessTest() override {
     const HWND left = MainWindow();
     const ProcessHandle other(left ? OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, ProcessOf(left)) : nullptr);
-    End(process);
-    End(other);
+    EndProcess(process);
+    EndProcess(other);
   }
 
-  static void End(const ProcessHandle& process) {
-    if (!process.IsValid()) return;
-    TerminateProcess(process.get(), 1);
-    WaitForSingleObject(process.get(), kPatienceMs);
-  }
   [[nodiscard]] std::string Path(const std::string& name) const { return folder.path() + "\\" + name; }
-  static HWND Box() { return FindWindowW(L"#32770", nullptr); }
   // Opens the manager and saves its list as it is.
   static void SaveList() {
     ASSERT_TRUE(WaitFor([] { return MainWindow() != nullptr; })) << ScreenReport();
     ASSERT_TRUE(ChooseIn(&MainWindow, kActionsKey, kYourProgramKey)) << ScreenReport();
     ASSERT_TRUE(WaitFor([] { return Manager() && IsWindowVisible(Manager()); })) << ScreenReport();
     ASSERT_TRUE(PressIn(&Manager, L"Save"));
-    ASSERT_TRUE(WaitFor([] { return Box() != nullptr; })) << ScreenReport();
+    ASSERT_TRUE(WaitFor([] { return HostWindow::Box() != nullptr; })) << ScreenReport();
   }
 
   TemporaryFolder folder;
@@ -84,15 +78,15 @@ class RestartProcessTest : public testing::Test {
 TEST_F(RestartProcessTest, YesStartsANewInstanceAndEndsThisOne) {
   SaveList();
   const DWORD old = GetProcessId(process.get());
-  PostMessageW(Box(), WM_COMMAND, IDYES, 0);
+  PostMessageW(HostWindow::Box(), WM_COMMAND, IDYES, 0);
   EXPECT_EQ(WaitForSingleObject(process.get(), kPatienceMs), DWORD{WAIT_OBJECT_0});
   EXPECT_TRUE(WaitFor([old] { return FindMainWindow(old) != nullptr; })) << ScreenReport();
 }
 
 TEST_F(RestartProcessTest, NoKeepsThisOne) {
   SaveList();
-  PostMessageW(Box(), WM_COMMAND, IDNO, 0);
-  EXPECT_TRUE(WaitFor([] { return !Box() && !Manager(); })) << ScreenReport();
+  PostMessageW(HostWindow::Box(), WM_COMMAND, IDNO, 0);
+  EXPECT_TRUE(WaitFor([] { return !HostWindow::Box() && !Manager(); })) << ScreenReport();
   EXPECT_EQ(WaitForSingleObject(process.get(), 0), DWORD{WAIT_TIMEOUT});
   EXPECT_EQ(FindMainWindow(GetProcessId(process.get())), nullptr);
 }

@@ -1,6 +1,8 @@
 // The run in its window: buttons, clocks, the game, and what shows at a glance.
 #include "base/convert.h"
+#include "base/text_file.h"
 #include "game/builds.h"
+#include "game/run/rotation.h"
 #include "windows/auto_host/auto_host_fixture.h"
 
 namespace kestrun {
@@ -59,6 +61,64 @@ TEST_F(AutoHostRunTest, AnInsertPutsTheMapBesideTheArchiveAndMarksItsRow) {
   EXPECT_EQ(Host().lstmaps.ItemData(0), 1);
   EXPECT_TRUE(Host().lstmaps.Selected(0));
   EXPECT_FALSE(FileIsThere(GamePath("dflw.pff")));
+}
+
+TEST_F(AutoHostRunTest, TheNextMorningTheLogTellsEachMap) {
+  AddRows({MapPath("gone.bms")});
+  Select({2}, 2);
+  Host().Command2.Press();
+  Ticks(1);
+  Host().Command2.Press();
+  const std::string stamp = "2001-01-01 12:00:0";
+  EXPECT_EQ(ReadFile(ProgramPath("autohost.log")),
+            std::string(kUtf8Mark) + stamp + "0\t\tstarted\t\t\r\n" + stamp + "1\trow 4\tfailed\t" +
+                MapPath("gone.bms") + "\tFile not found: " + MapPath("gone.bms") +
+                " It is not there any more, or its name is misspelled. Check the name and the folder.\r\n" + stamp +
+                "1\trow 1\tinserted\t" + MapPath("Arena.bms") + "\tthe map before it failed\r\n" + stamp +
+                "1\t\tstopped\t\t\r\n");
+}
+
+TEST_F(AutoHostRunTest, NoLogIsKeptWithoutItsBoxAndTheBoxIsRemembered) {
+  EXPECT_EQ(Host().ChLog.Value, 1);
+  Host().ChLog.Value = 0;
+  Host().Command2.Press();
+  Ticks(1);
+  EXPECT_FALSE(FileIsThere(ProgramPath("autohost.log")));
+  Host().Edited = false;
+  Host().Unload();
+  EXPECT_EQ(Host().ChLog.Value, 0);
+}
+
+TEST_F(AutoHostRunTest, ALogThatCannotBeWrittenIsToldInTheStatusAndTheRunGoesOn) {
+  native_files.MakeFolder(ProgramPath("autohost.log"));
+  Host().Command2.Press();
+  Ticks(1);
+  EXPECT_EQ(Loose(), "map Arena.bms");
+  EXPECT_TRUE(Host().lblstatus.Caption.get().starts_with("autohost.log: ")) << Host().lblstatus.Caption.get();
+}
+
+TEST_F(AutoHostRunTest, ClosingTheWindowInARunIsTakenDownAndNobodyIsToldOfItsMapsAnyMore) {
+  const auto game = StartGame();
+  Host().Command2.Press();
+  Host().Edited = false;
+  desktop.clock().Post([this] { Host().Unload(); });
+  const Ref<Form> keep(&Host());
+  Host().run.fields.PState = false;
+  Ticks(1);
+  EXPECT_FALSE(keep->IsLoaded());
+  EXPECT_EQ(PresentRotation().map + PresentRotation().next, "");
+  EXPECT_TRUE(ReadFile(ProgramPath("autohost.log")).ends_with("\t\tstopped\t\tthe window was closed\r\n"));
+}
+
+TEST_F(AutoHostRunTest, OthersAreToldWhatPlaysOnlyWhileItRuns) {
+  EXPECT_EQ(PresentRotation().next, "");
+  Host().Command2.Press();
+  Ticks(1);
+  EXPECT_EQ(PresentRotation().map, "Arena");
+  EXPECT_EQ(PresentRotation().next, "Desert");
+  EXPECT_EQ(PresentRotation().left, "15:58");
+  Host().Command2.Press();
+  EXPECT_EQ(PresentRotation().map + PresentRotation().next + PresentRotation().left, "");
 }
 
 TEST_F(AutoHostRunTest, TheMarkMovesWithItsRowAndGoesWithIt) {

@@ -1,5 +1,6 @@
 // The messenger's run beside a simulated game: what is sent, when, on which line, and what is not.
 #include "game/builds.h"
+#include "game/run/rotation.h"
 #include "windows/messenger/messenger_fixture.h"
 
 namespace kestrun {
@@ -40,8 +41,8 @@ TEST_P(MessengerBuildTest, EachMessageGoesOutOnceInOrderOnItsLineWhileARoundRuns
   EXPECT_EQ(Heard(game), has_byte ? "team one|console two|public three|public zero|" : "");
   Seconds(100);
   EXPECT_TRUE(IsOnlySentInRounds(game.log));
-  EXPECT_EQ(Chat().MemoryAdress, kMessengerBuilds[GetParam()].MemoryAdress);
-  EXPECT_EQ(Chat().GameEndAddress, kMessengerBuilds[GetParam()].GameEndAddress);
+  EXPECT_EQ(Chat().run.MemoryAdress, kMessengerBuilds[GetParam()].MemoryAdress);
+  EXPECT_EQ(Chat().run.GameEndAddress, kMessengerBuilds[GetParam()].GameEndAddress);
 }
 
 INSTANTIATE_TEST_SUITE_P(AllBuilds, MessengerBuildTest, testing::Range(size_t{0}, kMessengerBuilds.size()));
@@ -78,6 +79,36 @@ TEST_F(MessengerRunTest, TheFirstMessageTakesOneTickMoreThanTheOthers) {
   EXPECT_EQ(game->keys.size(), 2U);
   Seconds(1);
   EXPECT_EQ(game->keys.size(), 4U);
+}
+
+TEST_F(MessengerRunTest, WordsAreFilledInWithWhatTheAutoHostPlaysOnlyWhenThatIsWished) {
+  PutMission();
+  GameInMemory game(desktop, Server(0));
+  Fill({{"%map%, in %left% %next%, %time%", kPublic}});
+  Open().Text1.Text = "5";
+  Chat().Command3.Press();
+  Seconds(18);
+  EXPECT_EQ(Heard(game), "public %map%, in %left% %next%, %time%|");
+  Chat().ChFillIn.Value = 1;
+  SetPresentRotation({"Harbour", "Desert", "4:05"});
+  Seconds(5);
+  SetPresentRotation({});
+  Seconds(5);
+  EXPECT_EQ(Heard(game),
+            "public %map%, in %left% %next%, %time%|public Harbour, in 4:05 Desert, 12:00|public ?, in ? ?, 12:00|");
+}
+
+TEST_F(MessengerRunTest, ATextThatBecomesTooLongForTheGamesLineIsCut) {
+  PutMission();
+  GameInMemory game(desktop, Server(0));
+  Fill({{"%map%", kPublic}});
+  Open().Text1.Text = "5";
+  Chat().ChFillIn.Value = 1;
+  SetPresentRotation({std::string(200, 'x'), "", ""});
+  Chat().Command3.Press();
+  Seconds(18);
+  SetPresentRotation({});
+  EXPECT_EQ(Heard(game), "public " + std::string(127, 'x') + "|");
 }
 
 TEST_F(MessengerRunTest, AListWithOnlyGameStartMessagesIsSentTwentySecondsAfterEachStartAndNeverByTheTick) {

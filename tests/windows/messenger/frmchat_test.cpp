@@ -272,11 +272,26 @@ TEST_F(MessengerListTest, AListThatCannotBeStoredKeepsTheWindowOpen) {
   Chat().Changed = false;
 }
 
+TEST_F(MessengerListTest, FillingInIsOffAtFirstAndNoSettingTellsOfItUntilItWasUsed) {
+  Fill({{"Now %map%", 84}});
+  Open();
+  EXPECT_EQ(Chat().ChFillIn.Value, 0);
+  EXPECT_EQ(Chat().ChFillIn.Caption.get(), "Fill in %map%, %next%, %left% and %time%");
+  desktop.dialogs().ExpectBox("Saved!");
+  Chat().Command5.Press();
+  EXPECT_EQ(ReadFile(ProgramPath("packit.ini")).find("FILLIN"), std::string::npos);
+  Chat().ChFillIn.Value = 1;
+  desktop.dialogs().ExpectBox("Saved!");
+  Chat().Command5.Press();
+  Chat().Unload();
+  EXPECT_EQ(Open().ChFillIn.Value, 1);
+}
+
 TEST_F(MessengerListTest, TheKeyboardReachesEverythingInReadingOrder) {
   Fill({{"a", 84}});
   std::string order;
   for (const Control* control : Open().TabOrder()) order += control->Name() + "|";
-  EXPECT_EQ(order, "CmbVersion|lstmsg|Command1|Command2|Command6|Check1|Text1|Command3|Command5|");
+  EXPECT_EQ(order, "CmbVersion|lstmsg|Command1|Command2|Command6|Check1|ChFillIn|Text1|Command3|Command5|");
   Chat().lstmsg.ListIndex = 0;
   int key = 46;  // Del
   Chat().lstmsg.KeyDown(key, 0);

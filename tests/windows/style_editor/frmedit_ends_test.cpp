@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <random>
+#include <set>
 
 #include "support/simulated_disk.h"
 #include "windows/style_editor/editor_fixture.h"
@@ -141,7 +142,58 @@ class RandomEditsTest : public EditorTest {
     (this->*kSteps[random_() % kSteps.size()])();
   }
 
+  // One step in which a call of the file system fails, and another flush behind it; true when it met one. What the step
+  // was about is there or not, all else is as before, and the text in the box is stored.
+  bool RunWithFailure() {
+    const ArchiveContent before = ContentOf(WorkingCopy(path_));
+    const ArchiveContent project = ContentOf(path_);
+    const std::string boxed = EntryInTheBox();
+    disk_.Arm(Fault::kFailure, static_cast<int>(random_() % 12), random_());
+    const std::string touched = ChangeSomething(before);
+    const bool has_failed = disk_.HasHappened();
+    disk_.Disarm();
+    editor().SaveStyleScript();
+    editor().RefreshList();
+    const ArchiveContent now = ContentOf(WorkingCopy(path_));
+    EXPECT_EQ(Without(now, {boxed, touched}), Without(before, {boxed, touched}));
+    EXPECT_TRUE(ContentOf(path_) == project || ContentOf(path_) == now);
+    if (!EntryInTheBox().empty()) {
+      EXPECT_THAT(now, testing::Contains(testing::Pair(EntryInTheBox(), editor().TxtCode.Text.get())));
+    }
+    return has_failed;
+  }
+
  private:
+  static std::string EntryInTheBox() { return std::string(TrimBlanks(editor().TxtCode.Tag.get())); }
+  static ArchiveContent Without(ArchiveContent content, const std::set<std::string>& names) {
+    std::erase_if(content, [&names](const auto& entry) { return names.contains(entry.first); });
+    return content;
+  }
+  // Gives the name of the entry that it is about; empty for none.
+  std::string ChangeSomething(const ArchiveContent& content) {
+    const std::string any = content[random_() % content.size()].first;
+    switch (random_() % 4) {
+      case 0: {
+        const std::string name = NewName();
+        dialogs().ExpectInput("Please enter a name for the module.", name);
+        editor().mnu_newMod.Click();
+        return name + ".vbs";
+      }
+      case 1:
+        if (content.size() < 4 || any == EntryInTheBox()) return {};
+        for (const ProjectEntry& entry : editor().project().Entries()) {
+          if (entry.name == any) editor().DeleteNumber(entry.number);
+        }
+        editor().SaveStyleScript();
+        return any;
+      case 2: editor().SaveStyle(path_); return {};
+      default:
+        OpenEntry(any);
+        if (EntryInTheBox() == any) Type(RandomText(random_, 2000));
+        editor().SaveStyleScript();
+        return any;
+    }
+  }
   void Reopened(const ProjectModel& state) {
     model_ = state;
     open_.clear();
@@ -168,6 +220,18 @@ TEST_F(RandomEditsTest, FiveHundredStepsLeaveWhatTheModelSays) {
     if (HasFailure()) FAIL() << "in step " << step;
   }
   Check();
+}
+
+// A call of the file system fails in each step. Nothing that was saved or flushed before is lost: the step has
+// happened, or it has not, and the editor goes on.
+TEST_F(RandomEditsTest, FailuresInTheMiddleOfFiveHundredStepsLoseNothing) {
+  desktop.OnUnexpected([](const UnexpectedQuestion&) {});
+  int failed = 0;
+  for (int step = 0; step < 500 && !HasFailure(); ++step) {
+    SCOPED_TRACE("step " + std::to_string(step));
+    if (RunWithFailure()) ++failed;
+  }
+  EXPECT_GT(failed, 200);
 }
 
 // ---- an end at each call of the file system ------------------------------------------------------------------------

@@ -43,6 +43,47 @@ TEST_F(FrmEditFilesTest, TheSecondOpeningOfAProjectThatIsStillOpenRaisesTheRecov
   EXPECT_EQ(editor().TxtCode.Text.get(), "typed last");
 }
 
+// Another program is played by the turn that it has at its working copy.
+TEST_F(FrmEditFilesTest, AProjectThatAnotherProgramHasOpenGetsACopyOfItsOwn) {
+  const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
+  const std::string theirs = MakeStyle("~$night.stl", {{"main.vbs", "theirs"}});
+  const auto turn = native_files.TryLock(theirs + ".open", "kestrun");
+  dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
+  editor().LoadStyle(path);
+  EXPECT_EQ(editor().project().WorkingFile(), Path("~$2night.stl"));
+  OpenEntry("main.vbs");
+  EXPECT_EQ(editor().TxtCode.Text.get(), "theirs");
+  Type("mine");
+  editor().SaveStyleScript();
+  EXPECT_EQ(ContentOf(theirs), (ArchiveContent{{"main.vbs", "theirs"}}));
+  dialogs().ExpectBox("Do you want to save the changes to '" + path + "'", BoxAnswer::kNo);
+  editor().Unload();
+  EXPECT_TRUE(FileIsThere(theirs));
+  EXPECT_FALSE(FileIsThere(Path("~$2night.stl")));
+}
+
+TEST_F(FrmEditFilesTest, NoToTheRecoveryLeavesTheOtherProgramsCopyAlone) {
+  const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
+  const std::string theirs = MakeStyle("~$night.stl", {{"main.vbs", "theirs"}});
+  const auto turn = native_files.TryLock(theirs + ".open", "kestrun");
+  dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kNo);
+  editor().LoadStyle(path);
+  OpenEntry("main.vbs");
+  EXPECT_EQ(editor().TxtCode.Text.get(), "saved");
+  EXPECT_EQ(ContentOf(theirs), (ArchiveContent{{"main.vbs", "theirs"}}));
+}
+
+TEST_F(FrmEditFilesTest, TwoNewProjectsOfTwoProgramsDoNotMeet) {
+  const std::string theirs = WorkingCopy("");
+  const auto turn = native_files.TryLock(theirs + ".open", "kestrun");
+  WriteFile(theirs, "theirs");
+  editor().LoadStyle("");
+  editor().SaveStyleScript();
+  EXPECT_EQ(ReadFile(theirs), "theirs");
+  editor().Unload();
+  EXPECT_EQ(ReadFile(theirs), "theirs");
+}
+
 TEST_F(FrmEditFilesTest, NoToTheRecoveryTakesTheFileAsItWasSaved) {
   const std::string path = OpenSample();
   OpenEntry("main.vbs");

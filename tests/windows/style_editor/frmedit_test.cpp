@@ -312,6 +312,50 @@ TEST_F(FrmEditTest, ASoundThatIsNoneIsNotPlayed) {
   EXPECT_THAT(effects.started_sounds, IsEmpty());
 }
 
+TEST_F(FrmEditTest, ASoundIsPlayedAsItStandsInTheStyle) {
+  const std::string wave(
+      "RIFF\x26\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1F\0\0\x40\x1F\0\0\1\0\x8\0data\2\0\0\0\x80\x80", 46);
+  RecordedEffects effects;
+  editor().LoadStyle(MakeStyle("sounds.stl", {{"noise.wav", wave}}));
+  OpenEntry("noise.wav");
+  ASSERT_EQ(effects.started_sounds.size(), 1U);
+  EXPECT_EQ(AsChars(effects.started_sounds.front()), wave);
+}
+
+// ---- lines that end in LF alone ------------------------------------------------------------------------------------
+
+TEST_F(FrmEditTest, AModuleWithBareLineFeedsKeepsThemWhenItIsTypedInto) {
+  const std::string path = MakeStyle("bare.stl", {{"main.vbs", "one\ntwo\nthree"}, {"last.txt", "end"}});
+  editor().LoadStyle(path);
+  OpenEntry("main.vbs");
+  EXPECT_EQ(editor().TxtCode.Text.get(), "one\r\ntwo\r\nthree");
+  editor().SaveStyleScript();
+  EXPECT_THAT(ContentOf(WorkingCopy(path)), Contains(Pair("main.vbs", "one\ntwo\nthree")));
+  Type("one\r\ntwo\r\nmore\r\nthree");
+  editor().SaveStyleScript();
+  EXPECT_THAT(ContentOf(WorkingCopy(path)), Contains(Pair("main.vbs", "one\ntwo\nmore\nthree")));
+}
+
+TEST_F(FrmEditTest, TheTabKeyFindsItsPlaceBehindBareLineFeeds) {
+  editor().LoadStyle(MakeStyle("bare.stl", {{"main.vbs", "one\ntwo\nthree"}}));
+  OpenEntry("main.vbs");
+  editor().TxtCode.SelStart = 10;  // in front of "three", as the box counts
+  int key_code = key::kTab;
+  editor().TxtCode.KeyDown(key_code, 0);
+  EXPECT_EQ(editor().TxtCode.Text.get(), "one\r\ntwo\r\n    three");
+}
+
+TEST_F(FrmEditTest, AModuleWhoseLinesEndInSeveralWaysIsWrittenBackUnchangedUntilItIsTypedInto) {
+  const std::string path = MakeStyle("mixed.stl", {{"main.vbs", "one\ntwo\r\nthree\rfour"}, {"last.txt", "end"}});
+  editor().LoadStyle(path);
+  OpenEntry("main.vbs");
+  editor().SaveStyleScript();
+  EXPECT_THAT(ContentOf(WorkingCopy(path)), Contains(Pair("main.vbs", "one\ntwo\r\nthree\rfour")));
+  Type("one\r\ntwo");
+  editor().SaveStyleScript();
+  EXPECT_THAT(ContentOf(WorkingCopy(path)), Contains(Pair("main.vbs", "one\r\ntwo")));
+}
+
 // ---- the debug panel -----------------------------------------------------------------------------------------------
 
 TEST_F(FrmEditTest, TheDebugPanelListsTheProgramsWindows) {
@@ -389,17 +433,23 @@ TEST_F(FrmEditTest, ATestRunMakesTheUnsavedProjectTheCurrentStyle) {
   EXPECT_THAT(ContentOf(path), Contains(Pair("assembly.txt", testing::StartsWith("designer one"))));
 }
 
+// The style is worn before the editor is made, and another window takes it.
 TEST_F(FrmEditTest, TheEditorTakesNoStyle) {
   ModStyle::Install();
-  editor().LoadStyle(MakeStyle("red.stl", {{"assembly.txt", "language VBScript\r\ninclude main.vbs"},
-                                           {"main.vbs",
-                                            "sub Form_Load(Form)\r\nForm.BackColor = 255\r\nend sub\r\n"
-                                            "sub Control_Load(Control, Form)\r\nend sub"}}));
-  editor().mnu_load.Click();
   const Color before = editor().BackColor;
-  editor().Show();
-  editor().mnu_deletefile.Enabled = true;
-  EXPECT_EQ(editor().BackColor.get(), before);
+  CloseAllWindows();
+  ModStyle::LoadStyleFile(MakeStyle("red.stl", {{"assembly.txt", "language VBScript\r\ninclude main.vbs"},
+                                                {"main.vbs",
+                                                 "sub Form_Load(Form)\r\nForm.BackColor = 255\r\nend sub\r\n"
+                                                 "sub Control_Load(Control, Form)\r\nend sub"}}));
+  ASSERT_TRUE(IsStyleActive());
+  EXPECT_EQ(WindowByName("frmhelp").BackColor.get(), 255U);
+  for (const char* name : {"FrmEdit", "FrmEditSelectFile", "FrmEditCheck"}) {
+    Form& window = WindowByName(name);
+    window.Show();
+    desktop.clock().AdvanceMs(1000);
+    EXPECT_EQ(window.BackColor.get(), before) << name;
+  }
 }
 
 // ---- the tips ------------------------------------------------------------------------------------------------------

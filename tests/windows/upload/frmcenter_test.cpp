@@ -222,7 +222,7 @@ TEST_F(UploadTest, TheOperationsAreThereByNameAndGiveBackByReference) {
   EXPECT_EQ(ToText(arguments[2]), "Oasis");
   EXPECT_EQ(ToText(arguments[3]), "Trinity");
   EXPECT_EQ(ToLong(arguments[4]), 0x1000);
-  arguments = {Variant(Path("temp\\unpack\\map.bms")), name, designer, game_type};
+  arguments = {Variant(Path("temp\\unpack\\Oasis.bms")), name, designer, game_type};
   EXPECT_TRUE(ToBoolean(call("GetBMSInfo")));
   EXPECT_EQ(ToText(arguments[1]), "Oasis");
   arguments = {Variant(MapPath("Oasis.txt")), name, designer};

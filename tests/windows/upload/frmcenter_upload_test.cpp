@@ -169,7 +169,7 @@ TEST_F(UploadTest, AZipOf51200BytesGoesWithoutAWarning) {
   WriteFile(MapPath("Oasis.zip"), BuildZip({{"Oasis.bms", "BMS" + std::string(51200 - 3 - 30 - 46 - 22 - 18, '\0')}}));
   ASSERT_EQ(ReadFile(MapPath("Oasis.zip")).size(), 51200U);
   desktop.dialogs().ExpectInput(
-      "Map name Error:\r\nmap: oasis.zip\r\nHas not the same mission name: \r\nPlease enter a valid name for this map",
+      "Map name Error:\r\nmap: oasis.bms\r\nHas not the same mission name: \r\nPlease enter a valid name for this map",
       "Oasis");
   Start();
   EXPECT_THAT(LogText(), testing::Not(testing::HasSubstr("larger")));
@@ -188,7 +188,7 @@ TEST_F(UploadTest, AZipOver51200BytesGetsAWarningAndIsUploadedAllTheSame) {
 
 TEST_F(UploadTest, AFileNameWithTheMissionNameInAnyCaseNeedsNoQuestion) {
   PutMap("my OASIS final");
-  WriteFile(MapPath("my OASIS final.zip"), MissionZip("Oasis"));
+  WriteFile(MapPath("my OASIS final.zip"), MissionZip("Oasis", "my OASIS final.bms"));
   Start();
   EXPECT_THAT(TakenNames(), ElementsAre("Oasis"));
 }
@@ -203,7 +203,7 @@ TEST_F(UploadTest, AnotherMissionNameIsAskedAboutUntilThereIsAnAnswer) {
   PutMap("Oasis");
   WriteFile(MapPath("Oasis.zip"), MissionZip("Desert"));
   const std::string question =
-      "Map name Error:\r\nmap: oasis.zip\r\nHas not the same mission name: Desert\r\n"
+      "Map name Error:\r\nmap: oasis.bms\r\nHas not the same mission name: Desert\r\n"
       "Please enter a valid name for this map";
   desktop.dialogs().ExpectInput(question, std::nullopt).WithPreset("Desert");
   desktop.dialogs().ExpectInput(question, "");
@@ -216,7 +216,7 @@ TEST_F(UploadTest, AMissionWithoutANameIsAskedAbout) {
   PutMap("Oasis");
   WriteFile(MapPath("Oasis.zip"), MissionZip(""));
   desktop.dialogs().ExpectInput(
-      "Map name Error:\r\nmap: oasis.zip\r\nHas not the same mission name: \r\nPlease enter a valid name for this map",
+      "Map name Error:\r\nmap: oasis.bms\r\nHas not the same mission name: \r\nPlease enter a valid name for this map",
       "Oasis 2");
   Start();
   EXPECT_THAT(TakenNames(), ElementsAre("Oasis 2"));

@@ -38,14 +38,14 @@ class UploadTest : public FrameTest {
   ~UploadTest() override { CloseAllWindows(); }
 
   // A zip with one mission of that name in it.
-  static std::string MissionZip(const std::string& mission, const std::string& member = "map.bms") {
+  static std::string MissionZip(const std::string& mission, const std::string& member = "Oasis.bms") {
     MissionFields fields;
     fields.mission_name = mission;
     fields.designer = "Trinity";
     fields.game_types = 0x1000;
     return BuildZip({{"readme.txt", "no map"}, {member, std::string(AsChars(WriteMission(fields)))}});
   }
-  void PutZip(const std::string& base) { WriteFile(MapPath(base + ".zip"), MissionZip(base)); }
+  void PutZip(const std::string& base) { WriteFile(MapPath(base + ".zip"), MissionZip(base, base + ".bms")); }
   // All three files of a map.
   void PutMap(const std::string& base) {
     PutZip(base);

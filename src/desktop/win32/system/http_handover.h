@@ -1,11 +1,8 @@
-// An exchange with the web on a thread of its own, and its answer handed over, piece by piece, to the thread that
-// waits.
+// An answer of the web handed over, piece by piece, from the threads of the HTTP library to the thread that waits.
 #pragma once
 
 #include <condition_variable>
 #include <deque>
-#include <functional>
-#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -16,11 +13,13 @@ namespace kestrun {
 
 class HttpHandover {
  public:
-  // For the thread that asks. They wait for room and give whether anybody still listens.
-  [[nodiscard]] bool PutHead(int status, HttpHeaders headers);
-  [[nodiscard]] bool PutPiece(Bytes piece);
+  // For the library's threads. None of them waits: whoever puts pieces asks for room first.
+  void PutHead(int status, HttpHeaders headers);
+  void PutPiece(Bytes piece);
   // The answer has ended; with a sentence, it has failed.
   void End(std::optional<std::string> failure);
+  // False while as much is waiting to be taken as shall stand in memory.
+  [[nodiscard]] bool HasRoom();
 
   // For the thread that waits. What has arrived next, after at most so long a wait.
   struct Item {
@@ -31,22 +30,19 @@ class HttpHandover {
     std::optional<std::string> failure;
   };
   [[nodiscard]] std::optional<Item> Take(int wait_ms);
-  // Nobody listens any more.
-  void Leave();
 
  private:
-  [[nodiscard]] bool Put(Item item);
+  void Put(Item item);
 
   std::mutex mutex_;
   std::condition_variable changed_;
   std::deque<Item> items_;
   size_t waiting_bytes_ = 0;
-  bool is_left_ = false;
 };
 
-// Runs the exchange on a thread. A RuntimeError of it is raised where its answer is handed over, as error 440. When
-// the object goes the thread is left behind and ends as soon as the library lets it.
-[[nodiscard]] std::unique_ptr<HttpExchange> StartOnThread(std::function<void(HttpHandover& handover)> exchange);
+// Gives the item to the receiver, and whether there is more to come. Raises the failure of one that has failed as error
+// 440.
+[[nodiscard]] bool HandOn(HttpHandover::Item item, HttpReceiver& receiver);
 
 // Hands the whole answer over while the windows are painted and nothing else.
 void WaitForAnswer(HttpExchange& exchange, HttpReceiver& receiver);

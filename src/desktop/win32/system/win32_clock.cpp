@@ -1,5 +1,6 @@
 #include "desktop/win32/system/win32_clock.h"
 
+#include "desktop/win32/system/message_window.h"
 #include "desktop/win32/window/message_loop.h"
 
 namespace kestrun {
@@ -10,16 +11,7 @@ constexpr UINT kRunPosted = WM_APP + 1;
 
 }  // namespace
 
-Win32Clock::Win32Clock() {
-  WNDCLASSW window_class{};
-  window_class.lpfnWndProc = &Win32Clock::Handle;
-  window_class.hInstance = GetModuleHandleW(nullptr);
-  window_class.lpszClassName = kWindowClass;
-  RegisterClassW(&window_class);
-  window_.Reset(
-      CreateWindowExW(0, kWindowClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, window_class.hInstance, nullptr));
-  SetWindowLongPtrW(window_.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-}
+Win32Clock::Win32Clock() : window_(MakeMessageWindow(kWindowClass, &Win32Clock::Handle, this)) {}
 
 LRESULT CALLBACK Win32Clock::Handle(HWND window, UINT message, WPARAM first, LPARAM second) {
   auto* clock = reinterpret_cast<Win32Clock*>(GetWindowLongPtrW(window, GWLP_USERDATA));

@@ -15,6 +15,7 @@
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/system/win32_files.h"
 #include "desktop/win32/system/win32_http.h"
+#include "platform/built_version.h"
 #include "platform/platform.h"
 // Only here: its types and those of winhttp.h exclude each other.
 #include <wininet.h>
@@ -61,6 +62,14 @@ RegistryKey OpenKey(RegistryRoot root, std::string_view key, REGSAM access) {
   return RegistryKey(status == ERROR_SUCCESS ? opened : nullptr);
 }
 
+// Opens it, and makes it where it is missing.
+RegistryKey MakeKey(RegistryRoot root, std::string_view key, REGSAM access) {
+  HKEY made = nullptr;
+  const LSTATUS status =
+      RegCreateKeyExW(RootKey(root), ToWide(key).c_str(), 0, nullptr, 0, access, nullptr, &made, nullptr);
+  return RegistryKey(status == ERROR_SUCCESS ? made : nullptr);
+}
+
 std::string SettingsKey(std::string_view application, std::string_view section) {
   return "Software\\VB and VBA Program Settings\\" + std::string(application) + "\\" + std::string(section);
 }
@@ -103,6 +112,8 @@ std::string Win32Program::ExeName() {
   const size_t dot = name.rfind('.');
   return dot == std::string::npos ? name : name.substr(0, dot);
 }
+
+Version Win32Program::ProgramVersion() { return BuiltVersion(); }
 
 std::string Win32Program::CommandLine() { return FromWide(WithoutProgramName(GetCommandLineW())); }
 
@@ -163,12 +174,8 @@ std::optional<RegistryValue> Win32Registry::ReadValue(RegistryRoot root, std::st
 
 bool Win32Registry::WriteValue(RegistryRoot root, std::string_view key, std::string_view name,
                                const RegistryValue& value) {
-  HKEY created = nullptr;
-  if (RegCreateKeyExW(RootKey(root), ToWide(key).c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &created, nullptr) !=
-      ERROR_SUCCESS) {
-    return false;
-  }
-  const RegistryKey opened(created);
+  const RegistryKey opened = MakeKey(root, key, KEY_SET_VALUE);
+  if (!opened.IsValid()) return false;
   const auto set = [&](DWORD type, const void* data, size_t bytes) {
     return RegSetValueExW(opened.get(), ToWide(name).c_str(), 0, type, static_cast<const BYTE*>(data),
                           static_cast<DWORD>(bytes)) == ERROR_SUCCESS;
@@ -184,10 +191,7 @@ bool Win32Registry::HasKey(RegistryRoot root, std::string_view key) {
 }
 
 bool Win32Registry::CreateKey(RegistryRoot root, std::string_view key) {
-  HKEY created = nullptr;
-  const LSTATUS status = RegCreateKeyExW(RootKey(root), ToWide(key).c_str(), 0, nullptr, 0, KEY_CREATE_SUB_KEY, nullptr,
-                                         &created, nullptr);
-  return RegistryKey(status == ERROR_SUCCESS ? created : nullptr).IsValid();
+  return MakeKey(root, key, KEY_CREATE_SUB_KEY).IsValid();
 }
 
 bool Win32Registry::DeleteKey(RegistryRoot root, std::string_view key) {

@@ -23,7 +23,7 @@ class Win32Program final : public Program {
   [[nodiscard]] std::string Folder() override;
   [[nodiscard]] std::string ExeName() override;
   [[nodiscard]] std::string CommandLine() override;
-  [[nodiscard]] Version ProgramVersion() override { return {}; }
+  [[nodiscard]] Version ProgramVersion() override;
   [[nodiscard]] static int32_t InstanceNumber();
   [[nodiscard]] Bytes Resource(std::string_view type, int number) override;
 };

@@ -1,5 +1,7 @@
 // List boxes on the system's own control.
+#include <algorithm>
 #include <array>
+#include <map>
 #include <utility>
 
 #include "desktop/win32/drawing/graphics.h"
@@ -217,8 +219,8 @@ class DrawnListPeer : public ListPeer<List> {
   }
 };
 
-// The mark of a row stands in a margin in front of the rows, in the colour of their text, so that it can be seen in
-// every colour scheme.
+// The mark of a row, and its badge, stand in a margin in front of the rows, in the colour of their text, so that they
+// can be seen in every colour scheme.
 class PlainListPeer final : public DrawnListPeer<ListBox> {
  public:
   using DrawnListPeer::DrawnListPeer;
@@ -232,8 +234,12 @@ class PlainListPeer final : public DrawnListPeer<ListBox> {
     switch (property) {
       case PropertyId::kScrollBars: ShowExtent(); break;
       case PropertyId::kStyle:
-        TellMark();
+        TellNotes();
         Repaint();
+        break;
+      case PropertyId::kFont:
+        DrawnListPeer::Update(property);
+        ShowExtent();
         break;
       default: DrawnListPeer::Update(property);
     }
@@ -242,18 +248,58 @@ class PlainListPeer final : public DrawnListPeer<ListBox> {
  protected:
   // The scroll bar below shows only while the extent is wider than the list.
   [[nodiscard]] DWORD MoreStyle() const override { return WS_HSCROLL | DrawnListPeer::MoreStyle(); }
-  void Filled() override { TellMark(); }
-  [[nodiscard]] bool IsDrawn() const override { return !Model().MarkMeaning.get().empty(); }
+  // What the notes told are of rows that are elsewhere now.
+  void Filled() override {
+    badge_notes_.clear();
+    TellNotes();
+  }
+  [[nodiscard]] bool IsDrawn() const override { return HasMarks() || HasBadges(); }
 
   void DrawRow(HDC target, RECT place, int row, COLORREF color) override {
-    const int margin = Margin();
+    const int margin = MarkMargin();
     if (row == Model().MarkedRow()) DrawMark(target, place, margin, color);
     place.left += margin;
+    if (HasBadges()) {
+      DrawBadge(target, place, row, color);
+      place.left += BadgeMargin();
+    }
     DrawRowText(target, place, Model().List(row), color, DT_NOCLIP);
   }
 
  private:
-  [[nodiscard]] int Margin() const { return IsDrawn() ? RowHeight() : 0; }
+  [[nodiscard]] bool HasMarks() const { return !Model().MarkMeaning.get().empty(); }
+  [[nodiscard]] bool HasBadges() const { return static_cast<bool>(Model().Badges.of_row); }
+  [[nodiscard]] int Scaled(int pixels) const { return MulDiv(pixels, form().Dpi(), USER_DEFAULT_SCREEN_DPI); }
+  [[nodiscard]] int Margin() const { return MarkMargin() + BadgeMargin(); }
+  [[nodiscard]] int MarkMargin() const { return HasMarks() ? RowHeight() : 0; }
+  [[nodiscard]] int BadgeMargin() const {
+    if (!HasBadges()) return 0;
+    const int word = platform().windowing().MeasureText(Model().Badges.widest_word, Model().Font, form().Dpi()).width;
+    return Scaled(RowBadges::kPictureSide + 3 * RowBadges::kGap) + word;
+  }
+
+  void DrawBadge(HDC target, RECT place, int row, COLORREF color) {
+    const RowBadge badge = Model().Badges.of_row(row);
+    NoteBadge(row, badge);
+    if (badge.word.empty()) return;
+    const int side = std::min(Scaled(RowBadges::kPictureSide), RowHeight());
+    const int left = place.left + Scaled(RowBadges::kGap);
+    const int top = (place.top + place.bottom - side) / 2;
+    if (badge.picture) DrawPictureTo(target, *badge.picture, {left, top, left + side, top + side});
+    place.left = left + side + Scaled(RowBadges::kGap);
+    DrawRowText(target, place, badge.word, color, DT_NOCLIP);
+  }
+
+  // Screen readers hear of it in the next pass of the message loop: painting is not held up.
+  void NoteBadge(int row, const RowBadge& badge) {
+    std::string note = badge.word;
+    if (!badge.note.empty()) note += ", " + badge.note;
+    std::string& known = badge_notes_[row];
+    if (known == note) return;
+    known = std::move(note);
+    if (std::exchange(notes_stale_, true)) return;
+    RunLater([](ControlPeer& peer) { static_cast<PlainListPeer&>(peer).TellNotes(); });
+  }
   [[nodiscard]] int RowHeight() const { return static_cast<int>(SendMessageW(window(), LB_GETITEMHEIGHT, 0, 0)); }
 
   // A triangle that points at the row.
@@ -272,13 +318,23 @@ class PlainListPeer final : public DrawnListPeer<ListBox> {
     RestoreDC(target, state);
   }
 
-  // To screen readers.
-  void TellMark() {
+  // To screen readers: the mark of the one row, and the badges of those that were shown.
+  void TellNotes() {
+    notes_stale_ = false;
     const int marked = Model().MarkedRow();
-    if (marked == told_row_) return;
-    if (told_row_ >= 0) TellReadersRowNote(window(), told_row_, "");
-    if (marked >= 0) TellReadersRowNote(window(), marked, Model().MarkMeaning);
-    told_row_ = marked;
+    if (marked >= 0) static_cast<void>(badge_notes_[marked]);
+    for (const auto& [row, note] : badge_notes_) {
+      std::string wanted = row == marked ? Model().MarkMeaning.get() : std::string();
+      if (!note.empty()) wanted += (wanted.empty() ? "" : ", ") + note;
+      if (wanted == told_[row]) continue;
+      TellReadersRowNote(window(), row, wanted);
+      told_[row] = std::move(wanted);
+    }
+    for (auto& [row, told] : told_) {
+      if (told.empty() || badge_notes_.contains(row)) continue;
+      TellReadersRowNote(window(), row, "");
+      told.clear();
+    }
   }
 
   void ShowExtent() {
@@ -286,7 +342,9 @@ class PlainListPeer final : public DrawnListPeer<ListBox> {
     SendMessageW(window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent > 0 ? extent + Margin() : 0), 0);
   }
 
-  int told_row_ = -1;  // whose mark screen readers were told of
+  std::map<int, std::string> badge_notes_;  // of the rows that were shown since the list was filled
+  std::map<int, std::string> told_;         // what screen readers know
+  bool notes_stale_ = false;
 };
 
 // Columns stand behind the names where the list has some.

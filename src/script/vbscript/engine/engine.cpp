@@ -341,21 +341,30 @@ ErrorReport Engine::ReportInWords(const std::function<void()>& action) {
     action();
     return {};
   } catch (const ModuleError& error) {
-    return {error.number, error.place, std::string(ScriptErrorText(error.number)), error.line,
-            std::string(kCompileErrorSource)};
+    return {error.number,
+            error.place,
+            std::string(ScriptErrorText(error.number)),
+            error.line,
+            std::string(kCompileErrorSource),
+            -1};
   } catch (const PlacedError& error) {
     const std::string about = error.name().empty() ? "" : ": '" + error.name() + "'";
     const SourceText* source = error.place().module ? &error.place().module->source : nullptr;
     const uint32_t at = error.place().position;
-    return {error.number(), source ? source->PlaceOf(at) : SourcePlace{}, error.description() + about,
-            source ? source->LineAt(at) : std::string(), err_->source};
+    return {error.number(),
+            source ? source->PlaceOf(at) : SourcePlace{},
+            error.description() + about,
+            source ? source->LineAt(at) : std::string(),
+            err_->source,
+            source ? error.place().module->number : -1};
   } catch (const NamedError& error) {
-    return {error.number(), {}, error.description() + ": '" + error.name() + "'", {}, std::string(kRuntimeErrorSource)};
+    return {
+        error.number(), {}, error.description() + ": '" + error.name() + "'", {}, std::string(kRuntimeErrorSource), -1};
   } catch (const TimeLimitReached&) {
-    return {kTimeLimitNumber, {}, std::string(kTimeLimitText), {}, std::string(kRuntimeErrorSource)};
+    return {kTimeLimitNumber, {}, std::string(kTimeLimitText), {}, std::string(kRuntimeErrorSource), -1};
   } catch (const std::exception&) {
     const RuntimeError error = CurrentError();
-    return {error.number(), {}, error.description(), {}, std::string(kRuntimeErrorSource)};
+    return {error.number(), {}, error.description(), {}, std::string(kRuntimeErrorSource), -1};
   }
 }
 

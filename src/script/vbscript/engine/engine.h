@@ -48,6 +48,7 @@ struct ErrorReport {
   std::string description;
   std::string line;
   std::string source;
+  int module = -1;  // its number; -1 when it has none
 };
 
 class Engine final : public RuntimeContext {
@@ -108,6 +109,7 @@ class Engine final : public RuntimeContext {
   [[nodiscard]] NameTable& names() { return names_; }
   [[nodiscard]] GlobalScope& globals() { return globals_; }
   [[nodiscard]] Machine& machine() { return machine_; }
+  [[nodiscard]] const Machine& machine() const { return machine_; }
   [[nodiscard]] ErrObject& err() { return *err_; }
   // What Me means outside of classes.
   [[nodiscard]] Object& global_object() { return *global_object_; }

@@ -257,6 +257,11 @@ void Machine::RunGlobal(Module& module) {
   PopFrame();
 }
 
+ErrorPlace Machine::CallingPlace() const {
+  if (depth_ == 0 || !Top().calling) return {};
+  return PlaceOf(*Top().code, MarkAt(*Top().code, Top().calling));
+}
+
 bool Machine::InProcedure() const { return depth_ > 0 && Top().in_procedure; }
 
 }  // namespace kestrun::vbs

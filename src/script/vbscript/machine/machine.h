@@ -66,6 +66,8 @@ class Machine {
   // True while the executing code stands in a procedure.
   [[nodiscard]] bool InProcedure() const;
   [[nodiscard]] bool idle() const { return depth_ == 0; }
+  // For an object that a script has called: where the call stands. No module when no script has.
+  [[nodiscard]] ErrorPlace CallingPlace() const;
 
   void Charge(uint64_t steps) {
     fuel_ -= static_cast<int64_t>(steps);
@@ -82,8 +84,9 @@ class Machine {
     const Code* code = nullptr;
     Variant* base = nullptr;
     const Instruction* return_to = nullptr;
-    ClassInstance* self = nullptr;  // counted
-    ExtraLocals* extras = nullptr;  // owned; variables that executed text has added
+    ClassInstance* self = nullptr;         // counted
+    const Instruction* calling = nullptr;  // what called a host's object last
+    ExtraLocals* extras = nullptr;         // owned; variables that executed text has added
     Operand result = kNoResult;
     bool in_procedure = false;
     bool boundary = false;  // returns to native code

@@ -138,6 +138,7 @@ class PassedVariables {
 void Machine::CallHostMember(const Instruction* pc, Object& object, MemberId member, bool is_statement) {
   const LocalFormsScope hosts_forms(nullptr);
   const Ref<Object> held(&object);
+  Top().calling = pc;
   const Arguments arguments = List(*pc);
   PassedVariables passed(arguments);
   Variant result = is_statement ? object.Call(member, arguments) : object.Get(member, arguments);
@@ -159,6 +160,7 @@ const Instruction* Machine::StoreSiteMember(const Instruction* pc, bool set) {
   }
   const LocalFormsScope hosts_forms(nullptr);
   const Ref<Object> held(&object);
+  Top().calling = pc;
   const Arguments arguments = ValuesOf(List(*pc));
   const Variant stored(std::move(value));
   if (set) {

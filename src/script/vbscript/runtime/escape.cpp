@@ -1,6 +1,7 @@
 // Escape and Unescape: "%XX" for a unit below 256 and "%uXXXX" above.
 #include <string_view>
 
+#include "base/hex_digit.h"
 #include "script/vbscript/runtime/builders.h"
 #include "script/vbscript/runtime/conversions.h"
 #include "script/vbscript/runtime/functions.h"
@@ -18,12 +19,6 @@ bool StaysPlain(char16_t unit) {
 
 void AppendHex(TextBuilder& text, unsigned value, int digits) {
   for (int shift = (digits - 1) * 4; shift >= 0; shift -= 4) text.Append(kDigits[value >> shift & 0xF]);
-}
-
-int HexDigit(char16_t unit) {
-  if (unit >= u'0' && unit <= u'9') return unit - u'0';
-  const char16_t lower = static_cast<char16_t>(unit | 0x20);
-  return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
 }
 
 // Reads exactly `count` digits at `at`; -1 when there are fewer.

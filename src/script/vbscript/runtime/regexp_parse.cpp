@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/hex_digit.h"
 #include "script/vbscript/runtime/errors.h"
 #include "script/vbscript/runtime/regexp_tree.h"
 
@@ -59,12 +60,6 @@ bool AddClass(UnitSet& set, char16_t letter) {
 bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 bool IsOctal(char16_t unit) { return unit >= u'0' && unit <= u'7'; }
 bool IsAsciiLetter(char16_t unit) { return (unit | 0x20) >= u'a' && (unit | 0x20) <= u'z' && unit < 0x80; }
-
-int HexValue(char16_t unit) {
-  if (IsDigit(unit)) return unit - u'0';
-  const auto lower = static_cast<char16_t>(unit | 0x20);
-  return unit < 0x80 && lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
-}
 
 class Parser {
  public:
@@ -282,7 +277,7 @@ class Parser {
     if (at_ + digits > pattern_.size()) return std::nullopt;
     int value = 0;
     for (size_t index = 0; index < digits; ++index) {
-      const int digit = HexValue(pattern_[at_ + index]);
+      const int digit = HexDigit(pattern_[at_ + index]);
       if (digit < 0) return std::nullopt;
       value = value * 16 + digit;
     }

@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "base/text_file.h"
 
 namespace kestrun::vbs {
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
 constexpr std::string_view kBigEndianMark = "\xFE\xFF";
 

@@ -208,6 +208,7 @@ struct Module : std::enable_shared_from_this<Module> {
   void CountBytes();
 
   SourceText source;
+  int number = -1;  // among the modules of its host, from 0; -1 for text that a script executes
   Arena arena;
   bool option_explicit = false;
   std::vector<Variant> literals;

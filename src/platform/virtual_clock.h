@@ -1,4 +1,5 @@
-// Virtual time: it stands still until somebody sleeps or a test turns it, and timers fire at their exact moments.
+// Virtual time: it stands still until somebody sleeps or turns it, and timers fire at their exact moments. For a
+// platform without a screen, and for a night that is played in advance.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +12,7 @@
 
 namespace kestrun {
 
-class HeadlessClock final : public Clock {
+class VirtualClock final : public Clock {
  public:
   [[nodiscard]] uint64_t NowMs() override { return now_ms_; }
   [[nodiscard]] double LocalDateTime() override;

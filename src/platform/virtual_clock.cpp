@@ -1,4 +1,4 @@
-#include "desktop/headless/headless_clock.h"
+#include "platform/virtual_clock.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,41 +10,41 @@ constexpr double kMsPerDay = 24.0 * 60 * 60 * 1000;
 
 }  // namespace
 
-double HeadlessClock::LocalDateTime() { return date_at_zero_ + static_cast<double>(now_ms_) / kMsPerDay; }
+double VirtualClock::LocalDateTime() { return date_at_zero_ + static_cast<double>(now_ms_) / kMsPerDay; }
 
-void HeadlessClock::SetLocalDateTime(double days) { date_at_zero_ = days - static_cast<double>(now_ms_) / kMsPerDay; }
+void VirtualClock::SetLocalDateTime(double days) { date_at_zero_ = days - static_cast<double>(now_ms_) / kMsPerDay; }
 
-void HeadlessClock::MoveTo(uint64_t moment_ms) { now_ms_ = std::max(now_ms_, moment_ms); }
+void VirtualClock::MoveTo(uint64_t moment_ms) { now_ms_ = std::max(now_ms_, moment_ms); }
 
-void HeadlessClock::Clear() {
+void VirtualClock::Clear() {
   timers_.clear();
   // What a task holds may post another one as it goes.
   while (!tasks_.empty()) const auto dropped = std::exchange(tasks_, {});
 }
 
-void HeadlessClock::SleepMs(uint32_t milliseconds) {
+void VirtualClock::SleepMs(uint32_t milliseconds) {
   // A tick that sleeps itself may have moved the time further than this sleep asked for.
   const uint64_t end_ms = now_ms_ + milliseconds;
   FireTimersUntil(end_ms, Reentry::kSkipped);
   MoveTo(end_ms);
 }
 
-void HeadlessClock::RunPendingEvents() {
+void VirtualClock::RunPendingEvents() {
   RunTasks();
   FireTimersUntil(now_ms_, Reentry::kAllowed);
 }
 
-TimerId HeadlessClock::StartTimer(uint32_t interval_ms, std::function<void()> tick) {
+TimerId VirtualClock::StartTimer(uint32_t interval_ms, std::function<void()> tick) {
   const uint32_t interval = std::max(interval_ms, 1U);
   timers_.emplace(++last_timer_, Timer{interval, now_ms_ + interval, ++last_order_, 0, std::move(tick)});
   return last_timer_;
 }
 
-void HeadlessClock::StopTimer(TimerId timer) { timers_.erase(timer); }
+void VirtualClock::StopTimer(TimerId timer) { timers_.erase(timer); }
 
-void HeadlessClock::Post(std::function<void()> task) { tasks_.push_back(std::move(task)); }
+void VirtualClock::Post(std::function<void()> task) { tasks_.push_back(std::move(task)); }
 
-void HeadlessClock::AdvanceMs(uint64_t milliseconds) {
+void VirtualClock::AdvanceMs(uint64_t milliseconds) {
   const uint64_t end_ms = now_ms_ + milliseconds;
   RunPendingEvents();
   while (const auto next_ms = NextDueMs()) {
@@ -56,13 +56,13 @@ void HeadlessClock::AdvanceMs(uint64_t milliseconds) {
   RunTasks();
 }
 
-std::optional<uint64_t> HeadlessClock::NextDueMs() const {
+std::optional<uint64_t> VirtualClock::NextDueMs() const {
   std::optional<uint64_t> next_ms;
   for (const auto& [id, timer] : timers_) next_ms = std::min(next_ms.value_or(timer.due_ms), timer.due_ms);
   return next_ms;
 }
 
-std::optional<TimerId> HeadlessClock::NextTimer(uint64_t end_ms, Reentry reentry) const {
+std::optional<TimerId> VirtualClock::NextTimer(uint64_t end_ms, Reentry reentry) const {
   std::optional<TimerId> next;
   std::pair<uint64_t, uint64_t> next_key;
   for (const auto& [id, timer] : timers_) {
@@ -75,11 +75,11 @@ std::optional<TimerId> HeadlessClock::NextTimer(uint64_t end_ms, Reentry reentry
   return next;
 }
 
-void HeadlessClock::FireTimersUntil(uint64_t end_ms, Reentry reentry) {
+void VirtualClock::FireTimersUntil(uint64_t end_ms, Reentry reentry) {
   while (const auto next = NextTimer(end_ms, reentry)) Fire(*next);
 }
 
-void HeadlessClock::Fire(TimerId id) {
+void VirtualClock::Fire(TimerId id) {
   Timer& timer = timers_.at(id);
   MoveTo(timer.due_ms);
   timer.due_ms = now_ms_ + timer.interval_ms;
@@ -99,7 +99,7 @@ void HeadlessClock::Fire(TimerId id) {
   finish();
 }
 
-void HeadlessClock::RunTasks() {
+void VirtualClock::RunTasks() {
   // Tasks that are posted meanwhile wait for the next pass.
   for (size_t left = tasks_.size(); left > 0 && !tasks_.empty(); --left) {
     const std::function<void()> task = std::move(tasks_.front());

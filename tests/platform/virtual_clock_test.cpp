@@ -1,4 +1,4 @@
-#include "desktop/headless/headless_clock.h"
+#include "platform/virtual_clock.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,28 +12,28 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(HeadlessClockTest, TimeStandsStillByItself) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, TimeStandsStillByItself) {
+  VirtualClock clock;
   clock.RunPendingEvents();
   EXPECT_EQ(clock.NowMs(), 0U);
 }
 
-TEST(HeadlessClockTest, SleepMovesTimeExactly) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, SleepMovesTimeExactly) {
+  VirtualClock clock;
   clock.SleepMs(5000);
   EXPECT_EQ(clock.NowMs(), 5000U);
 }
 
-TEST(HeadlessClockTest, DateGoesOnWithTheTime) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, DateGoesOnWithTheTime) {
+  VirtualClock clock;
   clock.SleepMs(1000);
   clock.SetLocalDateTime(36526.0);
   clock.SleepMs(6 * 60 * 60 * 1000);
   EXPECT_DOUBLE_EQ(clock.LocalDateTime(), 36526.25);
 }
 
-TEST(HeadlessClockTest, TimerFiresAtEachInterval) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, TimerFiresAtEachInterval) {
+  VirtualClock clock;
   std::vector<uint64_t> moments;
   static_cast<void>(clock.StartTimer(999, [&] { moments.push_back(clock.NowMs()); }));
   clock.AdvanceMs(998);
@@ -42,8 +42,8 @@ TEST(HeadlessClockTest, TimerFiresAtEachInterval) {
   EXPECT_THAT(moments, ElementsAre(999, 1998, 2997));
 }
 
-TEST(HeadlessClockTest, TimersFireInOrderOfTheirMoments) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, TimersFireInOrderOfTheirMoments) {
+  VirtualClock clock;
   std::string order;
   static_cast<void>(clock.StartTimer(300, [&] { order += "c"; }));
   static_cast<void>(clock.StartTimer(100, [&] { order += "a"; }));
@@ -52,8 +52,8 @@ TEST(HeadlessClockTest, TimersFireInOrderOfTheirMoments) {
   EXPECT_EQ(order, "abaca");
 }
 
-TEST(HeadlessClockTest, OfTwoDueAtOnceTheOneArmedFirstFiresFirst) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, OfTwoDueAtOnceTheOneArmedFirstFiresFirst) {
+  VirtualClock clock;
   std::string order;
   static_cast<void>(clock.StartTimer(10, [&] { order += "a"; }));
   static_cast<void>(clock.StartTimer(10, [&] { order += "b"; }));
@@ -61,8 +61,8 @@ TEST(HeadlessClockTest, OfTwoDueAtOnceTheOneArmedFirstFiresFirst) {
   EXPECT_EQ(order, "abab");
 }
 
-TEST(HeadlessClockTest, StoppedTimerIsSilent) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, StoppedTimerIsSilent) {
+  VirtualClock clock;
   int ticks = 0;
   const TimerId timer = clock.StartTimer(10, [&] { ++ticks; });
   clock.StopTimer(timer);
@@ -71,8 +71,8 @@ TEST(HeadlessClockTest, StoppedTimerIsSilent) {
   EXPECT_EQ(clock.TimerCount(), 0U);
 }
 
-TEST(HeadlessClockTest, TickMayStopItsOwnTimer) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, TickMayStopItsOwnTimer) {
+  VirtualClock clock;
   int ticks = 0;
   TimerId timer = 0;
   const auto owned = std::make_shared<int>(7);
@@ -84,8 +84,8 @@ TEST(HeadlessClockTest, TickMayStopItsOwnTimer) {
   EXPECT_EQ(ticks, 7);
 }
 
-TEST(HeadlessClockTest, TickMayStartAnotherTimer) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, TickMayStartAnotherTimer) {
+  VirtualClock clock;
   std::vector<uint64_t> moments;
   const TimerId first =
       clock.StartTimer(10, [&] { static_cast<void>(clock.StartTimer(50, [&] { moments.push_back(clock.NowMs()); })); });
@@ -95,8 +95,8 @@ TEST(HeadlessClockTest, TickMayStartAnotherTimer) {
   EXPECT_THAT(moments, ElementsAre(60));
 }
 
-TEST(HeadlessClockTest, MissedTicksAreNotMadeUpFor) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, MissedTicksAreNotMadeUpFor) {
+  VirtualClock clock;
   std::vector<uint64_t> fast_moments;
   static_cast<void>(clock.StartTimer(100, [&] { fast_moments.push_back(clock.NowMs()); }));
   clock.MoveTo(1050);
@@ -105,8 +105,8 @@ TEST(HeadlessClockTest, MissedTicksAreNotMadeUpFor) {
   EXPECT_THAT(fast_moments, ElementsAre(1050, 1150, 1250));
 }
 
-TEST(HeadlessClockTest, TickThatSleepsIsNotEnteredAgainByItsOwnSleep) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, TickThatSleepsIsNotEnteredAgainByItsOwnSleep) {
+  VirtualClock clock;
   std::vector<uint64_t> starts;
   int others = 0;
   static_cast<void>(clock.StartTimer(1000, [&] {
@@ -121,8 +121,8 @@ TEST(HeadlessClockTest, TickThatSleepsIsNotEnteredAgainByItsOwnSleep) {
   EXPECT_THAT(starts, ElementsAre(1000, 3500));
 }
 
-TEST(HeadlessClockTest, TickThatRunsTheLoopCanBeEnteredAgain) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, TickThatRunsTheLoopCanBeEnteredAgain) {
+  VirtualClock clock;
   int depth = 0;
   int deepest = 0;
   static_cast<void>(clock.StartTimer(10, [&] {
@@ -137,16 +137,16 @@ TEST(HeadlessClockTest, TickThatRunsTheLoopCanBeEnteredAgain) {
   EXPECT_EQ(deepest, 3);
 }
 
-TEST(HeadlessClockTest, IntervalOfZeroCountsAsOne) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, IntervalOfZeroCountsAsOne) {
+  VirtualClock clock;
   int ticks = 0;
   static_cast<void>(clock.StartTimer(0, [&] { ++ticks; }));
   clock.AdvanceMs(5);
   EXPECT_EQ(ticks, 5);
 }
 
-TEST(HeadlessClockTest, PostedTaskWaitsForTheLoop) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, PostedTaskWaitsForTheLoop) {
+  VirtualClock clock;
   bool ran = false;
   clock.Post([&] { ran = true; });
   clock.SleepMs(1000);
@@ -155,8 +155,8 @@ TEST(HeadlessClockTest, PostedTaskWaitsForTheLoop) {
   EXPECT_TRUE(ran);
 }
 
-TEST(HeadlessClockTest, TaskPostedByATaskWaitsForTheNextPass) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, TaskPostedByATaskWaitsForTheNextPass) {
+  VirtualClock clock;
   std::string order;
   clock.Post([&] {
     order += "a";
@@ -170,8 +170,8 @@ TEST(HeadlessClockTest, TaskPostedByATaskWaitsForTheNextPass) {
   EXPECT_EQ(order, "abc");
 }
 
-TEST(HeadlessClockTest, FailureInATickLeavesTheTimerRunning) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, FailureInATickLeavesTheTimerRunning) {
+  VirtualClock clock;
   int ticks = 0;
   static_cast<void>(clock.StartTimer(10, [&] {
     ++ticks;
@@ -182,8 +182,8 @@ TEST(HeadlessClockTest, FailureInATickLeavesTheTimerRunning) {
   EXPECT_EQ(ticks, 2);
 }
 
-TEST(HeadlessClockTest, ClearForgetsTimersAndTasks) {
-  HeadlessClock clock;
+TEST(VirtualClockTest, ClearForgetsTimersAndTasks) {
+  VirtualClock clock;
   int runs = 0;
   static_cast<void>(clock.StartTimer(1, [&] { ++runs; }));
   clock.Post([&] { ++runs; });

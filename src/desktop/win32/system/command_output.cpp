@@ -1,0 +1,27 @@
+#include "desktop/win32/system/command_output.h"
+
+#include <string>
+
+#include "desktop/win32/system/windows_api.h"
+
+namespace kestrun {
+namespace {
+
+HANDLE StandardOutput() {
+  const HANDLE given = GetStdHandle(STD_OUTPUT_HANDLE);
+  if (given && given != INVALID_HANDLE_VALUE) return given;
+  if (!AttachConsole(ATTACH_PARENT_PROCESS)) return nullptr;
+  return GetStdHandle(STD_OUTPUT_HANDLE);
+}
+
+}  // namespace
+
+void WriteToStandardOutput(std::string_view line) {
+  static const HANDLE output = StandardOutput();
+  if (!output || output == INVALID_HANDLE_VALUE) return;
+  const std::string text = std::string(line) + "\r\n";
+  DWORD written = 0;
+  WriteFile(output, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+}
+
+}  // namespace kestrun

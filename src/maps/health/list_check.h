@@ -1,0 +1,79 @@
+// The check of a whole play list: each row's file is looked at, each web address is asked once, and a report tells
+// which rows would fail and why.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "maps/health/map_health.h"
+
+namespace kestrun {
+
+struct CheckedRow {
+  std::string map;
+  MapHealth health;
+};
+
+struct ListReport {
+  std::string list;  // what was checked, for its first line
+  MapUse use;
+  std::vector<CheckedRow> rows;
+  // The folder of the game where no map can be put; empty where nothing speaks against it, and where none is known.
+  std::string closed_game_folder;
+  bool is_cut_short = false;
+
+  [[nodiscard]] int Count(Health health) const;
+  // Whether something would fail.
+  [[nodiscard]] bool IsBad() const { return Count(Health::kBad) > 0 || !closed_game_folder.empty(); }
+};
+
+// As plain text, lines ending in CR LF.
+[[nodiscard]] std::string ReportText(const ListReport& report);
+// "2 bad, 1 doubtful, 9 good"; what no row is, is left out.
+[[nodiscard]] std::string CountText(const ListReport& report);
+
+class ListCheck {
+ public:
+  ListCheck(std::string list, std::vector<std::string> rows, MapUse use);
+  ~ListCheck();
+  ListCheck(const ListCheck&) = delete;
+  ListCheck& operator=(const ListCheck&) = delete;
+
+  // Goes on a little and never waits long: it is called again and again, with passes of the message loop between. True
+  // while there is more to do.
+  [[nodiscard]] bool Advance();
+  // Nothing comes of a call of Advance before something else has ended.
+  [[nodiscard]] bool IsWaiting() const;
+  // Rows whose map is looked at, and how many there are.
+  [[nodiscard]] int DoneRows() const;
+  [[nodiscard]] int RowCount() const { return static_cast<int>(rows_.size()); }
+  // What it does now: "Looking at the files: 12 of 40 rows", "Asking maps.example: 39 of 40 rows".
+  [[nodiscard]] std::string Task() const;
+  // At any time: rows that it has not come to are not checked, and the report says that it was cut short.
+  [[nodiscard]] ListReport Report() const;
+  // What was found behind each web address that was asked.
+  [[nodiscard]] const std::unordered_map<std::string, MapFacts>& Addresses() const { return addresses_; }
+
+ private:
+  struct Files;
+  [[nodiscard]] bool AdvanceFiles();
+  [[nodiscard]] bool AdvanceAddresses();
+
+  std::string list_;
+  std::vector<std::string> rows_;
+  MapUse use_;
+  std::shared_ptr<Files> files_;
+  std::vector<std::string> waiting_addresses_;
+  std::unordered_map<std::string, int> rows_of_address_;
+  std::unordered_map<std::string, MapFacts> addresses_;
+  std::unique_ptr<class AddressProbe> probe_;
+  int asked_rows_ = 0;
+  bool is_over_ = false;
+};
+
+// For each row the number of the first other row with the same map, counted from 1; 0 where there is none.
+[[nodiscard]] std::vector<int> SameRows(const std::vector<std::string>& rows);
+
+}  // namespace kestrun
