@@ -65,11 +65,8 @@ class Steps : public std::enable_shared_from_this<Steps> {
 
   // Asking for the proxy waits for the network on older systems, and so is done aside.
   void Start() {
-    if (library_->IsProxySlow()) {
-      std::thread([self = shared_from_this()] { self->Begin(); }).detach();
-    } else {
-      Begin();
-    }
+    if (!library_->IsProxySlow()) return Begin();
+    Guarded([this] { std::thread([self = shared_from_this()] { self->Begin(); }).detach(); });
   }
 
   // Nobody listens any more: the library lets go of the request, and says so when it has.
