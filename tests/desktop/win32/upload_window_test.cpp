@@ -86,7 +86,7 @@ class UploadOnScreenTest : public RealWindowTest {
     platform.files().WriteAll(folder + "\\" + name + ".txt", AsBytes("[COMMENTS]\r\nA map.\r\n[ADDONS]\r\nNone.\r\n"));
   }
   FrmCenter& Open() {
-    OpenUploader("");
+    static_cast<void>(ShowWindow(window_name::kUploader));
     Pump();
     return Window<FrmCenter>();
   }
