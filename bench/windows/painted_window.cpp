@@ -1,7 +1,9 @@
-// Waits until a window of a class, and of a title unless that is "-", is painted; says when, in nanoseconds since 1970,
-// and ends the program that it belongs to. Says "ready" first: bench/start_up starts the program then.
+// Waits until a window of a class, and of a title unless that is "-", is painted; says when, in nanoseconds since 1970.
+// Watches it for so many milliseconds more, says the longest that a message waited there, in nanoseconds, and ends the
+// program that it belongs to. Says "ready" first: bench/start_up starts the program then.
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cwchar>
@@ -25,6 +27,20 @@ uint64_t Now() {
   return (((uint64_t{now.dwHighDateTime} << 32) | now.dwLowDateTime) - kEpoch1970) * 100;
 }
 
+// The longest that the window leaves a message without an answer.
+uint64_t LongestPause(HWND window, DWORD watched_ms) {
+  uint64_t longest = 0;
+  const ULONGLONG end = GetTickCount64() + watched_ms;
+  while (GetTickCount64() < end) {
+    const uint64_t asked = Now();
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &answer);
+    longest = std::max(longest, Now() - asked);
+    Sleep(1);
+  }
+  return longest;
+}
+
 void EndProgramOf(HWND window) {
   DWORD process_id = 0;
   GetWindowThreadProcessId(window, &process_id);
@@ -37,7 +53,7 @@ void EndProgramOf(HWND window) {
 }  // namespace
 
 int wmain(int count, wchar_t** words) {
-  if (count != 3) return 2;
+  if (count != 4) return 2;
   const wchar_t* title = std::wcscmp(words[2], L"-") == 0 ? nullptr : words[2];
   std::printf("ready\n");
   std::fflush(stdout);
@@ -45,6 +61,7 @@ int wmain(int count, wchar_t** words) {
     const HWND window = FindWindowW(words[1], title);
     if (IsPainted(window)) {
       std::printf("%llu\n", static_cast<unsigned long long>(Now()));
+      std::printf("%llu\n", static_cast<unsigned long long>(LongestPause(window, std::wcstoul(words[3], nullptr, 10))));
       std::fflush(stdout);
       EndProgramOf(window);
       return 0;
