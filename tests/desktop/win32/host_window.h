@@ -40,7 +40,7 @@ inline constexpr const wchar_t* kHostTitle = L"Kestrun - Auto Host";
   std::vector<HWND> children;
   EnumChildWindows(
       parent,
-      [](HWND child, LPARAM list) -> BOOL {
+      [](HWND child, LPARAM list) CALLBACK -> BOOL {
         reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
         return TRUE;
       },
@@ -81,7 +81,7 @@ inline constexpr const wchar_t* kHostTitle = L"Kestrun - Auto Host";
 // What is on the screen, for the report of a window that does not come: class, caption, state and texts of each window.
 [[nodiscard]] inline std::string ScreenReport() {
   std::string report;
-  const auto describe = [](HWND window, LPARAM target) -> BOOL {
+  const auto describe = [](HWND window, LPARAM target) CALLBACK -> BOOL {
     if (!IsWindowVisible(window)) return TRUE;
     std::string& text = *reinterpret_cast<std::string*>(target);
     text += FromWide(ClassOf(window)) + (IsWindowEnabled(window) ? "" : " (disabled)");

@@ -49,7 +49,7 @@ class RealRegistryTest : public testing::Test {
   // Presses a button of the next message box.
   void AnswerWith(int button) {
     wanted_button = button;
-    SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR timer, DWORD) {
+    SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR timer, DWORD) CALLBACK {
       const HWND box = FindWindowW(L"#32770", nullptr);
       if (!box || !IsWindowVisible(box)) return;
       KillTimer(nullptr, timer);

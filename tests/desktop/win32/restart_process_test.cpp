@@ -27,7 +27,7 @@ struct MainWindowSearch {
 HWND FindMainWindow(DWORD not_of = 0) {
   MainWindowSearch search{not_of};
   EnumWindows(
-      [](HWND window, LPARAM target) -> BOOL {
+      [](HWND window, LPARAM target) CALLBACK -> BOOL {
         auto& wanted = *reinterpret_cast<MainWindowSearch*>(target);
         const bool is_main = IsWindowVisible(window) && CaptionOf(window) == kMainTitle && GetMenu(window) != nullptr;
         if (is_main && ProcessOf(window) != wanted.not_of) wanted.found = window;

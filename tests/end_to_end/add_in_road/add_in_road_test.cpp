@@ -132,7 +132,7 @@ class AddInRoadTest : public testing::Test {
   // Of the auto host's process.
   void CloseOtherWindows() const {
     EnumWindows(
-        [](HWND window, LPARAM wanted) -> BOOL {
+        [](HWND window, LPARAM wanted) CALLBACK -> BOOL {
           DWORD process = 0;
           GetWindowThreadProcessId(window, &process);
           if (process == static_cast<DWORD>(wanted) && IsWindowVisible(window)) PostMessageW(window, WM_CLOSE, 0, 0);
