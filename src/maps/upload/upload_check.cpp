@@ -89,8 +89,9 @@ std::string UploadPicture(const std::string& base_path) {
 bool CheckUploadFiles(const std::string& folder, const std::vector<std::string>& zips, Comments comments,
                       const UploadLog& log) {
   UploadCheck check(folder, log);
+  const std::string folder_part = folder + "\\";
   for (const std::string& zip : zips) {
-    if (FileExists(folder + "\\" + zip)) check.Look(zip);
+    if (FileExists(folder_part + zip)) check.Look(zip);
   }
   return check.Conclude(comments);
 }

@@ -76,7 +76,9 @@ class TextMeasure {
   void AddLine(const std::string& line, int room, Extent& extent) const {
     std::string present;
     for (const std::string& word : Split(line, " ")) {
-      const std::string longer = present.empty() ? word : present + " " + word;
+      std::string longer = present;
+      if (!present.empty()) longer += ' ';
+      longer += word;
       if (present.empty() || Width(longer) <= room) {
         present = longer;
         continue;

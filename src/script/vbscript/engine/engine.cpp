@@ -214,7 +214,7 @@ void Engine::AddObject(std::string_view name, const Variant& object) {
 
 // The place of a compile error is nobody's business here: the statement that executes the text is at fault.
 std::shared_ptr<Module> Engine::ParseExecuted(const Variant& text, bool as_expression) {
-  const auto module = std::make_shared<Module>(SourceOf(text));
+  auto module = std::make_shared<Module>(SourceOf(text));
   try {
     ParseInto(*module, as_expression);
   } catch (const CompileError& error) {
@@ -257,7 +257,7 @@ void Engine::ExecuteText(const Variant& text, bool global) {
 }
 
 Variant Engine::EvaluateText(const Variant& text) {
-  const Variant code = text.Is(VarType::kObject) && !text.object() ? text : PlainValue(text);
+  Variant code = text.Is(VarType::kObject) && !text.object() ? text : PlainValue(text);
   if (!code.Is(VarType::kString)) return code;
   const std::shared_ptr<Module> module = ParseExecuted(code, true);
   return machine_.InProcedure() ? machine_.RunInside(*module) : machine_.EvaluateGlobal(*module);
@@ -369,14 +369,15 @@ ErrorReport Engine::ReportInWords(const std::function<void()>& action) {
 }
 
 Variant Engine::FieldValue(const Variant& field, Arguments arguments) {
-  const Variant value = arguments.empty() ? field : machine_.IndexedValue(field, arguments);
+  Variant value = arguments.empty() ? field : machine_.IndexedValue(field, arguments);
   ChargeReading(*this, value);
   return value;
 }
 
 void Engine::StoreField(Variant& field, Arguments arguments, const Variant& value, bool set) {
   if (!arguments.empty()) return machine_.StoreIndexed(field, arguments, value, set);
-  const Variant stored(value);
+  // The value may lie in what the field lets go.
+  const Variant stored(value);  // NOLINT(performance-unnecessary-copy-initialization)
   if (set) {
     field = stored;
   } else {

@@ -239,6 +239,7 @@ inline const Instruction* Machine::DoConcatenate(const Instruction* pc) {
 }
 
 // Bit by bit on numbers of one kind, plain logic on two Booleans.
+// NOLINTBEGIN(bugprone-macro-parentheses): the symbol is an operator
 #define KESTRUN_LOGIC(name, symbol)                                                                           \
   inline const Instruction* Machine::Do##name(const Instruction* pc) {                                        \
     const Variant& left = At(pc->b);                                                                          \
@@ -257,6 +258,7 @@ KESTRUN_LOGIC(And, &)
 KESTRUN_LOGIC(Or, |)
 KESTRUN_LOGIC(Xor, ^)
 #undef KESTRUN_LOGIC
+// NOLINTEND(bugprone-macro-parentheses)
 
 inline const Instruction* Machine::DoEqv(const Instruction* pc) {
   SlowBinary(*pc, Eqv);
