@@ -31,8 +31,8 @@ struct ListReport {
   [[nodiscard]] bool IsBad() const { return Count(Health::kBad) > 0 || !closed_game_folder.empty(); }
 };
 
-// Whether no map can be put into that folder of the game for want of rights; false for one that is not there. May run on
-// any thread.
+// Whether no map can be put into that folder of the game for want of rights; false for one that is not there. May run
+// on any thread.
 [[nodiscard]] bool IsClosedGameFolder(FileSystem& files, const std::string& folder);
 
 // As plain text, lines ending in CR LF.

@@ -76,8 +76,9 @@ std::string WithFullStop(const std::string& sentence) { return sentence.ends_wit
 void Check(const std::string& command) {
   SetExitCode(kExitBad);
   const CheckOrder order = OrderOf(command);
-  Attempt([&] { Say(CheckListFile(order)); },
-          [&](const RuntimeError& failure) { WriteCommandLine(order.file + ": " + WithFullStop(failure.description())); });
+  Attempt(
+      [&] { Say(CheckListFile(order)); },
+      [&](const RuntimeError& failure) { WriteCommandLine(order.file + ": " + WithFullStop(failure.description())); });
 }
 
 struct Installation {

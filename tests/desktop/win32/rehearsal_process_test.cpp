@@ -1,5 +1,5 @@
-// A rehearsal beside the night itself: the windows of the program, over a real clock that is sped up, beside the game as
-// a process of its own.
+// A rehearsal beside the night itself: the windows of the program, over a real clock that is sped up, beside the game
+// as a process of its own.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -84,9 +84,8 @@ struct Night {
   std::vector<Change> changes;
 
   [[nodiscard]] size_t CountedLines() const {
-    return game.size() - static_cast<size_t>(std::ranges::count_if(game, [](const std::string& line) {
-             return line.find("console ") != std::string::npos;
-           }));
+    return game.size() - static_cast<size_t>(std::ranges::count_if(
+                             game, [](const std::string& line) { return line.find("console ") != std::string::npos; }));
   }
 };
 
@@ -156,8 +155,8 @@ class NightReader {
       const std::string text = lines[at].substr(text_at);
       const bool is_round = text.starts_with("map ");
       const bool is_refused = text.starts_with("refused ");
-      const bool is_said = text.starts_with("public chat ") || text.starts_with("team chat ") ||
-                           text.starts_with("console ");
+      const bool is_said =
+          text.starts_with("public chat ") || text.starts_with("team chat ") || text.starts_with("console ");
       if (!is_round && !is_refused && !is_said) continue;
       if (is_round && first_round_ms == 0) first_round_ms = at_ms;
       // The game may have tried a round before the run was there.
@@ -255,14 +254,14 @@ class RehearsalProcessTest : public FrameTest {
       const bool is_exact = rounds_keep_time && !played.game[at].starts_with("Message");
       if (!is_exact) ++typed;
       const uint64_t leeway_ms = is_exact ? 10 * (at + 1) : kTickMs * (4 + 2 * typed);
-      EXPECT_LE(std::max(played.game_ms[at], rehearsed.game_ms[at]) -
-                    std::min(played.game_ms[at], rehearsed.game_ms[at]),
-                leeway_ms)
+      EXPECT_LE(
+          std::max(played.game_ms[at], rehearsed.game_ms[at]) - std::min(played.game_ms[at], rehearsed.game_ms[at]),
+          leeway_ms)
           << played.game[at] << " came at " << played.game_ms[at] << " and is rehearsed at " << rehearsed.game_ms[at];
     }
-    EXPECT_EQ(played.changes, std::vector<Night::Change>(rehearsed.changes.begin(),
-                                                         rehearsed.changes.begin() +
-                                                             static_cast<ptrdiff_t>(played.changes.size())));
+    EXPECT_EQ(played.changes,
+              std::vector<Night::Change>(rehearsed.changes.begin(),
+                                         rehearsed.changes.begin() + static_cast<ptrdiff_t>(played.changes.size())));
   }
 
   // Timers of the windows stand on the clock of this platform.
@@ -291,7 +290,8 @@ TEST_F(RehearsalProcessTest, TheTableIsTheLogOfANightByTheGamesClockWithMessages
   const PlatformInstallation installation(night);
   Host().Show();
   Chat().Show();
-  for (const char* name : {"Alpha", "Gone", "Bravo", "Held", "Charlie", "Broken"}) Host().lstmaps.AddItem(MapPath(name));
+  for (const char* name : {"Alpha", "Gone", "Bravo", "Held", "Charlie", "Broken"})
+    Host().lstmaps.AddItem(MapPath(name));
 
   const Night rehearsed = NightOf(RehearseAll(Plan(kRoundSeconds)));
   const Night played = PlayForReal(kRoundSeconds, kLines);

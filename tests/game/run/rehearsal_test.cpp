@@ -251,8 +251,7 @@ TEST_F(RehearsalTest, AMapThatIsNotReadCountsAsGoodAndIsNamed) {
   EXPECT_EQ(night.inserted, 4);
   EXPECT_EQ(night.failed, 0);
   EXPECT_THAT(Played(night), ElementsAre("Alpha", "Bravo", "Charlie", "Alpha"));
-  EXPECT_EQ(RehearsalSummary(night, 1)[0],
-            "Not read, and taken for good: 3 maps, the first is " + Map("Alpha") + ".");
+  EXPECT_EQ(RehearsalSummary(night, 1)[0], "Not read, and taken for good: 3 maps, the first is " + Map("Alpha") + ".");
 }
 
 TEST_F(RehearsalTest, AMapThatFailsLeadsTheNightToMapsThatItDidNotAskForBefore) {

@@ -95,9 +95,9 @@ class RunTest : public testing::Test {
   HeadlessGames games;
   std::unique_ptr<GameMemory> memory = games.MakeMemory({});
   WatchedRunWindow window;
-  std::set<std::string> bad_maps;  // putting them fails
+  std::set<std::string> bad_maps;      // putting them fails
   std::set<std::string> raising_maps;  // putting them raises error 57
-  std::set<std::string> dead_urls;  // they cannot be fetched
+  std::set<std::string> dead_urls;     // they cannot be fetched
   std::vector<std::string> put_maps;
   std::vector<std::string> missions;
   std::vector<std::string> downloads;

@@ -105,8 +105,8 @@ TEST_F(CheckListCommandTest, ARefusalThatIsASentenceEndsInOneFullStop) {
   WriteFile(Path("night.lst"), "[LIST]\r\nTOTAL=100001\r\n");
   static_cast<void>(ProcessCommand("-checklist \"" + Path("night.lst") + "\""));
   EXPECT_EQ(ExitCode(), 1);
-  EXPECT_EQ(output, Path("night.lst") +
-                        ": This list says that it holds 100001 maps. Kestrun loads lists of at most 100000.\n");
+  EXPECT_EQ(output,
+            Path("night.lst") + ": This list says that it holds 100001 maps. Kestrun loads lists of at most 100000.\n");
 }
 
 TEST_F(CheckListCommandTest, TheLogKeepsALineOfIt) {

@@ -1,5 +1,5 @@
-// What screen readers are told of the rows of a list beside their texts, so that each is told once and taken back when it
-// is no longer so.
+// What screen readers are told of the rows of a list beside their texts, so that each is told once and taken back when
+// it is no longer so.
 #pragma once
 
 #include <functional>
