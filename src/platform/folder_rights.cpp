@@ -15,7 +15,7 @@ std::atomic<FolderRightsProbe>& Installed() {
 
 }  // namespace
 
-void InstallFolderRightsProbe(FolderRightsProbe probe) { Installed() = probe; }
+FolderRightsProbe InstallFolderRightsProbe(FolderRightsProbe probe) { return Installed().exchange(probe); }
 
 bool MayMakeFilesIn(FileSystem& files, const std::string& folder) {
   const FolderRightsProbe probe = Installed();

@@ -12,7 +12,8 @@ namespace kestrun {
 [[nodiscard]] bool MayMakeFilesIn(FileSystem& files, const std::string& folder);
 
 // Asks the system about a path as the system writes it. Null for a system that has no such rights.
+// Gives the one that was installed before.
 using FolderRightsProbe = bool (*)(const std::string& native_path);
-void InstallFolderRightsProbe(FolderRightsProbe probe);
+FolderRightsProbe InstallFolderRightsProbe(FolderRightsProbe probe);
 
 }  // namespace kestrun

@@ -33,8 +33,9 @@ constexpr const char* kUsage =
     "       kestrun '-pack \"ARCHIVE\" \"NAME\" \"SOURCE\"/z'\n"
     "       kestrun -restore ARCHIVE [NAME]\n"
     "       kestrun -checkstyle STYLE.stl                a line for each fault; exit code 1 when there is one\n"
-    "       kestrun -checklist LIST.lst                  which maps of a play list would fail; exit code 1 when one "
+    "       kestrun -checklist LIST.lst [NAME.BMS]       which maps of a play list would fail; exit code 1 when one "
     "would\n"
+    "                                                    NAME.BMS: what they go in as, D08M03.BMS when it is left out\n"
     "       kestrun -?\n"
     "All other commands need the window program, kestrun.exe.\n";
 

@@ -1,5 +1,7 @@
 #include "game/memory/type_message.h"
 
+#include <utility>
+
 #include "base/flag_scope.h"
 
 namespace kestrun {
@@ -13,6 +15,10 @@ bool is_taken = false;
 }  // namespace
 
 bool IsTextLineTaken() { return is_taken; }
+
+SeparateTextLine::SeparateTextLine() : was_taken_(std::exchange(is_taken, false)) {}
+
+SeparateTextLine::~SeparateTextLine() { is_taken = was_taken_; }
 
 void TypeMessage(GameMemory& game, Clock& clock, const TextLine& line, std::string_view message) {
   const FlagScope typing(is_taken);

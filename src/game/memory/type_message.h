@@ -30,4 +30,17 @@ void TypeMessage(GameMemory& game, Clock& clock, const TextLine& line, std::stri
 // True between the key that opens the line and Enter.
 [[nodiscard]] bool IsTextLineTaken();
 
+// While it lives what is typed goes into another game's line, which is free at first: that of a game that is only
+// played in advance. Nothing of the first game may run meanwhile.
+class SeparateTextLine {
+ public:
+  SeparateTextLine();
+  ~SeparateTextLine();
+  SeparateTextLine(const SeparateTextLine&) = delete;
+  SeparateTextLine& operator=(const SeparateTextLine&) = delete;
+
+ private:
+  bool was_taken_;
+};
+
 }  // namespace kestrun

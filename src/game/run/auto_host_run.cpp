@@ -182,8 +182,11 @@ void AutoHostRun::InsertNext(bool random) { InsertBecause("it was asked for", ra
 void AutoHostRun::InsertBecause(std::string_view cause, bool random) {
   cause_ = cause;
   Guarded(around_, [&] {
-    OnFailure([&] { Insert(random); },
-              [&](const RuntimeError& failure) { Note(RunEvent::Kind::kFailed, -1, "", failure.description()); });
+    Progress progress;
+    OnFailure([&] { Insert(random, progress); },
+              [&](const RuntimeError& failure) {
+                Note(RunEvent::Kind::kFailed, progress.row, progress.text, failure.description());
+              });
   });
 }
 
@@ -191,23 +194,34 @@ void AutoHostRun::Note(RunEvent::Kind kind, int row, const std::string& map, con
   around_.note({kind, row, map, reason});
 }
 
-void AutoHostRun::Insert(bool random) {
+void AutoHostRun::Insert(bool random, Progress& progress) {
   const std::string cause = cause_;  // another insert may come in between
   const int row = random ? DrawRow() : NextRow();
-  const std::string text = window_.RowText(row);
+  progress.row = row;
+  progress.text = window_.RowText(row);
   window_.SetInsertCount(row, window_.InsertCount(row) + 1);
-  const std::string map = LocalMap(text);
+  const std::string map = LocalMap(progress);
   if (window_.SendsResetGames()) TypeMessage("resetgames", kConsoleKey, fields.MemoryAdress);
   WaitForEndOfGame();
   if (!window_.IsOpen()) return;
   const std::string refusal = around_.put_map(map, fields.Rename);
+  NotePut(progress, cause, refusal);
   if (refusal.empty()) {
-    Note(RunEvent::Kind::kInserted, row, text, cause);
     window_.ShowPut(row);
   } else {
-    Note(RunEvent::Kind::kFailed, row, text, refusal);
-    HandleFailedPut(text);
+    HandleFailedPut(progress.text);
   }
+}
+
+// What a download left behind earlier goes in all the same, which nobody would guess the next morning.
+void AutoHostRun::NotePut(const Progress& progress, const std::string& cause, const std::string& refusal) {
+  if (!refusal.empty()) {
+    const std::string download = progress.is_download_missing ? "The download failed. " : "";
+    return Note(RunEvent::Kind::kFailed, progress.row, progress.text, download + refusal);
+  }
+  const std::string download =
+      progress.is_download_missing ? "; the download failed: the map of an earlier download went in" : "";
+  Note(RunEvent::Kind::kInserted, progress.row, progress.text, cause + download);
 }
 
 int AutoHostRun::DrawRow() {
@@ -230,9 +244,9 @@ int AutoHostRun::NextRow() {
   return next;
 }
 
-std::string AutoHostRun::LocalMap(const std::string& text) {
-  if (!around_.is_url(text)) return text;
-  around_.download(text, around_.download_path);
+std::string AutoHostRun::LocalMap(Progress& progress) {
+  if (!around_.is_url(progress.text)) return progress.text;
+  progress.is_download_missing = !around_.download(progress.text, around_.download_path);
   return around_.download_path;
 }
 

@@ -46,11 +46,18 @@ class AutoHostRun {
   void WatchEndOfGame();
   [[nodiscard]] bool IsGameRunning();
 
-  void Insert(bool random);
+  // What an insert has come to.
+  struct Progress {
+    int row = -1;  // that was chosen; -1 before
+    std::string text;
+    bool is_download_missing = false;
+  };
+  void Insert(bool random, Progress& progress);
   [[nodiscard]] int DrawRow();
   [[nodiscard]] int NextRow();
-  // The local file of a row's text; a web address is fetched, whatever becomes of that.
-  [[nodiscard]] std::string LocalMap(const std::string& text);
+  // The local file of the row; a web address is fetched, whatever becomes of that.
+  [[nodiscard]] std::string LocalMap(Progress& progress);
+  void NotePut(const Progress& progress, const std::string& cause, const std::string& refusal);
   void WaitForEndOfGame();
   void HandleFailedPut(const std::string& map);
   void InsertAtOnce(std::string_view cause);

@@ -1,5 +1,6 @@
 #include "game/run/rehearsal.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <map>
@@ -11,6 +12,7 @@
 #include "base/counted.h"
 #include "base/text.h"
 #include "game/builds.h"
+#include "game/memory/type_message.h"
 #include "game/messages/messenger_run.h"
 #include "game/run/auto_host_run.h"
 #include "game/run/plain_run_window.h"
@@ -18,7 +20,6 @@
 #include "game/run/rotation.h"
 #include "game/run/run_log.h"
 #include "platform/file_error.h"
-#include "platform/platform.h"
 #include "platform/virtual_clock.h"
 #include "web/web_paths.h"
 
@@ -102,8 +103,9 @@ class PlainMessengerWindow final : public MessengerWindow {
 
 class Stage {
  public:
-  explicit Stage(const RehearsalPlan& plan)
+  Stage(const RehearsalPlan& plan, const RehearsedMaps& maps)
       : plan_(plan),
+        maps_(maps),
         game_(OptionsOf(plan), clock_, plan.first_mission, [this](const std::string& line) { TakeLogLine(line); }),
         messages_(plan.messenger) {
     clock_.SetLocalDateTime(plan.begins);
@@ -137,7 +139,10 @@ class Stage {
             host_link_,
             [this](const std::string& map, std::string& mission) { return Put(map, mission); },
             &IsUrl,
-            [this](const std::string& url, const std::string&) { fetched_ = url; },
+            [this](const std::string& url, const std::string&) {
+              fetched_ = url;
+              return true;
+            },
             kNotFetched,
             [this] { return Draw(); },
             [this](const std::string& text) { result_.told.push_back(text); },
@@ -170,32 +175,37 @@ class Stage {
             TimeLeftText(host_.shown_minutes, host_.shown_seconds), HoursAndMinutes(SplitDate(clock_.LocalDateTime()))};
   }
 
-  // Reads what a put would read, and leaves the game's folder alone.
+  // Fails as a put would, and leaves the game's folder alone.
   std::string Put(const std::string& map, const std::string& mission) {
     if (mission.empty()) return "There is no file name to put the map under.";
-    if (map == kNotFetched) {
-      LoadedMission fetched;
-      fetched.source = "loose file";
-      fetched.name = fetched_;
-      game_.PutMission(fetched);
-      return {};
-    }
-    const Read& read = ReadOnce(map);
-    if (read.refusal.empty()) game_.PutMission(read.mission);
-    return read.refusal;
+    const auto known = maps_.find(map);
+    if (known != maps_.end() && known->second.failure) return RefusalOf(*known);
+    const LoadedMission loaded = map == kNotFetched     ? AssumedMission(fetched_)
+                                 : known != maps_.end() ? known->second.mission
+                                                        : UnreadMission(map);
+    if (plan_.put_refusal.empty()) game_.PutMission(loaded);
+    return plan_.put_refusal;
   }
 
-  struct Read {
+  // Explained once: the explanation may look at the file again.
+  const std::string& RefusalOf(const RehearsedMaps::value_type& map) {
+    std::string& refusal = refusals_[map.first];
+    if (refusal.empty()) {
+      Attempt([&] { std::rethrow_exception(map.second.failure); },
+              [&](const RuntimeError&) { refusal = ExplainedError().description(); });
+    }
+    return refusal;
+  }
+
+  LoadedMission UnreadMission(const std::string& map) {
+    if (std::ranges::find(result_.unread, map) == result_.unread.end()) result_.unread.push_back(map);
+    return AssumedMission(PlainMapName(map));
+  }
+  static LoadedMission AssumedMission(const std::string& name) {
     LoadedMission mission;
-    std::string refusal;
-  };
-  const Read& ReadOnce(const std::string& map) {
-    const auto known = reads_.find(map);
-    if (known != reads_.end()) return known->second;
-    Read& read = reads_[map];
-    Attempt([&] { read.mission = MissionFromBytes(platform().files().ReadAll(map), "loose file", false); },
-            [&](const RuntimeError&) { read.refusal = ExplainedError().description(); });
-    return read;
+    mission.source = "loose file";
+    mission.name = name;
+    return mission;
   }
 
   void TakeEvent(const RunEvent& event) {
@@ -251,6 +261,8 @@ class Stage {
   }
 
   const RehearsalPlan& plan_;
+  const RehearsedMaps& maps_;
+  const SeparateTextLine text_line_;  // the game beside the program may have its own open
   Rehearsal result_;
   VirtualClock clock_;
   RehearsedGame game_;
@@ -267,7 +279,7 @@ class Stage {
   bool is_started_ = false;
   std::string fetched_;  // web address that was asked for last
   std::string plays_;
-  std::map<std::string, Read> reads_;
+  std::map<std::string, std::string> refusals_;  // by path
   std::string round_map_;
   uint64_t round_map_from_ms_ = 0;
 };
@@ -279,7 +291,17 @@ std::string Padded(std::string text, size_t width) {
 
 }  // namespace
 
-Rehearsal Rehearse(const RehearsalPlan& plan) { return Stage(plan).Play(); }
+RehearsedMap ReadRehearsedMap(FileSystem& files, const std::string& path) {
+  RehearsedMap map;
+  try {
+    map.mission = MissionFromBytes(files.ReadAll(path), "loose file", false);
+  } catch (...) {
+    map.failure = std::current_exception();
+  }
+  return map;
+}
+
+Rehearsal Rehearse(const RehearsalPlan& plan, const RehearsedMaps& maps) { return Stage(plan, maps).Play(); }
 
 std::string DurationText(uint64_t milliseconds) {
   const uint64_t seconds = milliseconds / kMsPerSecond;
@@ -289,6 +311,10 @@ std::string DurationText(uint64_t milliseconds) {
 
 std::vector<std::string> RehearsalSummary(const Rehearsal& rehearsal, uint32_t hours) {
   std::vector<std::string> lines = rehearsal.told;
+  if (!rehearsal.unread.empty()) {
+    lines.push_back("Not read, and taken for good: " + Counted(rehearsal.unread.size(), "map", "maps") +
+                    ", the first is " + rehearsal.unread.front() + ".");
+  }
   lines.push_back("In " + Counted(hours, "hour", "hours") + ": " +
                   Counted(static_cast<uint64_t>(rehearsal.inserted), "map inserted, ", "maps inserted, ") +
                   Counted(static_cast<uint64_t>(rehearsal.failed), "failure, ", "failures, ") +

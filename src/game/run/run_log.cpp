@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <string>
 
 #include "base/calendar.h"
@@ -23,13 +24,19 @@ std::string LineOf(const RunEvent& event) {
   return line + std::string(kCrLf);
 }
 
-// The lines of the newer half, which take the place of all in one step.
+// The lines of the newer half, at most half of what the file may hold, take the place of all in one step. The rest is
+// not read: whatever wrote there, the file may be of any size.
 void DropOlderHalf(const std::string& path) {
   FileSystem& files = platform().files();
-  const Bytes all = files.ReadAll(path);
-  const std::string_view text = AsChars(all);
-  const size_t half = std::max(text.size() / 2, text.size() - std::min<size_t>(text.size(), kMostRunLogBytes / 2));
-  const size_t line = text.find('\n', half);
+  Bytes newer;
+  {
+    const std::unique_ptr<File> file = files.Open(path, OpenMode::kRead);
+    const uint64_t size = file->Size();
+    newer.resize(static_cast<size_t>(std::min(size - size / 2, kMostRunLogBytes / 2)));
+    newer.resize(file->ReadAt(size - newer.size(), newer));
+  }
+  const std::string_view text = AsChars(newer);
+  const size_t line = text.find('\n');
   const std::string kept = std::string(kUtf8Mark) + std::string(line == text.npos ? "" : text.substr(line + 1));
   files.WriteAllDurably(path, AsBytes(kept));
 }

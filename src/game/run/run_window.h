@@ -87,7 +87,8 @@ struct RunSurroundings {
   // nothing once the map is in.
   std::function<std::string(const std::string& map, std::string& mission)> put_map;
   std::function<bool(const std::string& text)> is_url;
-  std::function<void(const std::string& url, const std::string& path)> download;
+  // Gives whether the file came; where it did not, the one of an earlier download may still be there.
+  std::function<bool(const std::string& url, const std::string& path)> download;
   std::string download_path;
   std::function<double()> draw;  // uniform in [0, 1)
   std::function<void(const std::string& text)> tell;

@@ -18,6 +18,10 @@ namespace kestrun {
 namespace {
 
 constexpr size_t kBatch = 64;
+// A server that does not answer takes twenty seconds: three rounds of so many fit into a minute.
+constexpr size_t kMostQuestions = 40;
+constexpr ptrdiff_t kMostOfOneServer = 6;
+constexpr uint64_t kAsksForMs = 45'000;
 
 // "maps.example" of "http://maps.example/Oasis.bms".
 std::string HostOf(const std::string& url) {
@@ -31,7 +35,7 @@ std::string ClosedGameFolder() {
   const GameFolderUnasked unasked;
   std::string folder;
   Attempt([&] { folder = GameFolder(); });
-  return folder.empty() || !FileExists(folder) || MayMakeFilesIn(platform().files(), folder) ? std::string() : folder;
+  return IsClosedGameFolder(platform().files(), folder) ? folder : std::string();
 }
 
 struct Section {
@@ -65,6 +69,18 @@ struct ListCheck::Files {
   std::vector<MapFacts> facts;                // of as many rows as are read
   MapFactsReader reader{platform().files()};  // for the background alone
   bool is_reading = false;
+};
+
+bool IsClosedGameFolder(FileSystem& files, const std::string& folder) {
+  return !folder.empty() && !MayMakeFilesIn(files, folder);
+}
+
+// A web address that is asked.
+struct ListCheck::Question {
+  explicit Question(std::string url) : address(std::move(url)), host(HostOf(address)), probe(address) {}
+  std::string address;
+  std::string host;
+  AddressProbe probe;
 };
 
 int ListReport::Count(Health health) const {
@@ -117,7 +133,6 @@ ListCheck::ListCheck(std::string list, std::vector<std::string> rows, MapUse use
       waiting_addresses_.push_back(rows_[row]);
     }
   }
-  std::reverse(waiting_addresses_.begin(), waiting_addresses_.end());
 }
 
 ListCheck::~ListCheck() = default;
@@ -148,26 +163,52 @@ bool ListCheck::AdvanceFiles() {
 }
 
 bool ListCheck::AdvanceAddresses() {
-  if (probe_) {
-    if (probe_->Advance()) return true;
-    const std::string& address = waiting_addresses_.back();
-    addresses_.emplace(address, probe_->facts());
-    asked_rows_ += rows_of_address_[address];
-    waiting_addresses_.pop_back();
-    probe_.reset();
+  if (waiting_addresses_.empty() && questions_.empty()) return false;
+  const uint64_t now_ms = platform().clock().NowMs();
+  if (!asks_since_ms_) asks_since_ms_ = now_ms;
+  TakeAnswers();
+  if (now_ms - *asks_since_ms_ < kAsksForMs) {
+    AskMore();
+  } else {
+    MapFacts not_asked;
+    not_asked.state = MapFacts::State::kNoTime;
+    for (const std::string& address : std::exchange(waiting_addresses_, {})) TakeFacts(address, not_asked);
   }
-  if (waiting_addresses_.empty()) return false;
-  probe_ = std::make_unique<AddressProbe>(waiting_addresses_.back());
-  return true;
+  return !questions_.empty() || !waiting_addresses_.empty();
 }
 
-bool ListCheck::IsWaiting() const { return probe_ || files_->is_reading; }
+void ListCheck::TakeAnswers() {
+  std::erase_if(questions_, [this](const std::unique_ptr<Question>& question) {
+    if (question->probe.Advance()) return false;
+    TakeFacts(question->address, question->probe.facts());
+    return true;
+  });
+}
+
+void ListCheck::TakeFacts(const std::string& address, const MapFacts& facts) {
+  addresses_.emplace(address, facts);
+  asked_rows_ += rows_of_address_[address];
+}
+
+void ListCheck::AskMore() {
+  if (questions_.size() == kMostQuestions) return;
+  std::erase_if(waiting_addresses_, [this](const std::string& address) {
+    const std::string host = HostOf(address);
+    const auto of_host = std::count_if(questions_.begin(), questions_.end(),
+                                       [&](const std::unique_ptr<Question>& each) { return each->host == host; });
+    if (questions_.size() == kMostQuestions || of_host == kMostOfOneServer) return false;
+    questions_.push_back(std::make_unique<Question>(address));
+    return true;
+  });
+}
+
+bool ListCheck::IsWaiting() const { return !questions_.empty() || files_->is_reading; }
 
 int ListCheck::DoneRows() const { return static_cast<int>(files_->facts.size()) + asked_rows_; }
 
 std::string ListCheck::Task() const {
   const std::string rows = ": " + std::to_string(DoneRows()) + " of " + std::to_string(RowCount()) + " rows";
-  return (probe_ ? "Asking " + HostOf(waiting_addresses_.back()) : std::string("Looking at the files")) + rows;
+  return (questions_.empty() ? std::string("Looking at the files") : "Asking " + questions_.front()->host) + rows;
 }
 
 ListReport ListCheck::Report() const {

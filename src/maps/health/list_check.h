@@ -1,8 +1,10 @@
 // The check of a whole play list: each row's file is looked at, each web address is asked once, and a report tells
-// which rows would fail and why.
+// which rows would fail and why. Many addresses are asked at once, few of one server, and after three quarters of a
+// minute no more: a list of dead ones ends a little behind a minute. Those that were not asked are told as such.
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -28,6 +30,10 @@ struct ListReport {
   // Whether something would fail.
   [[nodiscard]] bool IsBad() const { return Count(Health::kBad) > 0 || !closed_game_folder.empty(); }
 };
+
+// Whether no map can be put into that folder of the game for want of rights; false for one that is not there. May run
+// on any thread.
+[[nodiscard]] bool IsClosedGameFolder(FileSystem& files, const std::string& folder);
 
 // As plain text, lines ending in CR LF.
 [[nodiscard]] std::string ReportText(const ListReport& report);
@@ -60,15 +66,20 @@ class ListCheck {
   struct Files;
   [[nodiscard]] bool AdvanceFiles();
   [[nodiscard]] bool AdvanceAddresses();
+  void TakeAnswers();
+  void AskMore();
+  void TakeFacts(const std::string& address, const MapFacts& facts);
 
+  struct Question;
   std::string list_;
   std::vector<std::string> rows_;
   MapUse use_;
   std::shared_ptr<Files> files_;
-  std::vector<std::string> waiting_addresses_;
+  std::vector<std::string> waiting_addresses_;  // in the order of their rows
   std::unordered_map<std::string, int> rows_of_address_;
   std::unordered_map<std::string, MapFacts> addresses_;
-  std::unique_ptr<class AddressProbe> probe_;
+  std::vector<std::unique_ptr<Question>> questions_;  // that are asked now, the oldest first
+  std::optional<uint64_t> asks_since_ms_;
   int asked_rows_ = 0;
   bool is_over_ = false;
 };

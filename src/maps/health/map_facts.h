@@ -18,6 +18,7 @@ struct MapFacts {
     kUnreadable,  // it is there, and cannot be opened
     kNoAnswer,    // of a web address: `failure` says why
     kNotAsked,    // a web address of a scheme that is not asked
+    kNoTime,      // a web address that was not come to
   };
   State state = State::kMissing;
   std::string failure;

@@ -21,6 +21,7 @@ enum class Reason {
   kUnreadable,
   kNoAnswer,
   kNotAsked,
+  kNoTime,
   kEmpty,
   kNoMission,
   kTooShort,
@@ -52,6 +53,7 @@ constexpr std::array kReasons{
     ReasonRow{Reason::kUnreadable, Health::kBad, Health::kBad, "The file cannot be read."},
     ReasonRow{Reason::kNoAnswer, Health::kBad, Health::kBad, "The web address does not answer: %1"},
     ReasonRow{Reason::kNotAsked, Health::kDoubtful, Health::kDoubtful, "Only addresses that begin with http:// or https:// can be checked."},
+    ReasonRow{Reason::kNoTime, Health::kUnknown, Health::kUnknown, "The address was not asked: others took too long to answer."},
     ReasonRow{Reason::kEmpty, Health::kBad, Health::kBad, "The file is empty."},
     ReasonRow{Reason::kNoMission, Health::kBad, Health::kBad, "The file is no mission: it does not begin with \"BMS\"."},
     ReasonRow{Reason::kTooShort, Health::kBad, Health::kBad, "The file is too short for a mission: it has %1 of at least 256 bytes."},
@@ -83,7 +85,8 @@ class Judgement {
  public:
   Judgement(const MapToJudge& map, const MapUse& use)
       : map_(map), use_(use), is_zip_(HasExtension(map.map, "zip")), is_url_(IsUrl(map.map)) {
-    result_.health = map.facts ? Health::kGood : Health::kUnknown;
+    const bool is_known = map.facts && map.facts->state != MapFacts::State::kNoTime;
+    result_.health = is_known ? Health::kGood : Health::kUnknown;
   }
 
   MapHealth Judge() {
@@ -114,6 +117,7 @@ class Judgement {
       case MapFacts::State::kUnreadable: return Add(Reason::kUnreadable);
       case MapFacts::State::kNoAnswer: return Add(Reason::kNoAnswer, {facts.failure});
       case MapFacts::State::kNotAsked: return Add(Reason::kNotAsked);
+      case MapFacts::State::kNoTime: return Add(Reason::kNoTime);
       case MapFacts::State::kThere: break;
     }
     JudgeContent(facts);

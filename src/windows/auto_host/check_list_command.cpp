@@ -1,4 +1,4 @@
-// -checklist "file.lst": the check of a list without its window.
+// -checklist "file.lst" name: the check of a list without its window.
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "game/lists/map_list_file.h"
@@ -18,19 +18,40 @@ constexpr std::string_view kWord = "-checklist";
 constexpr uint32_t kLookAfterMs = 10;
 constexpr int kExitBad = 1;
 
-// The text behind the word, with or without quotes around it.
-std::string ListFileOf(const std::string& command) {
-  const std::string rest(TrimBlanks(std::string_view(command).substr(kWord.size())));
-  return rest.size() >= 2 && rest.front() == '"' && rest.back() == '"' ? rest.substr(1, rest.size() - 2) : rest;
+struct CheckOrder {
+  std::string file;
+  std::string mission;  // that the maps would go in as; empty when none is named
+};
+
+std::string WithoutQuotes(std::string_view text) {
+  const std::string_view plain = TrimBlanks(text);
+  const bool is_quoted = plain.size() >= 2 && plain.front() == '"' && plain.back() == '"';
+  return std::string(is_quoted ? plain.substr(1, plain.size() - 2) : plain);
 }
 
-// The window's own choice when it opens: the file holds none.
-MapUse UseOfLists() { return {MapPlace::kPlayList, kCaptureTheFlagMission}; }
+// What stands behind the word: a list with or without quotes around it, which may have blanks in it either way, and
+// behind it the name of a mission.
+CheckOrder OrderOf(const std::string& command) {
+  const std::string rest(TrimBlanks(std::string_view(command).substr(kWord.size())));
+  constexpr std::string_view kEnding = ".lst";
+  size_t end = rest.starts_with('"') ? rest.find('"', 1) : ToLower(rest).find(std::string(kEnding) + " ");
+  if (end == std::string::npos || FileExists(rest)) return {WithoutQuotes(rest), {}};
+  end += rest.starts_with('"') ? 1 : kEnding.size();
+  return {WithoutQuotes(std::string_view(rest).substr(0, end)), WithoutQuotes(std::string_view(rest).substr(end))};
+}
 
-ListReport CheckListFile(const std::string& file) {
-  if (!FileExists(file)) throw FileError(error::kFileNotFound, file);
-  const MapList list(file);
-  ListCheck check(file, {list.rows().begin(), list.rows().end()}, UseOfLists());
+// As the auto host's window: one of its two missions, the first choice of which is capture the flag, or a name of the
+// user's own. A list file holds none of it.
+MapUse UseOfLists(const std::string& mission) {
+  if (mission.empty()) return {MapPlace::kPlayList, kCaptureTheFlagMission};
+  const bool is_stock = EqualsNoCase(mission, kCaptureTheFlagMission) || EqualsNoCase(mission, kDeathmatchMission);
+  return {MapPlace::kPlayList, mission, !is_stock};
+}
+
+ListReport CheckListFile(const CheckOrder& order) {
+  if (!FileExists(order.file)) throw FileError(error::kFileNotFound, order.file);
+  const MapList list(order.file);
+  ListCheck check(order.file, {list.rows().begin(), list.rows().end()}, UseOfLists(order.mission));
   while (check.Advance()) {
     RunPendingEvents();
     if (check.IsWaiting()) Sleep(kLookAfterMs);
@@ -49,12 +70,15 @@ void Say(const ListReport& report) {
   Attempt([&] { AppendToLog(report.list + " checked ~>" + CountText(report)); });
 }
 
+std::string WithFullStop(const std::string& sentence) { return sentence.ends_with('.') ? sentence : sentence + "."; }
+
 // A list that cannot be read is told in a line, as a map that would fail is.
 void Check(const std::string& command) {
   SetExitCode(kExitBad);
-  const std::string file = ListFileOf(command);
-  Attempt([&] { Say(CheckListFile(file)); },
-          [&](const RuntimeError& failure) { WriteCommandLine(file + ": " + failure.description() + "."); });
+  const CheckOrder order = OrderOf(command);
+  Attempt(
+      [&] { Say(CheckListFile(order)); },
+      [&](const RuntimeError& failure) { WriteCommandLine(order.file + ": " + WithFullStop(failure.description())); });
 }
 
 struct Installation {

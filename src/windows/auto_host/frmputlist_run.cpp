@@ -36,7 +36,7 @@ RunSurroundings frmputlist::MakeSurroundings() {
           MemControl1,
           [](const std::string& map, std::string& mission) { return PutMapSilently(map, mission, kPutBesideOnly); },
           &IsUrl,
-          [](const std::string& url, const std::string& path) { static_cast<void>(DownloadFile(url, path)); },
+          &DownloadFile,
           AppFile("file.tmp"),
           &RandomDraw,
           [](const std::string& text) { MsgBox(text); },

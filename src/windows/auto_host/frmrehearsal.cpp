@@ -1,13 +1,17 @@
 #include "windows/auto_host/frmrehearsal.h"
 
+#include <atomic>
+#include <utility>
+
 #include "base/convert.h"
 #include "base/runtime_error.h"
 #include "base/text.h"
 #include "base/text_file.h"
 #include "maps/file_tools.h"
+#include "maps/health/list_check.h"
+#include "platform/background_work.h"
 #include "platform/platform.h"
 #include "program/game_paths.h"
-#include "program/path_text.h"
 #include "program/window_kit/apply_style.h"
 #include "program/window_kit/ask.h"
 #include "program/window_kit/file_dialog.h"
@@ -37,30 +41,37 @@ constexpr int kListHeight = 4200;
 constexpr int kButtonsTop = kListTop + kListHeight + kControlGap;
 constexpr int kSaveWidth = 1860;
 
-// The mission that the game begins with, as far as that can be told without opening its archive.
-LoadedMission MissionNow(const std::string& name) {
+// As far as can be told without opening the game's archive.
+LoadedMission MissionOfArchive() {
   LoadedMission mission;
   mission.source = "archive";
   mission.name = "the game's own mission";
-  const GameFolderUnasked unasked;
-  const std::string loose = GameFolder() + "\\" + name;
-  Attempt([&] {
-    if (!name.empty() && FileExists(loose)) {
-      mission = MissionFromBytes(platform().files().ReadAll(loose), "loose file", false);
-    }
-  });
   return mission;
 }
 
+std::string GameFolderNow() {
+  const GameFolderUnasked unasked;
+  std::string folder;
+  Attempt([&] { folder = GameFolder(); });
+  return folder;
+}
+
 }  // namespace
+
+// Ended by the window; the background looks at it as well.
+struct frmrehearsal::Reading {
+  std::atomic<bool> is_left = false;
+};
 
 frmrehearsal::frmrehearsal() : Form(kName) {
   LayOut();
   SetCommand({&CmdPlay.Click}, [this] { Play(); });
   SetCommand({&CmdSave.Click}, [this] { SaveReport(); });
-  SetCommand({&CmdClose.Click}, [this] { Unload(); });
+  SetCommand({&CmdClose.Click}, [this] { EndOrClose(); });
   SetUpStyleTimer(*this, Timer1, kStyleTimerMs, "applystyle ");
 }
+
+frmrehearsal::~frmrehearsal() { LeaveReading(); }
 
 void frmrehearsal::LayOut() {
   LayOutDialog(*this, "Kestrun - Rehearsal");
@@ -142,7 +153,7 @@ RehearsalPlan frmrehearsal::MakePlan() {
   plan.seconds = host.TxtTimeSec.Text;
   plan.DfVersion = host.run.fields.DfVersion;
   if (ChMessages.Value == 1) plan.messenger = ReadMessengerSettings();
-  plan.first_mission = MissionNow(plan.Rename);
+  plan.first_mission = MissionOfArchive();
   plan.round_seconds = NumberIn(TxtRound, "minutes of a round", kMostMinutes) * 60;
   plan.hours = NumberIn(TxtHours, "hours of the night", kMostHours);
   plan.begins = platform().clock().LocalDateTime();
@@ -150,9 +161,85 @@ RehearsalPlan frmrehearsal::MakePlan() {
 }
 
 void frmrehearsal::Play() {
-  const RehearsalPlan plan = MakePlan();
-  rehearsal_ = Rehearse(plan);
-  hours_ = plan.hours;
+  plan_ = MakePlan();
+  LeaveReading();
+  maps_.clear();
+  reading_ = std::make_shared<Reading>();
+  CmdClose.Caption = "Cancel";
+  ReadGameFolder();
+}
+
+void frmrehearsal::Read(std::function<void(FileSystem& files)> work, std::function<void()> done) {
+  RunInBackground(
+      [reading = reading_, work = std::move(work), &files = platform().files()] {
+        if (!reading->is_left) work(files);
+      },
+      [this, reading = reading_, done = std::move(done)] {
+        if (!reading->is_left && IsLoaded()) RunCommand(done);
+      });
+}
+
+void frmrehearsal::ReadGameFolder() {
+  struct Facts {
+    RehearsedMap first;
+    bool is_closed = false;
+  };
+  const std::string folder = GameFolderNow();
+  LblSummary.Caption = "Reading the game's folder: " + folder;
+  const auto facts = std::make_shared<Facts>();
+  Read(
+      [facts, folder, loose = folder + "\\" + plan_.Rename](FileSystem& files) {
+        facts->is_closed = IsClosedGameFolder(files, folder);
+        facts->first = ReadRehearsedMap(files, loose);
+      },
+      [this, facts, folder] {
+        if (!facts->first.failure) plan_.first_mission = facts->first.mission;
+        if (facts->is_closed) plan_.put_refusal = "The game's folder needs administrator rights: " + folder;
+        GoOn();
+      });
+}
+
+// Each map that is read may lead the night to others: what follows a map that fails is another one.
+void frmrehearsal::GoOn() {
+  Rehearsal night = Rehearse(plan_, maps_);
+  if (night.unread.empty()) return ShowNight(std::move(night));
+  wanted_.assign(night.unread.rbegin(), night.unread.rend());
+  ReadNextMap();
+}
+
+void frmrehearsal::ReadNextMap() {
+  if (wanted_.empty()) return GoOn();
+  const std::string path = wanted_.back();
+  wanted_.pop_back();
+  LblSummary.Caption = "Reading the maps: " + std::to_string(maps_.size()) + " of " +
+                       std::to_string(maps_.size() + wanted_.size() + 1) + std::string(kCrLf) + path;
+  const auto map = std::make_shared<RehearsedMap>();
+  Read([map, path](FileSystem& files) { *map = ReadRehearsedMap(files, path); },
+       [this, map, path] {
+         maps_[path] = *map;
+         ReadNextMap();
+       });
+}
+
+void frmrehearsal::LeaveReading() {
+  if (reading_) reading_->is_left = true;
+  reading_.reset();
+}
+
+// What was not read by then counts as good, and the summary says so.
+void frmrehearsal::EndOrClose() {
+  if (reading_) {
+    ShowNight(Rehearse(plan_, maps_));
+  } else {
+    Unload();
+  }
+}
+
+void frmrehearsal::ShowNight(Rehearsal night) {
+  LeaveReading();
+  CmdClose.Caption = "Close";
+  rehearsal_ = std::move(night);
+  hours_ = plan_.hours;
   std::string summary;
   for (const std::string& line : RehearsalSummary(rehearsal_, hours_)) {
     summary += (summary.empty() ? "" : std::string(kCrLf)) + line;

@@ -1,6 +1,10 @@
 // The night of the play list, played in advance: what would be inserted when, what would fail, and what would be said.
 #pragma once
 
+#include <memory>
+#include <string>
+#include <vector>
+
 #include "forms/check_box.h"
 #include "forms/command_button.h"
 #include "forms/common_dialog.h"
@@ -19,6 +23,7 @@ class frmrehearsal final : public Form {
  public:
   static constexpr const char* kName = window_name::kRehearsal;
   frmrehearsal();
+  ~frmrehearsal() override;
 
   // ---- controls, in tab order ----
   Label& LblRound = Add<Label>("LblRound");
@@ -43,13 +48,27 @@ class frmrehearsal final : public Form {
  private:
   void LayOut();
   void LayOutQuestions();
+  // Reads what the night needs in the background, then shows it.
   void Play();
+  struct Reading;
+  // Does nothing more once the reading was ended.
+  void Read(std::function<void(FileSystem& files)> work, std::function<void()> done);
+  void ReadGameFolder();
+  void GoOn();
+  void ReadNextMap();
+  void LeaveReading();
+  void EndOrClose();
+  void ShowNight(Rehearsal night);
   // Error 13 and a sentence for a text that is no number from 1 on.
   [[nodiscard]] static uint32_t NumberIn(const TextBox& box, const char* what, uint32_t most);
   [[nodiscard]] RehearsalPlan MakePlan();
   void SaveReport();
 
-  Rehearsal rehearsal_;
+  std::shared_ptr<Reading> reading_;  // null while nothing is read
+  RehearsalPlan plan_;
+  RehearsedMaps maps_;
+  std::vector<std::string> wanted_;  // maps that are still to be read, the next one last
+  Rehearsal rehearsal_;              // the night that is shown
   uint32_t hours_ = 0;
 };
 

@@ -6,10 +6,14 @@
 #include <atomic>
 #include <chrono>
 #include <future>
+#include <memory>
 #include <thread>
 
+#include "desktop/win32/game_process.h"
 #include "desktop/win32/window_fixture.h"
 #include "forms/list_box.h"
+#include "platform/background_work.h"
+#include "platform/command_result.h"
 #include "platform/folder_rights.h"
 
 namespace kestrun {
@@ -63,20 +67,57 @@ TEST_F(BackgroundTest, TasksRunOneAfterTheOtherInTheirOrder) {
   EXPECT_EQ(order, "abc");
 }
 
+// The work that runs goes on when the work behind it is gone. Where that stayed, the process would be ended after three
+// seconds: by then with a failure.
 TEST_F(BackgroundTest, WhatStillWaitsWhenTheProgramEndsIsDropped) {
+  SetExitCode(1);
   std::atomic<int> runs = 0;
+  std::promise<void> dropped;
   {
     Win32Background background;
     std::promise<void> started;
     background.Run(
         [&] {
           started.set_value();
+          dropped.get_future().wait();
           ++runs;
         },
         [] { FAIL() << "nobody is there any more"; });
     started.get_future().wait();
+    background.Run([&runs, last = std::shared_ptr<void>(nullptr, [&](void*) { dropped.set_value(); })] { ++runs; },
+                   [] { FAIL() << "nobody is there any more"; });
   }
   EXPECT_EQ(runs, 1);
+  SetExitCode(0);
+}
+
+constexpr int kCodeOfTheEnd = 7;
+
+// The part of the test below that runs in a process of its own, which does not come to the end of it.
+TEST_F(BackgroundTest, DISABLED_EndingWhileAReadHangs) {
+  std::promise<void> started;
+  RunInBackground(
+      [&] {
+        started.set_value();
+        ::Sleep(INFINITE);
+      },
+      [] {});
+  started.get_future().wait();
+  SetExitCode(kCodeOfTheEnd);
+}
+
+TEST_F(BackgroundTest, AProgramThatEndsWhileAReadHangsEndsWithItsOwnExitCode) {
+  std::wstring path(32'768, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  const ProcessHandle process =
+      StartProcess(L"\"" + path +
+                   L"\" --gtest_filter=BackgroundTest.DISABLED_EndingWhileAReadHangs --gtest_also_run_disabled_tests");
+  ASSERT_TRUE(process.IsValid());
+  EXPECT_EQ(WaitForSingleObject(process.get(), kPatienceMs), WAIT_OBJECT_0);
+  DWORD code = 0;
+  ASSERT_TRUE(GetExitCodeProcess(process.get(), &code));
+  EXPECT_EQ(code, static_cast<DWORD>(kCodeOfTheEnd));
+  EndProcess(process);
 }
 
 TEST_F(BackgroundTest, AFolderOfOnesOwnMayBeWrittenAndOneThatIsNotThereIsNotRefused) {

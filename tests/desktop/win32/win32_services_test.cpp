@@ -45,6 +45,26 @@ TEST_F(Win32ServicesTest, TheReadOnlyMarkIsSeenAndTakenAway) {
   EXPECT_FALSE(files.IsReadOnly(Path("none.bms")));
 }
 
+// A map whose badge is on its way, for one.
+TEST_F(Win32ServicesTest, AFileThatIsReadCanBeRenamedAndRemoved) {
+  Write(Path("a.bms"), "map");
+  const auto open = files.Open(Path("a.bms"), OpenMode::kRead);
+  files.Rename(Path("a.bms"), Path("b.bms"));
+  EXPECT_FALSE(files.Exists(Path("a.bms")));
+  Bytes bytes(3);
+  EXPECT_EQ(open->ReadAt(0, bytes), 3U);
+  EXPECT_EQ(AsChars(bytes), "map");
+  files.Delete(Path("b.bms"));
+}
+
+TEST_F(Win32ServicesTest, AFileThatIsWrittenStays) {
+  Write(Path("a.journal"), "old bytes");
+  const auto open = files.Open(Path("a.journal"), OpenMode::kReadWrite);
+  EXPECT_EQ(ErrorNumberOf([&] { files.Delete(Path("a.journal")); }), error::kPermissionDenied);
+  EXPECT_EQ(ErrorNumberOf([&] { files.Rename(Path("a.journal"), Path("b")); }), error::kPermissionDenied);
+  EXPECT_TRUE(files.Exists(Path("a.journal")));
+}
+
 // Where the system does not tell who has a file open, nobody is named; this process never is.
 TEST_F(Win32ServicesTest, ThisProcessIsNotAmongTheHoldersOfItsFiles) {
   Write(Path("a.bms"), "map");

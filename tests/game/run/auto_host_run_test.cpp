@@ -319,6 +319,53 @@ TEST_F(RunTest, AWebAddressIsFetchedAndWhatLiesThereIsPut) {
   run.InsertNow();
   EXPECT_EQ(downloads, std::vector<std::string>{"http://maps.example/a.bms"});
   EXPECT_EQ(Put(), "file.tmp|");
+  ASSERT_EQ(events.size(), 1u);
+  EXPECT_EQ(events[0].reason, "it was asked for");
+}
+
+TEST_F(RunTest, ADownloadThatFailsPutsWhatAnEarlierOneLeftAndTheLogSaysSo) {
+  Rows({"http://maps.example/a.bms"});
+  dead_urls = {"http://maps.example/a.bms"};
+  run.InsertNow();
+  EXPECT_EQ(Put(), "file.tmp|");
+  ASSERT_EQ(events.size(), 1u);
+  EXPECT_EQ(events[0].kind, RunEvent::Kind::kInserted);
+  EXPECT_EQ(events[0].row, 0);
+  EXPECT_EQ(events[0].map, "http://maps.example/a.bms");
+  EXPECT_EQ(events[0].reason, "it was asked for; the download failed: the map of an earlier download went in");
+}
+
+TEST_F(RunTest, ADownloadThatFailsWithNothingLeftByAnEarlierOneIsAFailureOfItsRow) {
+  Rows({"http://maps.example/a.bms", "b"});
+  dead_urls = {"http://maps.example/a.bms"};
+  bad_maps = {"file.tmp"};
+  run.InsertNow();
+  EXPECT_EQ(Put(), "b|");
+  ASSERT_EQ(events.size(), 2u);
+  EXPECT_EQ(events[0].kind, RunEvent::Kind::kFailed);
+  EXPECT_EQ(events[0].row, 0);
+  EXPECT_EQ(events[0].reason, "The download failed. File not found: file.tmp");
+}
+
+TEST_F(RunTest, AnInsertThatRaisesIsNotedWithItsRow) {
+  Rows({"a", "b"});
+  raising_maps = {"b"};
+  run.InsertNow();
+  run.InsertNow();
+  EXPECT_EQ(reported, std::vector<int>{57});
+  ASSERT_EQ(events.size(), 2u);
+  EXPECT_EQ(events[1].kind, RunEvent::Kind::kFailed);
+  EXPECT_EQ(events[1].row, 1);
+  EXPECT_EQ(events[1].map, "b");
+  EXPECT_EQ(events[1].reason, "Device I/O error");
+}
+
+TEST_F(RunTest, AnInsertThatFindsNoRowIsNotedWithoutOne) {
+  Rows({});
+  run.InsertNow();
+  ASSERT_EQ(events.size(), 1u);
+  EXPECT_EQ(events[0].row, -1);
+  EXPECT_EQ(events[0].map, "");
 }
 
 TEST_F(RunTest, TheMissionsNameIsTheOneOfTheMoment) {

@@ -95,7 +95,9 @@ class RunTest : public testing::Test {
   HeadlessGames games;
   std::unique_ptr<GameMemory> memory = games.MakeMemory({});
   WatchedRunWindow window;
-  std::set<std::string> bad_maps;  // putting them fails
+  std::set<std::string> bad_maps;      // putting them fails
+  std::set<std::string> raising_maps;  // putting them raises error 57
+  std::set<std::string> dead_urls;     // they cannot be fetched
   std::vector<std::string> put_maps;
   std::vector<std::string> missions;
   std::vector<std::string> downloads;
@@ -107,12 +109,17 @@ class RunTest : public testing::Test {
                   {clock, *memory,
                    [this](const std::string& map, std::string& mission) {
                      if (bad_maps.contains(map)) return "File not found: " + map;
+                     if (raising_maps.contains(map)) Raise(error::kDeviceIo);
                      put_maps.push_back(map);
                      missions.push_back(mission);
                      return std::string();
                    },
                    [](const std::string& text) { return text.starts_with("http://"); },
-                   [this](const std::string& url, const std::string&) { downloads.push_back(url); }, "file.tmp",
+                   [this](const std::string& url, const std::string&) {
+                     downloads.push_back(url);
+                     return !dead_urls.contains(url);
+                   },
+                   "file.tmp",
                    [this] {
                      const double draw = draws.empty() ? 0.5 : draws.front();
                      if (!draws.empty()) draws.erase(draws.begin());

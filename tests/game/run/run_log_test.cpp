@@ -46,6 +46,19 @@ TEST_F(RunLogTest, AFullLogLosesItsOlderHalfAndNoLineIsCut) {
   EXPECT_TRUE(log.ends_with("\trow 3\tinserted\tC:\\new.bms\tthe game ended\r\n"));
 }
 
+#ifndef _WIN32  // where the file would take all that room on the disk
+TEST_F(RunLogTest, ALogOfMoreThanTwoGigabytesIsShortenedToo) {
+  const std::string path = ProgramPath("autohost.log");
+  {
+    const std::unique_ptr<File> file = native_files.Open(path, OpenMode::kReadWrite);
+    file->WriteAt(uint64_t{3} << 30, AsBytes("\r\nthe last line\r\n"));
+  }
+  AppendToRunLog(Inserted("C:\\new.bms"));
+  EXPECT_EQ(Log(), std::string(kUtf8Mark) + "the last line\r\n" + kStamp +
+                       "\trow 3\tinserted\tC:\\new.bms\tthe game ended\r\n");
+}
+#endif
+
 TEST_F(RunLogTest, ALogWithoutLineEndsIsBegunAnew) {
   WriteFile(ProgramPath("autohost.log"), std::string(kMostRunLogBytes, 'x'));
   AppendToRunLog(Inserted("C:\\new.bms"));

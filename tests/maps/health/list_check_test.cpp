@@ -1,6 +1,7 @@
 #include "maps/health/list_check.h"
 
 #include "maps/health/health_fixture.h"
+#include "support/closed_folders.h"
 
 namespace kestrun {
 namespace {
@@ -113,6 +114,57 @@ TEST_F(ListCheckTest, AServerThatStaysSilentIsLeftAfterTwentySeconds) {
   EXPECT_EQ(desktop.clock().NowMs() - begin_ms, 20'000U);
 }
 
+TEST_F(ListCheckTest, AHundredServersThatStaySilentAreAllAskedWithinAMinute) {
+  std::vector<std::string> rows;
+  for (int row = 0; row < 100; ++row) {
+    rows.push_back("http://server" + std::to_string(row) + ".example/a.bms");
+    desktop.internet().silent.insert(rows.back());
+  }
+  const uint64_t begin_ms = desktop.clock().NowMs();
+  EXPECT_EQ(CountText(Check(rows)), "100 bad");
+  EXPECT_LE(desktop.clock().NowMs() - begin_ms, 61'000U);
+  EXPECT_EQ(desktop.internet().requests.size(), 100U);
+}
+
+TEST_F(ListCheckTest, AddressesThatAreNotComeToAreNamedInTheReport) {
+  std::vector<std::string> rows;
+  for (int row = 0; row < 100; ++row) {
+    rows.push_back("http://maps.example/" + std::to_string(row) + ".bms");
+    desktop.internet().silent.insert(rows.back());
+  }
+  const uint64_t begin_ms = desktop.clock().NowMs();
+  const ListReport report = Check(rows);
+  EXPECT_LE(desktop.clock().NowMs() - begin_ms, 66'000U);
+  // One server is asked for six maps at a time.
+  EXPECT_EQ(CountText(report), "18 bad, 82 not checked");
+  EXPECT_FALSE(report.is_cut_short);
+  EXPECT_EQ(DescribeHealth(report.rows[99].health),
+            "not checked: The address was not asked: others took too long to answer.");
+  EXPECT_NE(ReportText(report).find("\r\nNot checked\r\n  Row 19: http://maps.example/18.bms\r\n"
+                                    "    The address was not asked: others took too long to answer.\r\n"),
+            std::string::npos);
+}
+
+TEST_F(ListCheckTest, AServerThatAnswersIsNotHeldUpByOneThatDoesNot) {
+  std::vector<std::string> rows;
+  for (int row = 0; row < 6; ++row) {
+    rows.push_back("http://silent.example/" + std::to_string(row) + ".bms");
+    desktop.internet().silent.insert(rows.back());
+  }
+  rows.push_back("http://silent.example/6.bms");
+  desktop.internet().silent.insert(rows.back());
+  rows.push_back(kAddress);
+  Serve(kAddress, 200, MissionOf(kCaptureTheFlag));
+  ListCheck check("night.lst", rows, InPlayList());
+  for (int pass = 0; pass < 5; ++pass) {
+    EXPECT_TRUE(check.Advance());
+    desktop.clock().AdvanceMs(10);
+  }
+  EXPECT_EQ(check.DoneRows(), 1);
+  EXPECT_EQ(check.Addresses().count(kAddress), 1U);
+  EXPECT_EQ(desktop.internet().requests.size(), 7U);
+}
+
 TEST_F(ListCheckTest, AnAddressOfAnotherSchemeIsNotAsked) {
   EXPECT_EQ(HealthOfAddress("ftp://maps.example/Oasis.bms"),
             "doubtful: Only addresses that begin with http:// or https:// can be checked.");
@@ -154,18 +206,17 @@ TEST_F(ListCheckTest, ACheckThatIsEndedEarlySaysSo) {
                                             kAddress + "\r\n");
 }
 
-#ifndef _WIN32
 TEST_F(ListCheckTest, AGameFolderThatNeedsAdministratorRightsIsToldBeforeTheRows) {
-  const std::string map = GoodMap();
-  ListReport report = Check({map});
-  EXPECT_EQ(report.closed_game_folder, "");
-  report.closed_game_folder = "C:\\Game";
+  EXPECT_EQ(Check({}).closed_game_folder, "");
+  const ClosedFolders closed;
+  const ListReport report = Check({});
+  EXPECT_EQ(report.closed_game_folder, Path("game"));
   EXPECT_TRUE(report.IsBad());
   EXPECT_EQ(ReportText(report),
-            "Check of night.lst\r\nMaps: 1 good.\r\nThey go in as D08M03.BMS.\r\n\r\n"
-            "No map would go in: the game's folder needs administrator rights.\r\n  C:\\Game\r\n");
+            "Check of night.lst\r\nMaps: no maps.\r\nThey go in as D08M03.BMS.\r\n\r\n"
+            "No map would go in: the game's folder needs administrator rights.\r\n  " +
+                Path("game") + "\r\n");
 }
-#endif
 
 }  // namespace
 }  // namespace kestrun

@@ -1,6 +1,7 @@
 #include "maps/health/map_health.h"
 
 #include "maps/health/health_fixture.h"
+#include "support/closed_folders.h"
 #include "support/forwarding_files.h"
 #include "support/without_rights.h"
 
@@ -141,6 +142,14 @@ TEST_F(HealthTest, AFileIsReadAgainOnlyWhenItsSizeOrDateHasChanged) {
   EXPECT_EQ(MapFactsReader(desktop.files()).Read(map, known).game_types, kCaptureTheFlag);
   native_files.SetWriteTime(map, known.write_time + 20'000'000);
   EXPECT_EQ(MapFactsReader(desktop.files()).Read(map, known).game_types, kDeathmatch);
+}
+
+TEST_F(HealthTest, AMapInAFolderThatIsClosedToTheUserIsDoubtful) {
+  const std::string map = GoodMap();
+  const ClosedFolders closed;
+  EXPECT_EQ(HealthOf(map),
+            "doubtful: It lies in a folder that needs administrator rights: the map can be read, and not be changed, "
+            "renamed or deleted.");
 }
 
 #ifndef _WIN32

@@ -62,6 +62,53 @@ TEST_F(CheckListCommandTest, QuotesAreNotNeededAroundTheFile) {
   EXPECT_THAT(output, HasSubstr("1 good"));
 }
 
+TEST_F(CheckListCommandTest, TheMissionBehindTheFileSaysWhichGameTypeIsWanted) {
+  const std::string list = ListOf({MapPath("Oasis.bms")});
+  static_cast<void>(ProcessCommand("-checklist \"" + list + "\" D08M04.BMS"));
+  EXPECT_EQ(output, "Check of " + list +
+                        "\nMaps: 1 doubtful.\nThey go in as D08M04.BMS.\n\n"
+                        "Doubtful: these rows may not do what is wanted\n  Row 1: " +
+                        MapPath("Oasis.bms") + "\n    It is made for Capture the flag, not for Deathmatch.\n");
+  EXPECT_EQ(ExitCode(), 0);
+}
+
+TEST_F(CheckListCommandTest, AMissionInQuotesOrSmallLettersIsTheSameMission) {
+  const std::string list = ListOf({MapPath("Oasis.bms")});
+  static_cast<void>(ProcessCommand("-checklist \"" + list + "\" \"D08M04.BMS\""));
+  EXPECT_THAT(output, HasSubstr("not for Deathmatch"));
+  output.clear();
+  static_cast<void>(ProcessCommand("-checklist " + list + " d08m03.bms"));
+  EXPECT_THAT(output, HasSubstr("Maps: 1 good.\nThey go in as d08m03.bms.\n"));
+}
+
+TEST_F(CheckListCommandTest, OfANameOfTheUsersOwnTheGameTypeIsNotKnown) {
+  const std::string list = ListOf({MapPath("Oasis.bms")});
+  static_cast<void>(ProcessCommand("-checklist \"" + list + "\" MINE.BMS"));
+  EXPECT_EQ(output, "Check of " + list + "\nMaps: 1 good.\nThey go in as MINE.BMS.\n");
+}
+
+TEST_F(CheckListCommandTest, ANameThatTheGameCannotHoldIsSaid) {
+  static_cast<void>(ProcessCommand("-checklist \"" + ListOf({MapPath("Oasis.bms")}) + "\" \xE6\x97\xA5.BMS"));
+  EXPECT_EQ(ExitCode(), 1);
+  EXPECT_THAT(output, HasSubstr("The game cannot store the character '\xE6\x97\xA5'"));
+}
+
+TEST_F(CheckListCommandTest, AFolderWhoseNameEndsAsAListDoesNeedsNoQuotes) {
+  native_files.MakeFolder(Path("my.lst files"));
+  WriteFile(Path("my.lst files\\night.lst"), "[LIST]\r\nTOTAL=0\r\n");
+  static_cast<void>(ProcessCommand("-checklist " + Path("my.lst files\\night.lst")));
+  EXPECT_EQ(ExitCode(), 0);
+  EXPECT_THAT(output, HasSubstr("Maps: no maps."));
+}
+
+TEST_F(CheckListCommandTest, ARefusalThatIsASentenceEndsInOneFullStop) {
+  WriteFile(Path("night.lst"), "[LIST]\r\nTOTAL=100001\r\n");
+  static_cast<void>(ProcessCommand("-checklist \"" + Path("night.lst") + "\""));
+  EXPECT_EQ(ExitCode(), 1);
+  EXPECT_EQ(output,
+            Path("night.lst") + ": This list says that it holds 100001 maps. Kestrun loads lists of at most 100000.\n");
+}
+
 TEST_F(CheckListCommandTest, TheLogKeepsALineOfIt) {
   static_cast<void>(ProcessCommand("-checklist \"" + ListOf({MapPath("gone.bms")}) + "\""));
   EXPECT_THAT(ReadFile(ProgramPath("kestrun.log")), HasSubstr("night.lst checked ~>1 bad"));

@@ -3,7 +3,11 @@
 
 #include <gmock/gmock.h>
 
+#include <deque>
+
 #include "formats/bms/bms_writer.h"
+#include "platform/background_work.h"
+#include "support/closed_folders.h"
 #include "windows/auto_host/auto_host_fixture.h"
 
 namespace kestrun {
@@ -17,9 +21,109 @@ class RehearsalWindowTest : public AutoHostTest {
   frmrehearsal& Open() {
     Host().Show();
     Rehearsal().Show();
+    LetItRead();
     return Rehearsal();
   }
+  // Files are read between passes of the message loop.
+  void LetItRead() {
+    for (int pass = 0; pass < 1000 && Rehearsal().CmdClose.Caption.get() == "Cancel"; ++pass) {
+      desktop.clock().RunPendingEvents();
+    }
+    EXPECT_EQ(Rehearsal().CmdClose.Caption.get(), "Close");
+  }
 };
+
+// A background whose disk does not answer until it is told to.
+class HeldBackground final : public BackgroundWork {
+ public:
+  HeldBackground() : before_(InstallBackgroundWork(this)) {}
+  ~HeldBackground() override { InstallBackgroundWork(before_); }
+  void Run(std::function<void()> work, std::function<void()> done) override {
+    held_.push_back({std::move(work), std::move(done)});
+  }
+  [[nodiscard]] size_t Count() const { return held_.size(); }
+  void AnswerNext() {
+    const auto [work, done] = std::move(held_.front());
+    held_.pop_front();
+    work();
+    done();
+  }
+
+ private:
+  BackgroundWork* before_;
+  std::deque<std::pair<std::function<void()>, std::function<void()>>> held_;
+};
+
+TEST_F(RehearsalWindowTest, ItTellsWhatItReadsAndShowsTheNightBehindThat) {
+  AddRows({MapPath("Arena.bms"), MapPath("Oasis.bms")});
+  Host().Show();
+  HeldBackground background;
+  Rehearsal().Show();
+  EXPECT_EQ(Rehearsal().LblSummary.Caption.get(), "Reading the game's folder: " + Path("game"));
+  EXPECT_EQ(Rehearsal().CmdClose.Caption.get(), "Cancel");
+  background.AnswerNext();
+  EXPECT_EQ(Rehearsal().LblSummary.Caption.get(), "Reading the maps: 0 of 2\r\n" + MapPath("Arena.bms"));
+  background.AnswerNext();
+  EXPECT_EQ(Rehearsal().LblSummary.Caption.get(), "Reading the maps: 1 of 2\r\n" + MapPath("Oasis.bms"));
+  EXPECT_EQ(Rehearsal().LstLines.ListCount(), 0);
+  background.AnswerNext();
+  EXPECT_EQ(background.Count(), 0U);
+  EXPECT_THAT(Rehearsal().LblSummary.Caption.get(), HasSubstr("In 8 hours: "));
+  EXPECT_EQ(Rehearsal().CmdClose.Caption.get(), "Close");
+}
+
+TEST_F(RehearsalWindowTest, CancelEndsTheReadingOfAShareThatDoesNotAnswer) {
+  const std::string dead = "\\\\dead\\maps\\Oasis.bms";
+  AddRows({MapPath("Arena.bms"), dead});
+  Host().Show();
+  HeldBackground background;
+  Rehearsal().Show();
+  background.AnswerNext();
+  background.AnswerNext();
+  EXPECT_EQ(Rehearsal().LblSummary.Caption.get(), "Reading the maps: 1 of 2\r\n" + dead);
+  EXPECT_TRUE(Rehearsal().CmdClose.Cancel);
+  Rehearsal().CmdClose.Press();
+  const std::string summary = Rehearsal().LblSummary.Caption;
+  EXPECT_THAT(summary, HasSubstr("Not read, and taken for good: 1 map, the first is " + dead + ".\r\nIn 8 hours: "));
+  EXPECT_GT(Rehearsal().LstLines.ListCount(), 0);
+  EXPECT_TRUE(Rehearsal().CmdSave.Enabled);
+  background.AnswerNext();
+  EXPECT_EQ(background.Count(), 0U) << "nothing more is read";
+  EXPECT_EQ(Rehearsal().LblSummary.Caption.get(), summary);
+  EXPECT_EQ(Rehearsal().CmdClose.Caption.get(), "Close");
+  Rehearsal().CmdClose.Press();
+  EXPECT_FALSE(LoadedWindow("frmrehearsal"));
+}
+
+TEST_F(RehearsalWindowTest, AnAnswerThatComesAfterTheWindowWasClosedIsDropped) {
+  AddRows({MapPath("Arena.bms")});
+  Host().Show();
+  HeldBackground background;
+  Rehearsal().Show();
+  Rehearsal().Unload();
+  background.AnswerNext();
+  EXPECT_EQ(background.Count(), 0U);
+}
+
+TEST_F(RehearsalWindowTest, ANightThatIsPlayedAgainReadsTheFilesAnew) {
+  WriteFile(MapPath("Arena.bms"), WriteMission({}));
+  AddRows({MapPath("Arena.bms")});
+  frmrehearsal& window = Open();
+  native_files.Delete(MapPath("Arena.bms"));
+  window.CmdPlay.Press();
+  EXPECT_EQ(window.CmdClose.Caption.get(), "Cancel");
+  LetItRead();
+  EXPECT_THAT(window.LstLines.List(0), HasSubstr("Failed    row 1    " + MapPath("Arena.bms")));
+}
+
+TEST_F(RehearsalWindowTest, AGameFolderThatIsClosedToTheUserFailsEachMap) {
+  AddRows({MapPath("Arena.bms")});
+  const ClosedFolders closed;
+  frmrehearsal& window = Open();
+  EXPECT_THAT(window.LblSummary.Caption.get(), HasSubstr("0 maps inserted"));
+  EXPECT_THAT(window.LstLines.List(0),
+              HasSubstr("(The game's folder needs administrator rights: " + Path("game") + ")"));
+}
 
 TEST_F(RehearsalWindowTest, TheNightIsPlayedWhenTheWindowOpens) {
   AddRows({MapPath("Arena.bms"), MapPath("gone.bms")});
@@ -77,6 +181,7 @@ TEST_F(RehearsalWindowTest, MessagesThatWereSavedAreSentWhenTheirBoxIsTicked) {
   EXPECT_TRUE(has_message());
   window.ChMessages.Value = 0;
   window.CmdPlay.Press();
+  LetItRead();
   EXPECT_FALSE(has_message());
 }
 

@@ -6,6 +6,7 @@
 
 #include "desktop/win32/system/message_window.h"
 #include "forms/form.h"
+#include "platform/command_result.h"
 
 namespace kestrun {
 namespace {
@@ -44,7 +45,7 @@ Win32Background::~Win32Background() {
   shared_->waiting.clear();
   shared_->changed.notify_all();
   if (shared_->changed.wait_for(lock, kLongestWait, [this] { return !shared_->is_working; })) return;
-  TerminateProcess(GetCurrentProcess(), 0);
+  TerminateProcess(GetCurrentProcess(), static_cast<UINT>(ExitCode()));
 }
 
 void Win32Background::Run(std::function<void()> work, std::function<void()> done) {

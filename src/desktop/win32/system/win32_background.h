@@ -16,7 +16,8 @@ class Win32Background final : public BackgroundWork {
  public:
   Win32Background();
   // Waits for the work that runs, which may be at the files of the platform. When that takes too long, as at a share
-  // that is gone, the process ends here: its windows are closed, and nothing else is left to do.
+  // that is gone, the process ends here, with the exit code of its commands: its windows are closed, and nothing else
+  // is left to do.
   ~Win32Background() override;
   Win32Background(const Win32Background&) = delete;
   Win32Background& operator=(const Win32Background&) = delete;

@@ -167,8 +167,11 @@ std::unique_ptr<File> Win32FileSystem::Open(std::string_view path, OpenMode mode
   const DWORD creation = mode == OpenMode::kRead     ? OPEN_EXISTING
                          : mode == OpenMode::kCreate ? CREATE_ALWAYS
                                                      : OPEN_ALWAYS;
-  FileHandle handle(CreateFileW(ToWidePath(path).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, creation,
-                                FILE_ATTRIBUTE_NORMAL, nullptr));
+  // Whoever only reads keeps nobody from renaming or removing the file, as on other systems. What is written stays
+  // where it is: a journal must not go while its archive is worked on.
+  const DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | (mode == OpenMode::kRead ? FILE_SHARE_DELETE : 0);
+  FileHandle handle(
+      CreateFileW(ToWidePath(path).c_str(), access, share, nullptr, creation, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!handle.IsValid()) RaiseForPath(path);
   return std::make_unique<Win32File>(std::move(handle));
 }

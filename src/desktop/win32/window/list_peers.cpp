@@ -1,7 +1,6 @@
 // List boxes on the system's own control.
 #include <algorithm>
 #include <array>
-#include <map>
 #include <utility>
 
 #include "desktop/win32/drawing/graphics.h"
@@ -9,6 +8,7 @@
 #include "desktop/win32/window/control_peer.h"
 #include "desktop/win32/window/peer_kinds.h"
 #include "desktop/win32/window/reader_name.h"
+#include "desktop/win32/window/row_notes.h"
 #include "forms/file_list_box.h"
 #include "forms/list_box.h"
 #include "platform/platform.h"
@@ -245,12 +245,23 @@ class PlainListPeer final : public DrawnListPeer<ListBox> {
     }
   }
 
+  // What badges say may have changed, as with another mission: the rows in sight are asked when they are painted, and
+  // those out of sight when they come into sight again.
+  void Repaint() override {
+    DrawnListPeer::Repaint();
+    const auto first = static_cast<int>(SendMessageW(window(), LB_GETTOPINDEX, 0, 0));
+    RECT client{};
+    GetClientRect(window(), &client);
+    const int rows = static_cast<int>(client.bottom) / std::max(RowHeight(), 1);
+    if (notes_.ForgetOutside(first, first + rows)) TellNotesLater();
+  }
+
  protected:
   // The scroll bar below shows only while the extent is wider than the list.
   [[nodiscard]] DWORD MoreStyle() const override { return WS_HSCROLL | DrawnListPeer::MoreStyle(); }
   // What the notes told are of rows that are elsewhere now.
   void Filled() override {
-    badge_notes_.clear();
+    notes_.Forget();
     TellNotes();
   }
   [[nodiscard]] bool IsDrawn() const override { return HasMarks() || HasBadges(); }
@@ -294,9 +305,9 @@ class PlainListPeer final : public DrawnListPeer<ListBox> {
   void NoteBadge(int row, const RowBadge& badge) {
     std::string note = badge.word;
     if (!badge.note.empty()) note += ", " + badge.note;
-    std::string& known = badge_notes_[row];
-    if (known == note) return;
-    known = std::move(note);
+    if (notes_.Note(row, note)) TellNotesLater();
+  }
+  void TellNotesLater() {
     if (std::exchange(notes_stale_, true)) return;
     RunLater([](ControlPeer& peer) { static_cast<PlainListPeer&>(peer).TellNotes(); });
   }
@@ -321,20 +332,7 @@ class PlainListPeer final : public DrawnListPeer<ListBox> {
   // To screen readers: the mark of the one row, and the badges of those that were shown.
   void TellNotes() {
     notes_stale_ = false;
-    const int marked = Model().MarkedRow();
-    if (marked >= 0) static_cast<void>(badge_notes_[marked]);
-    for (const auto& [row, note] : badge_notes_) {
-      std::string wanted = row == marked ? Model().MarkMeaning.get() : std::string();
-      if (!note.empty()) wanted += (wanted.empty() ? "" : ", ") + note;
-      if (wanted == told_[row]) continue;
-      TellReadersRowNote(window(), row, wanted);
-      told_[row] = std::move(wanted);
-    }
-    for (auto& [row, told] : told_) {
-      if (told.empty() || badge_notes_.contains(row)) continue;
-      TellReadersRowNote(window(), row, "");
-      told.clear();
-    }
+    notes_.Tell(Model().MarkedRow(), Model().MarkMeaning);
   }
 
   void ShowExtent() {
@@ -342,8 +340,7 @@ class PlainListPeer final : public DrawnListPeer<ListBox> {
     SendMessageW(window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent > 0 ? extent + Margin() : 0), 0);
   }
 
-  std::map<int, std::string> badge_notes_;  // of the rows that were shown since the list was filled
-  std::map<int, std::string> told_;         // what screen readers know
+  RowNotes notes_{[this](int row, const std::string& note) { TellReadersRowNote(window(), row, note); }};
   bool notes_stale_ = false;
 };
 
