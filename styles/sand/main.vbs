@@ -86,10 +86,21 @@ Sub ShapeWindow(Form)
     Form.Show
     System.DrawIt
     System.TransControl Form, Hole
-  ElseIf Form.Visible Then
-    RoundButtons Form
+  Else
+    If IsSkinnedFirst(Form.Name) Then Form.Show
+    If Form.Visible Then RoundButtons Form
   End If
 End Sub
+
+'Windows that put their style on before they are there, and that nothing begins in as soon as they are.
+Function IsSkinnedFirst(Name)
+  Select Case Name
+    Case "frmain", "frmhelp", "frmzip", "frmname", "frmchat"
+      IsSkinnedFirst = True
+    Case Else
+      IsSkinnedFirst = False
+  End Select
+End Function
 
 'A mask lies over each button while the button is cut to its shape: a plate whose corners are holes.
 Sub RoundButtons(Form)
