@@ -55,6 +55,8 @@ class ClsStyle final : public RefCounted {
   void FormLoad(Form& form);
   // For what a script has called: the line that calls.
   [[nodiscard]] StylePlace CallingPlace() const;
+  // False for a language whose engine tells the places of failures only.
+  [[nodiscard]] bool KnowsCallingPlace() const { return !engine_ || engine_->KnowsCallingPlace(); }
 
  private:
   struct Directive;
