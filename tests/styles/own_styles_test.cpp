@@ -124,7 +124,7 @@ TEST_P(OwnStylesTest, TheButtonsOfAWindowAreCutWhenItIsThere) {
 }
 
 TEST_P(OwnStylesTest, TheButtonsOfAWindowThatIsSkinnedBeforeItIsThereAreCutAsWell) {
-  for (const char* name : {"frmain", "frmhelp", "frmzip", "frmname", "frmchat"}) {
+  for (const char* name : {"frmain", "frmhelp", "frmzip", "frmname", "frmchat", "FrmUpdate", "frmdwnlhelp"}) {
     CloseAllWindows();
     effects.calls.clear();
     Form& window = WindowByName(name);
