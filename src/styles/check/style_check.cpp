@@ -152,8 +152,14 @@ class StyleCheck::Work {
   void FindPlaces(const std::string& name, size_t first_fault);
   [[nodiscard]] StylePlace FindPlace(const std::string& name, int number);
   void AddOnce(StyleFault fault);
-  [[nodiscard]] bool IsTimeUp() const {
-    return SteadyClock::now() - start_ > std::chrono::milliseconds(limits_.whole_ms);
+  [[nodiscard]] static bool IsPast(SteadyClock::time_point start, int64_t milliseconds) {
+    return SteadyClock::now() - start > std::chrono::milliseconds(milliseconds);
+  }
+  [[nodiscard]] bool IsTimeUp() const { return IsPast(start_, limits_.whole_ms); }
+  // Each of the many calls for one window may be quick enough, and all of them together not.
+  [[nodiscard]] bool GoesOn() {
+    is_late_ = is_late_ || IsTimeUp() || IsPast(window_start_, limits_.script_ms);
+    return !is_late_;
   }
 
   std::string file_;
@@ -163,7 +169,9 @@ class StyleCheck::Work {
   size_t done_ = 0;
   End end_ = End::kNone;
   bool is_loaded_ = false;
+  bool is_late_ = false;  // in the middle of a window
   SteadyClock::time_point start_ = SteadyClock::now();
+  SteadyClock::time_point window_start_ = start_;
   UnseenDesktop* desktop_ = nullptr;  // of the stage
   Ref<ClsStyle> style_ = MakeRef<ClsStyle>();
   ChangeLog changes_;
@@ -275,6 +283,7 @@ void StyleCheck::Work::LoadStyle() {
   std::vector<std::string> boxes;
   desktop_->OnBox([&boxes](const std::string& text) { boxes.push_back(text); });
   style_->script_timeout_ms = limits_.script_ms;
+  style_->GoesOn = [this] { return GoesOn(); };
   style_->ScriptFailed = [this](const StyleScriptFault& fault) { return TakeScriptFault(fault); };
   style_->InitStyle(file_);
   for (const std::string& text : boxes) AddOnce({StyleFaultKind::kFile, {}, {}, {}, text});
@@ -334,9 +343,10 @@ WindowLook StyleCheck::Work::LookAtWindow(const std::string& name, bool is_on) {
 void StyleCheck::Work::CheckWindow(const std::string& name) {
   const Stage stage(*this);
   const size_t first_fault = faults_.size();
+  window_start_ = SteadyClock::now();
   const WindowLook plain = LookAtWindow(name, false);
   const WindowLook styled = LookAtWindow(name, true);
-  if (!styled.controls.empty()) {  // no script has closed the window
+  if (!styled.controls.empty() && !is_late_) {  // no script has closed the window
     const std::vector<StyleFault> found = CompareLooks(
         plain, styled, [this](const Control& control, StyleFaultKind kind) { return changes_.PlaceOf(control, kind); });
     faults_.insert(faults_.end(), found.begin(), found.end());
@@ -351,7 +361,7 @@ void StyleCheck::Work::FindPlaces(const std::string& name, size_t first_fault) {
     StylePlace& place = faults_[at].place;
     if (!IsUnknown(place)) continue;
     const int number = place.line;
-    const bool may_search = places.size() < kMostSearches && !is_stopped_ && !IsTimeUp();
+    const bool may_search = places.size() < kMostSearches && !is_stopped_ && !is_late_ && !IsTimeUp();
     if (!places.contains(number)) places[number] = may_search ? FindPlace(name, number) : StylePlace{};
     place = places[number];
   }
@@ -361,8 +371,10 @@ void StyleCheck::Work::FindPlaces(const std::string& name, size_t first_fault) {
 StylePlace StyleCheck::Work::FindPlace(const std::string& name, int number) {
   found_place_ = {};
   wanted_deed_ = number;
+  window_start_ = SteadyClock::now();
   Attempt([&] { static_cast<void>(LookAtWindow(name, true)); });
   wanted_deed_ = 0;
+  is_late_ = false;  // the window has been looked at
   return found_place_;
 }
 
@@ -379,6 +391,10 @@ void StyleCheck::Work::Step() {
             failures_ +=
                 (failures_.empty() ? "" : " ") + name + " could not be looked at: " + failure.description() + ".";
           });
+  if (is_late_) {
+    end_ = End::kTimeIsUp;
+    return;
+  }
   ++done_;
 }
 

@@ -20,8 +20,10 @@ constexpr int kClientHeight = 4500;
 constexpr int kLeastWidth = 5400;
 constexpr int kLeastHeight = 2700;
 constexpr int kTwipsPerInch = 1440;
-constexpr int kTextEdge = 8;  // pixels beside the text of a row
-constexpr int kLinesOfRest = 3;
+constexpr int kTextEdge = 8;   // pixels beside the text of a row
+constexpr int kLongWord = 60;  // pixels that a line may stay empty at its end
+constexpr int kMostLines = 4;
+constexpr int kBarHeight = 255;
 
 FrmEdit& Editor() { return Window<FrmEdit>(); }
 
@@ -45,10 +47,16 @@ std::string ProgressOf(const std::string& project, const StyleCheck& check) {
   return "Checking " + project + ": " + window + ". Esc ends the check.";
 }
 
-int WidthOfRow(const ListBox& list, int row) {
+// In pixels.
+int WidthOf(const std::string& text, const FontDescription& font) {
   Windowing& windowing = platform().windowing();
-  const int dpi = kTwipsPerInch / windowing.Screen().twips_per_pixel;
-  return windowing.MeasureText(list.List(row), list.Font, dpi).width + kTextEdge;
+  return windowing.MeasureText(text, font, kTwipsPerInch / windowing.Screen().twips_per_pixel).width;
+}
+
+// How many lines a text takes in so many twips, when words stay whole.
+int LinesOf(const std::string& text, const FontDescription& font, int width_twips) {
+  const int room = width_twips / platform().windowing().Screen().twips_per_pixel - kLongWord;
+  return std::clamp(1 + WidthOf(text, font) / std::max(1, room), 1, kMostLines);
 }
 
 }  // namespace
@@ -64,6 +72,10 @@ FrmEditCheck::FrmEditCheck() : Form(kName) {
   SetCaptionAndTip(CmdOpen, "&Open", "Shows the line of the module that is to blame for the selected fault.");
   SetCaptionAndTip(CmdAgain, "Check &again", "Checks the style as it stands in the editor now.");
   prgcheck.ToolTipText = "How many of the windows have been looked at.";
+  prgcheck.BroderStyle = 1;
+  prgcheck.BackColor = color::kWindowBackground;
+  prgcheck.Progresscolor = color::kHighlight;
+  prgcheck.ShowPercent = false;
   prgcheck.Visible = false;
   TmrCheck.Enabled = false;
   TmrCheck.Interval = 1;
@@ -86,8 +98,7 @@ void FrmEditCheck::Place() {
   const int height = std::max(ScaleHeight(), kLeastHeight);
   const int right = width - kWindowMargin;
   const int buttons_top = height - kWindowMargin - kDialogButtonHeight;
-  const bool has_rest = check_ && !IsChecking() && !check_->Rest().empty();
-  const int result_height = kLabelHeight * (has_rest ? kLinesOfRest : 1);
+  const int result_height = kLabelHeight * LinesOf(LblResult.Caption, LblResult.Font, right - kWindowMargin);
   const int list_top = kWindowMargin + result_height + kControlGap / 2;
   LblResult.Move(kWindowMargin, kWindowMargin, right - kWindowMargin, result_height);
   LstFaults.Move(kWindowMargin, list_top, right - kWindowMargin, buttons_top - kWindowMargin - list_top);
@@ -96,7 +107,8 @@ void FrmEditCheck::Place() {
     button->Move(left, buttons_top, kDialogButtonWidth, kDialogButtonHeight);
     left -= kDialogButtonWidth + kControlGap;
   }
-  prgcheck.Move(kWindowMargin, buttons_top, left + kDialogButtonWidth - kWindowMargin, kDialogButtonHeight);
+  prgcheck.Move(kWindowMargin, buttons_top + (kDialogButtonHeight - kBarHeight) / 2,
+                left + kDialogButtonWidth - kWindowMargin, kBarHeight);
 }
 
 void FrmEditCheck::Check(const std::string& project, std::unique_ptr<StyleCheck> check) {
@@ -121,7 +133,7 @@ void FrmEditCheck::ListNewFaults() {
   int width = LstFaults.HorizontalExtent;
   for (int row = LstFaults.ListCount(); row < static_cast<int>(check_->faults().size()); ++row) {
     LstFaults.AddItem(LineOf(check_->faults()[static_cast<size_t>(row)]));
-    width = std::max(width, WidthOfRow(LstFaults, row));
+    width = std::max(width, WidthOf(LstFaults.List(row), LstFaults.Font) + kTextEdge);
   }
   LstFaults.HorizontalExtent = width;
   if (LstFaults.ListIndex < 0 && LstFaults.ListCount() > 0) LstFaults.ListIndex = 0;

@@ -453,6 +453,20 @@ TEST_F(StyleCheckTest, WhatWasNotLookedAtIsNoFaultOfTheStyle) {
             "The check ended early, because its time was up: frmhelp and the 2 windows behind it were not looked at.");
 }
 
+// Each call is quick enough, all of them together are not: the window is not looked at to its end.
+TEST_F(StyleCheckTest, AWindowWhoseManyControlsTakeTooLongIsLeft) {
+  StyleCheckLimits limits;
+  limits.whole_ms = 40;
+  limits.windows = {CheckedForm::kName, "frmhelp"};
+  const StyleCheckResult result =
+      CheckStyle(MakeScriptStyle("Sub Form_Load(Form)\r\nFor i = 1 To 60000000 : Next\r\nEnd Sub\r\n"
+                                 "Sub Control_Load(Control, Form)\r\nEnd Sub"),
+                 limits);
+  EXPECT_THAT(result.faults, IsEmpty());
+  EXPECT_EQ(result.rest,
+            "The check ended early, because its time was up: frmchecked and the window behind it were not looked at.");
+}
+
 TEST_F(StyleCheckTest, TheCommandTellsInALastLineThatNotEverythingWasLookedAt) {
   const std::vector<std::string> lines = CheckStyleFile(
       MakeScriptStyle("Sub Form_Load(Form)\r\nErr.Raise " + std::to_string(kScriptTimedOut) + "\r\nEnd Sub"));
