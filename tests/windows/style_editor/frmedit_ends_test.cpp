@@ -296,7 +296,8 @@ class EndsTest : public EditorTest, public testing::WithParamInterface<Fault> {
     PrepareDisk(*disk);
     return disk;
   }
-  // What else there is, and what becomes of it before the next session; the second is called with the disk of the first.
+  // What else there is, and what becomes of it before the next session; the second is called with the disk of the
+  // first.
   virtual void PrepareDisk(SimulatedDisk&) {}
   virtual void LeaveDisk(SimulatedDisk& disk) { disk.StartAgain(); }
 

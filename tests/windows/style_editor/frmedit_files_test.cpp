@@ -151,9 +151,10 @@ TEST_F(FrmEditFilesTest, TheCopyOfAnotherProgramIsNotReadWhileThatOneWritesIt) {
   const std::string process = std::to_string(native_files.ReadLockHolder(lock).process);
   dialogs().ExpectFile(path);
   dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
-  dialogs().ExpectBox("Error: 70\r\n'" + theirs + "' is in use by another kestrun (process " + process +
-                      "). Try again when it has finished.\r\nYou may not change it: another program has it open, or you "
-                      "lack the rights. Close the game and other programs that use it, or choose a folder of your own.");
+  dialogs().ExpectBox(
+      "Error: 70\r\n'" + theirs + "' is in use by another kestrun (process " + process +
+      "). Try again when it has finished.\r\nYou may not change it: another program has it open, or you "
+      "lack the rights. Close the game and other programs that use it, or choose a folder of your own.");
   editor().mnu_open.Click();
   EXPECT_FALSE(editor().project().archive());
   EXPECT_FALSE(FileIsThere(Path("~$2night.stl")));
