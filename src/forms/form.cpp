@@ -134,14 +134,14 @@ void Form::Show() {
   Shown();
 }
 
+// A window that the load handler makes is owned by the present one already.
 void Form::ShowModal() {
+  const Ref<Form> keep(this);
+  const FlagScope modal(modal_);
   EnsureLoaded();
   if (!loaded_) return;
-  const Ref<Form> keep(this);
-  modal_ = true;
   Show();
   platform().windowing().RunModal(*this);
-  modal_ = false;
 }
 
 void Form::Hide() {

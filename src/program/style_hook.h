@@ -34,8 +34,8 @@ StyleRuntime InstallStyleRuntime(StyleRuntime runtime);
 [[nodiscard]] StyleIdentity CurrentStyleIdentity();
 // Loads a style file and makes it the current one.
 void LoadStyleFile(const std::string& path);
-// What is wrong with a style file, a line for each fault, without anything of it being seen (styles/check). Raises what
-// the file layer raises when the file cannot be read.
+// What is wrong with a style file, a line for each fault, without anything of it being seen (styles/check); a last line
+// when not everything was looked at. Raises what the file layer raises when the file cannot be read.
 [[nodiscard]] std::vector<std::string> CheckStyleFile(const std::string& path);
 // Applies the current style to a window.
 void FormLoadStyle(Form& form);

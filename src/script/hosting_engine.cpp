@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "base/member_rows.h"
 #include "base/text.h"
@@ -121,11 +122,16 @@ class HostingEngine final : public ScriptEngine {
     if (hosted_) hosted_->script().AddObject(name, object);
   }
   bool AddCode(std::string_view text) override {
-    if (IsBuiltIn()) return built_in_->AddCode(text);
-    return Take(hosted_ ? hosted_->AddCode(text) : missing_);
+    (IsBuiltIn() ? built_in_modules_ : hosted_modules_).push_back(modules_++);
+    if (!IsBuiltIn()) return Take(hosted_ ? hosted_->AddCode(text) : missing_);
+    const ErrorOfBuiltIn error(*this);
+    return built_in_->AddCode(text);
   }
   Variant Run(std::string_view name, std::vector<Variant> arguments) override {
-    if (IsBuiltIn()) return built_in_->Run(name, std::move(arguments));
+    if (IsBuiltIn()) {
+      const ErrorOfBuiltIn error(*this);
+      return built_in_->Run(name, std::move(arguments));
+    }
     Variant result;
     if (hosted_) static_cast<void>(Take(hosted_->Run(name, arguments, result)));
     return result;
@@ -135,15 +141,44 @@ class HostingEngine final : public ScriptEngine {
     built_in_->CheckTime();
   }
   [[nodiscard]] ScriptPlace CallingPlace() const override {
-    return IsBuiltIn() ? built_in_->CallingPlace() : ScriptPlace{};
+    if (!IsBuiltIn()) return {};
+    const ScriptPlace place = built_in_->CallingPlace();
+    return {NumberIn(built_in_modules_, place.Module), place.Line};
   }
+  [[nodiscard]] bool KnowsCallingPlace() const override { return IsBuiltIn(); }
   ScriptError& Error() override { return built_in_->Error(); }
 
  private:
   [[nodiscard]] bool IsBuiltIn() const { return language_.empty() || EqualsNoCase(language_, kBuiltInLanguage); }
+  // An engine counts its own modules only, its host those of all languages.
+  [[nodiscard]] static int NumberIn(const std::vector<int>& modules, int own) {
+    return own >= 0 && static_cast<size_t>(own) < modules.size() ? modules[static_cast<size_t>(own)] : -1;
+  }
+  // A call into the built-in engine: its error gets the number that its module has here; without an error the one of
+  // before stays.
+  class ErrorOfBuiltIn {
+   public:
+    explicit ErrorOfBuiltIn(HostingEngine& engine)
+        : engine_(engine), before_(std::exchange(engine.Error(), ScriptError{})) {}
+    ~ErrorOfBuiltIn() {
+      ScriptError& error = engine_.Error();
+      if (error.Number == 0) {
+        error = std::move(before_);
+      } else {
+        error.Module = NumberIn(engine_.built_in_modules_, error.Module);
+      }
+    }
+    ErrorOfBuiltIn(const ErrorOfBuiltIn&) = delete;
+    ErrorOfBuiltIn& operator=(const ErrorOfBuiltIn&) = delete;
+
+   private:
+    HostingEngine& engine_;
+    ScriptError before_;
+  };
   // False for a failure, which stands in Error then.
   bool Take(ScriptError failure) {
     if (failure.Number == 0) return true;
+    failure.Module = NumberIn(hosted_modules_, failure.Module);
     Error() = std::move(failure);
     return false;
   }
@@ -153,6 +188,10 @@ class HostingEngine final : public ScriptEngine {
   std::string hosted_language_;
   std::unique_ptr<HostedLanguage> hosted_;  // null where the machine has none for the language
   ScriptError missing_;                     // why
+  // The modules of each, by the number among all that were added.
+  std::vector<int> built_in_modules_;
+  std::vector<int> hosted_modules_;
+  int modules_ = 0;
 };
 
 // Another language starts anew: its engine knows nothing of the modules before.
@@ -161,6 +200,7 @@ void HostingEngine::SetLanguage(std::string_view language) {
   if (IsBuiltIn()) return built_in_->SetLanguage(language);
   if (hosted_ && EqualsNoCase(hosted_language_, language)) return;
   hosted_ = nullptr;
+  hosted_modules_.clear();
   hosted_language_ = language;
   try {
     hosted_ = std::make_unique<HostedLanguage>(language, Timeout());

@@ -56,6 +56,8 @@ class ScriptEngine {
   // For objects that a script calls: the line that calls. No place outside of such a call, and in a language of the
   // machine.
   [[nodiscard]] virtual ScriptPlace CallingPlace() const { return {}; }
+  // Whether CallingPlace gives places in the present language.
+  [[nodiscard]] virtual bool KnowsCallingPlace() const { return true; }
 
   [[nodiscard]] virtual ScriptError& Error() = 0;
 };

@@ -135,6 +135,7 @@ void ClsStyle::FormLoad(Form& form) {
   const std::vector<Ref<Control>> controls = form.controls();
   for (const Ref<Control>& control : controls) {
     if (!control->form()) continue;
+    if (!GoesOn()) return;
     if (!Run("Control_Load", {control, window})) return;
   }
 }

@@ -45,6 +45,9 @@ class ClsStyle final : public RefCounted {
   // What is done about an error of the scripts; false when the user wants no more of it. The error dialogue at first.
   std::function<bool(const StyleScriptFault& fault)> ScriptFailed = &ShowScriptError;
 
+  // Asked before each control of a window: false leaves the rest of them alone. Always true at first.
+  std::function<bool()> GoesOn = [] { return true; };
+
   // How long one call into the scripts may take.
   int64_t script_timeout_ms = kScriptTimeoutMs;
 
@@ -55,6 +58,8 @@ class ClsStyle final : public RefCounted {
   void FormLoad(Form& form);
   // For what a script has called: the line that calls.
   [[nodiscard]] StylePlace CallingPlace() const;
+  // False for a language whose engine tells the places of failures only.
+  [[nodiscard]] bool KnowsCallingPlace() const { return !engine_ || engine_->KnowsCallingPlace(); }
 
  private:
   struct Directive;

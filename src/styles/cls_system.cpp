@@ -85,12 +85,12 @@ void ClsSystem::UseEntry(const std::string& name, const std::string& context, co
   try {
     Bytes bytes;
     if (Extract(name, bytes)) return use(bytes);
-    MsgBox(missing);
   } catch (const std::exception&) {
     ShowError(context);
     return;
   }
   // A missing entry is told twice: styles' authors know both boxes.
+  MsgBox(missing);
   ShowError(context);
 }
 

@@ -23,7 +23,9 @@ StyleIdentity Identity() {
 
 std::vector<std::string> CheckFile(const std::string& path) {
   std::vector<std::string> lines;
-  for (const StyleFault& fault : CheckStyle(path)) lines.push_back(LineOf(fault));
+  const StyleCheckResult result = CheckStyle(path);
+  for (const StyleFault& fault : result.faults) lines.push_back(LineOf(fault));
+  if (!result.rest.empty()) lines.push_back(result.rest);
   return lines;
 }
 

@@ -43,7 +43,8 @@ class StyleProject {
   };
   // `takes_copy` is asked when there is a working copy already: true takes it as it is, false copies the file over it.
   // One that another program works on stays that program's: this project then has a copy of its own, "~$2" in front of
-  // its name, and the answer says whether it is made of the other one or of the file.
+  // its name, and the answer says whether it is made of the other one or of the file. Of several copies that nobody
+  // works on any more the one that was written last is taken; the others wait for the next opening.
   // A failure leaves no project, and the files as they were.
   Opened Open(const std::string& file, const std::function<bool()>& takes_copy);
 
@@ -59,9 +60,13 @@ class StyleProject {
 
  private:
   Opened Load(const std::string& file, const std::function<bool()>& takes_copy);
+  struct Copies;
+  // `first` is the name that the first program's copy has.
+  [[nodiscard]] static Copies FindCopies(const std::string& first);
+  static void TakeNewCopy(const std::string& first, Copies& copies);
+  void TakeCopy(const Copies& copies);
   void TakeFile(const std::string& file) const;
-  // The first working copy that nobody else has, which is this project's from then on.
-  [[nodiscard]] std::string ReserveWorkingFile(const std::string& first);
+  void TakeOthers(const std::string& copy) const;
 
   std::string file_;
   std::string working_file_;

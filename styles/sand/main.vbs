@@ -88,7 +88,38 @@ Sub ShapeWindow(Form)
     System.TransControl Form, Hole
   ElseIf Form.Visible Then
     RoundButtons Form
+  ElseIf IsSkinnedFirst(Form.Name) Then
+    ShapeBeforeItIsThere Form
   End If
+End Sub
+
+'Windows that put their style on before they are there.
+Function IsSkinnedFirst(Name)
+  Select Case Name
+    Case "frmain", "frmhelp", "frmzip", "frmname", "frmchat", "FrmUpdate", "frmdwnlhelp"
+      IsSkinnedFirst = True
+    Case Else
+      IsSkinnedFirst = False
+  End Select
+End Function
+
+'Their timers wait: nothing begins in a window that has not loaded all of itself.
+Sub ShapeBeforeItIsThere(Form)
+  Dim Waiting, Control
+  Set Waiting = CreateObject("Scripting.Dictionary")
+  For Each Control In Form.Controls
+    If TypeName(Control) = "Timer" Then
+      If Control.Enabled Then
+        Waiting.Add Control.Name, Control
+        Control.Enabled = False
+      End If
+    End If
+  Next
+  Form.Show
+  RoundButtons Form
+  For Each Control In Waiting.Items
+    Control.Enabled = True
+  Next
 End Sub
 
 'A mask lies over each button while the button is cut to its shape: a plate whose corners are holes.

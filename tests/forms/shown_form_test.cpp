@@ -47,6 +47,20 @@ TEST_F(ShownFormTest, VisibleFalseHidesAFormAndVisibleTrueShowsItAgain) {
   EXPECT_EQ(desktop.windowing().shown_forms, (std::vector<std::string>{"frmshown", "frmshown"}));
 }
 
+// A window that the load handler makes has its owner by that.
+TEST_F(ShownFormTest, AModalFormIsOneFromItsLoadHandlerToItsEnd) {
+  struct Asked final : Form {
+    Asked() : Form("frmasked") {}
+    void Load() override { was_modal = IsModal(); }
+    bool was_modal = false;
+  };
+  const Ref<Asked> asked = MakeRef<Asked>();
+  desktop.windowing().ExpectModal("frmasked", [](Form& shown) { shown.Unload(); });
+  asked->ShowModal();
+  EXPECT_TRUE(asked->was_modal);
+  EXPECT_FALSE(asked->IsModal());
+}
+
 TEST_F(ShownFormTest, AFormWithoutAFrameIsAllClientArea) {
   form->BorderStyle = static_cast<int>(FormBorder::kNone);
   form->Width = 4000;

@@ -108,6 +108,32 @@ TEST_F(HostingEngineTest, AMachineWithoutEnginesSaysSo) {
   EXPECT_EQ(engine->Error().Description, "A script engine for the specified language can not be created.");
 }
 
+TEST_F(HostingEngineTest, ModulesOfTwoLanguagesAreCountedTogether) {
+  engine->SetLanguage("vbscript");
+  EXPECT_TRUE(engine->AddCode("one = 1"));
+  engine->SetLanguage("jscript");
+  play.fault = ForeignScriptFault{.number = 1002, .module = 0, .line = 1, .column = 1, .description = "Syntax error"};
+  EXPECT_FALSE(engine->AddCode("two = = 2"));
+  EXPECT_EQ(engine->Error().Module, 1);
+  engine->Error().Clear();
+  engine->SetLanguage("vbscript");
+  EXPECT_TRUE(engine->AddCode("Sub Fail\nErr.Raise 1001\nEnd Sub"));
+  engine->Run("Fail", {});
+  EXPECT_EQ(engine->Error().Number, 1001);
+  EXPECT_EQ(engine->Error().Module, 2);
+  EXPECT_EQ(engine->Error().Line, 2);
+}
+
+TEST_F(HostingEngineTest, AnErrorThatNobodyHasTakenStaysBehindARunWithoutOne) {
+  engine->SetLanguage("vbscript");
+  EXPECT_TRUE(engine->AddCode("one = 1"));
+  EXPECT_FALSE(engine->AddCode("two = = 2"));
+  EXPECT_TRUE(engine->AddCode("Sub Nothing_Wrong\nEnd Sub"));
+  engine->Run("Nothing_Wrong", {});
+  EXPECT_EQ(engine->Error().Module, 1);
+  EXPECT_EQ(engine->Error().Line, 1);
+}
+
 TEST_F(HostingEngineTest, AFaultIsToldWithThePlaceAndTheLineOfItsModule) {
   engine->SetLanguage("jscript");
   EXPECT_TRUE(engine->AddCode("first"));

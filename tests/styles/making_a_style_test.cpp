@@ -79,7 +79,9 @@ class MakingAStyleTest : public StyleTest {
     StyleCheckLimits limits;
     limits.windows = {"frmhelp", "FrmOverWrite", "frmoptions"};
     std::vector<std::string> lines;
-    for (const StyleFault& fault : CheckStyle(file, limits)) lines.push_back(LineOf(fault));
+    const StyleCheckResult result = CheckStyle(file, limits);
+    for (const StyleFault& fault : result.faults) lines.push_back(LineOf(fault));
+    EXPECT_EQ(result.rest, "");
     return lines;
   }
 

@@ -123,6 +123,22 @@ TEST_P(OwnStylesTest, TheButtonsOfAWindowAreCutWhenItIsThere) {
   EXPECT_EQ(window.controls().size(), controls);
 }
 
+TEST_P(OwnStylesTest, TheButtonsOfAWindowThatIsSkinnedBeforeItIsThereAreCutAsWell) {
+  for (const char* name : {"frmain", "frmhelp", "frmzip", "frmname", "frmchat", "FrmUpdate", "frmdwnlhelp"}) {
+    CloseAllWindows();
+    effects.calls.clear();
+    Form& window = WindowByName(name);
+    window.Show();
+    int buttons = 0;
+    for (const Ref<Control>& control : window.controls()) {
+      if (control->TypeName() == "CommandButton" && control->Visible) ++buttons;
+    }
+    EXPECT_GT(buttons, 0) << name;
+    EXPECT_EQ(CutsOf(effects), GetParam() == std::string("sand") ? buttons : 0) << name;
+    EXPECT_TRUE(window.IsShown()) << name;
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Styles, OwnStylesTest, testing::Values("night", "sand"),
                          [](const testing::TestParamInfo<const char*>& style) { return std::string(style.param); });
 

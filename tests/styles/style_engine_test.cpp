@@ -92,6 +92,14 @@ TEST_F(StyleEngineTest, CancelAfterAScriptWasStoppedLeavesTheRestOfTheWindowAlon
   EXPECT_FALSE(StyleActive());
 }
 
+TEST_F(StyleEngineTest, WhoeverWaitsForAWindowMayLeaveTheRestOfItsControls) {
+  Wear("Form.Tag = \"seen\"", "Form.Tag = Form.Tag & \" \" & Control.Name");
+  int asked = 0;
+  style->GoesOn = [&asked] { return ++asked < 2; };
+  style->FormLoad(*form);
+  EXPECT_EQ(form->Tag.get(), "seen " + form->controls().front()->Name());
+}
+
 TEST_F(StyleEngineTest, ALoopThatLetsTheMessageLoopRunIsStoppedAsWell) {
   Wear("Do\r\nSystem.DrawIt\r\nLoop", "");
   ExpectScriptError(ScriptErrorText("", 0, 0, kScriptTimedOut, kStopped, ""));

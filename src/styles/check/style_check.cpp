@@ -9,7 +9,10 @@
 #include <span>
 #include <utility>
 
+#include "base/code_page.h"
+#include "base/runtime_error.h"
 #include "base/text.h"
+#include "formats/pff/cls_pff.h"
 #include "program/style_hook.h"
 #include "styles/check/unseen_desktop.h"
 #include "styles/check/window_look.h"
@@ -22,6 +25,13 @@ using SteadyClock = std::chrono::steady_clock;
 
 // Longer than the longest timer that puts a style on.
 constexpr uint32_t kStyleOnMs = 900;
+
+constexpr const char* kManifest = "assembly.txt";
+
+// The failure by which an engine that knows the places of failures only is asked for the place of a change.
+constexpr int kAskedForPlace = 32123;
+constexpr const char* kAskedForPlaceText = "The check of the style asks for this place.";
+constexpr int kMostSearches = 50;  // for one window
 
 // The editor takes no style, and the splash window's load handler is the start of the program: it gets the style as it
 // is made.
@@ -53,11 +63,11 @@ std::span<const PropertyId> CausesOf(StyleFaultKind kind) {
   }
 }
 
-// Which line of the scripts changed a property last.
+// Which line of the scripts changed a property last. Everything that a script does to a window has a number.
 class ChangeLog {
  public:
-  void Note(const Control& control, PropertyId property, StylePlace place) {
-    if (!place.entry.empty()) lines_[{&control, property}] = {++count_, std::move(place)};
+  void Note(const Control& control, PropertyId property, int number, StylePlace place) {
+    lines_[{&control, property}] = {number, std::move(place)};
   }
   void Clear() { lines_.clear(); }
   // The control's own last change of that kind; where it has none, its container's.
@@ -66,7 +76,7 @@ class ChangeLog {
       const Change* last = nullptr;
       for (const PropertyId property : CausesOf(kind)) {
         const auto found = lines_.find({one, property});
-        if (found != lines_.end() && (!last || last->order < found->second.order)) last = &found->second;
+        if (found != lines_.end() && (!last || last->number < found->second.number)) last = &found->second;
       }
       if (last) return last->place;
     }
@@ -75,70 +85,154 @@ class ChangeLog {
 
  private:
   struct Change {
-    int order = 0;
+    int number = 0;
     StylePlace place;
   };
   std::map<std::pair<const Control*, PropertyId>, Change> lines_;
-  int count_ = 0;
 };
 
-class StyleCheck {
- public:
-  StyleCheck(std::string file, Bytes content, StyleCheckLimits limits)
-      : file_(std::move(file)), content_(std::move(content)), limits_(std::move(limits)) {
-    runtime_before_ = InstallStyleRuntime({.is_active = [this] { return is_on_; },
-                                           .load_file = [](const std::string&) {},
-                                           .apply = [this](Form& form) { Apply(form); },
-                                           .identity = [this] { return Identity(); }});
-  }
-  ~StyleCheck() {
-    desktop_.Clear();
-    InstallStyleRuntime(runtime_before_);
-    SetStyleActive(was_active_);
-  }
-  StyleCheck(const StyleCheck&) = delete;
-  StyleCheck& operator=(const StyleCheck&) = delete;
+// A place that is to be searched for: no entry, and in the place of the line the number of what a script did there.
+StylePlace UnknownPlace(int number) { return {{}, number}; }
+bool IsUnknown(const StylePlace& place) { return place.entry.empty() && place.line > 0; }
 
-  std::vector<StyleFault> Run();
+// The first line that ends in another way than CR LF, as a text box counts them; 0 for none.
+int LineWithoutCrLf(const std::string& text) {
+  int line = 1;
+  for (size_t at = 0; at < text.size(); ++at) {
+    if (text[at] != '\r' && text[at] != '\n') continue;
+    if (text.compare(at, kCrLf.size(), kCrLf) != 0) return line;
+    ++at;
+    ++line;
+  }
+  return 0;
+}
+
+std::vector<std::string> WindowsToCheck(const StyleCheckLimits& limits) {
+  std::vector<std::string> windows = limits.windows.empty() ? RegisteredWindows() : limits.windows;
+  std::erase_if(windows, [](const std::string& name) { return StartsWith(ToLower(name), kEditorWindows); });
+  return windows;
+}
+
+}  // namespace
+
+class StyleCheck::Work {
+ public:
+  Work(std::string file, Bytes content, const StyleCheckLimits& limits)
+      : file_(std::move(file)), content_(std::move(content)), limits_(limits), windows_(WindowsToCheck(limits)) {}
+
+  void Step();
+  [[nodiscard]] bool IsOver() const { return end_ != End::kNone || (is_loaded_ && done_ == windows_.size()); }
+  void Leave() {
+    if (!IsOver()) end_ = End::kLeft;
+  }
+  [[nodiscard]] const std::vector<std::string>& windows() const { return windows_; }
+  [[nodiscard]] size_t done() const { return done_; }
+  [[nodiscard]] const std::vector<StyleFault>& faults() const { return faults_; }
+  [[nodiscard]] std::string Rest() const;
 
  private:
+  // Why the check ended before its last window.
+  enum class End { kNone, kNoStyle, kTimeIsUp, kScriptStopped, kLeft };
+  // While it lives, the unseen desktop and the style under check are in the place of the program's own.
+  class Stage;
+
   void LoadStyle();
+  void CheckLineEnds();
   void CheckWindow(const std::string& name);
+  WindowLook LookAtWindow(const std::string& name, bool is_on);
   // Null for a window that closes itself again.
   Ref<Form> Open(const std::string& name);
   void Apply(Form& form);
   [[nodiscard]] StyleIdentity Identity() const { return {style_->designer, style_->sitelink, style_->version}; }
   bool TakeScriptFault(const StyleScriptFault& fault);
   void TakeBox(const std::string& text);
+  void TakeChange(Control& control, PropertyId property);
+  // The place of what a script does at this moment, which is counted.
+  StylePlace PlaceOfDeed();
+  void FindPlaces(const std::string& name, size_t first_fault);
+  [[nodiscard]] StylePlace FindPlace(const std::string& name, int number);
   void AddOnce(StyleFault fault);
-  [[nodiscard]] bool IsTimeUp() const {
-    return SteadyClock::now() - start_ > std::chrono::milliseconds(limits_.whole_ms);
+  [[nodiscard]] static bool IsPast(SteadyClock::time_point start, int64_t milliseconds) {
+    return SteadyClock::now() - start > std::chrono::milliseconds(milliseconds);
+  }
+  [[nodiscard]] bool IsTimeUp() const { return IsPast(start_, limits_.whole_ms); }
+  // Each of the many calls for one window may be quick enough, and all of them together not.
+  [[nodiscard]] bool GoesOn() {
+    is_late_ = is_late_ || IsTimeUp() || IsPast(window_start_, limits_.script_ms);
+    return !is_late_;
   }
 
   std::string file_;
   Bytes content_;
   StyleCheckLimits limits_;
-  StyleRuntime runtime_before_;
-  bool was_active_ = IsStyleActive();
+  std::vector<std::string> windows_;
+  size_t done_ = 0;
+  End end_ = End::kNone;
+  bool is_loaded_ = false;
+  bool is_late_ = false;  // in the middle of a window
   SteadyClock::time_point start_ = SteadyClock::now();
-  UnseenDesktop desktop_;
+  SteadyClock::time_point window_start_ = start_;
+  UnseenDesktop* desktop_ = nullptr;  // of the stage
   Ref<ClsStyle> style_ = MakeRef<ClsStyle>();
   ChangeLog changes_;
   std::set<const Form*> styled_;
   std::string window_;  // that has the style put on
   bool is_on_ = false;
   bool is_stopped_ = false;
+  int changes_seen_ = 0;
+  int deeds_ = 0;        // of the scripts, on the window that was opened last
+  int wanted_deed_ = 0;  // whose place is asked for; 0 for none
+  StylePlace found_place_;
   std::set<std::pair<std::string, std::string>> told_;  // place and text of script errors
   std::vector<StyleFault> faults_;
+  std::string failures_;  // sentences about windows that could not be looked at
 };
 
+class StyleCheck::Work::Stage {
+ public:
+  explicit Stage(Work& work) : work_(work) {
+    work_.desktop_ = &desktop_;
+    runtime_before_ = InstallStyleRuntime({.is_active = [&work] { return work.is_on_; },
+                                           .load_file = [](const std::string&) {},
+                                           .apply = [&work](Form& form) { work.Apply(form); },
+                                           .identity = [&work] { return work.Identity(); }});
+    desktop_.OnBox([&work](const std::string& text) { work.TakeBox(text); });
+    desktop_.windowing().on_change = [&work](Control& control, PropertyId property) {
+      work.TakeChange(control, property);
+    };
+    SetStyleActive(work.is_loaded_);
+  }
+  ~Stage() {
+    work_.wanted_deed_ = 0;
+    desktop_.Clear();
+    InstallStyleRuntime(std::move(runtime_before_));
+    SetStyleActive(was_active_);
+    work_.desktop_ = nullptr;
+  }
+  Stage(const Stage&) = delete;
+  Stage& operator=(const Stage&) = delete;
+
+ private:
+  Work& work_;
+  bool was_active_ = IsStyleActive();
+  UnseenDesktop desktop_;
+  StyleRuntime runtime_before_;
+};
+
+// ---- what the scripts do -------------------------------------------------------------------------------------------
+
 // A script's error comes for each window and each control: once is enough.
-void StyleCheck::AddOnce(StyleFault fault) {
-  const std::string place = fault.place.entry + "\n" + std::to_string(fault.place.line);
-  if (told_.emplace(place, fault.text).second) faults_.push_back(std::move(fault));
+void StyleCheck::Work::AddOnce(StyleFault fault) {
+  const std::string line = IsUnknown(fault.place) ? std::string() : std::to_string(fault.place.line);
+  if (told_.emplace(fault.place.entry + "\n" + line, fault.text).second) faults_.push_back(std::move(fault));
 }
 
-bool StyleCheck::TakeScriptFault(const StyleScriptFault& fault) {
+bool StyleCheck::Work::TakeScriptFault(const StyleScriptFault& fault) {
+  if (wanted_deed_ > 0) {
+    const bool is_answer = fault.error.Number == kAskedForPlace && fault.error.Description == kAskedForPlaceText;
+    if (is_answer) found_place_ = fault.place;
+    return !is_answer;
+  }
   const bool is_missing = fault.error.Number == 0;
   is_stopped_ = is_stopped_ || fault.error.Number == kScriptTimedOut;
   AddOnce({is_missing ? StyleFaultKind::kMissingInclude : StyleFaultKind::kScriptError,
@@ -150,15 +244,30 @@ bool StyleCheck::TakeScriptFault(const StyleScriptFault& fault) {
   return !is_stopped_;
 }
 
-void StyleCheck::TakeBox(const std::string& text) {
-  const StylePlace place = style_->CallingPlace();
-  // In a language of the machine's own engines nobody knows the place.
-  if ((!place.entry.empty() || !window_.empty()) && IsComplaint(text)) {
-    AddOnce({StyleFaultKind::kScriptError, place, window_, {}, text});
+// Engines of the machine know the place of a failure only: what they do is numbered, so that it can be made to fail.
+StylePlace StyleCheck::Work::PlaceOfDeed() {
+  StylePlace place = style_->CallingPlace();
+  if (!place.entry.empty() || style_->KnowsCallingPlace()) return place;
+  ++deeds_;
+  if (deeds_ == wanted_deed_) Raise(kAskedForPlace, kAskedForPlaceText);
+  return UnknownPlace(deeds_);
+}
+
+void StyleCheck::Work::TakeBox(const std::string& text) {
+  if (!is_loaded_ || !IsComplaint(text)) return;
+  StylePlace place = window_.empty() ? style_->CallingPlace() : PlaceOfDeed();
+  if (wanted_deed_ == 0 && (!place.entry.empty() || !window_.empty())) {
+    AddOnce({StyleFaultKind::kScriptError, std::move(place), window_, {}, text});
   }
 }
 
-void StyleCheck::Apply(Form& form) {
+void StyleCheck::Work::TakeChange(Control& control, PropertyId property) {
+  if (window_.empty()) return;
+  StylePlace place = PlaceOfDeed();
+  if (!place.entry.empty() || IsUnknown(place)) changes_.Note(control, property, ++changes_seen_, std::move(place));
+}
+
+void StyleCheck::Work::Apply(Form& form) {
   if (is_stopped_) return;
   styled_.insert(&form);
   window_ = form.Name();
@@ -166,25 +275,44 @@ void StyleCheck::Apply(Form& form) {
   window_.clear();
 }
 
-void StyleCheck::LoadStyle() {
-  desktop_.files().Put(file_, content_);
-  SetStyleActive(false);
+// ---- the style's file ----------------------------------------------------------------------------------------------
+
+void StyleCheck::Work::LoadStyle() {
+  const Stage stage(*this);
+  desktop_->files().Put(file_, content_);
   std::vector<std::string> boxes;
-  desktop_.OnBox([&boxes](const std::string& text) { boxes.push_back(text); });
+  desktop_->OnBox([&boxes](const std::string& text) { boxes.push_back(text); });
   style_->script_timeout_ms = limits_.script_ms;
+  style_->GoesOn = [this] { return GoesOn(); };
   style_->ScriptFailed = [this](const StyleScriptFault& fault) { return TakeScriptFault(fault); };
   style_->InitStyle(file_);
   for (const std::string& text : boxes) AddOnce({StyleFaultKind::kFile, {}, {}, {}, text});
-  if (!IsStyleActive() && boxes.empty())
-    AddOnce({StyleFaultKind::kFile, {"assembly.txt", 0}, {}, {}, "The file is empty."});
-  desktop_.OnBox([this](const std::string& text) { TakeBox(text); });
-  desktop_.windowing().on_change = [this](Control& control, PropertyId property) {
-    if (!window_.empty()) changes_.Note(control, property, style_->CallingPlace());
-  };
+  if (!IsStyleActive() && boxes.empty()) AddOnce({StyleFaultKind::kFile, {kManifest, 0}, {}, {}, "The file is empty."});
+  CheckLineEnds();
+  if (!IsStyleActive()) end_ = End::kNoStyle;
+  is_loaded_ = true;
 }
 
+void StyleCheck::Work::CheckLineEnds() {
+  ClsPFF archive;
+  int32_t number = -1;
+  Bytes bytes;
+  const bool is_read = Attempt([&] {
+    if (archive.LoadPff(file_) && archive.PFFFileExists(kManifest, number)) archive.ExtractFile(number, bytes, "");
+  });
+  const int line = is_read ? LineWithoutCrLf(DecodeText(AsChars(bytes))) : 0;
+  if (line == 0) return;
+  AddOnce({StyleFaultKind::kFile,
+           {kManifest, line},
+           {},
+           {},
+           "The line does not end in carriage return and line feed: what stands behind it is read as a part of it."});
+}
+
+// ---- the windows ---------------------------------------------------------------------------------------------------
+
 // A window that gives up, since on this desktop it finds nothing to work on, is looked at as it is made.
-Ref<Form> StyleCheck::Open(const std::string& name) {
+Ref<Form> StyleCheck::Work::Open(const std::string& name) {
   const auto make = [&name] {
     Ref<Form> made(&WindowBeforeLoad(name));
     made->EnsurePeer();
@@ -194,55 +322,112 @@ Ref<Form> StyleCheck::Open(const std::string& name) {
   if (EqualsNoCase(name, kSplash)) return form;
   Attempt([&] {
     form->Show();
-    desktop_.clock().Advance(kStyleOnMs);
+    desktop_->clock().Advance(kStyleOnMs);
   });
   return form->form() ? form : make();
 }
 
-void StyleCheck::CheckWindow(const std::string& name) {
-  const bool is_start = EqualsNoCase(name, kSplash);
-  const auto look_at = [&](bool is_on) {
-    desktop_.Clear();
-    changes_.Clear();
-    styled_.clear();
-    desktop_.files().Put(file_, content_);
-    is_on_ = is_on;
-    const Ref<Form> form = Open(name);
-    if (is_on && !styled_.contains(form.get())) Apply(*form);
-    if (form->form() && !is_start) form->Show();  // a script may have hidden it
-    return form->form() ? LookAt(*form, desktop_) : WindowLook{};
-  };
-  const WindowLook plain = look_at(false);
-  const WindowLook styled = look_at(true);
-  if (styled.controls.empty()) return;  // a script has closed the window
-  const std::vector<StyleFault> found = CompareLooks(
-      plain, styled, [this](const Control& control, StyleFaultKind kind) { return changes_.PlaceOf(control, kind); });
-  faults_.insert(faults_.end(), found.begin(), found.end());
+WindowLook StyleCheck::Work::LookAtWindow(const std::string& name, bool is_on) {
+  desktop_->Clear();
+  changes_.Clear();
+  styled_.clear();
+  deeds_ = 0;
+  desktop_->files().Put(file_, content_);
+  is_on_ = is_on;
+  const Ref<Form> form = Open(name);
+  if (is_on && !styled_.contains(form.get())) Apply(*form);
+  if (form->form() && !EqualsNoCase(name, kSplash)) form->Show();  // a script may have hidden it
+  return form->form() ? LookAt(*form, *desktop_) : WindowLook{};
 }
 
-std::vector<StyleFault> StyleCheck::Run() {
-  LoadStyle();
-  if (!IsStyleActive()) return std::move(faults_);
-  for (const std::string& name : limits_.windows.empty() ? RegisteredWindows() : limits_.windows) {
-    if (StartsWith(ToLower(name), kEditorWindows)) continue;
-    if (is_stopped_ || IsTimeUp()) {
-      faults_.push_back({StyleFaultKind::kScriptError,
-                         {},
-                         name,
-                         {},
-                         "The check ended here: this window and those behind it were not looked at."});
-      break;
-    }
-    Attempt([&] { CheckWindow(name); });
+void StyleCheck::Work::CheckWindow(const std::string& name) {
+  const Stage stage(*this);
+  const size_t first_fault = faults_.size();
+  window_start_ = SteadyClock::now();
+  const WindowLook plain = LookAtWindow(name, false);
+  const WindowLook styled = LookAtWindow(name, true);
+  if (!styled.controls.empty() && !is_late_) {  // no script has closed the window
+    const std::vector<StyleFault> found = CompareLooks(
+        plain, styled, [this](const Control& control, StyleFaultKind kind) { return changes_.PlaceOf(control, kind); });
+    faults_.insert(faults_.end(), found.begin(), found.end());
   }
-  return std::move(faults_);
+  FindPlaces(name, first_fault);
 }
 
-}  // namespace
+// Where no place is found, as when a script catches failures itself, there is none.
+void StyleCheck::Work::FindPlaces(const std::string& name, size_t first_fault) {
+  std::map<int, StylePlace> places;
+  for (size_t at = first_fault; at < faults_.size(); ++at) {
+    StylePlace& place = faults_[at].place;
+    if (!IsUnknown(place)) continue;
+    const int number = place.line;
+    const bool may_search = places.size() < kMostSearches && !is_stopped_ && !is_late_ && !IsTimeUp();
+    if (!places.contains(number)) places[number] = may_search ? FindPlace(name, number) : StylePlace{};
+    place = places[number];
+  }
+}
 
-std::vector<StyleFault> CheckStyle(const std::string& file, const StyleCheckLimits& limits) {
-  Bytes content = platform().files().ReadAll(file);
-  return StyleCheck(file, std::move(content), limits).Run();
+// Puts the style on once more; what the script does at that number fails, and the engine tells where.
+StylePlace StyleCheck::Work::FindPlace(const std::string& name, int number) {
+  found_place_ = {};
+  wanted_deed_ = number;
+  window_start_ = SteadyClock::now();
+  Attempt([&] { static_cast<void>(LookAtWindow(name, true)); });
+  wanted_deed_ = 0;
+  is_late_ = false;  // the window has been looked at
+  return found_place_;
+}
+
+void StyleCheck::Work::Step() {
+  if (IsOver()) return;
+  if (!is_loaded_) return LoadStyle();
+  if (is_stopped_ || IsTimeUp()) {
+    end_ = is_stopped_ ? End::kScriptStopped : End::kTimeIsUp;
+    return;
+  }
+  const std::string name = windows_[done_];
+  Attempt([&] { CheckWindow(name); },
+          [&](const RuntimeError& failure) {
+            failures_ +=
+                (failures_.empty() ? "" : " ") + name + " could not be looked at: " + failure.description() + ".";
+          });
+  if (is_late_) {
+    end_ = End::kTimeIsUp;
+    return;
+  }
+  ++done_;
+}
+
+std::string StyleCheck::Work::Rest() const {
+  const size_t left = end_ == End::kNone || end_ == End::kNoStyle ? 0 : windows_.size() - done_;
+  if (left == 0) return failures_;
+  const std::string why = end_ == End::kTimeIsUp        ? "The check ended early, because its time was up: "
+                          : end_ == End::kScriptStopped ? "The check ended early, because a script had to be stopped: "
+                                                        : "The check was cancelled: ";
+  const std::string behind = left == 1   ? " was"
+                             : left == 2 ? " and the window behind it were"
+                                         : " and the " + std::to_string(left - 1) + " windows behind it were";
+  return failures_ + (failures_.empty() ? "" : " ") + why + windows_[done_] + behind + " not looked at.";
+}
+
+// ---- the check as its users see it ---------------------------------------------------------------------------------
+
+StyleCheck::StyleCheck(const std::string& file, const StyleCheckLimits& limits)
+    : work_(std::make_unique<Work>(file, platform().files().ReadAll(file), limits)) {}
+StyleCheck::~StyleCheck() = default;
+
+void StyleCheck::Step() { work_->Step(); }
+bool StyleCheck::IsOver() const { return work_->IsOver(); }
+void StyleCheck::Leave() { work_->Leave(); }
+const std::vector<std::string>& StyleCheck::windows() const { return work_->windows(); }
+size_t StyleCheck::done() const { return work_->done(); }
+const std::vector<StyleFault>& StyleCheck::faults() const { return work_->faults(); }
+std::string StyleCheck::Rest() const { return work_->Rest(); }
+
+StyleCheckResult CheckStyle(const std::string& file, const StyleCheckLimits& limits) {
+  StyleCheck check(file, limits);
+  while (!check.IsOver()) check.Step();
+  return {check.faults(), check.Rest()};
 }
 
 }  // namespace kestrun

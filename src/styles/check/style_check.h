@@ -2,7 +2,9 @@
 // compared with what it is without. Nothing of it reaches the user, the settings, the files or the style in use.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,8 +21,39 @@ struct StyleCheckLimits {
   int64_t whole_ms = 60000;
 };
 
-// What is wrong with the style, in the order of the file, its modules, and the windows by their names. Raises what the
-// file layer raises when the file cannot be read.
-[[nodiscard]] std::vector<StyleFault> CheckStyle(const std::string& file, const StyleCheckLimits& limits = {});
+// A check that is done in steps: between them the program's own windows and its message loop are as ever.
+class StyleCheck {
+ public:
+  // Reads the file, which may change afterwards. Raises what the file layer raises when it cannot be read.
+  explicit StyleCheck(const std::string& file, const StyleCheckLimits& limits = {});
+  ~StyleCheck();
+  StyleCheck(const StyleCheck&) = delete;
+  StyleCheck& operator=(const StyleCheck&) = delete;
+
+  // The first step adds the modules; each one behind looks at one window. Nothing when the check is over.
+  void Step();
+  [[nodiscard]] bool IsOver() const;
+  // Ends the check: what is left is not looked at.
+  void Leave();
+
+  // The windows that are looked at in their order, and how many of them are done.
+  [[nodiscard]] const std::vector<std::string>& windows() const;
+  [[nodiscard]] size_t done() const;
+  // What was found so far, in the order of the file, its modules, and the windows by their names.
+  [[nodiscard]] const std::vector<StyleFault>& faults() const;
+  // When the check is over: what was not looked at, and why. Empty when all was.
+  [[nodiscard]] std::string Rest() const;
+
+ private:
+  class Work;
+  std::unique_ptr<Work> work_;
+};
+
+struct StyleCheckResult {
+  std::vector<StyleFault> faults;
+  std::string rest;  // what was not looked at, and why; empty when all was
+};
+// The whole check at once.
+[[nodiscard]] StyleCheckResult CheckStyle(const std::string& file, const StyleCheckLimits& limits = {});
 
 }  // namespace kestrun

@@ -69,7 +69,7 @@ ControlLook LookAtControl(const Control& control, const Control& form, UnseenDes
   look.is_content = IsContent(control);
   look.is_hidden = !control.Visible;
   look.is_enabled = control.Enabled;
-  look.contrast = LeastContrast(control, desktop);
+  if (look.is_seen) look.contrast = LeastContrast(control, desktop);
   look.is_clipped = look.is_seen && IsTextClipped(control, kPlainDpi);
   look.is_clipped_large = look.is_seen && IsTextClipped(control, kLargeDpi);
   if (const auto* item = dynamic_cast<const MenuItem*>(&control)) look.is_reached = IsMenuReached(*item);

@@ -1,7 +1,9 @@
 // The debug panel: the program's windows, to look at a style on them, and the names of their controls.
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <string_view>
+#include <utility>
 
 #include "base/code_page.h"
 #include "base/text.h"
@@ -86,7 +88,6 @@ void FrmEdit::OpenDebugNode() {
 
 namespace {
 
-constexpr int kHourglass = 11;
 constexpr int kTaskBar = 900;  // twips that the system keeps at the foot of the screen
 
 // Where a line begins and how long it is, in characters as a text box counts them; the end of the text for a line that
@@ -122,14 +123,11 @@ void PlaceBelow(const Form& editor, Form& list) {
 
 void FrmEdit::CheckStyle() {
   if (!Flush()) return;
-  MousePointer = kHourglass;
-  std::vector<StyleFault> faults;
-  const bool has_run = RunCommand([&] { faults = kestrun::CheckStyle(project_.WorkingFile()); }, "Check style ");
-  MousePointer = 0;
-  if (!has_run) return;
+  std::unique_ptr<StyleCheck> check;
+  if (!RunCommand([&] { check = std::make_unique<StyleCheck>(project_.WorkingFile()); }, "Check style ")) return;
   const TreeNode* root = TreeView.nodes().empty() ? nullptr : TreeView.nodes().front().get();
   auto& list = Window<FrmEditCheck>();
-  list.ShowFaults(root ? root->Text() : GetFileName(project_.WorkingFile(), true), std::move(faults));
+  list.Check(root ? root->Text() : GetFileName(project_.WorkingFile(), true), std::move(check));
   if (!list.IsPlaced()) PlaceBelow(*this, list);
   list.Show();
 }

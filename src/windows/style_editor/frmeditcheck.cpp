@@ -20,7 +20,10 @@ constexpr int kClientHeight = 4500;
 constexpr int kLeastWidth = 5400;
 constexpr int kLeastHeight = 2700;
 constexpr int kTwipsPerInch = 1440;
-constexpr int kTextEdge = 8;  // pixels beside the text of a row
+constexpr int kTextEdge = 8;   // pixels beside the text of a row
+constexpr int kLongWord = 60;  // pixels that a line may stay empty at its end
+constexpr int kMostLines = 4;
+constexpr int kBarHeight = 255;
 
 FrmEdit& Editor() { return Window<FrmEdit>(); }
 
@@ -30,15 +33,30 @@ std::string ResultOf(const std::string& project, size_t faults) {
   return std::to_string(faults) + " faults were found in " + project + ". Enter shows the line of one.";
 }
 
-// Rows are as wide as the longest of them, so that all of it can be scrolled to.
-int WidthOfRows(const ListBox& list) {
+// What was not looked at may have faults too.
+std::string UnfinishedResultOf(const std::string& project, size_t faults, const std::string& rest) {
+  const std::string count = faults == 0   ? "no faults were"
+                            : faults == 1 ? "one fault was"
+                                          : std::to_string(faults) + " faults were";
+  return rest + " The list is incomplete: " + count + " found in " + project + " until then.";
+}
+
+std::string ProgressOf(const std::string& project, const StyleCheck& check) {
+  const std::string window = "window " + std::to_string(check.done() + 1) + " of " +
+                             std::to_string(check.windows().size()) + " (" + check.windows()[check.done()] + ")";
+  return "Checking " + project + ": " + window + ". Esc ends the check.";
+}
+
+// In pixels.
+int WidthOf(const std::string& text, const FontDescription& font) {
   Windowing& windowing = platform().windowing();
-  const int dpi = kTwipsPerInch / windowing.Screen().twips_per_pixel;
-  int width = 0;
-  for (int row = 0; row < list.ListCount(); ++row) {
-    width = std::max(width, windowing.MeasureText(list.List(row), list.Font, dpi).width);
-  }
-  return width + kTextEdge;
+  return windowing.MeasureText(text, font, kTwipsPerInch / windowing.Screen().twips_per_pixel).width;
+}
+
+// How many lines a text takes in so many twips, when words stay whole.
+int LinesOf(const std::string& text, const FontDescription& font, int width_twips) {
+  const int room = width_twips / platform().windowing().Screen().twips_per_pixel - kLongWord;
+  return std::clamp(1 + WidthOf(text, font) / std::max(1, room), 1, kMostLines);
 }
 
 }  // namespace
@@ -48,11 +66,19 @@ FrmEditCheck::FrmEditCheck() : Form(kName) {
   Icon = ProgramIcon();
   StartUpPosition = static_cast<int>(StartPosition::kCenterOwner);
   LblResult.BackStyle = 0;
+  LblResult.WordWrap = true;
   LblResult.UseMnemonic = false;
   LstFaults.ToolTipText = "What is wrong with the style. Double click a row to see the line that is to blame.";
   SetCaptionAndTip(CmdOpen, "&Open", "Shows the line of the module that is to blame for the selected fault.");
   SetCaptionAndTip(CmdAgain, "Check &again", "Checks the style as it stands in the editor now.");
-  SetCaptionAndTip(CmdClose, "&Close");
+  prgcheck.ToolTipText = "How many of the windows have been looked at.";
+  prgcheck.BroderStyle = 1;
+  prgcheck.BackColor = color::kWindowBackground;
+  prgcheck.Progresscolor = color::kHighlight;
+  prgcheck.ShowPercent = false;
+  prgcheck.Visible = false;
+  TmrCheck.Enabled = false;
+  TmrCheck.Interval = 1;
   CmdOpen.Default = true;
   CmdClose.Cancel = true;
   SetClientSize(kClientWidth, kClientHeight);
@@ -62,9 +88,9 @@ FrmEditCheck::FrmEditCheck() : Form(kName) {
   LstFaults.DblClick = [this] { OpenChosen(); };
   CmdOpen.Click = [this] { OpenChosen(); };
   CmdAgain.Click = [] { RunQuietly([] { Editor().CheckStyle(); }); };
-  CmdClose.Click = [this] { Unload(); };
-  Place();
-  ShowWhatIsPossible();
+  CmdClose.Click = [this] { CloseOrLeave(); };
+  TmrCheck.Tick = [this] { Step(); };
+  ShowState();
 }
 
 void FrmEditCheck::Place() {
@@ -72,35 +98,89 @@ void FrmEditCheck::Place() {
   const int height = std::max(ScaleHeight(), kLeastHeight);
   const int right = width - kWindowMargin;
   const int buttons_top = height - kWindowMargin - kDialogButtonHeight;
-  const int list_top = kWindowMargin + kLabelHeight + kControlGap / 2;
-  LblResult.Move(kWindowMargin, kWindowMargin, right - kWindowMargin, kLabelHeight);
+  const int result_height = kLabelHeight * LinesOf(LblResult.Caption, LblResult.Font, right - kWindowMargin);
+  const int list_top = kWindowMargin + result_height + kControlGap / 2;
+  LblResult.Move(kWindowMargin, kWindowMargin, right - kWindowMargin, result_height);
   LstFaults.Move(kWindowMargin, list_top, right - kWindowMargin, buttons_top - kWindowMargin - list_top);
   int left = right - kDialogButtonWidth;
   for (CommandButton* button : {&CmdClose, &CmdAgain, &CmdOpen}) {
     button->Move(left, buttons_top, kDialogButtonWidth, kDialogButtonHeight);
     left -= kDialogButtonWidth + kControlGap;
   }
+  prgcheck.Move(kWindowMargin, buttons_top + (kDialogButtonHeight - kBarHeight) / 2,
+                left + kDialogButtonWidth - kWindowMargin, kBarHeight);
 }
 
-void FrmEditCheck::ShowFaults(const std::string& project, std::vector<StyleFault> faults) {
-  faults_ = std::move(faults);
+void FrmEditCheck::Check(const std::string& project, std::unique_ptr<StyleCheck> check) {
   LstFaults.Clear();
-  for (const StyleFault& fault : faults_) LstFaults.AddItem(LineOf(fault));
-  LstFaults.HorizontalExtent = WidthOfRows(LstFaults);
-  if (!faults_.empty()) LstFaults.ListIndex = 0;
-  LblResult.Caption = ResultOf(project, faults_.size());
+  project_ = project;
+  check_ = std::move(check);
+  LstFaults.HorizontalExtent = 0;
+  TmrCheck.Enabled = true;
+  ShowState();
+}
+
+// One step at a time: between them the window can be used.
+void FrmEditCheck::Step() {
+  check_->Step();
+  ListNewFaults();
+  TmrCheck.Enabled = IsChecking();
+  ShowState();
+}
+
+// Rows are as wide as the longest of them, so that all of it can be scrolled to.
+void FrmEditCheck::ListNewFaults() {
+  int width = LstFaults.HorizontalExtent;
+  for (int row = LstFaults.ListCount(); row < static_cast<int>(check_->faults().size()); ++row) {
+    LstFaults.AddItem(LineOf(check_->faults()[static_cast<size_t>(row)]));
+    width = std::max(width, WidthOf(LstFaults.List(row), LstFaults.Font) + kTextEdge);
+  }
+  LstFaults.HorizontalExtent = width;
+  if (LstFaults.ListIndex < 0 && LstFaults.ListCount() > 0) LstFaults.ListIndex = 0;
+}
+
+void FrmEditCheck::CloseOrLeave() {
+  if (!IsChecking()) {
+    Unload();
+    return;
+  }
+  check_->Leave();
+  TmrCheck.Enabled = false;
+  ShowState();
+}
+
+void FrmEditCheck::ShowState() {
+  const bool is_checking = IsChecking();
+  if (is_checking) {
+    LblResult.Caption = ProgressOf(project_, *check_);
+    prgcheck.Max = static_cast<int>(check_->windows().size());
+    prgcheck.Value = static_cast<int>(check_->done());
+    SetCaptionAndTip(CmdClose, "&Cancel", "Ends the check. What it has found stays in the list.");
+  } else {
+    SetCaptionAndTip(CmdClose, "&Close", "");
+    const size_t faults = check_ ? check_->faults().size() : 0;
+    const std::string rest = check_ ? check_->Rest() : std::string();
+    LblResult.Caption = !check_        ? std::string()
+                        : rest.empty() ? ResultOf(project_, faults)
+                                       : UnfinishedResultOf(project_, faults, rest);
+  }
+  prgcheck.Visible = is_checking;
+  CmdAgain.Enabled = !is_checking;
+  Place();
   ShowWhatIsPossible();
 }
 
-// What has no line, such as a control that nothing of the style has touched, opens nothing.
-void FrmEditCheck::ShowWhatIsPossible() {
+const StyleFault* FrmEditCheck::Chosen() const {
   const int row = LstFaults.ListIndex;
-  CmdOpen.Enabled = row >= 0 && !faults_[static_cast<size_t>(row)].place.entry.empty();
+  return row < 0 ? nullptr : &check_->faults()[static_cast<size_t>(row)];
 }
+
+// What has no line, such as a control that nothing of the style has touched, opens nothing.
+void FrmEditCheck::ShowWhatIsPossible() { CmdOpen.Enabled = Chosen() && !Chosen()->place.entry.empty(); }
 
 void FrmEditCheck::OpenChosen() {
   if (!CmdOpen.Enabled) return;
-  const StylePlace place = faults_[static_cast<size_t>(LstFaults.ListIndex.get())].place;
+  const StylePlace place = Chosen()->place;
   RunQuietly([&] { Editor().ShowLine(place.entry, place.line); });
 }
 

@@ -1,16 +1,19 @@
-// What a check has found in the style editor's project: a row for each fault. Enter, a double click and "Open" show the
-// line of the module that is to blame.
+// The check of the style editor's project, step by step, and what it has found: a row for each fault. Enter, a double
+// click and "Open" show the line of the module that is to blame; Esc ends a check that runs.
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <string>
-#include <vector>
 
+#include "controls/progress_bar/progress_bar.h"
 #include "forms/command_button.h"
 #include "forms/form.h"
 #include "forms/label.h"
 #include "forms/list_box.h"
+#include "forms/timer.h"
 #include "forms/window_registry.h"
-#include "styles/check/style_fault.h"
+#include "styles/check/style_check.h"
 
 namespace kestrun {
 
@@ -21,19 +24,29 @@ class FrmEditCheck final : public Form {
 
   Label& LblResult = Add<Label>("LblResult");
   ListBox& LstFaults = Add<ListBox>("LstFaults");
+  ProgressBar& prgcheck = Add<ProgressBar>("prgcheck");
   CommandButton& CmdOpen = Add<CommandButton>("CmdOpen");
   CommandButton& CmdAgain = Add<CommandButton>("CmdAgain");
   CommandButton& CmdClose = Add<CommandButton>("CmdClose");
+  Timer& TmrCheck = Add<Timer>("TmrCheck");
 
-  // Puts the faults of the project of that name in the place of those that are listed.
-  void ShowFaults(const std::string& project, std::vector<StyleFault> faults);
+  // Checks the project of that name; its faults take the place of those that are listed. The window shows how far it
+  // is.
+  void Check(const std::string& project, std::unique_ptr<StyleCheck> check);
 
  private:
   void Place();
   void OpenChosen();
+  void CloseOrLeave();
+  [[nodiscard]] bool IsChecking() const { return check_ && !check_->IsOver(); }
+  void Step();
+  void ListNewFaults();
+  void ShowState();
   void ShowWhatIsPossible();
+  [[nodiscard]] const StyleFault* Chosen() const;
 
-  std::vector<StyleFault> faults_;  // by row
+  std::string project_;
+  std::unique_ptr<StyleCheck> check_;  // its faults are the rows
 };
 
 }  // namespace kestrun

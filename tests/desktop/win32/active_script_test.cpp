@@ -6,6 +6,7 @@
 #include "forms/check_box.h"
 #include "forms/command_button.h"
 #include "script/hosting_engine.h"
+#include "styles/check/style_check.h"
 #include "styles/cls_style.h"
 
 namespace kestrun {
@@ -86,6 +87,31 @@ TEST_F(ActiveScriptTest, AStyleFileOfAScriptInJScriptSkinsAWindow) {
   style->FormLoad(form());
   EXPECT_EQ(form().Caption.get(), "entries 2 Command1 Check1");
   EXPECT_EQ(style->designer, "somebody");
+  platform.files().Delete(path);
+}
+
+TEST_F(ActiveScriptTest, TheCheckOfAStyleInJScriptNamesTheLineThatIsToBlame) {
+  const std::string path = platform.files().TruePath("jscript_check.stl");
+  ClsPFF archive;
+  archive.NewPffFile(path);
+  archive.PackFile(AsBytes("language JScript\r\ninclude main.js"), "assembly.txt");
+  archive.PackFile(AsBytes("function Form_Load(Form) {\r\n"
+                           "  for (var i = 0; i < 3; i++) {\r\n"
+                           "    Form.Command1.Left = 150 + i * 1000;\r\n"
+                           "  }\r\n"
+                           "  Form.NoSuchThing = 1;\r\n"
+                           "}\r\n"
+                           "function Control_Load(Control, Form) {}"),
+                   "main.js");
+  archive.SavePffFile();
+  StyleCheckLimits limits;
+  limits.windows = {frmscripted::kName};
+  std::vector<std::string> lines;
+  const StyleCheckResult result = CheckStyle(path, limits);
+  for (const StyleFault& fault : result.faults) lines.push_back(LineOf(fault));
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0], "main.js(5): frmscripted: Script error 438: Object doesn't support this property or method.");
+  EXPECT_EQ(lines[1], "main.js(3): frmscripted.Command1: The control reaches out of the window.");
   platform.files().Delete(path);
 }
 

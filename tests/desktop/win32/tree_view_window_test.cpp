@@ -1,8 +1,11 @@
 // A tree in a real window: the system's tree beside the model, in both directions.
+#include <array>
 #include <cstring>
 
+#include "desktop/win32/drawing/control_parts.h"
 #include "desktop/win32/system/wide_text.h"
 #include "desktop/win32/window_fixture.h"
+#include "desktop/win32/window_shot.h"
 #include "forms/tree_view.h"
 
 namespace kestrun {
@@ -112,6 +115,46 @@ TEST_F(TreeViewWindowTest, OpeningAndSelectingInTheModelShowsAtOnce) {
   tree.Select(tree.FindNode("50MOD"));
   EXPECT_EQ(TextOf(Item(TVGN_CARET)), "module 50");
   EXPECT_TRUE(IsOpen(Modules()));
+}
+
+// The system's colours of a high contrast, as long as the object lives.
+class HighContrastColors {
+ public:
+  HighContrastColors() {
+    for (size_t at = 0; at < kParts.size(); ++at) before_[at] = GetSysColor(kParts[at]);
+    SetSysColors(static_cast<int>(kParts.size()), kParts.data(), kColors.data());
+  }
+  ~HighContrastColors() { SetSysColors(static_cast<int>(kParts.size()), kParts.data(), before_.data()); }
+  HighContrastColors(const HighContrastColors&) = delete;
+  HighContrastColors& operator=(const HighContrastColors&) = delete;
+
+ private:
+  static constexpr std::array<int, 3> kParts{COLOR_WINDOW, COLOR_WINDOWTEXT, COLOR_BTNFACE};
+  static constexpr std::array<COLORREF, 3> kColors{0x000000, 0xFFFFFF, 0x000000};
+  std::array<COLORREF, 3> before_{};
+};
+
+constexpr int kQuietPercent = 25;  // of the text's colour in the ground of the selected node
+
+TEST_F(TreeViewWindowTest, TheSelectedNodeIsMarkedWhileTheKeysGoElsewhere) {
+  tree.Select(tree.FindNode("TEXT"));
+  ::SetFocus(nullptr);
+  Pump();
+  UpdateWindow(Handle());
+  const Color quiet = BlendColors(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_WINDOWTEXT), kQuietPercent);
+  EXPECT_GT(CountOf(ShotOf(Handle()), quiet), 50);
+}
+
+TEST_F(TreeViewWindowTest, TheSelectedNodeIsMarkedInHighContrastAsWell) {
+  const HighContrastColors colors;
+  Pump();
+  tree.Select(tree.FindNode("TEXT"));
+  ::SetFocus(nullptr);
+  Pump();
+  UpdateWindow(Handle());
+  const Shot shot = ShotOf(Handle());
+  EXPECT_GT(CountOf(shot, BlendColors(0x000000, 0xFFFFFF, kQuietPercent)), 50);
+  EXPECT_GT(CountOf(shot, 0xFFFFFF), 50) << "the texts";
 }
 
 TEST_F(TreeViewWindowTest, KeysMoveTheSelectionAndOpenBranches) {

@@ -7,6 +7,8 @@
 #include "forms/command_button.h"
 #include "forms/frame.h"
 #include "forms/text_box.h"
+#include "platform/foreign_scripts.h"
+#include "program/style_hook.h"
 #include "styles/style_fixture.h"
 #include "support/recorded_effects.h"
 
@@ -53,7 +55,9 @@ class StyleCheckTest : public StyleTest {
   static std::vector<std::string> LinesOf(const std::string& file, StyleCheckLimits limits = {}) {
     if (limits.windows.empty()) limits.windows = {CheckedForm::kName};
     std::vector<std::string> lines;
-    for (const StyleFault& fault : CheckStyle(file, limits)) lines.push_back(LineOf(fault));
+    const StyleCheckResult result = CheckStyle(file, limits);
+    for (const StyleFault& fault : result.faults) lines.push_back(LineOf(fault));
+    if (!result.rest.empty()) lines.push_back(result.rest);
     return lines;
   }
   HeadlessDialogs& dialogs() { return desktop.dialogs(); }
@@ -144,6 +148,16 @@ TEST_F(StyleCheckTest, ATextWithoutRoomIsNamed) {
               ElementsAre("main.vbs(2): frmchecked.Command1: The text is clipped at 100 % and 150 %."));
 }
 
+TEST_F(StyleCheckTest, ATextThatNobodySeesIsNotMeasured) {
+  const std::string pale = "Form.Check1.ForeColor = vbWhite\r\nForm.Check1.BackColor = vbWhite\r\n";
+  EXPECT_THAT(LinesOfScript(pale), testing::SizeIs(1));
+  EXPECT_THAT(LinesOfScript(pale + "Form.Check1.Visible = False"),
+              ElementsAre("main.vbs(4): frmchecked.Check1: No key reaches the control: it is hidden."));
+  EXPECT_THAT(LinesOfScript(pale + "Form.Frame1.Visible = False"),
+              ElementsAre("main.vbs(4): frmchecked.Check1: No key reaches the control: what it stands in is hidden or "
+                          "disabled."));
+}
+
 TEST_F(StyleCheckTest, AControlThatLeavesTheWindowIsNamed) {
   EXPECT_THAT(LinesOfScript("Form.Command1.Left = 5000\r\nForm.Command2.Top = 9000\r\nForm.Check1.Top = 800"),
               ElementsAre("main.vbs(2): frmchecked.Command1: The control reaches out of the window.",
@@ -226,12 +240,134 @@ TEST_F(StyleCheckTest, AStyleWithOneFaultOfEachKindGetsEachOfThemNamed) {
                           "shapes.vbs(5): frmchecked.Check1: No key reaches the control: it is no tab stop any more."));
 }
 
+// ---- languages of the machine --------------------------------------------------------------------------------------
+
+// A language whose engine tells the place of a failure only. What its Form_Load does stands here, a row for each line.
+using PlayedLine = std::function<void(CheckedForm& form, ClsSystem& system)>;
+std::vector<PlayedLine>& PlayedLines() {
+  static std::vector<PlayedLine> lines;
+  return lines;
+}
+
+class PlayedLanguage final : public ForeignScript {
+ public:
+  bool CanBeStopped() const override { return true; }
+  void SetTimeout(int64_t) override {}
+  void CheckTime() override {}
+  void AddObject(std::string_view name, const Ref<Object>& object) override {
+    if (name == "System") system_ = object;
+  }
+  std::optional<ForeignScriptFault> AddCode(std::string_view text) override {
+    const int module = modules_++;
+    if (!text.starts_with("broken")) return std::nullopt;
+    return ForeignScriptFault{.number = 1002, .module = module, .line = 1, .column = 1, .description = "Syntax error"};
+  }
+  std::optional<ForeignScriptFault> Run(std::string_view name, const std::vector<Variant>& arguments,
+                                        Variant&) override {
+    std::optional<ForeignScriptFault> fault;
+    if (name != "Form_Load") return fault;
+    auto& form = dynamic_cast<CheckedForm&>(*arguments.front().object());
+    int number = 0;
+    for (const PlayedLine& line : PlayedLines()) {
+      ++number;
+      Attempt([&] { line(form, dynamic_cast<ClsSystem&>(*system_)); },
+              [&](const RuntimeError& failure) {
+                fault = ForeignScriptFault{.number = failure.number(),
+                                           .module = modules_ - 1,
+                                           .line = number,
+                                           .column = 1,
+                                           .description = failure.description()};
+              });
+      if (fault) break;
+    }
+    return fault;
+  }
+
+ private:
+  Ref<Object> system_;
+  int modules_ = 0;
+};
+
+class OtherLanguageCheckTest : public StyleCheckTest {
+ protected:
+  OtherLanguageCheckTest() {
+    InstallForeignScripts(
+        [](std::string_view) -> std::unique_ptr<ForeignScript> { return std::make_unique<PlayedLanguage>(); });
+  }
+  ~OtherLanguageCheckTest() override {
+    InstallForeignScripts(nullptr);
+    PlayedLines().clear();
+  }
+  std::vector<std::string> LinesOfPlayed(std::vector<PlayedLine> lines) {
+    PlayedLines() = std::move(lines);
+    return LinesOf(MakeStyle({{"assembly.txt", "language PlayScript\r\ninclude one.js\r\ninclude main.js"},
+                              {"one.js", "first"},
+                              {"main.js", "one\r\ntwo\r\nthree"}}));
+  }
+};
+
+TEST_F(OtherLanguageCheckTest, AFaultHasTheLineThatMadeIt) {
+  EXPECT_THAT(LinesOfPlayed({[](CheckedForm& form, ClsSystem&) { form.Command1.Left = 5000; },
+                             [](CheckedForm& form, ClsSystem&) { form.Command1.Caption = "&Set"; },
+                             [](CheckedForm& form, ClsSystem&) { form.Command2.Top = 9000; }}),
+              ElementsAre("main.js(1): frmchecked.Command1: The control reaches out of the window.",
+                          "main.js(3): frmchecked.Command2: The control has left the window."));
+}
+
+TEST_F(OtherLanguageCheckTest, OfTwoLinesThatMoveAControlTheLastIsToBlame) {
+  EXPECT_THAT(LinesOfPlayed({[](CheckedForm& form, ClsSystem&) { form.Command1.Left = 5000; },
+                             [](CheckedForm& form, ClsSystem&) { form.Command1.Left = 5400; }}),
+              ElementsAre("main.js(2): frmchecked.Command1: The control reaches out of the window."));
+}
+
+TEST_F(OtherLanguageCheckTest, APictureThatIsMissingHasItsLine) {
+  EXPECT_THAT(
+      LinesOfPlayed({[](CheckedForm& form, ClsSystem&) { form.Tag = "seen"; },
+                     [](CheckedForm&, ClsSystem& system) { static_cast<void>(system.LoadPFFPicture("lost.bmp")); }}),
+      ElementsAre("main.js(2): frmchecked: Style Error: picture 'lost.bmp' not found in style file."));
+}
+
+TEST_F(OtherLanguageCheckTest, AnErrorOfTheScriptIsToldOnceAndTheFaultBeforeItKeepsItsLine) {
+  EXPECT_THAT(LinesOfPlayed({[](CheckedForm& form, ClsSystem&) { form.Command1.Left = 5000; },
+                             [](CheckedForm&, ClsSystem&) { Raise(1001, "Something else"); }}),
+              ElementsAre("main.js(2): frmchecked: Script error 1001: Something else.",
+                          "main.js(1): frmchecked.Command1: The control reaches out of the window."));
+}
+
+// As with "try" in a script: the engine never hears of the failure.
+TEST_F(OtherLanguageCheckTest, AScriptThatCatchesFailuresKeepsItsPlacesToItself) {
+  EXPECT_THAT(LinesOfPlayed({[](CheckedForm& form, ClsSystem&) { Attempt([&] { form.Command1.Left = 5000; }); }}),
+              ElementsAre("frmchecked.Command1: The control reaches out of the window."));
+}
+
+TEST_F(OtherLanguageCheckTest, AManifestWithTwoLanguagesNamesTheModuleThatIsWrong) {
+  EXPECT_THAT(LinesOf(MakeStyle({{"assembly.txt",
+                                  "language VBScript\r\ninclude main.vbs\r\nlanguage PlayScript\r\n"
+                                  "include wrong.js\r\nlanguage VBScript\r\ninclude more.vbs"},
+                                 {"main.vbs", "Sub Form_Load(Form)\r\nEnd Sub"},
+                                 {"wrong.js", "broken here"},
+                                 {"more.vbs", "Sub Control_Load(Control, Form)\r\nEnd Sub\r\nSub Broken("}})),
+              testing::IsSupersetOf({"wrong.js(1): Script error 1002: Syntax error.",
+                                     "more.vbs(3): Script error 1010: Expected identifier."}));
+}
+
 // ---- the file ------------------------------------------------------------------------------------------------------
 
 TEST_F(StyleCheckTest, AFileThatIsNoStyleIsToldAsTheProgramTellsIt) {
   WriteFile(Path("no.stl"), "This is no archive.");
   EXPECT_THAT(LinesOf(Path("no.stl")), ElementsAre("Unable to open " + Path("no.stl")));
   EXPECT_THAT(LinesOf(MakeStyle({{"readme.txt", "hello"}})), testing::Contains("Warning assembly.txt file not found"));
+}
+
+TEST_F(StyleCheckTest, AManifestWhoseLinesEndInLineFeedsAloneIsNamed) {
+  const std::string module = "Sub Form_Load(Form)\r\nEnd Sub\r\nSub Control_Load(Control, Form)\r\nEnd Sub";
+  constexpr const char* kEnd =
+      "The line does not end in carriage return and line feed: what stands behind it is read as a part of it.";
+  EXPECT_THAT(LinesOf(MakeStyle({{"assembly.txt", "language VBScript\ninclude main.vbs\n"}, {"main.vbs", module}})),
+              testing::Contains("assembly.txt(1): " + std::string(kEnd)));
+  EXPECT_THAT(LinesOf(MakeStyle({{"assembly.txt", "language VBScript\r\ninclude main.vbs\r\n//one\n//two\r//three"},
+                                 {"main.vbs", module}})),
+              ElementsAre("assembly.txt(3): " + std::string(kEnd)));
 }
 
 TEST_F(StyleCheckTest, AFileThatIsNotThereIsTheCallersMatter) {
@@ -296,7 +432,7 @@ TEST_F(StyleCheckTest, AScriptWithoutAnEndIsStoppedAndEndsTheCheck) {
   EXPECT_THAT(LinesOf(MakeScriptStyle("Sub Form_Load(Form)\r\nDo\r\nLoop\r\nEnd Sub"), limits),
               ElementsAre("frmchecked: Script error -2147467260: The script ran longer than its time limit and was "
                           "stopped.",
-                          "frmhelp: The check ended here: this window and those behind it were not looked at."));
+                          "The check ended early, because a script had to be stopped: frmhelp was not looked at."));
 }
 
 TEST_F(StyleCheckTest, ACheckThatTakesTooLongLeavesTheRestOut) {
@@ -304,7 +440,80 @@ TEST_F(StyleCheckTest, ACheckThatTakesTooLongLeavesTheRestOut) {
   limits.whole_ms = -1;
   EXPECT_THAT(
       LinesOf(MakeScriptStyle("Sub Form_Load(Form)\r\nEnd Sub\r\nSub Control_Load(Control, Form)\r\nEnd Sub"), limits),
-      ElementsAre("frmchecked: The check ended here: this window and those behind it were not looked at."));
+      ElementsAre("The check ended early, because its time was up: frmchecked was not looked at."));
+}
+
+TEST_F(StyleCheckTest, WhatWasNotLookedAtIsNoFaultOfTheStyle) {
+  StyleCheckLimits limits;
+  limits.whole_ms = -1;
+  limits.windows = {"frmhelp", CheckedForm::kName, "frmzip"};
+  const StyleCheckResult result = CheckStyle(MakeScriptStyle(""), limits);
+  EXPECT_THAT(result.faults, IsEmpty());
+  EXPECT_EQ(result.rest,
+            "The check ended early, because its time was up: frmhelp and the 2 windows behind it were not looked at.");
+}
+
+// Each call is quick enough, all of them together are not: the window is not looked at to its end.
+TEST_F(StyleCheckTest, AWindowWhoseManyControlsTakeTooLongIsLeft) {
+  StyleCheckLimits limits;
+  limits.whole_ms = 40;
+  limits.windows = {CheckedForm::kName, "frmhelp"};
+  const StyleCheckResult result =
+      CheckStyle(MakeScriptStyle("Sub Form_Load(Form)\r\nFor i = 1 To 60000000 : Next\r\nEnd Sub\r\n"
+                                 "Sub Control_Load(Control, Form)\r\nEnd Sub"),
+                 limits);
+  EXPECT_THAT(result.faults, IsEmpty());
+  EXPECT_EQ(result.rest,
+            "The check ended early, because its time was up: frmchecked and the window behind it were not looked at.");
+}
+
+TEST_F(StyleCheckTest, TheCommandTellsInALastLineThatNotEverythingWasLookedAt) {
+  const std::vector<std::string> lines = CheckStyleFile(
+      MakeScriptStyle("Sub Form_Load(Form)\r\nErr.Raise " + std::to_string(kScriptTimedOut) + "\r\nEnd Sub"));
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_THAT(lines.back(), testing::StartsWith("The check ended early, because a script had to be stopped: "));
+}
+
+// ---- step by step --------------------------------------------------------------------------------------------------
+
+TEST_F(StyleCheckTest, BetweenTwoStepsTheProgramIsAsEver) {
+  StyleCheckLimits limits;
+  limits.windows = {CheckedForm::kName, "frmhelp"};
+  StyleCheck check(MakeScriptStyle("Sub Form_Load(Form)\r\nForm.Caption = \"checked\"\r\nEnd Sub\r\n"
+                                   "Sub Control_Load(Control, Form)\r\nEnd Sub"),
+                   limits);
+  EXPECT_THAT(check.windows(), ElementsAre(CheckedForm::kName, "frmhelp"));
+  check.Step();
+  EXPECT_EQ(check.done(), 0U);
+  check.Step();
+  EXPECT_EQ(check.done(), 1U);
+  EXPECT_FALSE(check.IsOver());
+  EXPECT_EQ(&platform(), static_cast<Platform*>(&desktop));
+  EXPECT_FALSE(StyleActive());
+  EXPECT_EQ(LoadedWindow(CheckedForm::kName), nullptr);
+  Form& mine = WindowByName(CheckedForm::kName);
+  mine.Show();
+  EXPECT_EQ(mine.Caption.get(), "");
+  check.Step();
+  EXPECT_TRUE(check.IsOver());
+  EXPECT_EQ(check.Rest(), "");
+  EXPECT_EQ(LoadedWindow(CheckedForm::kName), &mine);
+}
+
+TEST_F(StyleCheckTest, ACheckThatIsLeftKeepsWhatItHasFoundAndNamesTheRest) {
+  StyleCheckLimits limits;
+  limits.windows = {CheckedForm::kName, "frmhelp", "frmzip"};
+  StyleCheck check(MakeScriptStyle("Sub Form_Load(Form)\r\nForm.Command1.Left = 9000\r\nEnd Sub\r\n"
+                                   "Sub Control_Load(Control, Form)\r\nEnd Sub"),
+                   limits);
+  check.Step();
+  check.Step();
+  check.Leave();
+  EXPECT_TRUE(check.IsOver());
+  check.Step();
+  EXPECT_EQ(check.done(), 1U);
+  EXPECT_EQ(check.faults().size(), 1U);
+  EXPECT_EQ(check.Rest(), "The check was cancelled: frmhelp and the window behind it were not looked at.");
 }
 
 TEST_F(StyleCheckTest, AScriptThatAsksWithoutAnEndIsBrokenOff) {

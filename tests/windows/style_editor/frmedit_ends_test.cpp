@@ -287,14 +287,19 @@ class EndsTest : public EditorTest, public testing::WithParamInterface<Fault> {
     ArchiveContent working;
     bool operator==(const State&) const = default;
   };
-  static State Present() { return {ContentOf(kProject), ContentOf(WorkingCopy(kProject))}; }
+  [[nodiscard]] State Present() const { return {ContentOf(kProject), ContentOf(copy_)}; }
 
   [[nodiscard]] std::unique_ptr<SimulatedDisk> MakeDisk() {
     auto disk = std::make_unique<SimulatedDisk>();
     disk->Put(kProject, original_);
     disk->Put(kAdded, Bytes(700, 'p'));
+    PrepareDisk(*disk);
     return disk;
   }
+  // What else there is, and what becomes of it before the next session; the second is called with the disk of the
+  // first.
+  virtual void PrepareDisk(SimulatedDisk&) {}
+  virtual void LeaveDisk(SimulatedDisk& disk) { disk.StartAgain(); }
 
   void SetUp() override {
     const std::string made =
@@ -309,6 +314,7 @@ class EndsTest : public EditorTest, public testing::WithParamInterface<Fault> {
       states_.push_back(Present());
     }
     CloseAllWindows();
+    LeaveDisk(*disk);
   }
 
   // The step that the fault has met; nothing when it met none.
@@ -339,7 +345,7 @@ class EndsTest : public EditorTest, public testing::WithParamInterface<Fault> {
   // The next session takes what the last one left, and goes on working with it.
   void ExpectRecovery(const std::string& when) {
     const ArchiveContent left = Present().working;
-    const bool is_asked = platform().files().Exists(WorkingCopy(kProject));
+    const bool is_asked = platform().files().Exists(copy_);
     if (is_asked) dialogs().ExpectBox(RecoveryQuestion(kProject), BoxAnswer::kYes);
     editor().LoadStyle(kProject);
     if (is_asked) {
@@ -352,34 +358,67 @@ class EndsTest : public EditorTest, public testing::WithParamInterface<Fault> {
         << when;
   }
 
+  void WalkAllCalls() {
+    int call = 0;
+    for (; call < kMostCalls && !HasFailure(); ++call) {
+      const auto disk = MakeDisk();
+      desktop.UseFiles(*disk);
+      disk->Arm(GetParam(), call, static_cast<unsigned>(call) + 1);
+      const std::optional<size_t> step = RunUntilFault(*disk);
+      CloseAllWindows();
+      desktop.clock().Clear();
+      LeaveDisk(*disk);
+      if (!step) break;
+      const std::string when = std::string(Steps()[*step].name) + ", call " + std::to_string(call);
+      ExpectWhole(*step, when);
+      ExpectRecovery(when);
+      CloseAllWindows();
+    }
+    EXPECT_GT(call, 60);
+    EXPECT_LT(call, kMostCalls) << "the walk does not end";
+  }
+
+  std::string copy_ = WorkingCopy(kProject);  // that the session works on
   Bytes original_;
   std::vector<State> states_;  // before each step, and behind the last
 };
 
-TEST_P(EndsTest, ProjectFileAndWorkingCopyAreWholeAndTheNextSessionGoesOn) {
-  int call = 0;
-  for (; call < kMostCalls && !HasFailure(); ++call) {
-    const auto disk = MakeDisk();
-    desktop.UseFiles(*disk);
-    disk->Arm(GetParam(), call, static_cast<unsigned>(call) + 1);
-    const std::optional<size_t> step = RunUntilFault(*disk);
-    CloseAllWindows();
-    desktop.clock().Clear();
-    disk->StartAgain();
-    if (!step) break;
-    const std::string when = std::string(Steps()[*step].name) + ", call " + std::to_string(call);
-    ExpectWhole(*step, when);
-    ExpectRecovery(when);
-    CloseAllWindows();
-  }
-  EXPECT_GT(call, 60);
-  EXPECT_LT(call, kMostCalls) << "the walk does not end";
-}
+TEST_P(EndsTest, ProjectFileAndWorkingCopyAreWholeAndTheNextSessionGoesOn) { WalkAllCalls(); }
 
-INSTANTIATE_TEST_SUITE_P(
-    Faults, EndsTest, testing::Values(Fault::kFailure, Fault::kKill, Fault::kPowerCut), [](const auto& row) {
-      return std::string(row.param == Fault::kFailure ? "Failure" : row.param == Fault::kKill ? "Kill" : "PowerCut");
-    });
+// Another program has the project open all the time, and closes it before the next session.
+class SecondProgramEndsTest : public EndsTest {
+ protected:
+  SecondProgramEndsTest() { copy_ = "~$2night.stl"; }
+
+  void PrepareDisk(SimulatedDisk& disk) override {
+    disk.Put(kTheirs, original_);
+    disk.Put(kTheirTurn, Bytes(holder_.begin(), holder_.end()));
+    turn_ = disk.TryLock(kTheirTurn, "kestrun");
+  }
+  void LeaveDisk(SimulatedDisk& disk) override {
+    turn_ = nullptr;
+    disk.StartAgain();
+    EXPECT_EQ(disk.Content(kTheirs), original_) << "the other program's copy";
+    disk.Delete(kTheirs);
+    disk.Delete(kTheirTurn);
+  }
+
+ private:
+  static constexpr const char* kTheirs = "~$night.stl";
+  static constexpr const char* kTheirTurn = "~$night.stl.open";
+  std::string holder_ = FormatLockHolder({4711, "kestrun"});
+  std::unique_ptr<FileLock> turn_;
+};
+
+TEST_P(SecondProgramEndsTest, WhatTheSecondProgramTypedIsOfferedToTheNextSession) { WalkAllCalls(); }
+
+std::string NameOfFault(const testing::TestParamInfo<Fault>& row) {
+  return row.param == Fault::kFailure ? "Failure" : row.param == Fault::kKill ? "Kill" : "PowerCut";
+}
+INSTANTIATE_TEST_SUITE_P(Faults, EndsTest, testing::Values(Fault::kFailure, Fault::kKill, Fault::kPowerCut),
+                         &NameOfFault);
+INSTANTIATE_TEST_SUITE_P(Faults, SecondProgramEndsTest,
+                         testing::Values(Fault::kFailure, Fault::kKill, Fault::kPowerCut), &NameOfFault);
 
 // ---- a process that is killed --------------------------------------------------------------------------------------
 

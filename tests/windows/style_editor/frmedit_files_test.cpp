@@ -1,6 +1,7 @@
 // How the style editor opens, changes, saves and closes projects.
 #include "forms/drop_target.h"
 #include "support/error_number.h"
+#include "support/forwarding_files.h"
 #include "windows/style_editor/editor_fixture.h"
 
 namespace kestrun {
@@ -82,6 +83,148 @@ TEST_F(FrmEditFilesTest, TwoNewProjectsOfTwoProgramsDoNotMeet) {
   EXPECT_EQ(ReadFile(theirs), "theirs");
   editor().Unload();
   EXPECT_EQ(ReadFile(theirs), "theirs");
+}
+
+// A program that was killed has no turn any more.
+TEST_F(FrmEditFilesTest, WhatASecondProgramTypedIsOfferedAfterItWasKilled) {
+  const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
+  const std::string left = MakeStyle("~$2night.stl", {{"main.vbs", "typed by the second"}});
+  dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
+  editor().LoadStyle(path);
+  EXPECT_EQ(editor().project().WorkingFile(), left);
+  OpenEntry("main.vbs");
+  EXPECT_EQ(editor().TxtCode.Text.get(), "typed by the second");
+  dialogs().ExpectBox(SaveQuestion(path, "'"), BoxAnswer::kNo);
+  editor().Unload();
+  EXPECT_FALSE(FileIsThere(left));
+}
+
+TEST_F(FrmEditFilesTest, WhatAKilledProgramTypedGoesBeforeTheCopyOfOneThatRuns) {
+  const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
+  const std::string theirs = MakeStyle("~$night.stl", {{"main.vbs", "theirs"}});
+  const std::string left = MakeStyle("~$2night.stl", {{"main.vbs", "typed by the second"}});
+  const auto turn = native_files.TryLock(theirs + ".open", "kestrun");
+  dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
+  editor().LoadStyle(path);
+  EXPECT_EQ(editor().project().WorkingFile(), left);
+  EXPECT_EQ(ContentOf(left), (ArchiveContent{{"main.vbs", "typed by the second"}}));
+  EXPECT_EQ(ContentOf(theirs), (ArchiveContent{{"main.vbs", "theirs"}}));
+}
+
+TEST_F(FrmEditFilesTest, OfTwoCopiesThatWereLeftTheOneWrittenLastComesFirstAndTheOtherAtTheNextOpening) {
+  const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
+  const std::string first = MakeStyle("~$night.stl", {{"main.vbs", "typed by the first"}});
+  const std::string second = MakeStyle("~$2night.stl", {{"main.vbs", "typed by the second"}});
+  const uint64_t now = native_files.WriteTime(first);
+  native_files.SetWriteTime(second, now + 20'000'000);
+  dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kNo);
+  editor().LoadStyle(path);
+  EXPECT_EQ(editor().project().WorkingFile(), second);
+  EXPECT_EQ(ContentOf(second), (ArchiveContent{{"main.vbs", "saved"}}));
+  dialogs().ExpectBox(SaveQuestion(path, "'"), BoxAnswer::kNo);
+  editor().Unload();
+  dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
+  editor().LoadStyle(path);
+  EXPECT_EQ(editor().project().WorkingFile(), first);
+  OpenEntry("main.vbs");
+  EXPECT_EQ(editor().TxtCode.Text.get(), "typed by the first");
+}
+
+// "~$2night.stl" is the working copy of "2night.stl".
+TEST_F(FrmEditFilesTest, TheCopyOfAProjectThatHasTheNumberInItsNameIsLeftAlone) {
+  const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
+  const std::string other = MakeStyle("2night.stl", {{"main.vbs", "other"}});
+  const std::string others_copy = MakeStyle("~$2night.stl", {{"main.vbs", "other, typed last"}});
+  const auto turn = native_files.TryLock(Path("~$night.stl.open"), "kestrun");
+  editor().LoadStyle(path);
+  EXPECT_EQ(editor().project().WorkingFile(), Path("~$3night.stl"));
+  EXPECT_EQ(ContentOf(others_copy), (ArchiveContent{{"main.vbs", "other, typed last"}}));
+}
+
+// Another program is in the middle of a save of its working copy.
+TEST_F(FrmEditFilesTest, TheCopyOfAnotherProgramIsNotReadWhileThatOneWritesIt) {
+  const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
+  const std::string theirs = MakeStyle("~$night.stl", {{"main.vbs", "theirs"}});
+  const auto turn = native_files.TryLock(theirs + ".open", "kestrun");
+  const std::string lock = native_files.TruePath(theirs) + ".lock";
+  const auto save = native_files.TryLock(lock, "another kestrun");
+  const std::string process = std::to_string(native_files.ReadLockHolder(lock).process);
+  dialogs().ExpectFile(path);
+  dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
+  dialogs().ExpectBox(
+      "Error: 70\r\n'" + theirs + "' is in use by another kestrun (process " + process +
+      "). Try again when it has finished.\r\nYou may not change it: another program has it open, or you "
+      "lack the rights. Close the game and other programs that use it, or choose a folder of your own.");
+  editor().mnu_open.Click();
+  EXPECT_FALSE(editor().project().archive());
+  EXPECT_FALSE(FileIsThere(Path("~$2night.stl")));
+}
+
+TEST_F(FrmEditFilesTest, TheCopyOfAnotherProgramIsReadWhenItsSaveIsOver) {
+  // Its save ends while it is waited for.
+  struct EndingSave final : ForwardingFiles {
+    using ForwardingFiles::ForwardingFiles;
+    std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) override {
+      if (path.ends_with(".lock") && ++tries == 3) finish();
+      return ForwardingFiles::TryLock(path, program);
+    }
+    int tries = 0;
+    std::function<void()> finish;
+  };
+  const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
+  const std::string theirs = MakeStyle("~$night.stl", {{"main.vbs", "before"}});
+  const auto turn = native_files.TryLock(theirs + ".open", "kestrun");
+  auto save = native_files.TryLock(native_files.TruePath(theirs) + ".lock", "kestrun");
+  EndingSave files(native_files);
+  files.finish = [&] {
+    native_files.Copy(MakeStyle("after.stl", {{"main.vbs", "after"}}), theirs);
+    save.reset();
+  };
+  desktop.UseFiles(files);
+  dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
+  editor().LoadStyle(path);
+  EXPECT_EQ(ContentOf(Path("~$2night.stl")), (ArchiveContent{{"main.vbs", "after"}}));
+  CloseAllWindows();
+  desktop.UseFiles(native_files);
+}
+
+// How the file layer answers at the moment at which another program removes the file of its turn.
+TEST_F(FrmEditFilesTest, ATurnThatEndsAtThisMomentIsWaitedFor) {
+  struct EndingTurn final : ForwardingFiles {
+    using ForwardingFiles::ForwardingFiles;
+    std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) override {
+      if (path.ends_with(".open") && ++tries < 3) return nullptr;
+      return ForwardingFiles::TryLock(path, program);
+    }
+    int tries = 0;
+  };
+  EndingTurn files(native_files);
+  desktop.UseFiles(files);
+  const std::string path = OpenSample();
+  EXPECT_EQ(editor().project().WorkingFile(), WorkingCopy(path));
+  CloseAllWindows();
+  desktop.UseFiles(native_files);
+}
+
+TEST_F(FrmEditFilesTest, ACopyWhoseTurnCannotBeAskedForStaysTheOneOfWhoIsNamedThere) {
+  struct DeafFiles final : ForwardingFiles {
+    using ForwardingFiles::ForwardingFiles;
+    std::unique_ptr<FileLock> TryLock(std::string_view path, std::string_view program) override {
+      if (path.ends_with("~$night.stl.open")) Raise(error::kDeviceIo);
+      return ForwardingFiles::TryLock(path, program);
+    }
+  };
+  const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
+  const std::string theirs = MakeStyle("~$night.stl", {{"main.vbs", "theirs"}});
+  WriteFile(theirs + ".open", FormatLockHolder({4711, "kestrun"}));
+  DeafFiles files(native_files);
+  desktop.UseFiles(files);
+  dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kNo);
+  editor().LoadStyle(path);
+  EXPECT_EQ(editor().project().WorkingFile(), Path("~$2night.stl"));
+  EXPECT_EQ(ContentOf(theirs), (ArchiveContent{{"main.vbs", "theirs"}}));
+  CloseAllWindows();
+  desktop.UseFiles(native_files);
 }
 
 TEST_F(FrmEditFilesTest, NoToTheRecoveryTakesTheFileAsItWasSaved) {

@@ -35,6 +35,12 @@ class FrmEditCheckTest : public EditorTest {
   }
   ~FrmEditCheckTest() override { CloseAllWindows(); }
 
+  // Lets the check run to its end.
+  void RunCheck() { desktop.clock().AdvanceMs(100); }
+  void Check() {
+    editor().mnu_checkstyle.Click();
+    RunCheck();
+  }
   static FrmEditCheck& list() { return Window<FrmEditCheck>(); }
   static std::vector<std::string> Rows() {
     std::vector<std::string> rows;
@@ -64,7 +70,7 @@ class FrmEditCheckTest : public EditorTest {
 
 TEST_F(FrmEditCheckTest, EachFaultHasARow) {
   OpenFaulty();
-  editor().mnu_checkstyle.Click();
+  Check();
   EXPECT_TRUE(list().IsShown());
   EXPECT_THAT(Rows(), ElementsAre(kRow));
   EXPECT_EQ(list().LblResult.Caption.get(), "One fault was found in far.stl. Enter shows its line.");
@@ -73,7 +79,7 @@ TEST_F(FrmEditCheckTest, EachFaultHasARow) {
 
 TEST_F(FrmEditCheckTest, ADoubleClickShowsTheLineInTheEditor) {
   OpenFaulty();
-  editor().mnu_checkstyle.Click();
+  Check();
   list().LstFaults.DblClick();
   EXPECT_EQ(editor().TxtCode.Text.get(), kModule);
   EXPECT_EQ(editor().TxtCode.SelText(), "  Form.Command1.Left = 5000");
@@ -83,7 +89,7 @@ TEST_F(FrmEditCheckTest, ADoubleClickShowsTheLineInTheEditor) {
 // Enter presses the default button.
 TEST_F(FrmEditCheckTest, EnterShowsTheLineInTheEditor) {
   OpenFaulty();
-  editor().mnu_checkstyle.Click();
+  Check();
   EXPECT_TRUE(list().CmdOpen.Default);
   EXPECT_TRUE(list().CmdOpen.Press());
   EXPECT_EQ(editor().TxtCode.SelText(), "  Form.Command1.Left = 5000");
@@ -91,10 +97,11 @@ TEST_F(FrmEditCheckTest, EnterShowsTheLineInTheEditor) {
 
 TEST_F(FrmEditCheckTest, WhatIsTypedIsCheckedAndTheListIsMadeAnew) {
   const std::string path = OpenFaulty();
-  editor().mnu_checkstyle.Click();
+  Check();
   list().LstFaults.DblClick();
   Type(ReplaceAll(kModule, "5000", "200"));
   list().CmdAgain.Click();
+  RunCheck();
   EXPECT_THAT(Rows(), IsEmpty());
   EXPECT_EQ(list().LblResult.Caption.get(), "No faults were found in far.stl.");
   EXPECT_FALSE(list().CmdOpen.Enabled);
@@ -105,7 +112,7 @@ TEST_F(FrmEditCheckTest, AFaultWithoutALineOpensNothing) {
   const std::string path = MakeStyle("lone.stl", {{"assembly.txt", "language VBScript\r\ninclude main.vbs"},
                                                   {"main.vbs", "Sub Form_Load(F)\r\nEnd Sub"}});
   editor().LoadStyle(path);
-  editor().mnu_checkstyle.Click();
+  Check();
   EXPECT_THAT(Rows(), ElementsAre("frmsmall: Script error 13: Type mismatch: 'Control_Load'."));
   EXPECT_FALSE(list().CmdOpen.Enabled);
   list().LstFaults.DblClick();
@@ -114,14 +121,73 @@ TEST_F(FrmEditCheckTest, AFaultWithoutALineOpensNothing) {
 
 TEST_F(FrmEditCheckTest, AMissingIncludeOpensTheManifest) {
   editor().LoadStyle(MakeStyle("lost.stl", {{"assembly.txt", "language VBScript\r\ninclude lost.vbs"}}));
-  editor().mnu_checkstyle.Click();
+  Check();
   list().LstFaults.DblClick();
   EXPECT_EQ(editor().TxtCode.SelText(), "include lost.vbs");
 }
 
+// ---- while the check runs ------------------------------------------------------------------------------------------
+
+TEST_F(FrmEditCheckTest, ItsWindowShowsHowFarItIs) {
+  OpenFaulty();
+  editor().mnu_checkstyle.Click();
+  EXPECT_TRUE(list().IsShown());
+  EXPECT_EQ(list().LblResult.Caption.get(), "Checking far.stl: window 1 of 1 (frmsmall). Esc ends the check.");
+  EXPECT_TRUE(list().prgcheck.Visible);
+  EXPECT_EQ(list().CmdClose.Caption.get(), "&Cancel");
+  EXPECT_FALSE(list().CmdAgain.Enabled);
+  RunCheck();
+  EXPECT_FALSE(list().prgcheck.Visible);
+  EXPECT_EQ(list().CmdClose.Caption.get(), "&Close");
+  EXPECT_TRUE(list().CmdAgain.Enabled);
+}
+
+// Esc presses the button that cancels.
+TEST_F(FrmEditCheckTest, EscEndsItAndKeepsWhatItHasFound) {
+  const StandInWindow<SmallWindow> second("frmsmall2");
+  OpenFaulty();
+  editor().mnu_checkstyle.Click();
+  desktop.clock().AdvanceMs(2);  // the modules, and the first of two windows
+  EXPECT_TRUE(list().CmdClose.Cancel);
+  EXPECT_TRUE(list().CmdClose.Press());
+  EXPECT_TRUE(list().IsShown());
+  EXPECT_THAT(Rows(), ElementsAre(kRow));
+  EXPECT_EQ(list().LblResult.Caption.get(),
+            "The check was cancelled: frmsmall2 was not looked at. The list is incomplete: one fault was found in "
+            "far.stl until then.");
+  EXPECT_FALSE(list().prgcheck.Visible);
+  RunCheck();
+  EXPECT_THAT(Rows(), ElementsAre(kRow));
+  EXPECT_TRUE(list().CmdClose.Press());
+  EXPECT_EQ(LoadedWindow(FrmEditCheck::kName), nullptr);
+}
+
+TEST_F(FrmEditCheckTest, AScriptThatHadToBeStoppedEndsItWithAWord) {
+  const StandInWindow<SmallWindow> second("frmsmall2");
+  const std::string path =
+      MakeStyle("ends.stl", {{"assembly.txt", "language VBScript\r\ninclude main.vbs"},
+                             {"main.vbs", "Sub Form_Load(Form)\r\nErr.Raise -2147467260\r\nEnd Sub"}});
+  editor().LoadStyle(path);
+  Check();
+  EXPECT_THAT(list().LblResult.Caption.get(),
+              testing::StartsWith("The check ended early, because a script had to be stopped: frmsmall2 was not looked "
+                                  "at. The list is incomplete: one fault was found in ends.stl until then."));
+}
+
+TEST_F(FrmEditCheckTest, WhileItRunsTheEditorCanBeUsedAndClosed) {
+  OpenFaulty();
+  editor().mnu_checkstyle.Click();
+  OpenEntry("main.vbs");
+  EXPECT_EQ(editor().TxtCode.Text.get(), kModule);
+  dialogs().ExpectBox("Do you want to save the changes to '" + Path("far.stl") + "'", BoxAnswer::kNo);
+  editor().Unload();
+  RunCheck();
+  EXPECT_EQ(LoadedWindow(FrmEditCheck::kName), nullptr);
+}
+
 TEST_F(FrmEditCheckTest, TheListGoesWithTheEditor) {
   editor().LoadStyle("");
-  editor().mnu_checkstyle.Click();
+  Check();
   EXPECT_NE(LoadedWindow(FrmEditCheck::kName), nullptr);
   editor().Unload();
   EXPECT_EQ(LoadedWindow(FrmEditCheck::kName), nullptr);
@@ -130,7 +196,7 @@ TEST_F(FrmEditCheckTest, TheListGoesWithTheEditor) {
 TEST_F(FrmEditCheckTest, TheProjectTheSettingsAndTheStyleInUseStay) {
   const std::string path = OpenFaulty();
   const std::string before = ReadFile(path);
-  editor().mnu_checkstyle.Click();
+  Check();
   EXPECT_EQ(ReadFile(path), before);
   EXPECT_FALSE(FileIsThere(ProgramPath("packit.ini")));
   EXPECT_EQ(ModStyle::CurrentStyle(), nullptr);

@@ -1,5 +1,6 @@
 #include "desktop/win32/com/active_script_site.h"
 
+#include "base/runtime_error.h"
 #include "desktop/win32/com/automation_value.h"
 #include "desktop/win32/com/bridge_failures.h"
 #include "desktop/win32/com/object_bridge.h"
@@ -21,6 +22,12 @@ ForeignScriptFault FaultOf(HRESULT result, EXCEPINFO& told) {
   if (result == DISP_E_EXCEPTION) texts = TakeToldTexts(told);
   const HRESULT code = result != DISP_E_EXCEPTION ? result : told.scode ? told.scode : told.wCode;
   ForeignScriptFault fault;
+  // Some engines hand on the code with which an object says that it has no such member.
+  if (code == DISP_E_UNKNOWNNAME || code == DISP_E_MEMBERNOTFOUND) {
+    fault.number = error::kMemberNotFound;
+    fault.description = RuntimeError(error::kMemberNotFound).description();
+    return fault;
+  }
   fault.number = NumberOf(code);
   fault.description = std::move(texts.description);
   fault.source = std::move(texts.source);

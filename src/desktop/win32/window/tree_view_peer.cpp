@@ -1,4 +1,5 @@
 // Trees on the system's own control.
+#include <cstdlib>
 #include <cstring>
 #include <optional>
 #include <unordered_map>
@@ -22,6 +23,14 @@ constexpr int kImageSize = 16;       // at 96 dots per inch
 constexpr int kBoxHalf = 4;          // of the box of a branch beside its middle, at 96 dots per inch
 constexpr int kQuietSelection = 25;  // percent of the text's colour behind the selected node
 constexpr int kLineStrength = 45;    // percent of the text's colour that the lines between the nodes have
+
+constexpr int kVisibleDifference = 30;  // of two colours in one of their channels
+
+bool IsNear(COLORREF one, COLORREF other) {
+  const auto differs = [](int first, int second) { return std::abs(first - second) >= kVisibleDifference; };
+  return !differs(GetRValue(one), GetRValue(other)) && !differs(GetGValue(one), GetGValue(other)) &&
+         !differs(GetBValue(one), GetBValue(other));
+}
 
 struct ImageListTraits {
   using Handle = HIMAGELIST;
@@ -79,7 +88,7 @@ class TreeViewPeer final : public WindowedPeer {
 
   bool HandleNotification(NMHDR& notice, LRESULT& result) override {
     if (notice.code == static_cast<UINT>(NM_CUSTOMDRAW)) {
-      return is_plain_ && FollowDrawing(reinterpret_cast<NMTVCUSTOMDRAW&>(notice), result);
+      return FollowDrawing(reinterpret_cast<NMTVCUSTOMDRAW&>(notice), result);
     }
     if (is_filling_) return false;
     switch (notice.code) {
@@ -138,16 +147,19 @@ class TreeViewPeer final : public WindowedPeer {
       case CDDS_PREPAINT: result = CDRF_NOTIFYITEMDRAW; return true;
       case CDDS_ITEMPREPAINT:
         ChooseColors(draw);
-        result = CDRF_NOTIFYPOSTPAINT;
+        result = is_plain_ ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
         return true;
       case CDDS_ITEMPOSTPAINT: DrawBox(draw.nmcd.hdc, reinterpret_cast<HTREEITEM>(draw.nmcd.dwItemSpec)); return true;
       default: return false;
     }
   }
 
-  // While the keys go elsewhere the system marks the selected node in a light colour of its own.
+  // While the keys go elsewhere the system marks the selected node in a light colour of its own. In high contrast, and
+  // nearly so in others of its colours, that is the colour of the tree itself.
   void ChooseColors(NMTVCUSTOMDRAW& draw) const {
     if ((draw.nmcd.uItemState & CDIS_SELECTED) == 0 || GetFocus() == window()) return;
+    const COLORREF quiet = GetSysColor(COLOR_BTNFACE);
+    if (!is_plain_ && !IsNear(quiet, ToColorRef(control().BackColor))) return;
     draw.clrText = ToColorRef(control().ForeColor);
     draw.clrTextBk = BlendColors(ToColorRef(control().BackColor), draw.clrText, kQuietSelection);
   }
