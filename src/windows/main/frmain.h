@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <future>
 #include <string>
 #include <vector>
 
@@ -297,6 +298,7 @@ class frmain final : public Form {
   HealthWatch health_{[this] { ListBox.Refresh(); }};
   std::vector<std::string> program_paths_;
   bool stays_closed_at_startup_ = false;
+  std::future<bool> is_online_;  // asked early, for a banner that is wanted
   bool has_banner_place_ = false;
   bool is_banner_due_ = false;    // to be fetched once the window is shown
   bool has_tried_again_ = false;  // to fetch the banner's picture

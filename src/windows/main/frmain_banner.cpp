@@ -63,6 +63,8 @@ BannerService SiteBannerService() {
 }
 
 void frmain::ConnectBanner() {
+  // The system takes its time for the answer: it looks for it while the window is laid out.
+  if (!SafeMode() && IsBannerWanted()) is_online_ = std::async(&IsOnline);
   TmrBanner.Enabled = false;
   TmrBanner.Interval = kFetchAfterMs;
   TmrBanner.Tick = [this] {
@@ -83,7 +85,8 @@ void frmain::ConnectBanner() {
 // A start without a network, or with a server that never answers, shows a usable window as soon as one without a
 // banner: nothing is fetched before the window stands, and then in the background.
 void frmain::LoadBanner() {
-  const bool shows = IsBannerWanted() && banner_service().get_new_banner && IsOnline();
+  const bool shows =
+      IsBannerWanted() && banner_service().get_new_banner && (is_online_.valid() ? is_online_.get() : IsOnline());
   ShowBannerPlace(shows);
   is_banner_due_ = shows;
 }
