@@ -202,6 +202,7 @@ template <size_t kDistance>
   lanes = FoldWide(FoldWide(FoldWide(lanes, lanes1, by_four), lanes2, by_four), lanes3, by_four);
   uint8_t last[kWideBytes];
   _mm512_storeu_si512(last, lanes);
+  _mm256_zeroupper();  // which GCC leaves out for Windows: what follows in narrower registers would be slow
   __m128i lane = LoadLane(last);
   for (size_t at = kLaneBytes; at < kWideBytes; at += kLaneBytes) lane = FoldByOne(lane, LoadLane(last + at));
   return FinishLane(lane, from, bytes);

@@ -179,22 +179,12 @@ class Stage {
   std::string Put(const std::string& map, const std::string& mission) {
     if (mission.empty()) return "There is no file name to put the map under.";
     const auto known = maps_.find(map);
-    if (known != maps_.end() && known->second.failure) return RefusalOf(*known);
+    if (known != maps_.end() && !known->second.refusal.empty()) return known->second.refusal;
     const LoadedMission loaded = map == kNotFetched     ? AssumedMission(fetched_)
                                  : known != maps_.end() ? known->second.mission
                                                         : UnreadMission(map);
     if (plan_.put_refusal.empty()) game_.PutMission(loaded);
     return plan_.put_refusal;
-  }
-
-  // Explained once: the explanation may look at the file again.
-  const std::string& RefusalOf(const RehearsedMaps::value_type& map) {
-    std::string& refusal = refusals_[map.first];
-    if (refusal.empty()) {
-      Attempt([&] { std::rethrow_exception(map.second.failure); },
-              [&](const RuntimeError&) { refusal = ExplainedError().description(); });
-    }
-    return refusal;
   }
 
   LoadedMission UnreadMission(const std::string& map) {
@@ -279,7 +269,6 @@ class Stage {
   bool is_started_ = false;
   std::string fetched_;  // web address that was asked for last
   std::string plays_;
-  std::map<std::string, std::string> refusals_;  // by path
   std::string round_map_;
   uint64_t round_map_from_ms_ = 0;
 };
@@ -296,7 +285,7 @@ RehearsedMap ReadRehearsedMap(FileSystem& files, const std::string& path) {
   try {
     map.mission = MissionFromBytes(files.ReadAll(path), "loose file", false);
   } catch (...) {
-    map.failure = std::current_exception();
+    map.refusal = ExplainedError().description();  // looks at the file again
   }
   return map;
 }

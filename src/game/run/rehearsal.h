@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <exception>
 #include <map>
 #include <string>
 #include <vector>
@@ -18,7 +17,7 @@ namespace kestrun {
 // What the file of a map is to a put and to the game.
 struct RehearsedMap {
   LoadedMission mission;
-  std::exception_ptr failure;  // of the read
+  std::string refusal;  // why it could not be read, explained; empty when it was
 };
 using RehearsedMaps = std::map<std::string, RehearsedMap>;  // by path
 // May run on any thread, takes as long as the disk, and never raises.

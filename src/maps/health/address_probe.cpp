@@ -51,6 +51,8 @@ AddressProbe::AddressProbe(const std::string& url)
 
 AddressProbe::~AddressProbe() = default;
 
+bool AddressProbe::HasServerSpoken() const { return receiver_->status() != 0; }
+
 void AddressProbe::Fail(const std::string& why) {
   facts_.state = MapFacts::State::kNoAnswer;
   facts_.failure = why;

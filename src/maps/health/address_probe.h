@@ -21,6 +21,8 @@ class AddressProbe {
   [[nodiscard]] bool Advance();
   // Once Advance has given false.
   [[nodiscard]] const MapFacts& facts() const { return facts_; }
+  // Whether a server answered anything, if only that it has no such map.
+  [[nodiscard]] bool HasServerSpoken() const;
 
  private:
   class Receiver;

@@ -166,9 +166,9 @@ bool ListCheck::AdvanceAddresses() {
   if (waiting_addresses_.empty() && questions_.empty()) return false;
   const uint64_t now_ms = platform().clock().NowMs();
   if (!asks_since_ms_) asks_since_ms_ = now_ms;
-  TakeAnswers();
+  const bool has_room = questions_.empty() || TakeAnswers(now_ms);
   if (now_ms - *asks_since_ms_ < kAsksForMs) {
-    AskMore();
+    if (has_room) AskMore();
   } else {
     MapFacts not_asked;
     not_asked.state = MapFacts::State::kNoTime;
@@ -177,12 +177,15 @@ bool ListCheck::AdvanceAddresses() {
   return !questions_.empty() || !waiting_addresses_.empty();
 }
 
-void ListCheck::TakeAnswers() {
-  std::erase_if(questions_, [this](const std::unique_ptr<Question>& question) {
+// A server that says anything shows that the web goes on: the time counts anew, and runs out where nobody answers.
+bool ListCheck::TakeAnswers(uint64_t now_ms) {
+  const auto ended = std::erase_if(questions_, [&](const std::unique_ptr<Question>& question) {
     if (question->probe.Advance()) return false;
+    if (question->probe.HasServerSpoken()) asks_since_ms_ = now_ms;
     TakeFacts(question->address, question->probe.facts());
     return true;
   });
+  return ended > 0;
 }
 
 void ListCheck::TakeFacts(const std::string& address, const MapFacts& facts) {

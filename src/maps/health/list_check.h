@@ -27,8 +27,10 @@ struct ListReport {
   bool is_cut_short = false;
 
   [[nodiscard]] int Count(Health health) const;
-  // Whether something would fail.
-  [[nodiscard]] bool IsBad() const { return Count(Health::kBad) > 0 || !closed_game_folder.empty(); }
+  // Whether something would fail, or may: there are rows that were not checked.
+  [[nodiscard]] bool IsBad() const {
+    return Count(Health::kBad) > 0 || Count(Health::kUnknown) > 0 || !closed_game_folder.empty();
+  }
 };
 
 // Whether no map can be put into that folder of the game for want of rights; false for one that is not there. May run
@@ -66,7 +68,8 @@ class ListCheck {
   struct Files;
   [[nodiscard]] bool AdvanceFiles();
   [[nodiscard]] bool AdvanceAddresses();
-  void TakeAnswers();
+  // Whether a question has ended.
+  [[nodiscard]] bool TakeAnswers(uint64_t now_ms);
   void AskMore();
   void TakeFacts(const std::string& address, const MapFacts& facts);
 

@@ -1,5 +1,6 @@
 #include "windows/auto_host/frmrehearsal.h"
 
+#include <algorithm>
 #include <atomic>
 #include <utility>
 
@@ -18,6 +19,7 @@
 #include "program/window_kit/fixed_pitch.h"
 #include "program/window_kit/place_controls.h"
 #include "program/window_kit/run_command.h"
+#include "web/web_paths.h"
 #include "windows/auto_host/frmputlist.h"
 
 namespace kestrun {
@@ -193,7 +195,7 @@ void frmrehearsal::ReadGameFolder() {
         facts->first = ReadRehearsedMap(files, loose);
       },
       [this, facts, folder] {
-        if (!facts->first.failure) plan_.first_mission = facts->first.mission;
+        if (facts->first.refusal.empty()) plan_.first_mission = facts->first.mission;
         if (facts->is_closed) plan_.put_refusal = "The game's folder needs administrator rights: " + folder;
         GoOn();
       });
@@ -217,8 +219,19 @@ void frmrehearsal::ReadNextMap() {
   Read([map, path](FileSystem& files) { *map = ReadRehearsedMap(files, path); },
        [this, map, path] {
          maps_[path] = *map;
+         if (!map->refusal.empty()) WantRowBehind(path);
          ReadNextMap();
        });
+}
+
+// The run takes it in the place of a map that fails. Without it the night would be played anew for each row of a list
+// whose disk is gone.
+void frmrehearsal::WantRowBehind(const std::string& path) {
+  const auto row = std::ranges::find(plan_.rows, path);
+  if (row == plan_.rows.end()) return;
+  const std::string& next = row + 1 == plan_.rows.end() ? plan_.rows.front() : *(row + 1);
+  if (IsUrl(next) || maps_.contains(next) || std::ranges::find(wanted_, next) != wanted_.end()) return;
+  wanted_.push_back(next);
 }
 
 void frmrehearsal::LeaveReading() {

@@ -56,6 +56,7 @@ class frmrehearsal final : public Form {
   void ReadGameFolder();
   void GoOn();
   void ReadNextMap();
+  void WantRowBehind(const std::string& path);
   void LeaveReading();
   void EndOrClose();
   void ShowNight(Rehearsal night);

@@ -17,6 +17,7 @@
 namespace kestrun {
 namespace {
 
+constexpr int kPatienceMs = 20'000;
 const std::string kPicture = "\xFF\xD8\xFF picture \x80\x81\x8D\xA0";
 
 // The program's platform with the site's requests led to this machine.
@@ -158,7 +159,7 @@ TEST_F(UploadOnScreenTest, EscLeavesAServerThatIsSilent) {
   const HWND start = HandleOf(window.Command1);
   center.answer = [list, start](const TakenMap&) {
     PostMessageW(list, WM_KEYDOWN, VK_ESCAPE, 0);
-    while (!IsWindowEnabled(start)) Sleep(10);
+    for (int waited_ms = 0; waited_ms < kPatienceMs && !IsWindowEnabled(start); waited_ms += 10) Sleep(10);
     return std::string(MappingCenter::kTaken);
   };
   Click(window.Command1);

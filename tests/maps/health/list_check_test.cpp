@@ -138,11 +138,29 @@ TEST_F(ListCheckTest, AddressesThatAreNotComeToAreNamedInTheReport) {
   // One server is asked for six maps at a time.
   EXPECT_EQ(CountText(report), "18 bad, 82 not checked");
   EXPECT_FALSE(report.is_cut_short);
+  EXPECT_TRUE(report.IsBad());
   EXPECT_EQ(DescribeHealth(report.rows[99].health),
             "not checked: The address was not asked: others took too long to answer.");
   EXPECT_NE(ReportText(report).find("\r\nNot checked\r\n  Row 19: http://maps.example/18.bms\r\n"
                                     "    The address was not asked: others took too long to answer.\r\n"),
             std::string::npos);
+}
+
+TEST_F(ListCheckTest, AServerThatAnswersIsAskedForAllItsMapsHoweverLongThatTakes) {
+  std::vector<std::string> rows;
+  for (int row = 0; row < 100; ++row) {
+    rows.push_back("http://maps.example/" + std::to_string(row) + ".bms");
+    if (row == 50) {
+      Serve(rows.back(), 404, AsBytes("no"));
+    } else {
+      Serve(rows.back(), 200, MissionOf(kCaptureTheFlag));
+    }
+  }
+  ListCheck check("night.lst", rows, InPlayList());
+  const uint64_t begin_ms = desktop.clock().NowMs();
+  while (check.Advance()) desktop.clock().AdvanceMs(10'000);
+  EXPECT_GT(desktop.clock().NowMs() - begin_ms, 100'000U);
+  EXPECT_EQ(CountText(check.Report()), "1 bad, 99 good");
 }
 
 TEST_F(ListCheckTest, AServerThatAnswersIsNotHeldUpByOneThatDoesNot) {
