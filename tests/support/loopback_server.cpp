@@ -22,7 +22,6 @@ namespace {
 
 #ifdef _WIN32
 using Socket = SOCKET;
-using Length = int;
 constexpr int kSendFlags = 0;
 
 void StartSockets() {
@@ -33,17 +32,38 @@ void StartSockets() {
   if (started != 0) std::abort();
 }
 void CloseSocket(Socket socket) { closesocket(socket); }
+void SetBlocking(Socket socket, bool blocks) {
+  u_long is_free = blocks ? 0 : 1;
+  ioctlsocket(socket, static_cast<long>(FIONBIO), &is_free);
+}
+// Sends some of the bytes; 0 or less once the client has gone. Now and then Wine does not wake a send that waits,
+// though the client has read everything: this one looks for itself.
+int Send(Socket socket, const char* bytes, size_t count) {
+  SetBlocking(socket, false);
+  int sent = -1;
+  for (;;) {
+    sent = send(socket, bytes, static_cast<int>(count), kSendFlags);
+    if (sent > 0 || WSAGetLastError() != WSAEWOULDBLOCK) break;
+    fd_set writers;
+    FD_ZERO(&writers);
+    FD_SET(socket, &writers);
+    timeval look_again{0, 20'000};
+    select(0, nullptr, &writers, nullptr, &look_again);
+  }
+  SetBlocking(socket, true);
+  return sent;
+}
 void SetReceiveTimeOut(Socket socket, int seconds) {
   const DWORD milliseconds = static_cast<DWORD>(seconds) * 1000;
   setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, reinterpret_cast<const char*>(&milliseconds), sizeof milliseconds);
 }
 #else
 using Socket = int;
-using Length = size_t;
-constexpr int kSendFlags = MSG_NOSIGNAL;
 
+constexpr int kSendFlags = MSG_NOSIGNAL;
 void StartSockets() {}
 void CloseSocket(Socket socket) { ::close(socket); }
+ssize_t Send(Socket socket, const char* bytes, size_t count) { return send(socket, bytes, count, kSendFlags); }
 void SetReceiveTimeOut(Socket socket, int seconds) {
   const timeval time{seconds, 0};
   setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &time, sizeof time);
@@ -93,7 +113,7 @@ std::string ServedRequest::Header(std::string_view name) const {
 
 bool ServedConnection::Write(std::string_view bytes) {
   while (!bytes.empty()) {
-    const auto sent = send(static_cast<Socket>(socket_), bytes.data(), static_cast<Length>(bytes.size()), kSendFlags);
+    const auto sent = Send(static_cast<Socket>(socket_), bytes.data(), bytes.size());
     if (sent <= 0) return false;
     written_ += static_cast<size_t>(sent);
     bytes.remove_prefix(static_cast<size_t>(sent));

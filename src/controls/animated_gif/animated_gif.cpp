@@ -17,7 +17,7 @@ constexpr int kTwipsPerPixel = 15;  // of a frame's place, on every screen
 // A hostile file may be small and announce any number of frames of any size, or have a header of megabytes that each
 // of thousands of frames begins with. All together take less than 64 MB: the file and a copy of it, the pixels of all
 // frames, and one more time those of the frame that is being decoded.
-constexpr int64_t kMostFramePixels = 4'000'000;
+constexpr int64_t kMostFramePixels = 3'000'000;  // the system's decoder takes some sixteen bytes for each
 constexpr int64_t kMostPixels = 6'000'000;
 constexpr size_t kMostFrames = 4096;
 constexpr uint64_t kMostFileBytes = uint64_t{8} * 1024 * 1024;

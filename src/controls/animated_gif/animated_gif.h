@@ -36,7 +36,7 @@ class AnimatedGIF final : public CompositeControl, public StoredControl {
 
   // Shows a file: kind 1 is an animated GIF, any other a still picture. The message loop runs once for each frame. A
   // failure is shown in a box, and the frames before it stay. What is too much for a small panel is left out, so that
-  // no file takes more than 64 MB: a file of more than 8 MB, a frame of more than 4 million pixels and what follows it,
+  // no file takes more than 64 MB: a file of more than 8 MB, a frame of more than 3 million pixels and what follows it,
   // the frames behind the first 4,096, and those that would make more than 6 million pixels of all.
   void LoadNewPicture(const std::string& file, int kind);
   // Whether LoadNewPicture shows the file to its end without a box.
