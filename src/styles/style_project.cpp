@@ -27,14 +27,13 @@ void RecoverWithWord(const std::string& path) {
   if (const auto sentence = pff::RecoverArchive(path)) MsgBox(*sentence);
 }
 
-// The path of a working copy by its number: "~$name", "~$2name", "~$3name". Empty where a project beside it has the
-// number in its own name: the copy of that name is that project's.
+// The path of a working copy by its number: "~$name", "~2$name", "~3$name". The number stands inside of the mark:
+// behind it, "2name" could be a project's own name.
 std::string NumberedCopy(const std::string& first, int number) {
   if (number == 1) return first;
-  const size_t name = first.find_last_of("\\/") + 1 + std::string_view(kWorkingMark).size();
-  const std::string numbered = std::to_string(number) + first.substr(name);
-  const std::string folder = first.substr(0, name - std::string_view(kWorkingMark).size());
-  return FileExists(folder + numbered) ? std::string() : folder + kWorkingMark + numbered;
+  const size_t mark = first.find_last_of("\\/") + 1;
+  return first.substr(0, mark) + "~" + std::to_string(number) + "$" +
+         first.substr(mark + std::string_view(kWorkingMark).size());
 }
 
 // Whose working copy it is.
@@ -76,7 +75,7 @@ StyleProject::Copies StyleProject::FindCopies(const std::string& first) {
   uint64_t written_last = 0;
   for (int number = 1; number <= kMostWorkingCopies; ++number) {
     const std::string name = NumberedCopy(first, number);
-    if (name.empty() || !FileExists(name)) continue;
+    if (!FileExists(name)) continue;
     CopyTurn turn = TakeCopyTurn(name);
     if (!turn.is_free) {
       if (copies.others.empty()) copies.others = name;
@@ -98,7 +97,6 @@ StyleProject::Copies StyleProject::FindCopies(const std::string& first) {
 void StyleProject::TakeNewCopy(const std::string& first, Copies& copies) {
   for (int number = 1; number <= kMostWorkingCopies; ++number) {
     const std::string name = NumberedCopy(first, number);
-    if (name.empty()) continue;
     CopyTurn turn = TakeCopyTurn(name);
     if (!turn.is_free) continue;
     copies.own = name;
@@ -138,7 +136,8 @@ StyleProject::Opened StyleProject::Load(const std::string& file, const std::func
   const Copies copies = FindCopies(first);
   TakeCopy(copies);
   const bool takes_there = (copies.is_left || !copies.others.empty()) && takes_copy();
-  if (!takes_there) {
+  // While the question stood the other program may have closed the project, and its copy is gone then.
+  if (!takes_there || (!copies.is_left && !FileExists(copies.others))) {
     TakeFile(file);
   } else if (!copies.is_left) {
     TakeOthers(copies.others);

@@ -42,7 +42,7 @@ class StyleProject {
     kUnreadable,  // it is no archive
   };
   // `takes_copy` is asked when there is a working copy already: true takes it as it is, false copies the file over it.
-  // One that another program works on stays that program's: this project then has a copy of its own, "~$2" in front of
+  // One that another program works on stays that program's: this project then has a copy of its own, "~2$" in front of
   // its name, and the answer says whether it is made of the other one or of the file. Of several copies that nobody
   // works on any more the one that was written last is taken; the others wait for the next opening.
   // A failure leaves no project, and the files as they were.

@@ -105,7 +105,7 @@ End Function
 
 'Their timers wait: nothing begins in a window that has not loaded all of itself.
 Sub ShapeBeforeItIsThere(Form)
-  Dim Waiting, Control
+  Dim Waiting, Control, Failure, Reason
   Set Waiting = CreateObject("Scripting.Dictionary")
   For Each Control In Form.Controls
     If TypeName(Control) = "Timer" Then
@@ -115,11 +115,17 @@ Sub ShapeBeforeItIsThere(Form)
       End If
     End If
   Next
+  'and they go on whatever becomes of the shapes
+  On Error Resume Next
   Form.Show
-  RoundButtons Form
+  If Err.Number = 0 Then RoundButtons Form
+  Failure = Err.Number
+  Reason = Err.Description
   For Each Control In Waiting.Items
     Control.Enabled = True
   Next
+  On Error GoTo 0
+  If Failure <> 0 Then Err.Raise Failure, "", Reason
 End Sub
 
 'A mask lies over each button while the button is cut to its shape: a plate whose corners are holes.

@@ -1,4 +1,6 @@
 // The styles that go with the program, on every window: no script fails, and every text can be read.
+#include <gmock/gmock.h>
+
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
@@ -6,7 +8,10 @@
 #include <set>
 #include <sstream>
 
+#include "base/runtime_error.h"
 #include "forms/button.h"
+#include "forms/command_button.h"
+#include "forms/timer.h"
 #include "styles/style_fixture.h"
 #include "support/recorded_effects.h"
 
@@ -137,6 +142,27 @@ TEST_P(OwnStylesTest, TheButtonsOfAWindowThatIsSkinnedBeforeItIsThereAreCutAsWel
     EXPECT_EQ(CutsOf(effects), GetParam() == std::string("sand") ? buttons : 0) << name;
     EXPECT_TRUE(window.IsShown()) << name;
   }
+}
+
+// "sand" shows such a window itself, and keeps its timers waiting meanwhile.
+TEST_P(OwnStylesTest, TheTimersOfAWindowThatCannotBeShownGoOn) {
+  struct Refusing final : Form {
+    Refusing() : Form("frmzip") { tmrwork.Interval = 10; }
+    void Shown() override { Raise(1001, "Not now"); }
+    Timer& tmrwork = Add<Timer>("tmrwork");
+    CommandButton& Command1 = Add<CommandButton>("Command1");
+  };
+  std::vector<std::string> boxes;
+  desktop.OnUnexpected([&boxes](const UnexpectedQuestion& box) { boxes.push_back(box.text); });
+  const Ref<Refusing> window = MakeRef<Refusing>();
+  FormLoadStyle(*window);
+  EXPECT_TRUE(window->tmrwork.Enabled);
+  if (GetParam() == std::string("sand")) {
+    EXPECT_THAT(boxes, testing::ElementsAre(testing::HasSubstr("\r\nError Number: 1001\r\nDescription: Not now\r\n")));
+  } else {
+    EXPECT_THAT(boxes, testing::IsEmpty());
+  }
+  window->Unload();
 }
 
 INSTANTIATE_TEST_SUITE_P(Styles, OwnStylesTest, testing::Values("night", "sand"),

@@ -63,11 +63,23 @@ std::span<const PropertyId> CausesOf(StyleFaultKind kind) {
   }
 }
 
+// What a script did: it changed a property of that control, or raised a box of that text.
+struct Deed {
+  std::string subject;
+  PropertyId property = PropertyId::kNone;  // none for a box
+  friend bool operator==(const Deed&, const Deed&) = default;
+};
+
+// A place that is to be searched for: no entry, and in the place of the line the number of what a script did there.
+StylePlace UnknownPlace(int number) { return {{}, number}; }
+bool IsUnknown(const StylePlace& place) { return place.entry.empty() && place.line > 0; }
+
 // Which line of the scripts changed a property last. Everything that a script does to a window has a number.
 class ChangeLog {
  public:
-  void Note(const Control& control, PropertyId property, int number, StylePlace place) {
-    lines_[{&control, property}] = {number, std::move(place)};
+  void Note(const Control& control, int number, StylePlace place, Deed deed) {
+    Change& change = lines_[{&control, deed.property}];
+    change = {number, std::move(place), std::move(deed)};
   }
   void Clear() { lines_.clear(); }
   // The control's own last change of that kind; where it has none, its container's.
@@ -82,18 +94,22 @@ class ChangeLog {
     }
     return {};
   }
+  // What was done at an unknown place; null for what is no change.
+  [[nodiscard]] const Deed* DeedAt(const StylePlace& unknown) const {
+    for (const auto& [key, change] : lines_) {
+      if (change.place == unknown) return &change.deed;
+    }
+    return nullptr;
+  }
 
  private:
   struct Change {
     int number = 0;
     StylePlace place;
+    Deed deed;
   };
   std::map<std::pair<const Control*, PropertyId>, Change> lines_;
 };
-
-// A place that is to be searched for: no entry, and in the place of the line the number of what a script did there.
-StylePlace UnknownPlace(int number) { return {{}, number}; }
-bool IsUnknown(const StylePlace& place) { return place.entry.empty() && place.line > 0; }
 
 // The first line that ends in another way than CR LF, as a text box counts them; 0 for none.
 int LineWithoutCrLf(const std::string& text) {
@@ -122,9 +138,7 @@ class StyleCheck::Work {
 
   void Step();
   [[nodiscard]] bool IsOver() const { return end_ != End::kNone || (is_loaded_ && done_ == windows_.size()); }
-  void Leave() {
-    if (!IsOver()) end_ = End::kLeft;
-  }
+  void Leave();
   [[nodiscard]] const std::vector<std::string>& windows() const { return windows_; }
   [[nodiscard]] size_t done() const { return done_; }
   [[nodiscard]] const std::vector<StyleFault>& faults() const { return faults_; }
@@ -138,6 +152,7 @@ class StyleCheck::Work {
 
   void LoadStyle();
   void CheckLineEnds();
+  void LookAtNextWindow();
   void CheckWindow(const std::string& name);
   WindowLook LookAtWindow(const std::string& name, bool is_on);
   // Null for a window that closes itself again.
@@ -148,12 +163,15 @@ class StyleCheck::Work {
   void TakeBox(const std::string& text);
   void TakeChange(Control& control, PropertyId property);
   // The place of what a script does at this moment, which is counted.
-  StylePlace PlaceOfDeed();
-  void FindPlaces(const std::string& name, size_t first_fault);
-  [[nodiscard]] StylePlace FindPlace(const std::string& name, int number);
+  StylePlace PlaceOfDeed(const Deed& deed);
+  void NotePlacesToFind();
+  void FindNextPlace();
+  void FindPlace(const std::string& name, int number, const Deed& deed);
+  void TellFaults();
+  void EndWindow();
   void AddOnce(StyleFault fault);
-  [[nodiscard]] static bool IsPast(SteadyClock::time_point start, int64_t milliseconds) {
-    return SteadyClock::now() - start > std::chrono::milliseconds(milliseconds);
+  [[nodiscard]] bool IsPast(SteadyClock::time_point start, int64_t milliseconds) const {
+    return limits_.now() - start > std::chrono::milliseconds(milliseconds);
   }
   [[nodiscard]] bool IsTimeUp() const { return IsPast(start_, limits_.whole_ms); }
   // Each of the many calls for one window may be quick enough, and all of them together not.
@@ -170,7 +188,7 @@ class StyleCheck::Work {
   End end_ = End::kNone;
   bool is_loaded_ = false;
   bool is_late_ = false;  // in the middle of a window
-  SteadyClock::time_point start_ = SteadyClock::now();
+  SteadyClock::time_point start_ = limits_.now();
   SteadyClock::time_point window_start_ = start_;
   UnseenDesktop* desktop_ = nullptr;  // of the stage
   Ref<ClsStyle> style_ = MakeRef<ClsStyle>();
@@ -180,10 +198,13 @@ class StyleCheck::Work {
   bool is_on_ = false;
   bool is_stopped_ = false;
   int changes_seen_ = 0;
-  int deeds_ = 0;        // of the scripts, on the window that was opened last
-  int wanted_deed_ = 0;  // whose place is asked for; 0 for none
+  int deeds_ = 0;          // of the scripts, on the window that was opened last
+  int wanted_number_ = 0;  // of the deed whose place is asked for; 0 for none
+  Deed wanted_deed_;
   StylePlace found_place_;
+  std::map<int, Deed> places_to_find_;                  // by their numbers, on the window that is being looked at
   std::set<std::pair<std::string, std::string>> told_;  // place and text of script errors
+  std::vector<StyleFault> new_faults_;                  // of the style's file, or of the window that is being looked at
   std::vector<StyleFault> faults_;
   std::string failures_;  // sentences about windows that could not be looked at
 };
@@ -203,7 +224,7 @@ class StyleCheck::Work::Stage {
     SetStyleActive(work.is_loaded_);
   }
   ~Stage() {
-    work_.wanted_deed_ = 0;
+    work_.wanted_number_ = 0;
     desktop_.Clear();
     InstallStyleRuntime(std::move(runtime_before_));
     SetStyleActive(was_active_);
@@ -224,11 +245,11 @@ class StyleCheck::Work::Stage {
 // A script's error comes for each window and each control: once is enough.
 void StyleCheck::Work::AddOnce(StyleFault fault) {
   const std::string line = IsUnknown(fault.place) ? std::string() : std::to_string(fault.place.line);
-  if (told_.emplace(fault.place.entry + "\n" + line, fault.text).second) faults_.push_back(std::move(fault));
+  if (told_.emplace(fault.place.entry + "\n" + line, fault.text).second) new_faults_.push_back(std::move(fault));
 }
 
 bool StyleCheck::Work::TakeScriptFault(const StyleScriptFault& fault) {
-  if (wanted_deed_ > 0) {
+  if (wanted_number_ > 0) {
     const bool is_answer = fault.error.Number == kAskedForPlace && fault.error.Description == kAskedForPlaceText;
     if (is_answer) found_place_ = fault.place;
     return !is_answer;
@@ -244,27 +265,31 @@ bool StyleCheck::Work::TakeScriptFault(const StyleScriptFault& fault) {
   return !is_stopped_;
 }
 
-// Engines of the machine know the place of a failure only: what they do is numbered, so that it can be made to fail.
-StylePlace StyleCheck::Work::PlaceOfDeed() {
+// Engines of the machine know the place of a failure only: what they do is numbered, so that it can be made to fail. A
+// script that keeps state may do another thing at that number when it runs again: its line is not to blame.
+StylePlace StyleCheck::Work::PlaceOfDeed(const Deed& deed) {
   StylePlace place = style_->CallingPlace();
   if (!place.entry.empty() || style_->KnowsCallingPlace()) return place;
   ++deeds_;
-  if (deeds_ == wanted_deed_) Raise(kAskedForPlace, kAskedForPlaceText);
+  if (deeds_ == wanted_number_ && deed == wanted_deed_) Raise(kAskedForPlace, kAskedForPlaceText);
   return UnknownPlace(deeds_);
 }
 
 void StyleCheck::Work::TakeBox(const std::string& text) {
   if (!is_loaded_ || !IsComplaint(text)) return;
-  StylePlace place = window_.empty() ? style_->CallingPlace() : PlaceOfDeed();
-  if (wanted_deed_ == 0 && (!place.entry.empty() || !window_.empty())) {
+  StylePlace place = window_.empty() ? style_->CallingPlace() : PlaceOfDeed({text});
+  if (wanted_number_ == 0 && (!place.entry.empty() || !window_.empty())) {
     AddOnce({StyleFaultKind::kScriptError, std::move(place), window_, {}, text});
   }
 }
 
 void StyleCheck::Work::TakeChange(Control& control, PropertyId property) {
   if (window_.empty()) return;
-  StylePlace place = PlaceOfDeed();
-  if (!place.entry.empty() || IsUnknown(place)) changes_.Note(control, property, ++changes_seen_, std::move(place));
+  Deed deed{NameOf(control), property};
+  StylePlace place = PlaceOfDeed(deed);
+  if (!place.entry.empty() || IsUnknown(place)) {
+    changes_.Note(control, ++changes_seen_, std::move(place), std::move(deed));
+  }
 }
 
 void StyleCheck::Work::Apply(Form& form) {
@@ -289,6 +314,7 @@ void StyleCheck::Work::LoadStyle() {
   for (const std::string& text : boxes) AddOnce({StyleFaultKind::kFile, {}, {}, {}, text});
   if (!IsStyleActive() && boxes.empty()) AddOnce({StyleFaultKind::kFile, {kManifest, 0}, {}, {}, "The file is empty."});
   CheckLineEnds();
+  TellFaults();
   if (!IsStyleActive()) end_ = End::kNoStyle;
   is_loaded_ = true;
 }
@@ -342,49 +368,65 @@ WindowLook StyleCheck::Work::LookAtWindow(const std::string& name, bool is_on) {
 
 void StyleCheck::Work::CheckWindow(const std::string& name) {
   const Stage stage(*this);
-  const size_t first_fault = faults_.size();
-  window_start_ = SteadyClock::now();
+  window_start_ = limits_.now();
   const WindowLook plain = LookAtWindow(name, false);
   const WindowLook styled = LookAtWindow(name, true);
   if (!styled.controls.empty() && !is_late_) {  // no script has closed the window
     const std::vector<StyleFault> found = CompareLooks(
         plain, styled, [this](const Control& control, StyleFaultKind kind) { return changes_.PlaceOf(control, kind); });
-    faults_.insert(faults_.end(), found.begin(), found.end());
+    new_faults_.insert(new_faults_.end(), found.begin(), found.end());
   }
-  FindPlaces(name, first_fault);
+  NotePlacesToFind();
 }
 
-// Where no place is found, as when a script catches failures itself, there is none.
-void StyleCheck::Work::FindPlaces(const std::string& name, size_t first_fault) {
-  std::map<int, StylePlace> places;
-  for (size_t at = first_fault; at < faults_.size(); ++at) {
-    StylePlace& place = faults_[at].place;
-    if (!IsUnknown(place)) continue;
-    const int number = place.line;
-    const bool may_search = places.size() < kMostSearches && !is_stopped_ && !is_late_ && !IsTimeUp();
-    if (!places.contains(number)) places[number] = may_search ? FindPlace(name, number) : StylePlace{};
-    place = places[number];
+// While the log of the changes is there.
+void StyleCheck::Work::NotePlacesToFind() {
+  if (is_stopped_ || is_late_) return;
+  for (const StyleFault& fault : new_faults_) {
+    if (!IsUnknown(fault.place) || places_to_find_.size() >= kMostSearches) continue;
+    const Deed* change = changes_.DeedAt(fault.place);
+    places_to_find_.emplace(fault.place.line, change ? *change : Deed{fault.text});
   }
+}
+
+// One search in a step: each opens the window once more and may take as long as that.
+void StyleCheck::Work::FindNextPlace() {
+  if (IsTimeUp()) return EndWindow();
+  const auto wanted = places_to_find_.extract(places_to_find_.begin());
+  found_place_ = {};
+  Attempt([&] { FindPlace(windows_[done_], wanted.key(), wanted.mapped()); });
+  is_late_ = false;  // the window has been looked at
+  for (StyleFault& fault : new_faults_) {
+    if (fault.place == UnknownPlace(wanted.key())) fault.place = found_place_;
+  }
+  if (places_to_find_.empty()) EndWindow();
 }
 
 // Puts the style on once more; what the script does at that number fails, and the engine tells where.
-StylePlace StyleCheck::Work::FindPlace(const std::string& name, int number) {
-  found_place_ = {};
-  wanted_deed_ = number;
-  window_start_ = SteadyClock::now();
-  Attempt([&] { static_cast<void>(LookAtWindow(name, true)); });
-  wanted_deed_ = 0;
-  is_late_ = false;  // the window has been looked at
-  return found_place_;
+void StyleCheck::Work::FindPlace(const std::string& name, int number, const Deed& deed) {
+  const Stage stage(*this);
+  wanted_number_ = number;
+  wanted_deed_ = deed;
+  window_start_ = limits_.now();
+  static_cast<void>(LookAtWindow(name, true));
 }
 
-void StyleCheck::Work::Step() {
-  if (IsOver()) return;
-  if (!is_loaded_) return LoadStyle();
-  if (is_stopped_ || IsTimeUp()) {
-    end_ = is_stopped_ ? End::kScriptStopped : End::kTimeIsUp;
-    return;
+// Where no place was found, as when a script catches failures itself, there is none.
+void StyleCheck::Work::TellFaults() {
+  for (StyleFault& fault : new_faults_) {
+    if (IsUnknown(fault.place)) fault.place = {};
+    faults_.push_back(std::move(fault));
   }
+  new_faults_.clear();
+}
+
+void StyleCheck::Work::EndWindow() {
+  places_to_find_.clear();
+  TellFaults();
+  ++done_;
+}
+
+void StyleCheck::Work::LookAtNextWindow() {
   const std::string name = windows_[done_];
   Attempt([&] { CheckWindow(name); },
           [&](const RuntimeError& failure) {
@@ -392,10 +434,30 @@ void StyleCheck::Work::Step() {
                 (failures_.empty() ? "" : " ") + name + " could not be looked at: " + failure.description() + ".";
           });
   if (is_late_) {
+    TellFaults();
     end_ = End::kTimeIsUp;
-    return;
+  } else if (places_to_find_.empty()) {
+    EndWindow();
   }
-  ++done_;
+}
+
+void StyleCheck::Work::Step() {
+  if (IsOver()) return;
+  if (!is_loaded_) {
+    LoadStyle();
+  } else if (!places_to_find_.empty()) {
+    FindNextPlace();
+  } else if (is_stopped_ || IsTimeUp()) {
+    end_ = is_stopped_ ? End::kScriptStopped : End::kTimeIsUp;
+  } else {
+    LookAtNextWindow();
+  }
+}
+
+void StyleCheck::Work::Leave() {
+  if (IsOver()) return;
+  end_ = End::kLeft;
+  if (!places_to_find_.empty()) EndWindow();  // it has been looked at
 }
 
 std::string StyleCheck::Work::Rest() const {

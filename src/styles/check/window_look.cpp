@@ -22,10 +22,6 @@ constexpr int kPlainDpi = 96;
 constexpr int kLargeDpi = 144;
 constexpr int kPixelTwips = 15;  // what rounding to pixels may move
 
-std::string NameOf(const Control& control) {
-  return control.Name() + (control.Index() < 0 ? "" : "[" + std::to_string(control.Index()) + "]");
-}
-
 bool IsSeen(const Control& control, const Control& form) {
   for (const Control* one = &control; one && one != &form; one = one->Container()) {
     if (!one->Visible) return false;
@@ -166,6 +162,10 @@ bool IsSameFault(const StyleFault& one, const StyleFault& other) {
 }  // namespace
 
 // The parts of a composite control are looked at for their texts only.
+std::string NameOf(const Control& control) {
+  return control.Name() + (control.Index() < 0 ? "" : "[" + std::to_string(control.Index()) + "]");
+}
+
 WindowLook LookAt(Form& form, UnseenDesktop& desktop) {
   WindowLook look{form.Name(), {}};
   for (Control* control : form.StackingOrder()) {

@@ -40,6 +40,8 @@ struct WindowLook {
   std::vector<ControlLook> controls;
 };
 
+// As a fault names it: with its index when it has one.
+[[nodiscard]] std::string NameOf(const Control& control);
 [[nodiscard]] WindowLook LookAt(Form& form, UnseenDesktop& desktop);
 
 // Which line of the style's scripts gave the control its present state of that kind.

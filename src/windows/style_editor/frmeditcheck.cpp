@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/runtime_error.h"
 #include "forms/keys.h"
 #include "platform/platform.h"
 #include "program/program_pictures.h"
@@ -120,11 +121,20 @@ void FrmEditCheck::Check(const std::string& project, std::unique_ptr<StyleCheck>
   ShowState();
 }
 
-// One step at a time: between them the window can be used.
+// One step at a time: between them the window can be used. The timer is off meanwhile, and a step that fails ends the
+// check: each of its ticks would raise a box of the same failure.
 void FrmEditCheck::Step() {
-  check_->Step();
+  TmrCheck.Enabled = false;
+  OnFailure([this] { check_->Step(); }, [this](const RuntimeError&) { Leave(); });
   ListNewFaults();
   TmrCheck.Enabled = IsChecking();
+  ShowState();
+}
+
+void FrmEditCheck::Leave() {
+  check_->Leave();
+  TmrCheck.Enabled = false;
+  ListNewFaults();
   ShowState();
 }
 
@@ -140,13 +150,11 @@ void FrmEditCheck::ListNewFaults() {
 }
 
 void FrmEditCheck::CloseOrLeave() {
-  if (!IsChecking()) {
+  if (IsChecking()) {
+    Leave();
+  } else {
     Unload();
-    return;
   }
-  check_->Leave();
-  TmrCheck.Enabled = false;
-  ShowState();
 }
 
 void FrmEditCheck::ShowState() {

@@ -40,6 +40,7 @@ class FrmEditCheck final : public Form {
   void CloseOrLeave();
   [[nodiscard]] bool IsChecking() const { return check_ && !check_->IsOver(); }
   void Step();
+  void Leave();
   void ListNewFaults();
   void ShowState();
   void ShowWhatIsPossible();

@@ -388,7 +388,7 @@ TEST_P(EndsTest, ProjectFileAndWorkingCopyAreWholeAndTheNextSessionGoesOn) { Wal
 // Another program has the project open all the time, and closes it before the next session.
 class SecondProgramEndsTest : public EndsTest {
  protected:
-  SecondProgramEndsTest() { copy_ = "~$2night.stl"; }
+  SecondProgramEndsTest() { copy_ = "~2$night.stl"; }
 
   void PrepareDisk(SimulatedDisk& disk) override {
     disk.Put(kTheirs, original_);

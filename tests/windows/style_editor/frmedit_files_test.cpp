@@ -51,7 +51,7 @@ TEST_F(FrmEditFilesTest, AProjectThatAnotherProgramHasOpenGetsACopyOfItsOwn) {
   const auto turn = native_files.TryLock(theirs + ".open", "kestrun");
   dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
   editor().LoadStyle(path);
-  EXPECT_EQ(editor().project().WorkingFile(), Path("~$2night.stl"));
+  EXPECT_EQ(editor().project().WorkingFile(), Path("~2$night.stl"));
   OpenEntry("main.vbs");
   EXPECT_EQ(editor().TxtCode.Text.get(), "theirs");
   Type("mine");
@@ -60,7 +60,7 @@ TEST_F(FrmEditFilesTest, AProjectThatAnotherProgramHasOpenGetsACopyOfItsOwn) {
   dialogs().ExpectBox("Do you want to save the changes to '" + path + "'", BoxAnswer::kNo);
   editor().Unload();
   EXPECT_TRUE(FileIsThere(theirs));
-  EXPECT_FALSE(FileIsThere(Path("~$2night.stl")));
+  EXPECT_FALSE(FileIsThere(Path("~2$night.stl")));
 }
 
 TEST_F(FrmEditFilesTest, NoToTheRecoveryLeavesTheOtherProgramsCopyAlone) {
@@ -88,7 +88,7 @@ TEST_F(FrmEditFilesTest, TwoNewProjectsOfTwoProgramsDoNotMeet) {
 // A program that was killed has no turn any more.
 TEST_F(FrmEditFilesTest, WhatASecondProgramTypedIsOfferedAfterItWasKilled) {
   const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
-  const std::string left = MakeStyle("~$2night.stl", {{"main.vbs", "typed by the second"}});
+  const std::string left = MakeStyle("~2$night.stl", {{"main.vbs", "typed by the second"}});
   dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
   editor().LoadStyle(path);
   EXPECT_EQ(editor().project().WorkingFile(), left);
@@ -102,7 +102,7 @@ TEST_F(FrmEditFilesTest, WhatASecondProgramTypedIsOfferedAfterItWasKilled) {
 TEST_F(FrmEditFilesTest, WhatAKilledProgramTypedGoesBeforeTheCopyOfOneThatRuns) {
   const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
   const std::string theirs = MakeStyle("~$night.stl", {{"main.vbs", "theirs"}});
-  const std::string left = MakeStyle("~$2night.stl", {{"main.vbs", "typed by the second"}});
+  const std::string left = MakeStyle("~2$night.stl", {{"main.vbs", "typed by the second"}});
   const auto turn = native_files.TryLock(theirs + ".open", "kestrun");
   dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
   editor().LoadStyle(path);
@@ -114,7 +114,7 @@ TEST_F(FrmEditFilesTest, WhatAKilledProgramTypedGoesBeforeTheCopyOfOneThatRuns) 
 TEST_F(FrmEditFilesTest, OfTwoCopiesThatWereLeftTheOneWrittenLastComesFirstAndTheOtherAtTheNextOpening) {
   const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
   const std::string first = MakeStyle("~$night.stl", {{"main.vbs", "typed by the first"}});
-  const std::string second = MakeStyle("~$2night.stl", {{"main.vbs", "typed by the second"}});
+  const std::string second = MakeStyle("~2$night.stl", {{"main.vbs", "typed by the second"}});
   const uint64_t now = native_files.WriteTime(first);
   native_files.SetWriteTime(second, now + 20'000'000);
   dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kNo);
@@ -133,12 +133,42 @@ TEST_F(FrmEditFilesTest, OfTwoCopiesThatWereLeftTheOneWrittenLastComesFirstAndTh
 // "~$2night.stl" is the working copy of "2night.stl".
 TEST_F(FrmEditFilesTest, TheCopyOfAProjectThatHasTheNumberInItsNameIsLeftAlone) {
   const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
-  const std::string other = MakeStyle("2night.stl", {{"main.vbs", "other"}});
   const std::string others_copy = MakeStyle("~$2night.stl", {{"main.vbs", "other, typed last"}});
   const auto turn = native_files.TryLock(Path("~$night.stl.open"), "kestrun");
   editor().LoadStyle(path);
-  EXPECT_EQ(editor().project().WorkingFile(), Path("~$3night.stl"));
+  EXPECT_EQ(editor().project().WorkingFile(), Path("~2$night.stl"));
   EXPECT_EQ(ContentOf(others_copy), (ArchiveContent{{"main.vbs", "other, typed last"}}));
+}
+
+// The first of two programs saved its style as "2night.stl", and the second was killed.
+TEST_F(FrmEditFilesTest, WhatASecondProgramTypedIsOfferedForItsOwnProjectOnly) {
+  const std::string path = MakeStyle("night.stl", {{"main.vbs", "saved"}});
+  const std::string other = MakeStyle("2night.stl", {{"main.vbs", "other"}});
+  const std::string left = MakeStyle("~2$night.stl", {{"main.vbs", "typed by the second"}});
+  editor().LoadStyle(other);
+  OpenEntry("main.vbs");
+  EXPECT_EQ(editor().TxtCode.Text.get(), "other");
+  dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
+  editor().LoadStyle(path);
+  EXPECT_EQ(editor().project().WorkingFile(), left);
+  OpenEntry("main.vbs");
+  EXPECT_EQ(editor().TxtCode.Text.get(), "typed by the second");
+}
+
+// It stores what it has typed, and takes its working copy away.
+TEST_F(FrmEditFilesTest, AnotherProgramThatClosesTheProjectDuringTheQuestionLeavesTheFile) {
+  const std::string path = MakeStyle("night.stl", {{"main.vbs", "before"}});
+  const std::string theirs = MakeStyle("~$night.stl", {{"main.vbs", "theirs"}});
+  auto turn = native_files.TryLock(theirs + ".open", "kestrun");
+  dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes).WhileShown([&] {
+    native_files.Copy(theirs, path);
+    native_files.Delete(theirs);
+    turn.reset();
+  });
+  editor().LoadStyle(path);
+  EXPECT_EQ(editor().project().WorkingFile(), Path("~2$night.stl"));
+  OpenEntry("main.vbs");
+  EXPECT_EQ(editor().TxtCode.Text.get(), "theirs");
 }
 
 // Another program is in the middle of a save of its working copy.
@@ -157,7 +187,7 @@ TEST_F(FrmEditFilesTest, TheCopyOfAnotherProgramIsNotReadWhileThatOneWritesIt) {
       "lack the rights. Close the game and other programs that use it, or choose a folder of your own.");
   editor().mnu_open.Click();
   EXPECT_FALSE(editor().project().archive());
-  EXPECT_FALSE(FileIsThere(Path("~$2night.stl")));
+  EXPECT_FALSE(FileIsThere(Path("~2$night.stl")));
 }
 
 TEST_F(FrmEditFilesTest, TheCopyOfAnotherProgramIsReadWhenItsSaveIsOver) {
@@ -183,7 +213,7 @@ TEST_F(FrmEditFilesTest, TheCopyOfAnotherProgramIsReadWhenItsSaveIsOver) {
   desktop.UseFiles(files);
   dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kYes);
   editor().LoadStyle(path);
-  EXPECT_EQ(ContentOf(Path("~$2night.stl")), (ArchiveContent{{"main.vbs", "after"}}));
+  EXPECT_EQ(ContentOf(Path("~2$night.stl")), (ArchiveContent{{"main.vbs", "after"}}));
   CloseAllWindows();
   desktop.UseFiles(native_files);
 }
@@ -221,7 +251,7 @@ TEST_F(FrmEditFilesTest, ACopyWhoseTurnCannotBeAskedForStaysTheOneOfWhoIsNamedTh
   desktop.UseFiles(files);
   dialogs().ExpectBox(RecoveryQuestion(path), BoxAnswer::kNo);
   editor().LoadStyle(path);
-  EXPECT_EQ(editor().project().WorkingFile(), Path("~$2night.stl"));
+  EXPECT_EQ(editor().project().WorkingFile(), Path("~2$night.stl"));
   EXPECT_EQ(ContentOf(theirs), (ArchiveContent{{"main.vbs", "theirs"}}));
   CloseAllWindows();
   desktop.UseFiles(native_files);

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "base/runtime_error.h"
 #include "forms/keys.h"
 #include "styles/mod_style.h"
 #include "support/registered_window.h"
@@ -172,6 +173,47 @@ TEST_F(FrmEditCheckTest, AScriptThatHadToBeStoppedEndsItWithAWord) {
   EXPECT_THAT(list().LblResult.Caption.get(),
               testing::StartsWith("The check ended early, because a script had to be stopped: frmsmall2 was not looked "
                                   "at. The list is incomplete: one fault was found in ends.stl until then."));
+}
+
+// A machine that has nothing left for the desktop on which windows are looked at.
+class PlatformWithoutRoom final : public Platform {
+ public:
+  explicit PlatformWithoutRoom(Platform& real) : real_(real) {}
+  FileSystem& files() override { return real_.files(); }
+  Program& program() override { return real_.program(); }
+  UserSettings& user_settings() override { return real_.user_settings(); }
+  Registry& registry() override { return real_.registry(); }
+  Shell& shell() override { return real_.shell(); }
+  Processes& processes() override { return real_.processes(); }
+  Internet& internet() override { Raise(error::kOutOfMemory); }
+  Dialogs& dialogs() override { return real_.dialogs(); }
+  Clipboard& clipboard() override { return real_.clipboard(); }
+  Pictures& pictures() override { return real_.pictures(); }
+  Clock& clock() override { return real_.clock(); }
+  Windowing& windowing() override { return real_.windowing(); }
+  RunningGames& running_games() override { return real_.running_games(); }
+
+ private:
+  Platform& real_;
+};
+
+TEST_F(FrmEditCheckTest, AStepThatFailsIsToldOnceAndEndsIt) {
+  OpenFaulty();
+  editor().mnu_checkstyle.Click();
+  PlatformWithoutRoom crowded(desktop);
+  {
+    const PlatformInstallation installation(crowded);
+    dialogs().ExpectBox("Error: 7\r\nOut of memory").WithIcon(BoxIcon::kCritical);
+    RunCheck();
+  }
+  EXPECT_EQ(list().LblResult.Caption.get(),
+            "The check was cancelled: frmsmall was not looked at. The list is incomplete: no faults were found in "
+            "far.stl until then.");
+  EXPECT_FALSE(list().TmrCheck.Enabled);
+  EXPECT_TRUE(list().CmdAgain.Enabled);
+  list().CmdAgain.Click();
+  RunCheck();
+  EXPECT_THAT(Rows(), ElementsAre(kRow));
 }
 
 TEST_F(FrmEditCheckTest, WhileItRunsTheEditorCanBeUsedAndClosed) {
