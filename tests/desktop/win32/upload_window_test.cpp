@@ -159,7 +159,9 @@ TEST_F(UploadOnScreenTest, EscLeavesAServerThatIsSilent) {
   const HWND start = HandleOf(window.Command1);
   center.answer = [list, start](const TakenMap&) {
     PostMessageW(list, WM_KEYDOWN, VK_ESCAPE, 0);
-    for (int waited_ms = 0; waited_ms < kPatienceMs && !IsWindowEnabled(start); waited_ms += 10) Sleep(10);
+    // The window may be closed by the time that this looks.
+    const auto goes_on = [start] { return IsWindow(start) && !IsWindowEnabled(start); };
+    for (int waited_ms = 0; waited_ms < kPatienceMs && goes_on(); waited_ms += 10) Sleep(10);
     return std::string(MappingCenter::kTaken);
   };
   Click(window.Command1);
