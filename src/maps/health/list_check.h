@@ -1,6 +1,7 @@
 // The check of a whole play list: each row's file is looked at, each web address is asked once, and a report tells
 // which rows would fail and why. Many addresses are asked at once, few of one server, and after three quarters of a
-// minute no more: a list of dead ones ends a little behind a minute. Those that were not asked are told as such.
+// minute without a word from any server no more: a list of dead ones ends a little behind a minute. Those that were not
+// asked are told as such.
 #pragma once
 
 #include <memory>
